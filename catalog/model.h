@@ -1,0 +1,107 @@
+// The catalog: what one run knows about one data file, a tree of named graphs over one time span.
+//
+// Every graph is a GraphRecord: fixed texts plus one float series a trace, one value a minute. Point i of a
+// series is the minute spanStart + i * 60; point 0 never holds data. After the walk the traces of a record
+// are stacked: set 0 holds the sum of all sets, the last set itself.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "catalog/graph.h"
+#include "runtime/times.h"
+
+namespace ozmo {
+
+// A minute without a sample.
+inline constexpr float MISSING_POINT = -1.0F;
+
+using Series = std::vector<float>;
+
+// The y arrays of a graph, index = set number. Every array has at least `npoints` values.
+struct XrtData {
+  int npoints = 0;
+  std::vector<Series> y;
+  int nsets() const { return static_cast<int>(y.size()); }
+};
+
+struct GraphRecord {
+  std::string title;  // the item name: what -item is matched against, and the heading of the plot
+  std::string yTitle;
+  float yMin = 0.0F;
+  float yMax = 0.0F;  // fixed top of the y axis; 0: the top comes from the data
+  std::string legendFormat;
+  // By set number; shorter than the set count where the rest has none.
+  std::vector<std::optional<std::string>> traceLabels;
+  std::vector<std::optional<std::string>> traceColours;
+  XrtData data;
+
+  void SetLabel(int set, std::string label);
+  const std::optional<std::string>& Label(int set) const;   // absent beyond the end
+  const std::optional<std::string>& Colour(int set) const;  // absent beyond the end
+};
+
+// One row of a tree table: a graph row (record set) or a group row (record null). Only graph rows of titles
+// are keys; codes and labels are for a menu.
+struct GraphMenuEntry {
+  std::string code;
+  std::string label;
+  GraphRecord* record = nullptr;  // owned by the catalog
+  std::vector<GraphMenuEntry> subTable;
+};
+
+// Colours of a record whose traces come at run time, by set number; sets from 16 on have none.
+inline constexpr int PALETTE_SIZE = 16;
+std::span<const char* const> Palette();
+
+struct GraphCatalog {
+  Seconds spanStart = 0;
+  Seconds spanEnd = 0;
+  int pointCount = 0;  // minute points: the span in minutes plus 2
+  std::vector<std::optional<GraphRecord>> records;  // by Graph; absent where the platform has no such graph
+  std::deque<GraphRecord> runtimeRecords;           // of disks, adapters, processors: addresses are stable
+  std::vector<GraphMenuEntry> itemTree;
+  Series overlayScratch;    // pointCount + 1 points: selection puts the overlay trace here
+  int64_t seriesBytes = 0;  // handed out so far, see SeriesReserve
+
+  GraphCatalog() = default;
+  GraphCatalog(const GraphCatalog&) = delete;  // rows point to records
+  GraphCatalog& operator=(const GraphCatalog&) = delete;
+
+  // The record of `graph`, or null where the platform has none.
+  GraphRecord* Find(Graph graph);
+  // Stores a value; nothing happens where the platform or the record lacks the graph, set or point.
+  void Store(Graph graph, int set, int point, float value);
+};
+
+// Counts `count` series of `points` values against what a request can reasonably have, 2 GiB for a catalog.
+// Beyond it, or for a negative number of points, the allocation counts as failed: NOALLOC, exit status 0.
+void SeriesReserve(GraphCatalog& catalog, int64_t count, int64_t points);
+
+// A series of `pointCount` + 1 values, all MISSING_POINT.
+Series SeriesNew(GraphCatalog& catalog);
+
+// Gives the record `nsets` missing series of pointCount + 1 values, npoints as told.
+void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets);
+
+// For each graph row of the tree: fills holes of at most `maxGap` - 1 missing points by a straight line. The
+// last `maxGap` points can't act as right ends.
+void GraphBridgeGaps(std::vector<GraphMenuEntry>& table, int points, int maxGap);
+
+// For each graph row of the tree: negatives become 0 and each set becomes the sum of itself and all sets
+// behind it.
+void GraphStackTraces(std::vector<GraphMenuEntry>& table);
+
+// Runs `visit` on the record of each graph row, in table order, a sub-table ahead of the next row.
+template <class Visit>
+void VisitGraphs(std::vector<GraphMenuEntry>& table, Visit visit) {
+  for (GraphMenuEntry& row : table) {
+    if (row.record != nullptr) visit(*row.record);
+    VisitGraphs(row.subTable, visit);
+  }
+}
+
+}  // namespace ozmo

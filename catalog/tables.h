@@ -1,0 +1,46 @@
+// The static texts of a platform's catalog: tables that read like what they describe, one line a record.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "catalog/model.h"
+
+namespace ozmo {
+
+struct TraceText {
+  const char* label;   // null: filled at run time
+  const char* colour;  // null: none of its own
+};
+
+// How the series of a record come about.
+enum class SeriesPlan {
+  FIXED,    // one set a trace of the table, made at the start
+  RUN_TIME  // no sets at the start: a processor, adapter, class or Top list entry makes one
+};
+
+struct RecordText {
+  Graph graph;
+  const char* title;
+  const char* yTitle;
+  float yMax;
+  const char* legendFormat;
+  SeriesPlan plan;
+  std::span<const TraceText> traces;  // RUN_TIME with none: the palette
+};
+
+// What stands in a row: a graph, a group of rows, or a group that fills at run time.
+enum class RowKind { GRAPH, GROUP, DISKS, ADAPTERS, PROCESSORS };
+
+struct RowText {
+  const char* code;
+  const char* label;
+  RowKind kind;
+  Graph graph = Graph::COUNT;            // of a GRAPH row
+  std::span<const RowText> rows = {};    // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
+};
+
+// Makes the catalog's records and tree from a platform's tables. The records have no series yet.
+void CatalogFromTables(GraphCatalog& catalog, std::span<const RecordText> records, std::span<const RowText> tree);
+
+}  // namespace ozmo

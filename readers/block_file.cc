@@ -1,0 +1,127 @@
+#include "readers/block_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace ozmo {
+namespace {
+
+constexpr size_t BLOCK_SIZE = size_t{256} * 1024;
+
+// A file may open with a text block, bounded by these marker lines.
+constexpr char LEADING_BLOCK_BEGIN[] = "-----BEGIN ";
+constexpr char LEADING_BLOCK_END[] = "-----END ";
+
+}  // namespace
+
+BlockFile::~BlockFile() { Close(); }
+
+BlockFile::BlockFile(BlockFile&& other) noexcept { *this = std::move(other); }
+
+BlockFile& BlockFile::operator=(BlockFile&& other) noexcept {
+  if (this != &other) {
+    Close();
+    descriptor_ = std::exchange(other.descriptor_, -1);
+    size_ = other.size_;
+    blockStart_ = other.blockStart_;
+    next_ = other.next_;
+    filled_ = other.filled_;
+    block_ = std::move(other.block_);
+  }
+  return *this;
+}
+
+bool BlockFile::Open(const std::string& path) {
+  Close();
+  descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor_ < 0) return false;
+  struct stat status {};
+  // Only a regular file has a size to read up to; anything else counts as empty.
+  size_ = fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : 0;
+  blockStart_ = 0;
+  next_ = 0;
+  filled_ = 0;
+  if (SkipLeadingBlock()) return true;
+  Close();
+  return false;
+}
+
+void BlockFile::Close() {
+  if (descriptor_ >= 0) close(descriptor_);
+  descriptor_ = -1;
+}
+
+const uint8_t* BlockFile::Read(int64_t size) {
+  if (size < 0 || size > size_ - Position()) return nullptr;
+  if (!Fill(static_cast<size_t>(size))) return nullptr;
+  const uint8_t* bytes = block_.data() + next_;
+  next_ += static_cast<size_t>(size);
+  return bytes;
+}
+
+void BlockFile::Skip(int64_t size) {
+  const int64_t target = std::min(size_, Position() + std::max<int64_t>(size, 0));
+  if (target <= blockStart_ + static_cast<int64_t>(filled_)) {
+    next_ = static_cast<size_t>(target - blockStart_);
+    return;
+  }
+  blockStart_ = target;
+  next_ = 0;
+  filled_ = 0;
+}
+
+// Makes `size` bytes from next_ on stand in the block. The caller has tested them against the file's size.
+bool BlockFile::Fill(size_t size) {
+  if (filled_ - next_ >= size) return true;
+  std::copy(block_.begin() + static_cast<std::ptrdiff_t>(next_),
+            block_.begin() + static_cast<std::ptrdiff_t>(filled_), block_.begin());
+  blockStart_ += static_cast<int64_t>(next_);
+  filled_ -= next_;
+  next_ = 0;
+  if (block_.size() < std::max(size, BLOCK_SIZE)) block_.resize(std::max(size, BLOCK_SIZE));
+  while (filled_ < size) {
+    const ssize_t got = pread(descriptor_, block_.data() + filled_, block_.size() - filled_,
+                              blockStart_ + static_cast<int64_t>(filled_));
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return false;  // the file has become shorter since it was opened
+    filled_ += static_cast<size_t>(got);
+  }
+  return true;
+}
+
+bool BlockFile::SkipLeadingBlock() {
+  if (!StartsWith(LEADING_BLOCK_BEGIN)) return true;
+  do {
+    if (!SkipLine()) return false;
+  } while (!StartsWith(LEADING_BLOCK_END));
+  if (!SkipLine()) Skip(size_);  // an end line without a line feed ends the file
+  return true;
+}
+
+bool BlockFile::StartsWith(const char* text) {
+  const size_t length = std::strlen(text);
+  if (static_cast<int64_t>(length) > size_ - Position()) return false;
+  return Fill(length) && std::memcmp(block_.data() + next_, text, length) == 0;
+}
+
+bool BlockFile::SkipLine() {
+  while (Position() < size_) {
+    if (!Fill(1)) return false;
+    const uint8_t* begin = block_.data() + next_;
+    const auto* end = static_cast<const uint8_t*>(std::memchr(begin, '\n', filled_ - next_));
+    if (end != nullptr) {
+      next_ += static_cast<size_t>(end - begin) + 1;
+      return true;
+    }
+    next_ = filled_;
+  }
+  return false;
+}
+
+}  // namespace ozmo

@@ -1,0 +1,129 @@
+// What makes one collector format: the constant description that the engine of collector_reader.h runs on.
+//
+// A collector file is a flat chain of typed records without a file header. Of each data record type R the
+// file itself tells the field order, in a record of type R * 100, and the divisors, in one of type R * 10;
+// both stand ahead of the data. The tables here say which R and which fields we understand.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "readers/field_value.h"
+#include "readers/vmr_context.h"
+
+namespace ozmo {
+
+struct FieldSpec {
+  int32_t fieldId;
+  FieldSize size;
+  int32_t fixedDivisor = NOT_FOUND_ID;  // stands whatever the file's divisor list says
+};
+
+// One data record type of a version. Its slots stand in table order, which is the order decoders see.
+struct RecordLayout {
+  int32_t recordType;
+  int32_t listType;  // whose definition lists describe it: twins may share those of their base
+  std::span<const FieldSpec> fields;
+  bool positional = false;  // fields stand in table order, whatever the order list says
+};
+
+// The record types of one collector version.
+struct RecordTable {
+  std::string_view name;
+  std::span<const RecordLayout> rows;
+};
+
+// What a reader remembers of its file, and what decoders may ask.
+struct ReaderState {
+  int32_t status = 1;  // 1 all well, 0 window ended, negative: a code of reader_status.h
+  Seconds firstRecordTime = 0;
+  Seconds windowStart = 0;
+  Seconds windowEnd = 0;
+  Seconds utcOffset = DEFAULT_UTC_OFFSET;
+  int32_t dstFlag = 0;
+  std::string collectorVersion;
+  std::string nodeName;
+  std::string filePath;
+  Seconds currentRecordTime = 0;  // 0 until a time record has been seen in this pass
+  Seconds previousRawTime = 0;    // as stored in the file; survives passes
+  int32_t intervalSeconds = 60;   // configured, then measured from the time records
+  int32_t defaultInterval = 120;  // what a measured interval below 1 becomes
+  bool wideCounters = false;      // the file's counters are 8 bytes wide
+  bool legacyDiskData = false;    // HP-UX: disk timing figures are not to be trusted
+  std::string collectorTag;       // Linux: text of the latest tag record
+  const RecordTable* activeTable = nullptr;
+};
+
+// What a decoder works on: one record, its fields in table order. Fields that the file hasn't got have null
+// data.
+struct Decoding {
+  VmrContext& context;
+  ReaderState& state;
+  int32_t recordType;
+  bool isTwin;
+  std::span<const FieldValue> fields;
+};
+
+// Leaves the record's figures in the context; how many fields counted.
+using Decoder = int (*)(Decoding& decoding);
+
+struct DecoderRow {
+  int32_t recordType;
+  bool isTwin;
+  Decoder decode;
+};
+
+// Tests of the version text, in order; the first that holds chooses the table.
+enum class VersionMatch : uint8_t { EQUALS, CONTAINS };
+enum class FlagChange : uint8_t { UNCHANGED, CLEAR, SET };
+
+struct VersionRule {
+  VersionMatch match;
+  std::string_view text;
+  const RecordTable* table;
+  FlagChange wideCounters = FlagChange::UNCHANGED;
+  FlagChange legacyDiskData = FlagChange::UNCHANGED;
+};
+
+// How a format speaks of versions. Each text holds one "%s".
+enum class VersionNotice : uint8_t { NONE, WHEN_ACCEPTED, ALWAYS };
+
+struct VersionTexts {
+  VersionNotice notice;
+  std::string_view file;     // of the path, on standard output
+  std::string_view version;  // of the version, on standard output
+  std::string_view unknown;  // of the version, on the stream below
+  bool unknownOnStandardError;
+  bool unknownEndsProcess;  // with exit status 1; otherwise the table in force stays
+};
+
+// Fields of the configuration record (type 5) that the frame itself needs.
+struct EntryFields {
+  int32_t version;
+  int32_t nodeName;
+  int32_t utcOffset;
+  int32_t dstFlag;
+  int32_t interval;
+};
+
+struct CollectorFormat {
+  std::string_view name;
+  ByteOrder (*byteOrderOf)(std::string_view path);
+  int32_t timeRecord;
+  int32_t timeField;
+  EntryFields entryFields;
+  bool intervalBelowOneIsDefault;    // a measured interval below 1 becomes defaultInterval
+  bool configuredIntervalIsDefault;  // the configured interval, when above 0, becomes defaultInterval
+  bool missingVersionIsUnsupported;  // a file without a version is unsupported rather than lacking data
+  bool keepsTag;                     // the text of record 99 goes to collectorTag
+  const RecordTable* entryTable;     // in force at the start of an entry pass
+  std::span<const VersionRule> versions;
+  VersionTexts versionTexts;
+  std::span<const DecoderRow> decoders;
+};
+
+inline constexpr int32_t CONFIG_RECORD = 5;
+inline constexpr int32_t TAG_RECORD = 99;
+
+}  // namespace ozmo

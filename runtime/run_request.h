@@ -1,0 +1,47 @@
+// What the command line asked for. Filled by the option parser, read by every later stage.
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+
+namespace ozmo {
+
+// Bits of requestFlags. The first two are added and not or-ed: an option given twice cancels itself.
+inline constexpr uint64_t REQUEST_MW = 0x40;
+inline constexpr uint64_t REQUEST_VMRUNIX = 0x400;
+inline constexpr uint64_t REQUEST_GRAPH_FILE = 0x40000;
+
+enum class SizeUnit { INCHES = 0, CENTIMETRES = 1, PIXELS = 3 };
+enum class GraphType { CSV = 0, POSTSCRIPT = 1, GIF = 2, JPEG = 3 };
+
+struct RunRequest {
+  int runMode = 0;  // 9 after -mw, 3 after -vmrunix; the last of the two wins
+  uint64_t requestFlags = 0;
+  std::optional<std::string> mwFile;
+  std::optional<std::string> vmrUnixFile;  // the data file
+  std::optional<std::string> graphFile;    // the output file
+  std::optional<std::string> beginText;    // as typed
+  std::optional<std::string> endText;      // as typed
+  std::string hostName;                    // -host, until a first pass finds the node name of the file
+  std::optional<std::string> memoryFile;
+  std::optional<std::tm> beginTime;
+  std::optional<std::tm> endTime;
+  double width = 0.0;
+  double height = 0.0;
+  SizeUnit sizeUnit = SizeUnit::INCHES;  // one unit for both sizes
+  GraphType graphType = GraphType::CSV;
+  std::optional<std::string> itemName;
+  std::optional<std::string> overlayName;  // "graph name@trace label"
+};
+
+// Which reader family was chosen by the file's name. All false: a .vmr file or a file with no known name.
+struct ReaderFlags {
+  bool solarisMode = false;
+  bool hpuxMode = false;
+  bool aixMode = false;
+  bool linuxMode = false;
+};
+
+}  // namespace ozmo
