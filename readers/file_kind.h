@@ -1,0 +1,18 @@
+// A data file's kind, told by its path alone: nothing opens the file here, so a file whose name and content
+// disagree goes to the wrong reader.
+#pragma once
+
+#include <string>
+
+namespace ozmo {
+
+enum class ReaderKind { SOLARIS, HPUX, AIX, LINUX, VMR, TRU64 };
+
+// The first rule that holds wins; the directory part counts, so every file below "qtxa_archive/" is AIX.
+// A path that no rule knows is a Tru64 file.
+ReaderKind ReaderKindOf(const std::string& path);
+
+// A monitor text file by name: ".vmr" or ".VMR" at the end, or ahead of a file version (X.VMR;3).
+bool IsVmrName(const std::string& path);
+
+}  // namespace ozmo
