@@ -121,6 +121,7 @@ struct CollectorFormat {
   std::span<const VersionRule> versions;
   VersionTexts versionTexts;
   std::span<const DecoderRow> decoders;
+  bool keepsWideCounters = false;  // a version that doesn't say leaves the width of an earlier file's
 };
 
 inline constexpr int32_t CONFIG_RECORD = 5;

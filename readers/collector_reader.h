@@ -55,7 +55,7 @@ class CollectorReader {
   int ReadRecord();
   bool IsSkipped(int32_t recordType) const;
   int CheckEntry() const;
-  int MapStatus(int result);
+  int MapStatus(int result, const std::string& path);
 
   // Records.
   int Dispatch(int32_t recordType, const uint8_t* payload, size_t size);

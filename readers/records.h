@@ -45,8 +45,7 @@ struct ProcessorRecord {
 
 // Overall counters of a Solaris or Tru64 host; no builder reads them.
 struct RateRecord {
-  std::array<double, 3> rates64{};
-  std::array<float, 7> rates32{};
+  std::array<float, 10> rates{};
   std::array<float, 3> percent{};
 };
 
