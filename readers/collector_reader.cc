@@ -12,8 +12,8 @@
 namespace ozmo {
 namespace {
 
-constexpr int64_t HEADER_SIZE = 8;   // recordLength and recordType
-constexpr size_t NUMBER_SIZE = 4;    // of a definition list's elements
+constexpr int64_t HEADER_SIZE = 8;  // recordLength and recordType
+constexpr size_t NUMBER_SIZE = 4;   // of a definition list's elements
 constexpr int32_t ENTRY_INTERVAL = 60;
 constexpr Seconds FARTHEST_TIME = Seconds{1} << 40;  // no clock reads beyond; keeps differences exact
 
@@ -67,7 +67,8 @@ int CollectorReader::RunEntryPass(const std::string& path) {
   for (DefinitionLists& lists : definitions_) lists.order.clear();
   DropPlans();
   const int result = CheckEntry();
-  if (result == READER_DONE) state_.firstRecordTime = FormatLocalTime(state_.firstRecordTime, state_.utcOffset);
+  if (result == READER_DONE)
+    state_.firstRecordTime = FormatLocalTime(state_.firstRecordTime, state_.utcOffset);
   return MapStatus(result, path);
 }
 
@@ -151,17 +152,30 @@ int CollectorReader::MapStatus(int result, const std::string& path) {
   switch (result) {
     case READER_DONE:
     case READER_END_OF_FILE:
-    case READER_OUTSIDE_WINDOW: break;
+    case READER_OUTSIDE_WINDOW:
+      break;
     case READER_UNSUPPORTED_VERSION:
       MessageEmit(*runtime_, "MW_VERSION",
                   {state_.collectorVersion.empty() ? "???" : state_.collectorVersion, path});
       break;
-    case READER_NO_OPEN: MessageEmit(*runtime_, "NOOPEN", {path}); break;
-    case READER_NO_READ: MessageEmit(*runtime_, "NOREAD", {path}); break;
-    case READER_UNSUPPORTED: MessageEmit(*runtime_, "MW_UNSUPPORTED"); break;
-    case READER_BASIC_DATA: MessageEmit(*runtime_, "MW_BASIC_DATA", {path}); break;
-    case READER_NO_CONFIGURATION: MessageEmit(*runtime_, "NO_REC_DATA_IN_INTERVAL", {"CONFIGURATION"}); break;
-    default: MessageEmit(*runtime_, "MW_FILE_PROC", {path}); break;
+    case READER_NO_OPEN:
+      MessageEmit(*runtime_, "NOOPEN", {path});
+      break;
+    case READER_NO_READ:
+      MessageEmit(*runtime_, "NOREAD", {path});
+      break;
+    case READER_UNSUPPORTED:
+      MessageEmit(*runtime_, "MW_UNSUPPORTED");
+      break;
+    case READER_BASIC_DATA:
+      MessageEmit(*runtime_, "MW_BASIC_DATA", {path});
+      break;
+    case READER_NO_CONFIGURATION:
+      MessageEmit(*runtime_, "NO_REC_DATA_IN_INTERVAL", {"CONFIGURATION"});
+      break;
+    default:
+      MessageEmit(*runtime_, "MW_FILE_PROC", {path});
+      break;
   }
   return result;
 }
@@ -172,12 +186,13 @@ int CollectorReader::Dispatch(int32_t recordType, const uint8_t* payload, size_t
   if (recordType < 0) return READER_NOTHING;
   if (recordType < TYPE_COUNT && HasLayout(recordType)) return WalkFields(recordType, payload, size);
   if (recordType % 100 == 0 && HasLayout(recordType / 100)) {
-    return StoreDefinition(definitions_[static_cast<size_t>(FindPlan(recordType / 100)->layout->listType)].order,
-                           payload, size);
+    return StoreDefinition(
+        definitions_[static_cast<size_t>(FindPlan(recordType / 100)->layout->listType)].order, payload, size);
   }
   if (recordType % 10 == 0 && HasLayout(recordType / 10)) {
-    return StoreDefinition(definitions_[static_cast<size_t>(FindPlan(recordType / 10)->layout->listType)].divisors,
-                           payload, size);
+    return StoreDefinition(
+        definitions_[static_cast<size_t>(FindPlan(recordType / 10)->layout->listType)].divisors, payload,
+        size);
   }
   return READER_NOTHING;  // an unknown type: as if the interval were over
 }
@@ -199,7 +214,8 @@ int CollectorReader::WalkFields(int32_t recordType, const uint8_t* payload, size
     const int32_t slotIndex = plan->slotAt[position];
     if (slotIndex == NOT_FOUND_ID) continue;
     FieldValue& slot = plan->slots[static_cast<size_t>(slotIndex)];
-    const size_t step = slot.size == FieldSize::TEXT ? size_t{payload[offset]} + 1 : static_cast<size_t>(slot.size);
+    const size_t step =
+        slot.size == FieldSize::TEXT ? size_t{payload[offset]} + 1 : static_cast<size_t>(slot.size);
     if (step > size - offset) break;  // the field runs past its record
     slot.data = payload + offset;
     offset += step;
@@ -277,9 +293,11 @@ void CollectorReader::ChooseVersion(std::string_view version) {
   state_.collectorVersion = version;
 
   const VersionTexts& texts = format_->versionTexts;
-  const auto rule = std::find_if(format_->versions.begin(), format_->versions.end(), [&](const VersionRule& row) {
-    return row.match == VersionMatch::EQUALS ? version == row.text : version.find(row.text) != version.npos;
-  });
+  const auto rule =
+      std::find_if(format_->versions.begin(), format_->versions.end(), [&](const VersionRule& row) {
+        return row.match == VersionMatch::EQUALS ? version == row.text
+                                                 : version.find(row.text) != version.npos;
+      });
   const bool known = rule != format_->versions.end();
   if (texts.notice == VersionNotice::ALWAYS || (texts.notice == VersionNotice::WHEN_ACCEPTED && known)) {
     PrintWith(stdout, texts.file, state_.filePath);
@@ -322,7 +340,8 @@ void CollectorReader::BuildPlan(RecordPlan& plan) const {
   const DefinitionLists& lists = definitions_[static_cast<size_t>(plan.layout->listType)];
   plan.slots.clear();
   for (const FieldSpec& spec : fields) {
-    const int32_t divisor = spec.fixedDivisor != NOT_FOUND_ID ? spec.fixedDivisor : lists.DivisorOf(spec.fieldId);
+    const int32_t divisor =
+        spec.fixedDivisor != NOT_FOUND_ID ? spec.fixedDivisor : lists.DivisorOf(spec.fieldId);
     plan.slots.push_back({spec.fieldId, divisor, nullptr, spec.size, order_});
   }
   // As many positions as the row has slots, whatever the length of the list.

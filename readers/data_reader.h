@@ -31,7 +31,8 @@ class DataReader {
   std::variant<CollectorReader, VmrReader> reader_;
 };
 
-inline int ReaderEntryPass(DataReader& reader, const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
+inline int ReaderEntryPass(DataReader& reader, const std::string& path, std::string& nodeName,
+                           Seconds& firstRecordTime) {
   return reader.EntryPass(path, nodeName, firstRecordTime);
 }
 inline int ReaderOpen(DataReader& reader, VmrContext& context) { return reader.Open(context); }

@@ -37,9 +37,12 @@ enum class Sign : uint8_t { ANY, NOT_NEGATIVE };
 
 inline double ValueAsDouble(const FieldValue& field, Form form, const ReaderState& state) {
   switch (form) {
-    case Form::INT32: return field.Int32();
-    case Form::UINT64: return static_cast<double>(field.Uint64());
-    case Form::SIGNED_HALVES: return field.size == FieldSize::INT8 ? field.SignedHalves() : field.Int32();
+    case Form::INT32:
+      return field.Int32();
+    case Form::UINT64:
+      return static_cast<double>(field.Uint64());
+    case Form::SIGNED_HALVES:
+      return field.size == FieldSize::INT8 ? field.SignedHalves() : field.Int32();
     case Form::NATURAL:
       return field.size == FieldSize::INT8 ? static_cast<double>(field.Uint64()) : field.Int32();
     case Form::WIDE:

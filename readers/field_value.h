@@ -33,9 +33,12 @@ struct FieldValue {
   // The number's low and high 32 bits; a 4-byte field has no high half, and a text is no number.
   uint32_t Low() const {
     switch (size) {
-      case FieldSize::INT4: return LoadUint32(data, order);
-      case FieldSize::INT8: return LoadUint32(order == ByteOrder::BIG ? data + 4 : data, order);
-      case FieldSize::TEXT: break;
+      case FieldSize::INT4:
+        return LoadUint32(data, order);
+      case FieldSize::INT8:
+        return LoadUint32(order == ByteOrder::BIG ? data + 4 : data, order);
+      case FieldSize::TEXT:
+        break;
     }
     return 0;
   }

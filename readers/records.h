@@ -18,9 +18,9 @@ struct SystemConfig {
   std::array<std::string, 12> configText;  // the other texts of the record, by the format's own numbers
   int32_t cpuCount = 0;
   float memoryMb = 0.0F;
-  int32_t pageSize = 0;            // bytes
-  float intervalSeconds = 0.0F;    // collection interval
-  int64_t intervalMillis = 0;      // as stored
+  int32_t pageSize = 0;          // bytes
+  float intervalSeconds = 0.0F;  // collection interval
+  int64_t intervalMillis = 0;    // as stored
 };
 
 // One processor, or on the overall lists the machine as a whole.
@@ -182,9 +182,9 @@ struct ProcessRecord {
   float ioWritesPerSecond = 0.0F;
   float ioReadBytesPerSecond = 0.0F;
   float ioWriteBytesPerSecond = 0.0F;
-  std::array<float, 8> rates{};       // figures that no builder reads, by the format's own order
-  std::array<int64_t, 6> values{};    // the same, whole numbers
-  int64_t sizeVirtual = 0;            // kilobytes on binary formats
+  std::array<float, 8> rates{};     // figures that no builder reads, by the format's own order
+  std::array<int64_t, 6> values{};  // the same, whole numbers
+  int64_t sizeVirtual = 0;          // kilobytes on binary formats
   int64_t sizeResident = 0;
   int32_t priority = 0;
 };
