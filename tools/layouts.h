@@ -1,0 +1,76 @@
+// Record layouts of the collectors, as the sample files use them.
+//
+// A layout is a table, one row a record. The fields of a row are written as text, in file order:
+// single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes), and behind a
+// slash the divisor that the divisor list names, which is 1 otherwise:
+//
+//   {6, 0, ALL, "601-602:4 603-604:t 605-613:8/100 614:4"}
+//
+// A twin record repeats a base record under a number of its own; a twin row without fields has the
+// fields of its base. A row belongs to the versions whose bits it holds, so a collector version is
+// nothing but a set of rows.
+
+#ifndef OZMO_TOOLS_LAYOUTS_H_
+#define OZMO_TOOLS_LAYOUTS_H_
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "tools/collector_writer.h"
+
+namespace ozmo::sample {
+
+struct RecordLayout {
+  uint32_t recordType;
+  uint32_t twinOf;  // 0: a base record
+  uint32_t versions;
+  std::string_view fields;
+};
+
+struct VersionLayout {
+  std::string_view text;
+  uint32_t versionBit;
+};
+
+struct CollectorLayout {
+  ByteOrder byteOrder;
+  // Newest first; the first one is what a sample file has by default.
+  std::span<const VersionLayout> versions;
+  std::span<const RecordLayout> records;
+};
+
+struct FieldLayout {
+  int32_t fieldId;
+  Encoding encoding;
+  int32_t divisor;
+};
+
+// A row with its fields spelled out.
+struct ExpandedRecord {
+  uint32_t recordType;
+  uint32_t twinOf;
+  std::vector<FieldLayout> fields;
+};
+
+std::vector<FieldLayout> ExpandFields(std::string_view fields);
+
+// The records of one version: the base records first, then the twins. That order matters to files
+// in which a twin shares the definition lists of its base with other fields.
+std::vector<ExpandedRecord> ExpandLayout(const CollectorLayout& layout, uint32_t versionBit);
+
+// The version that a text asks for: the equal one, else the first one the text holds. Null for an
+// unknown text.
+const VersionLayout* FindVersion(const CollectorLayout& layout, std::string_view text);
+
+// One table a platform.
+const CollectorLayout& SolarisLayout();
+const CollectorLayout& LinuxLayout();
+const CollectorLayout& AixLayout();
+const CollectorLayout& HpuxLayout();
+const CollectorLayout& Tru64Layout();
+
+}  // namespace ozmo::sample
+
+#endif  // OZMO_TOOLS_LAYOUTS_H_
