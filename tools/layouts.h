@@ -35,7 +35,6 @@ struct VersionLayout {
 };
 
 struct CollectorLayout {
-  ByteOrder byteOrder;
   // Newest first; the first one is what a sample file has by default.
   std::span<const VersionLayout> versions;
   std::span<const RecordLayout> records;

@@ -84,13 +84,15 @@ Life LifeOfSlot(const ProgramDescription& program, uint64_t stream, const Moment
     return {0, static_cast<double>(moment.interval)};
   }
   const int64_t period = int64_t{program.lifeMinutes} * 60;
-  const int64_t shifted = moment.time + static_cast<int64_t>(NoiseAt(stream, -1) * static_cast<double>(period));
+  const int64_t shifted =
+      moment.time + static_cast<int64_t>(NoiseAt(stream, -1) * static_cast<double>(period));
   const int64_t number = shifted / period;
   const int64_t start = moment.time - shifted % period;
   if (NoiseAt(stream ^ 1, number) >= ShiftShare(program.shift, start)) {
     return {number, 0};
   }
-  const double end = static_cast<double>(start) + static_cast<double>(period) * (0.4 + 0.6 * NoiseAt(stream, number));
+  const double end =
+      static_cast<double>(start) + static_cast<double>(period) * (0.4 + 0.6 * NoiseAt(stream, number));
   const double from = static_cast<double>(std::max(start, moment.time - moment.interval));
   return {number, std::max(0.0, std::min(end, static_cast<double>(moment.time)) - from)};
 }
@@ -163,7 +165,8 @@ DiskSample SampleDisk(const DiskDescription& description, const Moment& moment) 
   const double utilization = busy / moment.interval;
   disk.queueSeconds = busy + 0.8 * busy * utilization / (1 - utilization);
   disk.sizeMb = description.sizeMb;
-  disk.freeMb = std::floor(description.sizeMb * (0.15 + 0.5 * NoiseAt(StreamOf(moment.seed, description.name), -1)));
+  disk.freeMb =
+      std::floor(description.sizeMb * (0.15 + 0.5 * NoiseAt(StreamOf(moment.seed, description.name), -1)));
   return disk;
 }
 

@@ -24,8 +24,8 @@ enum class Shift { ALWAYS, OFFICE, NIGHT };
 struct ProgramDescription {
   std::string_view image;
   std::string_view user;
-  int count;  // process slots
-  double weight;  // share of the processor time against the others
+  int count;        // process slots
+  double weight;    // share of the processor time against the others
   int lifeMinutes;  // 0: such a process lives for good
   int residentMb;
   Shift shift;
@@ -44,7 +44,7 @@ struct FileSystemDescription {
   std::string_view mount;
   std::string_view device;
   int sizeMb;
-  double used;  // share at midnight
+  double used;    // share at midnight
   double growth;  // what the day adds
 };
 

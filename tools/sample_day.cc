@@ -1,0 +1,105 @@
+#include "tools/sample_day.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <span>
+
+namespace ozmo::sample {
+namespace {
+
+constexpr int64_t DAY_SECONDS = 86400;
+
+int64_t StartOfDay(const std::chrono::year_month_day& date) {
+  return int64_t{std::chrono::sys_days{date}.time_since_epoch().count()} * DAY_SECONDS;
+}
+
+std::string VersionNames(const CollectorLayout& layout) {
+  std::string names;
+  for (const VersionLayout& version : layout.versions) {
+    names += names.empty() ? "" : ", ";
+    names += version.text;
+  }
+  return names;
+}
+
+// The host with `scale` times the process slots.
+std::vector<ProgramDescription> ScalePrograms(const HostDescription& host, int scale) {
+  std::vector<ProgramDescription> programs(host.programs.begin(), host.programs.end());
+  for (ProgramDescription& program : programs) {
+    program.count *= scale;
+  }
+  return programs;
+}
+
+bool WriteFile(const CollectorKind& kind, const SampleContext& context, const DayFile& dayFile,
+               const std::string& path) {
+  SampleFile file(kind.byteOrder, ExpandLayout(kind.layout, context.versionBit));
+  file.WriteDefinitions();
+  kind.writeHead(context, file);
+  for (int64_t time : dayFile.times) {
+    file.BeginSample(kind.timeRecord, FieldValues().Set(kind.timeField, time - context.options.utcOffset));
+    const auto seed = static_cast<uint64_t>(context.options.seed);
+    kind.writeSample(context, SampleHost(context.host, seed, time, context.options.intervalSeconds), file);
+  }
+  return file.Save(path);
+}
+
+}  // namespace
+
+std::vector<DayFile> CutIntoFiles(const SampleOptions& options) {
+  std::vector<DayFile> files;
+  const int64_t start = StartOfDay(options.date) + int64_t{options.startHour} * 3600;
+  const int64_t end = start + int64_t{options.hours} * 3600;
+  const int64_t filePart = std::max<int64_t>(1, DAY_SECONDS / options.filesPerDay);
+  int64_t lastDay = -1;
+  int64_t lastPart = -1;
+  for (int64_t time = start; time < end; time += options.intervalSeconds) {
+    const int64_t day = time / DAY_SECONDS;
+    const int64_t part = std::min<int64_t>(time % DAY_SECONDS / filePart, options.filesPerDay - 1);
+    if (day != lastDay || part != lastPart) {
+      const bool sameDay = day == lastDay;
+      const int number = sameDay ? files.back().number + 1 : 1;
+      files.push_back({std::chrono::sys_days{std::chrono::days{day}}, number, {}});
+      lastDay = day;
+      lastPart = part;
+    }
+    files.back().times.push_back(time);
+  }
+  return files;
+}
+
+std::string FileDate(const std::chrono::year_month_day& date) {
+  static constexpr std::array<const char*, 12> MONTHS = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%04d%s%02u", static_cast<int>(date.year()),
+                MONTHS.at(static_cast<unsigned>(date.month()) - 1), static_cast<unsigned>(date.day()));
+  return text.data();
+}
+
+SampleResult WriteCollectorDays(const CollectorKind& kind, const SampleOptions& options) {
+  const std::string versionText =
+      options.version.empty() ? std::string(kind.layout.versions.front().text) : options.version;
+  const VersionLayout* version = FindVersion(kind.layout, versionText);
+  if (version == nullptr) {
+    return {{}, "unknown version " + versionText + "; known are " + VersionNames(kind.layout)};
+  }
+  const std::vector<ProgramDescription> programs = ScalePrograms(kind.host, options.scale);
+  HostDescription host = kind.host;
+  host.programs = programs;
+  SampleResult result;
+  for (const DayFile& dayFile : CutIntoFiles(options)) {
+    const SampleContext context{options, host, version->versionBit, versionText, dayFile.times.front()};
+    const std::string path = options.directory + "/" + std::string(kind.filePrefix) + options.node + "_" +
+                             FileDate(dayFile.date) + ".dat_" + std::to_string(dayFile.number);
+    if (!WriteFile(kind, context, dayFile, path)) {
+      result.error = "can't write " + path;
+      return result;
+    }
+    result.files.push_back(path);
+  }
+  return result;
+}
+
+}  // namespace ozmo::sample
