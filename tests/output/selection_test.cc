@@ -1,0 +1,150 @@
+#include "output/selection.h"
+
+#include <gtest/gtest.h>
+
+namespace ozmo {
+namespace {
+
+constexpr int POINTS = 4;
+
+// A catalog with the graphs "Load" (two sets, as stacked) and "Disks" (three sets), and a group between.
+class Selection : public testing::Test {
+ protected:
+  Selection() {
+    load_ = Add("Load", {{9.0F, 5.0F, -1.0F, 3.0F}, {4.0F, 2.0F, 1.0F, 1.0F}}, {"User", "System"});
+    disks_ = Add("Disks", {{6.0F, 6.0F, 8.0F, 6.0F}, {5.0F, 5.0F, 5.0F, 5.0F}, {3.0F, 3.0F, 3.0F, 2.0F}},
+                 {"a b", "c", "d@e"});
+    empty_ = Add("Empty", {}, {});
+    catalog_.itemTree = {Group("G1", {Row(load_)}), Group("G2", {Group("G3", {Row(disks_)}), Row(empty_)})};
+    catalog_.overlayScratch.assign(POINTS, MISSING_POINT);
+  }
+
+  GraphRecord* Add(const std::string& title, std::vector<Series> sets,
+                   const std::vector<std::string>& labels) {
+    GraphRecord& record = catalog_.runtimeRecords.emplace_back();
+    record.title = title;
+    record.yTitle = title + " axis";
+    record.data.npoints = POINTS;
+    record.data.y = std::move(sets);
+    for (const std::string& label : labels) record.traceLabels.emplace_back(label);
+    for (size_t i = 0; i < labels.size(); ++i) record.traceColours.emplace_back(title + std::to_string(i));
+    return &record;
+  }
+  static GraphMenuEntry Row(GraphRecord* record) { return {"CODE", "label", record, {}}; }
+  static GraphMenuEntry Group(const std::string& label, std::vector<GraphMenuEntry> rows) {
+    return {"GROUP", label, nullptr, std::move(rows)};
+  }
+  static Series Points(const OverlayTrace& trace) { return Series(trace.series, trace.series + POINTS); }
+
+  GraphCatalog catalog_;
+  GraphRecord* load_;
+  GraphRecord* disks_;
+  GraphRecord* empty_;
+};
+
+TEST(GraphName, BlanksQuotesAndCaseDoNotCount) {
+  EXPECT_EQ(0, GraphNameCompare("'Overall CPU Utilization'", "overallcpuutilization"));
+  EXPECT_EQ(0, GraphNameCompare("OVERALL CPU  UTILIZATION", "Over\"all CPU Utilization"));
+  EXPECT_NE(0, GraphNameCompare("Overall CPU", "Overall\tCPU"));
+  EXPECT_NE(0, GraphNameCompare("Overall CPU", "Overall CPU Utilization"));
+  EXPECT_NE(0, GraphNameCompare("\xC4", "\xE4"));
+  EXPECT_EQ(0, GraphNameCompare(std::string(3000, ' ') + "a", "A"));
+}
+
+TEST_F(Selection, FindsTitlesDepthFirstAndNoOtherTexts) {
+  EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "LOAD"));
+  EXPECT_EQ(disks_, FindGraphRecord(catalog_.itemTree, "disks"));
+  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "G2"));
+  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "label"));
+  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, ""));
+  disks_->title = "Load";
+  EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "Load"));
+}
+
+TEST_F(Selection, RecordOfARowWithASubTableIsNotLookedAt) {
+  catalog_.itemTree = {{"GROUP", "g", load_, {Row(disks_)}}};
+  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "Load"));
+}
+
+TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
+  const Overlay overlay = PrepareMainOverlay(*load_);
+  EXPECT_DOUBLE_EQ(1.1 * 9.0, overlay.yMax);
+  EXPECT_EQ(0.0, overlay.yMin);
+  EXPECT_EQ("Load axis", overlay.yTitle);
+  ASSERT_EQ(2U, overlay.traces.size());
+  EXPECT_EQ((Series{0.0F, 5.0F, 0.0F, 0.0F}), Points(overlay.traces[0]));
+  EXPECT_EQ((Series{0.0F, 2.0F, 1.0F, 0.0F}), Points(overlay.traces[1]));
+  EXPECT_EQ("System", overlay.traces[1].label);
+  EXPECT_EQ("Load1", overlay.traces[1].colour);
+}
+
+TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
+  load_->yMax = 100.0F;
+  EXPECT_DOUBLE_EQ(1.1 * 100.0, PrepareMainOverlay(*load_).yMax);
+  load_->yMax = 0.0F;
+  load_->data.y = {{0.0F, 0.0F, -5.0F, 0.0F}};
+  EXPECT_EQ(1.0, PrepareMainOverlay(*load_).yMax);
+}
+
+TEST_F(Selection, PeakIsASingleTakenToDouble) {
+  load_->data.y = {{0.0F, 0.1F, 0.0F, 0.0F}};
+  EXPECT_EQ(1.1 * static_cast<double>(0.1F), PrepareMainOverlay(*load_).yMax);
+}
+
+TEST_F(Selection, SetsWithoutStyleHaveNoColourAndNoLabel) {
+  load_->traceColours.resize(1);
+  load_->traceLabels.resize(1);
+  const Overlay overlay = PrepareMainOverlay(*load_);
+  EXPECT_FALSE(overlay.traces[1].colour);
+  EXPECT_FALSE(overlay.traces[1].label);
+}
+
+TEST_F(Selection, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
+  const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@A B");
+  ASSERT_TRUE(selection.overlay);
+  ASSERT_EQ(1U, selection.overlay->traces.size());
+  EXPECT_EQ((Series{-5.0F, 1.0F, 3.0F, -5.0F}), Points(selection.overlay->traces[0]));
+  EXPECT_EQ("a b", selection.overlay->traces[0].label);
+  EXPECT_EQ("Disks", selection.overlay->title);
+  EXPECT_DOUBLE_EQ(1.1 * 8.0, selection.overlay->yMax);
+  EXPECT_EQ((Series{5.0F, 5.0F, 5.0F, 5.0F}), disks_->data.y[1]);
+}
+
+TEST_F(Selection, LastTraceOfTheStackStandsForItself) {
+  const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@d@e");
+  ASSERT_TRUE(selection.overlay) << "only the first @ cuts";
+  EXPECT_EQ((Series{3.0F, 3.0F, 3.0F, 2.0F}), Points(selection.overlay->traces[0]));
+}
+
+TEST_F(Selection, MainGraphSaysWhetherTheOverlaysFixedTopCounts) {
+  load_->yMax = 100.0F;
+  EXPECT_EQ(0.0, SelectOverlay(catalog_, *load_, "Disks@c").overlay->yMax);
+  disks_->yMax = 50.0F;
+  EXPECT_DOUBLE_EQ(55.0, SelectOverlay(catalog_, *load_, "Disks@c").overlay->yMax);
+  load_->yMax = 0.0F;
+  EXPECT_DOUBLE_EQ(1.1 * 8.0, SelectOverlay(catalog_, *load_, "Disks@c").overlay->yMax);
+}
+
+TEST_F(Selection, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
+  PrepareMainOverlay(*load_);
+  const OverlaySelection selection = SelectOverlay(catalog_, *load_, "load@user");
+  ASSERT_TRUE(selection.overlay);
+  EXPECT_EQ((Series{0.0F, 3.0F, -1.0F, 0.0F}), Points(selection.overlay->traces[0]));
+  EXPECT_DOUBLE_EQ(1.1 * 5.0, selection.overlay->yMax);
+}
+
+TEST_F(Selection, OverlayFailuresSayWhichPartIsMissing) {
+  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks").failure);
+  EXPECT_STREQ("Specified overlay graph not found.", SelectOverlay(catalog_, *load_, "Disk@c").failure);
+  EXPECT_STREQ("Specified overlay graph not found.", SelectOverlay(catalog_, *load_, "@c").failure);
+  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks@x").failure);
+  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Empty@x").failure);
+}
+
+TEST_F(Selection, TracesWithoutALabelAreNeverFound) {
+  disks_->traceLabels.clear();
+  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks@").failure);
+}
+
+}  // namespace
+}  // namespace ozmo
