@@ -14,11 +14,11 @@ struct ProductIdentity {
   std::string buildDate;
   std::string companyWord;
   std::string moduleWord;
-  std::string versionText;        // V10.0-001
+  std::string versionText;  // V10.0-001
   std::string productName;
   std::string productAndVersion;
-  std::string filePrefix;         // of the files below the library directory
-  std::string upperPrefix;        // of environment variables and, without its last character, of messages
+  std::string filePrefix;   // of the files below the library directory
+  std::string upperPrefix;  // of environment variables and, without its last character, of messages
   std::string secondName;
   std::string secondNameAndVersion;
   std::string monitorName;

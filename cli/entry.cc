@@ -1,0 +1,67 @@
+#include "cli/entry.h"
+
+#include <cstdio>
+#include <optional>
+
+#include "cli/options.h"
+#include "output/build_graph_job.h"
+#include "readers/data_reader.h"
+#include "runtime/memory.h"
+#include "runtime/runtime.h"
+#include "runtime/user_resources.h"
+
+namespace ozmo {
+namespace {
+
+constexpr int RUN_DONE_STATUS = 1;
+constexpr int NO_DATA_FILE_STATUS = 2;
+
+// Monitor text files and files of no known name have no flag of their own.
+ReaderFlags FlagsOf(ReaderKind kind) {
+  ReaderFlags flags;
+  flags.solarisMode = kind == ReaderKind::SOLARIS;
+  flags.hpuxMode = kind == ReaderKind::HPUX;
+  flags.aixMode = kind == ReaderKind::AIX;
+  flags.linuxMode = kind == ReaderKind::LINUX;
+  return flags;
+}
+
+// Takes the node name from the data file. A file that can't tell one is no reason to stop: the builder comes
+// to the same file again.
+void MakeFirstPass(DataReader& reader, RunRequest& request) {
+  std::string nodeName;
+  Seconds firstRecordTime = 0;
+  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, firstRecordTime) == 1)
+    request.hostName = nodeName;
+}
+
+}  // namespace
+
+int RunEntry(int argc, char* const argv[]) {
+  Runtime runtime;
+  MemAttach(runtime);
+  std::printf("ozmo_graph %s\n", runtime.identity.versionText.c_str());
+
+  RunRequest request;
+  ParseCommandLine(argc, argv, request);
+
+  ReaderFlags flags;
+  std::optional<DataReader> reader;
+  if ((request.requestFlags & REQUEST_VMRUNIX) != 0) {
+    if (!request.vmrUnixFile) {  // sixteen -mw options add up to the bit of -vmrunix
+      std::fputs("ozmo_graph: no data file\n", stderr);
+      return NO_DATA_FILE_STATUS;
+    }
+    const ReaderKind kind = ReaderKindOf(*request.vmrUnixFile);
+    flags = FlagsOf(kind);
+    reader.emplace(kind, runtime);
+    MakeFirstPass(*reader, request);
+  }
+
+  UserResources resources;
+  UserResourcesRead(resources, runtime, ".yxrc");
+  BuildGraphJob(request, flags, reader ? &*reader : nullptr, runtime);
+  return RUN_DONE_STATUS;
+}
+
+}  // namespace ozmo

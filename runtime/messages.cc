@@ -1,0 +1,121 @@
+#include "runtime/messages.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fstream>
+#include <optional>
+#include <string_view>
+
+#include "runtime/message_format.h"
+#include "runtime/runtime.h"
+
+namespace ozmo {
+namespace {
+
+enum class Severity { WARNING = 2, ERROR = 3, INFO = 4, NONE = 5 };
+
+struct SeverityWord {
+  std::string_view word;  // as in the file, and as printed
+  Severity severity;
+};
+
+constexpr SeverityWord SEVERITY_WORDS[] = {
+    {"WARNING", Severity::WARNING}, {"ERROR", Severity::ERROR}, {"INFO", Severity::INFO}};
+
+// Marks in a head where a word processor would have no blank; removed wherever it stands when printing.
+constexpr char NO_PRINT = '^';
+
+// What a line of the file says.
+struct MessageEntry {
+  std::string severityWord;
+  std::string text;  // a printf format
+};
+
+void SkipBlanks(std::string_view& rest) {
+  rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
+}
+
+// The characters up to a delimiter, a tab or the end of the line; the delimiter is stepped over.
+std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
+  const char stops[] = {delimiter, '\t', '\n'};
+  const size_t length = std::min(rest.find_first_of(std::string_view(stops, sizeof stops)), rest.size());
+  const std::string_view taken = rest.substr(0, length);
+  rest.remove_prefix(std::min(length + 1, rest.size()));
+  return taken;
+}
+
+std::string_view TakeWord(std::string_view& rest) {
+  SkipBlanks(rest);
+  return TakeUpTo(rest, ' ');
+}
+
+std::string_view TakeQuotedText(std::string_view& rest) {
+  SkipBlanks(rest);
+  if (rest.starts_with('"')) rest.remove_prefix(1);
+  return TakeUpTo(rest, '"');
+}
+
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return upper;
+}
+
+std::optional<MessageEntry> FindEntry(std::istream& file, const std::string& code) {
+  std::string line;
+  while (std::getline(file, line)) {
+    if (line.ends_with('\r')) line.pop_back();
+    std::string_view rest = line;
+    if (UpperCase(TakeWord(rest)) != code) continue;
+    MessageEntry entry;
+    entry.severityWord = TakeWord(rest);
+    entry.text = TakeQuotedText(rest);
+    return entry;
+  }
+  return std::nullopt;
+}
+
+void MessageDeliver(std::string text, Severity severity) {
+  text.erase(std::remove(text.begin(), text.end(), NO_PRINT), text.end());
+  text += '\n';
+  const bool isProblem = severity == Severity::WARNING || severity == Severity::ERROR;
+  std::fputs(text.c_str(), isProblem ? stderr : stdout);
+}
+
+// "VELTRIX" of "VELTRIX_".
+std::string MessagePrefix(const ProductIdentity& identity) {
+  std::string prefix = identity.upperPrefix;
+  if (prefix.ends_with('_') || prefix.ends_with('$')) prefix.pop_back();
+  return prefix;
+}
+
+}  // namespace
+
+int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list<MessageArgument> arguments) {
+  const ProductIdentity& identity = runtime.identity;
+  const std::string path =
+      LibraryDirectory(runtime, "veltrix") + "db/" + identity.filePrefix + "messages.msg";
+  std::ifstream file(path);
+  if (!file) {
+    MessageDeliver("Cannot open message file: " + path, Severity::WARNING);
+    return 0;
+  }
+  const std::optional<MessageEntry> entry = FindEntry(file, code);
+  if (!entry) {
+    MessageDeliver("Cannot find error message " + code, Severity::WARNING);
+    return 0;
+  }
+
+  std::string head;
+  Severity severity = Severity::NONE;
+  for (const SeverityWord& row : SEVERITY_WORDS) {
+    if (row.word != entry->severityWord) continue;
+    severity = row.severity;
+    head = MessagePrefix(identity) + "-" + entry->severityWord + NO_PRINT + " " + NO_PRINT;
+  }
+  MessageDeliver(FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}), severity);
+  return 1;
+}
+
+}  // namespace ozmo
