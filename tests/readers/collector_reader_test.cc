@@ -1,0 +1,301 @@
+// The frame that all binary formats share, driven through the Solaris format.
+#include "readers/collector_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+#include "readers/formats.h"
+#include "runtime/runtime.h"
+#include "tests/readers/solaris_file.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo::testing {
+namespace {
+
+constexpr Seconds NOON = 1329912000;  // 22-Feb-2012 12:00:00 UTC
+
+class CollectorReaderTest : public ::testing::Test {
+ protected:
+  CollectorReaderTest() {
+    setenv("TZ", "UTC", 1);
+    tzset();
+  }
+
+  std::string Write(const CollectorWriter& writer, int number = 1) {
+    const std::string path = directory_ / ("qtxs_node_2012Feb22.dat_" + std::to_string(number));
+    EXPECT_TRUE(writer.WriteFile(path));
+    return path;
+  }
+
+  int Enter(const std::string& path) { return reader_.EntryPass(path, node_, first_); }
+
+  // Enters the file and opens a walk over the span.
+  int Open(const std::string& path, Seconds start, Seconds end) {
+    EXPECT_EQ(Enter(path), 1);
+    context_.periodStart = start;
+    context_.periodEnd = end;
+    return reader_.Open(context_);
+  }
+
+  // The user time of each processor record of the next interval, newest first.
+  std::vector<double> NextUserTimes() {
+    std::vector<double> times;
+    result_ = reader_.Next(context_);
+    for (const ProcessorRecord& processor : context_.processors.primary) times.push_back(processor.userTime);
+    return times;
+  }
+
+  TempDirectory directory_;
+  Runtime runtime_;
+  CollectorReader reader_{SOLARIS_FORMAT, runtime_};
+  VmrContext context_;
+  std::string node_;
+  Seconds first_ = 0;
+  int result_ = 0;
+};
+
+using Times = std::vector<double>;
+
+CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config = {}) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  WriteSolarisLists(writer);
+  WriteSolarisConfig(writer, config);
+  for (size_t i = 0; i < times.size(); ++i) {
+    WriteTime(writer, times[i]);
+    WriteProcessor(writer, 0, static_cast<int64_t>(i + 1));
+  }
+  return writer;
+}
+
+TEST_F(CollectorReaderTest, EntryPassFindsNodeAndFirstTimeInTheReadersZone) {
+  EXPECT_EQ(Enter(Write(Samples({NOON}, {.utcOffset = -18000}))), 1);
+  EXPECT_EQ(node_, "node");
+  EXPECT_EQ(first_, NOON - 18000);
+}
+
+TEST_F(CollectorReaderTest, EntryPassNeedsConfigurationAheadOfTime) {
+  CollectorWriter late(sample::ByteOrder::BIG);
+  WriteSolarisLists(late);
+  WriteTime(late, NOON);
+  WriteSolarisConfig(late);
+  EXPECT_EQ(Enter(Write(late)), 0);
+  EXPECT_EQ(Enter(Write(CollectorWriter(sample::ByteOrder::BIG))), 0);  // no records at all
+  EXPECT_EQ(Enter(directory_ / "missing"), 0);
+  EXPECT_EQ(Enter(Write(Samples({NOON}, {.version = ""}))), 0);
+}
+
+TEST_F(CollectorReaderTest, LeadingBlockIsSteppedOver) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  writer.LeadingBlock("any words\n");
+  WriteSolarisLists(writer);
+  WriteSolarisConfig(writer);
+  WriteTime(writer, NOON);
+  EXPECT_EQ(Enter(Write(writer)), 1);
+  CollectorWriter endless(sample::ByteOrder::BIG);
+  endless.RawBytes("-----BEGIN BLOCK-----\nnever ends\n");
+  EXPECT_EQ(Enter(Write(endless)), 0);
+}
+
+TEST_F(CollectorReaderTest, WindowTakesTheRecordsBehindTheStampThatEndedTheLast) {
+  const std::string path = Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120, NOON + 180}));
+  ASSERT_EQ(Open(path, NOON, NOON + 600), 1);
+  // The first window holds both its ends; what lies ahead of it is skipped.
+  EXPECT_EQ(NextUserTimes(), (Times{3, 2}));
+  EXPECT_EQ(context_.periodEnd, NOON + 60);
+  EXPECT_EQ(NextUserTimes(), (Times{4}));
+  EXPECT_EQ(context_.periodEnd, NOON + 120);
+  // The last interval meets the end of the file and isn't delivered.
+  NextUserTimes();
+  EXPECT_EQ(result_, -1);
+}
+
+TEST_F(CollectorReaderTest, IntervalThatEndsWithTheSpanIsNotDelivered) {
+  const std::string path = Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120, NOON + 180, NOON + 240}));
+  ASSERT_EQ(Open(path, NOON, NOON + 120), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{3, 2}));
+  NextUserTimes();
+  EXPECT_EQ(result_, -1);
+}
+
+TEST_F(CollectorReaderTest, StartIsAlignedToTheInterval) {
+  const std::string path = Write(Samples({NOON, NOON + 300, NOON + 600, NOON + 900}, {.interval = 300}));
+  ASSERT_EQ(Open(path, NOON + 450, NOON + 3600), 1);
+  NextUserTimes();
+  EXPECT_EQ(context_.periodStart, NOON + 300);
+  EXPECT_EQ(context_.periodEnd, NOON + 600);
+}
+
+TEST_F(CollectorReaderTest, SpanAheadOfTheFileDeliversNothing) {
+  ASSERT_EQ(Open(Write(Samples({NOON})), NOON - 7200, NOON - 3600), 1);
+  NextUserTimes();
+  EXPECT_EQ(result_, READER_OUTSIDE_WINDOW);
+}
+
+TEST_F(CollectorReaderTest, RepeatedTimeStampGivesTheDefaultInterval) {
+  const std::string path = Write(Samples({NOON - 60, NOON, NOON, NOON + 60, NOON + 300}));
+  ASSERT_EQ(Open(path, NOON, NOON + 600), 1);
+  NextUserTimes();
+  EXPECT_EQ(reader_.state().intervalSeconds, 240);  // measured from the stamp that ended the window
+  const std::string repeated = Write(Samples({NOON - 60, NOON + 120, NOON + 120, NOON + 120}));
+  reader_.Close(context_);
+  ASSERT_EQ(Open(repeated, NOON, NOON + 600), 1);
+  NextUserTimes();
+  EXPECT_EQ(reader_.state().intervalSeconds, 180);
+  NextUserTimes();
+  EXPECT_EQ(reader_.state().intervalSeconds, 120);
+}
+
+TEST_F(CollectorReaderTest, UnknownTypeEndsTheIntervalAndTheWalkGoesOnBehindIt) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  WriteSolarisLists(writer);
+  WriteSolarisConfig(writer);
+  WriteTime(writer, NOON - 60);
+  WriteTime(writer, NOON);
+  WriteProcessor(writer, 0, 1);
+  writer.Record(77, {Int32(0)});
+  WriteProcessor(writer, 1, 2);
+  WriteTime(writer, NOON + 600);
+  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{1}));
+  EXPECT_EQ(NextUserTimes(), (Times{2}));
+}
+
+TEST_F(CollectorReaderTest, BrokenRecordsEndThePassAndWhatWasReadStands) {
+  const auto walk = [&](CollectorWriter& writer) {
+    VmrContext fresh;
+    std::swap(context_, fresh);
+    EXPECT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+    Times times = NextUserTimes();
+    const Times read(times);
+    reader_.Close(context_);
+    return read;
+  };
+  const auto beginning = [] {
+    CollectorWriter writer(sample::ByteOrder::BIG);
+    WriteSolarisLists(writer);
+    WriteSolarisConfig(writer);
+    WriteTime(writer, NOON - 60);
+    WriteTime(writer, NOON);
+    WriteProcessor(writer, 0, 1);
+    return writer;
+  };
+
+  CollectorWriter shortLength = beginning();
+  shortLength.RecordWithLength(7, 6, {});
+  EXPECT_EQ(walk(shortLength), (Times{1}));
+
+  CollectorWriter beyondEnd = beginning();
+  beyondEnd.RecordWithLength(0xFFFFFFFF, 6, {Int32(1), Int64(2)});
+  EXPECT_EQ(walk(beyondEnd), (Times{1}));
+
+  CollectorWriter cutTail = beginning();
+  WriteProcessor(cutTail, 1, 2);
+  cutTail.CutTail(3);
+  EXPECT_EQ(walk(cutTail), (Times{1}));
+
+  // A record that ends in the middle of a field keeps the fields ahead of it.
+  CollectorWriter cutField = beginning();
+  cutField.Record(6, {Int32(1), Int64(7), Int32(0)});
+  EXPECT_EQ(walk(cutField), (Times{7, 1}));
+
+  // A list that is no multiple of four bytes loses the odd ones.
+  CollectorWriter oddList = beginning();
+  oddList.Record(600, {Int32(601), Int32(605), sample::Raw("ab")});
+  oddList.Record(6, {Int32(1), Int64(9)});
+  EXPECT_EQ(walk(oddList), (Times{9, 1}));
+}
+
+TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  WriteSolarisLists(writer);
+  writer.DivisorList(6, {1, 10, 0});
+  WriteSolarisConfig(writer);
+  WriteTime(writer, NOON - 60);
+  WriteTime(writer, NOON);
+  writer.Record(6, {Int32(0), Int64(50), Int64(50), Int64(50), Int64(50)});
+  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+  NextUserTimes();
+  const ProcessorRecord& processor = context_.processors.primary.head();
+  EXPECT_EQ(processor.userTime, 5.0);
+  EXPECT_EQ(processor.systemTime, 50.0);  // divisor 0
+  EXPECT_EQ(processor.idleTime, 50.0);    // beyond the list
+}
+
+TEST_F(CollectorReaderTest, FieldsOutsideTheTableTakeNoBytes) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  WriteSolarisLists(writer);
+  WriteSolarisConfig(writer);
+  writer.OrderList(6, {9999, 601, 605});
+  WriteTime(writer, NOON - 60);
+  WriteTime(writer, NOON);
+  writer.Record(6, {Int32(3), Int64(8)});
+  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{8}));
+  EXPECT_EQ(context_.processors.primary.head().cpuId, 3);
+}
+
+TEST_F(CollectorReaderTest, DaySetStopsAtTheFirstMissingNumber) {
+  Write(Samples({NOON - 60, NOON}), 1);
+  Write(Samples({NOON + 3600}), 2);
+  Write(Samples({NOON + 7200}), 4);
+  EXPECT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 7200), 2);
+}
+
+TEST_F(CollectorReaderTest, FileSetNeedsADirectoryAndASeriesName) {
+  EXPECT_EQ(Open(Write(Samples({NOON})), NOON, NOON), 1);
+  reader_.Close(context_);
+  const std::string plain = directory_ / "qtxs_node.dat";
+  ASSERT_TRUE(Samples({NOON}).WriteFile(plain));
+  EXPECT_EQ(Open(plain, NOON, NOON + 60), 0);
+  NextUserTimes();
+  EXPECT_EQ(result_, -1);
+}
+
+// The last interval of each file meets the file's end and is lost; the walk goes on in the next file.
+TEST_F(CollectorReaderTest, WalkGoesThroughTheFilesOfTheSet) {
+  Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120}), 1);
+  Write(Samples({NOON + 600, NOON + 660, NOON + 720, NOON + 780}), 2);
+  ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
+  std::vector<Seconds> ends;
+  while (reader_.Next(context_) >= 1 && ends.size() < 10) ends.push_back(context_.periodEnd);
+  EXPECT_EQ(ends, (std::vector<Seconds>{NOON + 60, NOON + 720}));
+}
+
+TEST_F(CollectorReaderTest, TimeFarOutsideTheCalendarEndsTheWindow) {
+  const std::string path = Write(Samples({NOON, 0xFFFFFFFF, NOON + 60}));
+  ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
+  for (int i = 0; i < 5 && reader_.Next(context_) >= 1; ++i) {
+  }
+}
+
+TEST(ByteOrderTest, BothOrdersDeliverTheSame) {
+  for (const bool little : {false, true}) {
+    TempDirectory directory;
+    CollectorWriter writer(little ? sample::ByteOrder::LITTLE : sample::ByteOrder::BIG);
+    WriteSolarisLists(writer);
+    WriteSolarisConfig(writer);
+    WriteTime(writer, NOON - 60);
+    WriteTime(writer, NOON);
+    WriteProcessor(writer, 5, 0x100000002);
+    const std::string path = directory / (std::string(little ? "qtxsx" : "qtxs") + "_node_2012Feb22.dat_1");
+    ASSERT_TRUE(writer.WriteFile(path));
+    Runtime runtime;
+    CollectorReader reader(SOLARIS_FORMAT, runtime);
+    VmrContext context;
+    std::string node;
+    Seconds first = 0;
+    ASSERT_EQ(reader.EntryPass(path, node, first), 1);
+    context.periodStart = NOON;
+    context.periodEnd = NOON + 3600;
+    ASSERT_EQ(reader.Open(context), 1);
+    reader.Next(context);
+    ASSERT_EQ(context.processors.primary.size(), 1U);
+    EXPECT_EQ(context.processors.primary.head().cpuId, 5);
+    EXPECT_EQ(context.processors.primary.head().userTime, 4294967298.0);
+  }
+}
+
+}  // namespace
+}  // namespace ozmo::testing
