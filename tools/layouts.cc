@@ -34,12 +34,14 @@ std::vector<FieldLayout> ExpandFields(std::string_view fields) {
   while (!fields.empty()) {
     std::string_view item = TakeUntil(fields, ' ');
     std::string_view ids = TakeUntil(item, ':');
-    const Encoding encoding = ToEncoding(TakeUntil(item, '/'));
+    std::string_view sizeAndUnit = TakeUntil(item, '/');
     const int32_t divisor = item.empty() ? 1 : ToNumber(item);
+    const Encoding encoding = ToEncoding(TakeUntil(sizeAndUnit, '*'));
+    const int32_t unit = sizeAndUnit.empty() ? 1 : ToNumber(sizeAndUnit);
     const int32_t first = ToNumber(TakeUntil(ids, '-'));
     const int32_t last = ids.empty() ? first : ToNumber(ids);
     for (int32_t id = first; id <= last; ++id) {
-      expanded.push_back({id, encoding, divisor});
+      expanded.push_back({id, encoding, unit, divisor});
     }
   }
   return expanded;

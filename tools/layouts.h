@@ -1,8 +1,10 @@
 // Record layouts of the collectors, as the sample files use them.
 //
 // A layout is a table, one row a record. The fields of a row are written as text, in file order:
-// single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes), and behind a
-// slash the divisor that the divisor list names, which is 1 otherwise:
+// single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes). Behind a "*" may
+// stand the unit, how many of what the field counts make one of the model's figure (a second is
+// 1000000000 nanoseconds), and behind a "/" the divisor that the divisor list names. Both are 1
+// otherwise; the file holds the figure times both.
 //
 //   {6, 0, ALL, "601-602:4 603-604:t 605-613:8/100 614:4"}
 //
@@ -43,6 +45,7 @@ struct CollectorLayout {
 struct FieldLayout {
   int32_t fieldId;
   Encoding encoding;
+  int32_t unit;
   int32_t divisor;
 };
 

@@ -20,6 +20,7 @@ struct KindName {
 
 constexpr KindName KINDS[] = {
     {"solaris", ozmo::sample::WriteSolarisSample},
+    {"linux", ozmo::sample::WriteLinuxSample},
 };
 
 struct NumberOption {

@@ -102,4 +102,23 @@ SampleResult WriteCollectorDays(const CollectorKind& kind, const SampleOptions& 
   return result;
 }
 
+void WriteAdapterRecords(const HostSample& sample, SampleFile& file) {
+  for (const AdapterSample& adapter : sample.adapters) {
+    file.Write(15, FieldValues()
+                       .Set(1501, adapter.name)
+                       .Set(1502, adapter.packetsIn)
+                       .Set(1503, adapter.bytesIn)
+                       .Set(1504, adapter.errorsIn)
+                       .Set(1505, adapter.packetsOut)
+                       .Set(1506, adapter.bytesOut)
+                       .Set(1507, adapter.errorsOut)
+                       .Set(1508, adapter.collisions));
+  }
+}
+
+void WriteSummaryRecords(const HostSample& sample, SampleFile& file) {
+  file.Write(13, FieldValues().Set(1, "run queue").Set(2, sample.processes.size()));
+  file.Write(16, FieldValues().Set(1, sample.processes.size()).Set(2, sample.disks.size()));
+}
+
 }  // namespace ozmo::sample

@@ -76,6 +76,10 @@ struct CollectorKind {
 // Writes "<prefix><node>_<date>.dat_<n>" for each file of the span.
 SampleResult WriteCollectorDays(const CollectorKind& kind, const SampleOptions& options);
 
+// Records that most kinds have in one form: 15, one LAN adapter; 13 and 16, the system summary.
+void WriteAdapterRecords(const HostSample& sample, SampleFile& file);
+void WriteSummaryRecords(const HostSample& sample, SampleFile& file);
+
 // The kinds.
 SampleResult WriteSolarisSample(const SampleOptions& options);
 SampleResult WriteLinuxSample(const SampleOptions& options);

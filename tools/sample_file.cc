@@ -5,8 +5,17 @@
 
 namespace ozmo::sample {
 
+namespace {
+
+// The file's number for a figure of the model: whole, in the field's unit.
+int64_t CountOf(const FieldLayout& field, double figure) {
+  return static_cast<int64_t>(std::llround(figure * field.unit * field.divisor));
+}
+
+}  // namespace
+
 FieldValues& FieldValues::Set(int32_t fieldId, double number) {
-  values_.emplace_back(fieldId, static_cast<int64_t>(std::llround(number)));
+  values_.emplace_back(fieldId, number);
   return *this;
 }
 
@@ -20,9 +29,9 @@ const FieldValues::Value* FieldValues::Find(int32_t fieldId) const {
   return found == values_.end() ? nullptr : &found->second;
 }
 
-int64_t FieldValues::Number(int32_t fieldId) const {
+double FieldValues::Number(int32_t fieldId) const {
   const Value* value = Find(fieldId);
-  const int64_t* number = value == nullptr ? nullptr : std::get_if<int64_t>(value);
+  const double* number = value == nullptr ? nullptr : std::get_if<double>(value);
   return number == nullptr ? 0 : *number;
 }
 
@@ -77,10 +86,10 @@ void SampleFile::WriteRow(const ExpandedRecord& row, const FieldValues& values) 
         fields.push_back(Text(values.TextOf(field.fieldId)));
         break;
       case Encoding::INT64:
-        fields.push_back(Int64(values.Number(field.fieldId)));
+        fields.push_back(Int64(CountOf(field, values.Number(field.fieldId))));
         break;
       default:
-        fields.push_back(Int32(values.Number(field.fieldId)));
+        fields.push_back(Int32(CountOf(field, values.Number(field.fieldId))));
         break;
     }
   }

@@ -23,20 +23,20 @@ namespace ozmo::sample {
 
 class FieldValues {
  public:
-  // Numbers are counts: fractions are rounded to the nearest whole.
+  // Numbers are figures of the model; the layout knows the unit that the file counts in.
   FieldValues& Set(int32_t fieldId, double number);
   FieldValues& Set(int32_t fieldId, std::string_view text);
   template <std::integral Integer>
   FieldValues& Set(int32_t fieldId, Integer number) {
-    values_.emplace_back(fieldId, static_cast<int64_t>(number));
+    values_.emplace_back(fieldId, static_cast<double>(number));
     return *this;
   }
 
-  int64_t Number(int32_t fieldId) const;
+  double Number(int32_t fieldId) const;
   std::string_view TextOf(int32_t fieldId) const;
 
  private:
-  using Value = std::variant<int64_t, std::string>;
+  using Value = std::variant<double, std::string>;
   const Value* Find(int32_t fieldId) const;
 
   std::vector<std::pair<int32_t, Value>> values_;

@@ -9,7 +9,6 @@ namespace ozmo::sample {
 namespace {
 
 constexpr int PAGE_BYTES = 8192;
-constexpr double NANOSECONDS = 1e9;
 
 constexpr ProgramDescription PROGRAMS[] = {
     {"sched", "root", 1, 0.05, 0, 1, Shift::ALWAYS},
@@ -120,16 +119,15 @@ void WriteHead(const SampleContext& context, SampleFile& file) {
 
 void WriteProcessors(const HostSample& sample, SampleFile& file) {
   for (const CpuSample& cpu : sample.processors) {
-    // Hundredths of a percent.
-    const double scale = 10000.0 / sample.intervalSeconds;
+    const double percent = 100.0 / sample.intervalSeconds;
     file.Write(6, FieldValues()
                       .Set(601, cpu.id)
                       .Set(603, "sparcv9")
                       .Set(604, "on-line")
-                      .Set(605, (cpu.user + cpu.nice) * scale)
-                      .Set(606, cpu.system * scale)
-                      .Set(607, cpu.idle * scale)
-                      .Set(613, cpu.wait * scale));
+                      .Set(605, (cpu.user + cpu.nice) * percent)
+                      .Set(606, cpu.system * percent)
+                      .Set(607, cpu.idle * percent)
+                      .Set(613, cpu.wait * percent));
   }
 }
 
@@ -161,25 +159,23 @@ void WriteDisks(const HostSample& sample, SampleFile& file) {
                       .Set(203, disk.writeKb * 1024)
                       .Set(204, disk.reads)
                       .Set(205, disk.writes)
-                      .Set(206, disk.BusySeconds() * NANOSECONDS)
-                      .Set(207, (disk.queueSeconds - disk.BusySeconds()) * NANOSECONDS)
-                      .Set(208, disk.queueSeconds * NANOSECONDS)
-                      .Set(209, disk.BusySeconds() * NANOSECONDS)
-                      .Set(210, disk.BusySeconds() * NANOSECONDS));
+                      .Set(206, disk.BusySeconds())
+                      .Set(207, (disk.queueSeconds - disk.BusySeconds()))
+                      .Set(208, disk.queueSeconds)
+                      .Set(209, disk.BusySeconds())
+                      .Set(210, disk.BusySeconds()));
   }
 }
 
-void WriteProcesses(const SampleContext& context, const HostSample& sample, SampleFile& file) {
-  // The oldest collector counts whole seconds, the others nanoseconds.
-  const double perSecond = context.versionText.find("P7") == std::string::npos ? 1 : NANOSECONDS;
+void WriteProcesses(const HostSample& sample, SampleFile& file) {
   for (const ProcessSample& process : sample.processes) {
     file.Write(4, FieldValues()
                       .Set(402, process.processId)
                       .Set(404, process.parentId)
                       .Set(407, process.residentKb * 1024 / PAGE_BYTES)
                       .Set(408, process.virtualKb * 1024 / PAGE_BYTES)
-                      .Set(410, process.userSeconds * perSecond)
-                      .Set(411, process.systemSeconds * perSecond)
+                      .Set(410, process.userSeconds)
+                      .Set(411, process.systemSeconds)
                       .Set(413, process.reads)
                       .Set(414, process.writes)
                       .Set(415, process.image)
@@ -214,21 +210,7 @@ void WriteFileSystems(const HostSample& sample, SampleFile& file) {
   }
 }
 
-void WriteAdapters(const HostSample& sample, SampleFile& file) {
-  for (const AdapterSample& adapter : sample.adapters) {
-    file.Write(15, FieldValues()
-                       .Set(1501, adapter.name)
-                       .Set(1502, adapter.packetsIn)
-                       .Set(1503, adapter.bytesIn)
-                       .Set(1504, adapter.errorsIn)
-                       .Set(1505, adapter.packetsOut)
-                       .Set(1506, adapter.bytesOut)
-                       .Set(1507, adapter.errorsOut)
-                       .Set(1508, adapter.collisions));
-  }
-}
-
-void WriteSample(const SampleContext& context, const HostSample& sample, SampleFile& file) {
+void WriteSample(const SampleContext&, const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   file.Write(1, FieldValues()
                     .Set(101, all.user * 100)
@@ -239,12 +221,11 @@ void WriteSample(const SampleContext& context, const HostSample& sample, SampleF
   WriteProcessors(sample, file);
   WriteMemory(sample, file);
   WriteDisks(sample, file);
-  WriteProcesses(context, sample, file);
+  WriteProcesses(sample, file);
   WriteKernelCounters(sample, file);
   WriteFileSystems(sample, file);
-  WriteAdapters(sample, file);
-  file.Write(13, FieldValues().Set(1, "queue").Set(2, all.system).Set(3, sample.processes.size()));
-  file.Write(16, FieldValues().Set(1, sample.processes.size()).Set(2, sample.disks.size()));
+  WriteAdapterRecords(sample, file);
+  WriteSummaryRecords(sample, file);
 }
 
 }  // namespace
