@@ -1,0 +1,177 @@
+#include "output/axes.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+
+#include "output/grapher_messages.h"
+#include "output/number_text.h"
+#include "runtime/times.h"
+
+namespace ozmo {
+
+namespace {
+
+// An axis with as many subticks as this has none.
+constexpr int SUBTICKS_MAX = 30;
+
+// Half the range of an int less one, so that the difference of two tick numbers is an int as well.
+constexpr double TICK_NUMBER_MAX = 1073741823.0;
+
+constexpr double TRIAL_TICKS = 5.0;
+
+struct SpacingStep {
+  double below;  // mantissas below this one take the factor
+  double factor;
+  SpacingType type;
+};
+
+// The bounds are the square roots of 2, 10 and 50.
+constexpr std::array<SpacingStep, 3> SPACING_STEPS = {{
+    {1.41421, 1.0, SpacingType::ONE},
+    {3.16228, 2.0, SpacingType::TWO},
+    {7.07107, 5.0, SpacingType::FIVE},
+}};
+
+struct TickSpan {
+  int first = 0;
+  int last = -1;
+};
+
+int TickNumber(double number) { return ToInt(std::clamp(number, -TICK_NUMBER_MAX, TICK_NUMBER_MAX)); }
+
+// The ticks between the limits, and those that rounding has put just beyond them.
+TickSpan TicksBetween(double min, double max, double spacing) {
+  const double tolerance = (max - min) * LIMIT_TOLERANCE;
+  return {TickNumber(std::ceil((min - tolerance) / spacing)),
+          TickNumber(std::floor((max + tolerance) / spacing))};
+}
+
+double TenToThe(int exponent) {
+  double power = 1.0;
+  for (int n = std::abs(exponent); n > 0; --n) {
+    power *= 10.0;
+  }
+  return exponent < 0 ? 1.0 / power : power;
+}
+
+double SubtickSpacing(const AxisLimits& limits, const AxisSpacing& spacing) {
+  switch (spacing.type) {
+    case SpacingType::ONE:
+      for (const double parts : {10.0, 5.0}) {
+        const TickSpan span = TicksBetween(limits.min, limits.max, spacing.spacing / parts);
+        if (span.last - span.first < SUBTICKS_MAX) {
+          return spacing.spacing / parts;
+        }
+      }
+      return spacing.spacing / 2.0;
+    case SpacingType::TWO:
+      return spacing.spacing / 2.0;
+    case SpacingType::FIVE:
+    case SpacingType::TWO_AND_A_HALF:
+      return spacing.spacing / 5.0;
+    case SpacingType::OTHER:
+      break;
+  }
+  return spacing.spacing;
+}
+
+bool IsScientificLimit(double limit) { return limit != 0.0 && std::abs(std::log10(std::abs(limit))) >= 4.0; }
+
+// Position of the last digit after the point that is not 0.
+int DecimalsIn(const std::string& number) {
+  const size_t point = number.find('.');
+  const size_t last = number.find_last_not_of('0');
+  return point == std::string::npos || last < point ? 0 : static_cast<int>(last - point);
+}
+
+std::string ScientificLabel(double spacing, double value) {
+  if (value == 0.0) {
+    return "0";
+  }
+  const std::string text = NumberText("%e", value);
+  const size_t mark = text.find('e');
+  const double mantissa = std::strtod(text.substr(0, mark).c_str(), nullptr);
+  const int exponent = static_cast<int>(std::strtol(text.c_str() + mark + 1, nullptr, 10));
+  const int decimals = DecimalsIn(NumberText("%f", spacing / std::pow(10.0, exponent)));
+  return NumberText(mantissa, decimals) + "\\r6\\mu\\r8\\l810\\sp" + std::to_string(exponent) + "\\ep";
+}
+
+}  // namespace
+
+double AxisToDevice(const AxisMap& map, double value) {
+  const double quotient = (value - map.inputMin) / map.inputRange;
+  const double share = map.reversed ? 1.0 - quotient : quotient;
+  return (share * map.outputRange + map.outputMin) * DEVICE_SIZE;
+}
+
+AxisSpacing AxisTrialSpacing(double min, double max) {
+  const double trial = std::abs((max - min) / TRIAL_TICKS);
+  if (!(trial > 0.0) || !std::isfinite(trial)) {
+    GrapherFail("bad trial inter-tick spacing " + NumberText("%g", trial));
+  }
+  const double exponent = std::floor(std::log10(trial));
+  const double mantissa = trial * std::pow(10.0, -exponent);
+  for (const SpacingStep& step : SPACING_STEPS) {
+    if (step.below > mantissa) {
+      return {step.factor * std::pow(10.0, exponent), step.type};
+    }
+  }
+  return {10.0 * std::pow(10.0, exponent), SpacingType::ONE};
+}
+
+SpacingType AxisSpacingType(double spacing) {
+  const double base = TenToThe(ToInt(std::floor(std::log10(spacing))));
+  const double tolerance = 0.000001 * base;
+  const auto isMultiple = [&](double factor) { return std::abs(spacing - factor * base) < tolerance; };
+  if (isMultiple(1.0)) {
+    return SpacingType::ONE;
+  }
+  if (isMultiple(2.0)) {
+    return SpacingType::TWO;
+  }
+  if (isMultiple(2.5)) {
+    return SpacingType::TWO_AND_A_HALF;
+  }
+  return isMultiple(5.0) ? SpacingType::FIVE : SpacingType::OTHER;
+}
+
+AxisState AxisPrepare(const AxisLimits& limits) {
+  if (limits.min > limits.max) {
+    GrapherFail("min > max for axis, not allowed");
+  }
+  const AxisSpacing spacing = limits.spacingGiven
+                                  ? AxisSpacing{limits.spacing, AxisSpacingType(limits.spacing)}
+                                  : AxisTrialSpacing(limits.min, limits.max);
+  const TickSpan ticks = TicksBetween(limits.min, limits.max, spacing.spacing);
+  const double subtickSpacing = SubtickSpacing(limits, spacing);
+  const TickSpan subticks = TicksBetween(limits.min, limits.max, subtickSpacing);
+
+  AxisState axis;
+  axis.tickSpacing = spacing.spacing;
+  axis.firstTick = ticks.first;
+  axis.lastTick = ticks.last;
+  axis.subtickSpacing = subtickSpacing;
+  axis.firstSubtick = subticks.first;
+  axis.lastSubtick = subticks.last;
+  axis.haveSubticks = spacing.type != SpacingType::OTHER && subticks.last - subticks.first < SUBTICKS_MAX;
+  return axis;
+}
+
+std::string AxisValueLabel(const AxisState& axis, const AxisMap& map, double value) {
+  if (IsScientificLimit(map.inputMin) || IsScientificLimit(map.inputMax)) {
+    return ScientificLabel(axis.tickSpacing, value);
+  }
+  return NumberText(value, DecimalsIn(NumberText("%.9f", axis.tickSpacing)));
+}
+
+std::string AxisTimeLabel(double value) { return ClockText(value); }
+
+std::string ClockText(double value) {
+  // Far beyond any calendar, and well inside 64 bits.
+  constexpr double farthest = 9.0e18;
+  return TimeFormat(static_cast<Seconds>(std::clamp(value, -farthest, farthest)), "%H:%M");
+}
+
+}  // namespace ozmo

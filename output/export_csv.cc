@@ -1,0 +1,79 @@
+#include "output/export_csv.h"
+
+#include <cstdio>
+#include <string>
+
+#include "output/stream.h"
+#include "runtime/messages.h"
+#include "runtime/times.h"
+
+namespace ozmo {
+
+namespace {
+
+constexpr Seconds POINT_SECONDS = 60;
+
+std::string PeriodEnd(Seconds time) { return TimeFormat(time, "%a %b %d %H:%M %Z %Y"); }
+
+void WriteHead(std::FILE* stream, const GraphJob& job) {
+  // The version belongs to the form of the file and does not follow that of the product.
+  std::fprintf(stream, "Veltrix Export Graph V9.2\n");
+  std::fprintf(stream, "Time Period: From %s To %s\n", PeriodEnd(job.startTime).c_str(),
+               PeriodEnd(job.endTime).c_str());
+  std::fprintf(stream, "Host Name: %s,\n", job.hostName.c_str());
+  std::fprintf(stream, "Main Overlay: %s\n", job.mainOverlay.title.c_str());
+  std::fprintf(stream, "Additional Overlay: %s\n",
+               job.additionalOverlay ? job.additionalOverlay->title.c_str() : "(null)");
+}
+
+void WriteColumnHead(std::FILE* stream, const OverlayTrace& trace) {
+  std::fprintf(stream, ",  %s", trace.label.value_or("").c_str());
+}
+
+void WriteColumnHeads(std::FILE* stream, const GraphJob& job) {
+  std::fprintf(stream, "Time");
+  for (const OverlayTrace& trace : job.mainOverlay.traces) {
+    WriteColumnHead(stream, trace);
+  }
+  if (job.additionalOverlay) {
+    WriteColumnHead(stream, job.additionalOverlay->traces.front());
+  }
+  std::fprintf(stream, "\n");
+}
+
+void WriteValue(std::FILE* stream, float value) {
+  std::fprintf(stream, ",  %6.2f", static_cast<double>(value));
+}
+
+void WritePoint(std::FILE* stream, const GraphJob& job, int point) {
+  std::fprintf(stream, "%s", TimeFormat(job.startTime + point * POINT_SECONDS, "%m/%d/%Y %H:%M:%S").c_str());
+  const std::vector<OverlayTrace>& traces = job.mainOverlay.traces;
+  for (size_t set = 0; set < traces.size(); ++set) {
+    const float sum = traces[set].series[point];
+    // The difference is one of floats: it may show the rounding of the sums, as "-0.00" does.
+    const bool last = set + 1 == traces.size();
+    WriteValue(stream, last ? sum : sum - traces[set + 1].series[point]);
+  }
+  if (job.additionalOverlay) {
+    WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
+  }
+  std::fprintf(stream, "\n");
+}
+
+}  // namespace
+
+int ExportCsv(const GraphJob& job, Runtime& runtime) {
+  const Stream stream(std::fopen(job.graphFile.c_str(), "w"));
+  if (!stream) {
+    MessageEmit(runtime, "UNDEFINED", {"Could not open graph file."});
+    return 0;
+  }
+  WriteHead(stream.get(), job);
+  WriteColumnHeads(stream.get(), job);
+  for (int point = 0; point < job.pointCount; ++point) {
+    WritePoint(stream.get(), job, point);
+  }
+  return 1;
+}
+
+}  // namespace ozmo

@@ -1,0 +1,7 @@
+// libplot's C interface. Its header wants stdio.h ahead of it, which an include sorter would undo.
+#pragma once
+
+// clang-format off
+#include <stdio.h>
+#include <plot.h>
+// clang-format on

@@ -1,0 +1,42 @@
+// The plotter and the file behind it. Everything drawn between GrapherOpen and GrapherClose goes to the file
+// of the job; a JPEG job draws into the temporary map instead.
+#pragma once
+
+#include "output/graph_job.h"
+#include "output/plot_settings.h"
+#include "output/stream.h"
+
+namespace ozmo {
+
+struct BitmapSize {
+  int width = 0;
+  int height = 0;
+};
+
+// Which libplot plotter draws a type, and the resolution that its sizes are taken at.
+struct PlotterForm {
+  const char* type;
+  double dotsPerInch;
+};
+
+struct PlotDevice {
+  Stream stream;
+  int handle = -1;
+};
+
+const PlotterForm& PlotterFormOf(GraphType type);
+
+// The job's size in dots.
+BitmapSize BitmapSizeOf(const GraphJob& job);
+
+// Tells libplot the size of bitmaps. A PostScript page has no use for it and stays a letter page.
+void GrapherSetBitmapSize(const BitmapSize& size);
+
+// Opens the file and a plotter on it, with a blank page of DEVICE_SIZE. Returns 0, or -1 when libplot can't
+// make the plotter or its bitmap. A file that can't be created ends the process with a message.
+int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings);
+
+// Returns 0, or -1 when libplot can't finish the page. The file is closed either way.
+int GrapherClose(PlotDevice& device);
+
+}  // namespace ozmo

@@ -1,0 +1,175 @@
+#include "output/points.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <utility>
+
+namespace ozmo {
+
+namespace {
+
+[[noreturn]] void PointStorageFail(const char* text) {
+  std::perror(text);
+  std::exit(1);
+}
+
+// The limits that points are measured against, and those that they widen.
+struct Bounds {
+  const AxisLimits& limits;
+  double filterMin;
+  double filterMax;
+  double min = std::numeric_limits<double>::max();
+  double max = std::numeric_limits<double>::lowest();
+
+  explicit Bounds(const AxisLimits& axisLimits)
+      : limits(axisLimits), filterMin(axisLimits.min), filterMax(axisLimits.max) {
+    if (limits.minGiven && limits.maxGiven && filterMin > filterMax) {
+      std::swap(filterMin, filterMax);
+    }
+  }
+
+  bool Holds(double value) const {
+    return std::isfinite(value) && !(limits.minGiven && value < filterMin) &&
+           !(limits.maxGiven && value > filterMax);
+  }
+
+  void Widen(double value) {
+    min = std::min(min, value);
+    max = std::max(max, value);
+  }
+};
+
+void WriteBounds(AxisLimits& limits, double min, double max) {
+  if (!limits.minGiven) {
+    limits.min = min;
+  }
+  if (!limits.maxGiven) {
+    limits.max = max;
+  }
+}
+
+void WriteEmptyBounds(AxisLimits& limits) { WriteBounds(limits, 0.0, limits.minGiven ? limits.min : 0.0); }
+
+const OverlayTrace& TraceOf(const GraphJob& job, size_t trace) {
+  if (trace == job.mainOverlay.traces.size() && job.additionalOverlay) {
+    return job.additionalOverlay->traces.front();
+  }
+  return job.mainOverlay.traces[trace];
+}
+
+PlotPoint NextPoint(PointReader& reader, float value) {
+  const PlotSettings& settings = reader.settings;
+  PlotPoint point;
+  point.x = reader.nextX;
+  point.y = static_cast<double>(value);
+  point.pendown = !reader.needBreak && !reader.firstTrace;
+  point.useColor = settings.useColor;
+  point.symbol = settings.symbol;
+  point.lineMode = settings.lineMode;
+  point.symbolSize = settings.symbolSize;
+  point.symbolFont = settings.symbolFont;
+  point.lineWidth = settings.lineWidth;
+  point.fillFraction = settings.fillFraction;
+  reader.nextX += settings.pointStep;
+  reader.needBreak = false;
+  reader.firstTrace = false;
+  return point;
+}
+
+}  // namespace
+
+PointArray PointArrayNew(size_t capacity) {
+  PointArray array;
+  array.capacity = std::max<size_t>(capacity, 1);
+  // Calloc refuses a size that overflows.
+  array.points.reset(static_cast<PlotPoint*>(std::calloc(array.capacity, sizeof(PlotPoint))));
+  if (!array.points) {
+    PointStorageFail("malloc failed");
+  }
+  return array;
+}
+
+void PointArrayAdd(PointArray& array, const PlotPoint& point) {
+  if (array.count == array.capacity) {
+    const size_t capacity = array.capacity * 2;
+    void* const points = std::realloc(array.points.get(), capacity * sizeof(PlotPoint));
+    if (points == nullptr) {
+      PointStorageFail("realloc failed");
+    }
+    static_cast<void>(array.points.release());  // realloc has taken the old block
+    array.points.reset(static_cast<PlotPoint*>(points));
+    array.capacity = capacity;
+  }
+  array.points[array.count++] = point;
+}
+
+PointReader PointReaderNew(const PlotSettings& settings) {
+  PointReader reader;
+  reader.settings = settings;
+  reader.nextX = settings.firstX;
+  return reader;
+}
+
+void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const PointReaderChanges& changes) {
+  const auto take = [](bool changed, auto& target, const auto& source) {
+    if (changed) {
+      target = source;
+    }
+  };
+  PlotSettings& own = reader.settings;
+  own.automaticAbscissa = settings.automaticAbscissa;
+  own.pointStep = settings.pointStep;
+  own.firstX = settings.firstX;
+  take(changes.symbol, own.symbol, settings.symbol);
+  take(changes.symbolSize, own.symbolSize, settings.symbolSize);
+  take(changes.symbolFont, own.symbolFont, settings.symbolFont);
+  take(changes.lineMode, own.lineMode, settings.lineMode);
+  take(changes.lineWidth, own.lineWidth, settings.lineWidth);
+  take(changes.fillFraction, own.fillFraction, settings.fillFraction);
+  take(changes.useColor, own.useColor, settings.useColor);
+  reader.nextX = settings.firstX;
+  reader.needBreak = true;
+}
+
+void PointReadTrace(PointReader& reader, const GraphJob& job, PointArray& array, size_t trace) {
+  const float* const series = TraceOf(job, trace).series;
+  for (int point = 0; point < job.pointCount; ++point) {
+    PointArrayAdd(array, NextPoint(reader, series[point]));
+  }
+  PointReaderEndTrace(reader);
+}
+
+void PointReaderEndTrace(PointReader& reader) {
+  PlotSettings& settings = reader.settings;
+  reader.needBreak = true;
+  if (settings.automaticBump) {
+    settings.lineMode += settings.lineMode < 1 ? -1 : 1;
+  }
+  if (settings.automaticAbscissa) {
+    reader.nextX = settings.firstX;
+  }
+}
+
+void ArrayBounds(const PointArray& array, AxisLimits& x, AxisLimits& y) {
+  if (array.count == 0) {
+    WriteEmptyBounds(x);
+    WriteEmptyBounds(y);
+    return;
+  }
+  Bounds xBounds(x);
+  Bounds yBounds(y);
+  bool taken = false;
+  for (const PlotPoint* point = array.begin(); point != array.end() - 1; ++point) {
+    if (xBounds.Holds(point->x) && yBounds.Holds(point->y)) {
+      xBounds.Widen(point->x);
+      yBounds.Widen(point->y);
+      taken = true;
+    }
+  }
+  WriteBounds(x, taken ? xBounds.min : 0.0, taken ? xBounds.max : 0.0);
+  WriteBounds(y, taken ? yBounds.min : 0.0, taken ? yBounds.max : 0.0);
+}
+
+}  // namespace ozmo
