@@ -35,13 +35,8 @@ void MakeFirstPass(DataReader& reader, RunRequest& request) {
     request.hostName = nodeName;
 }
 
-}  // namespace
-
-int RunEntry(int argc, char* const argv[]) {
-  Runtime runtime;
-  MemAttach(runtime);
-  std::printf("ozmo_graph %s\n", runtime.identity.versionText.c_str());
-
+// Everything behind the banner. Answers the exit status.
+int Run(Runtime& runtime, int argc, char* const argv[]) {
   RunRequest request;
   ParseCommandLine(argc, argv, request);
 
@@ -62,6 +57,17 @@ int RunEntry(int argc, char* const argv[]) {
   UserResourcesRead(resources, runtime, ".yxrc");
   BuildGraphJob(request, flags, reader ? &*reader : nullptr, runtime);
   return RUN_DONE_STATUS;
+}
+
+}  // namespace
+
+int RunEntry(int argc, char* const argv[]) {
+  Runtime runtime;
+  MemAttach(runtime);
+  std::printf("ozmo_graph %s\n", runtime.identity.versionText.c_str());
+  const int status = Run(runtime, argc, argv);
+  MemDetach();
+  return status;
 }
 
 }  // namespace ozmo

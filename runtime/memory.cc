@@ -44,6 +44,12 @@ void MemAttach(Runtime& runtime) {
   if (failureState.reserve == nullptr) failureState.reserve = std::malloc(RESERVE_SIZE);
 }
 
+void MemDetach() {
+  failureState.runtime = nullptr;
+  std::free(failureState.reserve);
+  failureState.reserve = nullptr;
+}
+
 void MemFail(int64_t size) {
   const auto shownSize = static_cast<int32_t>(size);  // sizes are told in 32 bits
   if (failureState.runtime != nullptr && !failureState.failing) {

@@ -8,11 +8,13 @@ namespace ozmo {
 
 struct Runtime;
 
-// Names the runtime through which a failed allocation is reported. Called once, by main.
+// Names the runtime through which a failed allocation is reported, until MemDetach. Without one the report is
+// a plain line on standard error.
 void MemAttach(Runtime& runtime);
+void MemDetach();
 
-// Issues NOALLOC with `size` and ends the process with status 0. For storage that a request can't
-// reasonably have (a negative size, a catalog beyond its limit) this is called without trying.
+// Issues NOALLOC with `size`, told in 32 bits, and ends the process with status 0. For storage that a request
+// can't reasonably have (a negative size, a catalog beyond its limit) this is called without trying.
 [[noreturn]] void MemFail(int64_t size);
 
 }  // namespace ozmo

@@ -1,0 +1,65 @@
+#include "runtime/library_path.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/runtime.h"
+#include "tests/support/environment.h"
+
+namespace ozmo {
+namespace {
+
+using testing::ScopedVariable;
+
+TEST(LibraryDirectory, EndsInOneSlashHoweverTheVariableIsWritten) {
+  for (const char* value : {"/opt/v", "/opt/v/"}) {
+    const ScopedVariable library("VELTRIX_LIBRARY", value);
+    Runtime runtime;
+    EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), "/opt/v/");
+  }
+}
+
+TEST(LibraryDirectory, TakesAnEmptyVariableAsAValue) {
+  const ScopedVariable library("VELTRIX_LIBRARY", "");
+  Runtime runtime;
+  EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), "/");
+}
+
+TEST(LibraryDirectory, KeepsTheFirstValueItFound) {
+  Runtime runtime;
+  const ScopedVariable first("VELTRIX_LIBRARY", "/first");
+  LibraryDirectory(runtime, "veltrix");
+  const ScopedVariable second("VELTRIX_LIBRARY", "/second");
+  EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), "/first/");
+}
+
+TEST(LibraryDirectory, FallsBackToTheDefaultRoot) {
+  const ScopedVariable library("VELTRIX_LIBRARY", std::nullopt);
+  Runtime runtime;
+  EXPECT_EQ(LibraryPathGet(runtime), "/usr/local/veltrix/");
+}
+
+TEST(LibraryDirectory, LooksAtTheSecondVariableForItsKindOnly) {
+  const ScopedVariable library("VELTRIX_LIBRARY", std::nullopt);
+  const ScopedVariable nabber("NABBER_LIBRARY", "/opt/nabber/");
+  Runtime ofNabber;
+  EXPECT_EQ(LibraryDirectory(ofNabber, "nabber"), "/opt/nabber/");
+  Runtime ofVeltrix;
+  EXPECT_EQ(LibraryDirectory(ofVeltrix, "veltrix"), "/usr/local/veltrix/");
+}
+
+TEST(LibraryDirectory, PrefersTheFirstVariableForEveryKind) {
+  const ScopedVariable library("VELTRIX_LIBRARY", "/opt/v");
+  const ScopedVariable nabber("NABBER_LIBRARY", "/opt/nabber");
+  Runtime runtime;
+  EXPECT_EQ(LibraryDirectory(runtime, "nabber"), "/opt/v/");
+}
+
+TEST(VersionText, LeavesOutABlankPatchLetterAndMarksOtherLetters) {
+  EXPECT_EQ(ProductIdentityInit().versionText, "V10.0-001");
+  EXPECT_EQ(VersionText('T', 9, 2, '\0', 12), "T9.2-012");
+  EXPECT_EQ(VersionText('V', 9, 2, 'b', 3), "V9.2b-003");
+  EXPECT_EQ(VersionText('X', 9, 2, ' ', 3), "X9.2-003 001");
+}
+
+}  // namespace
+}  // namespace ozmo

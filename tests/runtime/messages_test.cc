@@ -1,0 +1,164 @@
+#include "runtime/messages.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "runtime/message_format.h"
+#include "runtime/runtime.h"
+#include "tests/support/environment.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo {
+namespace {
+
+using testing::ScopedVariable;
+using testing::TempDirectory;
+
+// A library directory with a message file of the given text, and what a message printed.
+class MessageEmitTest : public ::testing::Test {
+ protected:
+  void WriteFile(const std::string& text) {
+    std::filesystem::create_directories(directory_ / "db");
+    std::ofstream(directory_ / "db/veltrix_messages.msg") << text;
+  }
+
+  int Emit(const std::string& code, std::initializer_list<MessageArgument> arguments = {}) {
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    const int result = MessageEmit(runtime_, code, arguments);
+    output_ = ::testing::internal::GetCapturedStdout();
+    errors_ = ::testing::internal::GetCapturedStderr();
+    return result;
+  }
+
+  TempDirectory directory_;
+  ScopedVariable library_{"VELTRIX_LIBRARY", directory_.path()};
+  Runtime runtime_;
+  std::string output_;
+  std::string errors_;
+};
+
+TEST_F(MessageEmitTest, HeadsTheTextWithProductAndSeverityOnTheStreamOfTheSeverity) {
+  WriteFile("A ERROR \"broken\"\nB WARNING \"odd\"\nC INFO \"told\"\n");
+  EXPECT_EQ(Emit("A"), 1);
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  broken\n");
+  EXPECT_EQ(output_, "");
+  Emit("B");
+  EXPECT_EQ(errors_, "VELTRIX-WARNING  odd\n");
+  Emit("C");
+  EXPECT_EQ(output_, "VELTRIX-INFO  told\n");
+  EXPECT_EQ(errors_, "");
+}
+
+TEST_F(MessageEmitTest, DropsAnUnknownSeverityWordAndPrintsTheTextBehindOneBlank) {
+  WriteFile("A error \"text\"\n");
+  Emit("A");
+  EXPECT_EQ(output_, " text\n");
+}
+
+TEST_F(MessageEmitTest, ReadsCarriageReturnsTabsAndLowerCaseCodes) {
+  WriteFile("! comment\r\n\t noopen \t ERROR\t\"Cannot open %s\"\r\n");
+  EXPECT_EQ(Emit("NOOPEN", {"f"}), 1);
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  Cannot open f\n");
+}
+
+TEST_F(MessageEmitTest, NeverFindsALowerCaseCodeOfACaller) {
+  WriteFile("noopen ERROR \"x\"\n");
+  EXPECT_EQ(Emit("noopen"), 0);
+  EXPECT_EQ(errors_, "Cannot find error message noopen\n");
+}
+
+TEST_F(MessageEmitTest, TakesTheFirstLineOfACodeAndNoLineThatOnlyBeginsLikeIt) {
+  WriteFile("NOOPENX ERROR \"wrong\"\nNOOPEN ERROR \"right\"\nNOOPEN ERROR \"late\"\n");
+  Emit("NOOPEN");
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  right\n");
+}
+
+TEST_F(MessageEmitTest, EndsTheTextAtAQuoteATabOrTheLine) {
+  WriteFile("A ERROR \"one\" two\nB ERROR \"one\ttwo\"\nC ERROR \"one two\n");
+  Emit("A");
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  one\n");
+  Emit("B");
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  one\n");
+  Emit("C");
+  EXPECT_EQ(errors_, "VELTRIX-ERROR  one two\n");
+}
+
+TEST_F(MessageEmitTest, RemovesEveryCircumflexFromTextAndArguments) {
+  WriteFile("A INFO \"a^b %s\"\n");
+  Emit("A", {"c^d^"});
+  EXPECT_EQ(output_, "VELTRIX-INFO  ab cd\n");
+}
+
+TEST_F(MessageEmitTest, KeepsALongResultWhole) {
+  WriteFile("A INFO \"%s\"\n");
+  const std::string text(5000, 'x');
+  Emit("A", {text});
+  EXPECT_EQ(output_, "VELTRIX-INFO  " + text + "\n");
+}
+
+TEST_F(MessageEmitTest, TellsOfAMissingFileAndACodeThatIsNotInIt) {
+  EXPECT_EQ(Emit("A"), 0);
+  EXPECT_EQ(errors_, "Cannot open message file: " + directory_.path() + "/db/veltrix_messages.msg\n");
+  WriteFile("");
+  EXPECT_EQ(Emit("A"), 0);
+  EXPECT_EQ(errors_, "Cannot find error message A\n");
+}
+
+TEST_F(MessageEmitTest, SeesAnEditedFileAtOnce) {
+  WriteFile("A INFO \"before\"\n");
+  Emit("A");
+  WriteFile("A INFO \"after\"\n");
+  Emit("A");
+  EXPECT_EQ(output_, "VELTRIX-INFO  after\n");
+}
+
+TEST(MessageFile, HasEveryCodeThatTheToolEmits) {
+  const ScopedVariable library("VELTRIX_LIBRARY", OZMO_SOURCE_DIR);
+  for (const char* code : {"UNDEFINED", "NOALLOC", "NOREALLOC", "NOOPEN", "NO_DATA_IN_INTERVAL", "INVLD_DIR",
+                           "NOREAD", "NO_LABEL_NO", "MW_VERSION", "MW_UNSUPPORTED", "MW_BASIC_DATA",
+                           "MW_FILE_PROC", "NO_REC_DATA_IN_INTERVAL"}) {
+    Runtime runtime;
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(MessageEmit(runtime, code, {"text", "text"}), 1) << code;
+    ::testing::internal::GetCapturedStdout();
+    ::testing::internal::GetCapturedStderr();
+  }
+}
+
+std::string Format(const std::string& format, const std::vector<MessageArgument>& arguments = {}) {
+  return FormatMessage(format, arguments);
+}
+
+TEST(FormatMessage, FillsTextsAndNumbersAsPrintfDoes) {
+  EXPECT_EQ(Format("%s=%d%%", {"load", 42LL}), "load=42%");
+  EXPECT_EQ(Format("[%5d|%-5d|%05d|%+d]", {7LL, 7LL, 7LL, 7LL}), "[    7|7    |00007|+7]");
+  EXPECT_EQ(Format("[%6s|%-6s|%.2s]", {"abc", "abc", "abc"}), "[   abc|abc   |ab]");
+  EXPECT_EQ(Format("%x %X %o %#x", {255LL, 255LL, 8LL, 255LL}), "ff FF 10 0xff");
+  EXPECT_EQ(Format("%*d|%-*d|%.*s", {4LL, 1LL, 3LL, 2LL, 1LL, "xy"}), "   1|2  |x");
+}
+
+TEST(FormatMessage, CutsANumberToItsLength) {
+  EXPECT_EQ(Format("%d %ld %hd", {(1LL << 32) + 5, (1LL << 32) + 5, 65537LL}), "5 4294967301 1");
+  EXPECT_EQ(Format("%u", {-1LL}), "4294967295");
+}
+
+TEST(FormatMessage, SurvivesArgumentsOfAnotherTypeOrNone) {
+  EXPECT_EQ(Format("%s %d", {12LL, "text"}), "12 text");
+  EXPECT_EQ(Format("%f", {2LL}), "2.000000");
+  EXPECT_EQ(Format("<%s%d%n>"), "<>");
+  EXPECT_EQ(Format("<%n%s>", {1LL, "second"}), "<second>");
+}
+
+TEST(FormatMessage, LeavesWhatIsNoConversionAsItStands) {
+  EXPECT_EQ(Format("100%"), "100%");
+  EXPECT_EQ(Format("%y%-5"), "%y%-5");
+  EXPECT_LE(Format("%999999999999d", {1LL}).size(), 1023U);
+}
+
+TEST(FormatMessage, NeverReadsAnArgumentAsAFormat) { EXPECT_EQ(Format("%s", {"%s%n"}), "%s%n"); }
+
+}  // namespace
+}  // namespace ozmo
