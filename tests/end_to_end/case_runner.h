@@ -1,0 +1,77 @@
+// Works through one case of tests/cases: writes its files, runs the built tool, compares what comes of it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/end_to_end/case_file.h"
+#include "tests/end_to_end/process.h"
+
+namespace ozmo {
+
+class CaseRunner {
+ public:
+  // `directory` is made anew and removed in the end; the case's files stand below it.
+  CaseRunner(std::string path, std::string directory);
+  ~CaseRunner();
+  CaseRunner(const CaseRunner&) = delete;
+  CaseRunner& operator=(const CaseRunner&) = delete;
+
+  void Run();
+
+ private:
+  // A statement of the case itself; those of a collector file stand elsewhere.
+  struct Action {
+    const char* keyword;
+    size_t words;  // at least
+    void (CaseRunner::*apply)(const Statement&);
+    bool looksAtResult = false;  // of a run
+  };
+  static const Action ACTIONS[];
+
+  void Day(const Statement& statement);
+  void Env(const Statement& statement);
+  void Dir(const Statement& statement);
+  void TextFile(const Statement& statement);
+  void File(const Statement& statement);
+  void Copy(const Statement& statement);
+  void RunTool(const Statement& statement);
+  void Exit(const Statement& statement);
+  void Stdout(const Statement& statement);
+  void StdoutHolds(const Statement& statement);
+  void Stderr(const Statement& statement);
+  void StderrHolds(const Statement& statement);
+  void Output(const Statement& statement);
+  void OutputHolds(const Statement& statement);
+  void OutputBegins(const Statement& statement);
+  void Absent(const Statement& statement);
+
+  void WriteFile(const std::string& name, const std::string& bytes);
+  void WriteCollector(const Statement& statement, const std::string& name, const std::string& order,
+                      const std::vector<Statement>& script);
+  void FinishRun();
+  void ExpectText(const Statement& statement, const std::string& actual);
+  void ExpectLines(const Statement& statement, const std::string& actual);
+  void Fail(const Statement& statement, const std::string& what) const;
+  std::string PathOf(const std::string& name) const { return files_ + "/" + name; }
+
+  std::string path_;
+  std::string directory_;
+  std::string files_;
+  std::map<std::string, std::string> environment_;
+  int64_t midnight_ = 0;
+  std::map<std::string, std::vector<Statement>> scripts_;  // of the collector files so far, by name
+  std::vector<Statement>* openScript_ = nullptr;
+  std::function<void()> closeScript_;
+
+  std::optional<ProcessResult> result_;
+  Statement run_;
+  bool exitChecked_ = false;
+  bool stderrChecked_ = false;
+};
+
+}  // namespace ozmo

@@ -1,0 +1,25 @@
+// Collector files from the statements of a case.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/end_to_end/case_file.h"
+#include "tools/collector_writer.h"
+
+namespace ozmo {
+
+// Whether the statement tells a part of a collector file.
+bool IsCollectorStatement(const Statement& statement);
+
+struct CollectorBytes {
+  std::string bytes;
+  std::string error;  // what is wrong with the statements; empty when nothing is
+};
+
+// The file that the statements tell. `midnight` is the day that times such as @08:05 stand on.
+CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::ByteOrder order,
+                                  int64_t midnight);
+
+}  // namespace ozmo
