@@ -3,7 +3,8 @@
 // The arithmetic runs in the type of the member: a member of 32 bits is computed in single precision, one of
 // 64 bits in double precision, a whole number in whole numbers. The steps of a row, in order:
 //
-//   value in its form, / scale, / interval (PER_INTERVAL), / divisor (where the row uses it), floor at 0
+//   value in its form (0 beyond the limit), / scale, / interval (PER_INTERVAL), / divisor (where the row uses
+//   it), floor at 0
 //
 // A field without a row doesn't count as read; a row that drops its field counts.
 #pragma once
@@ -78,8 +79,12 @@ struct FieldRule {
   Per per = Per::RECORD;
   Divide divide = Divide::NEVER;
   Sign sign = Sign::ANY;
-  double scale = 1.0;  // the value is divided by it first
+  double scale = 1.0;                                      // the value is divided by it first
+  double limit = std::numeric_limits<double>::infinity();  // a value not below it counts as 0
 };
+
+// For the limit of counters that are 32 bits wide at their source: one beyond is bad.
+inline constexpr double COUNTER_LIMIT = 4294967296.0;
 
 // The conversion of a row, in the precision of `Number`.
 template <class Number, class Record>
@@ -92,7 +97,8 @@ Number Convert(const FieldValue& field, const FieldRule<Record>& rule, const Rea
     if (rule.sign == Sign::NOT_NEGATIVE) value = std::max<int64_t>(value, 0);
     return static_cast<Number>(value);
   } else {
-    Number value = static_cast<Number>(ValueAsDouble(field, rule.form, state));
+    const double raw = ValueAsDouble(field, rule.form, state);
+    Number value = raw < rule.limit ? static_cast<Number>(raw) : 0;
     if (rule.scale != 1.0) value = static_cast<Number>(value / rule.scale);
     if (rule.per == Per::INTERVAL) value = value / static_cast<Number>(state.intervalSeconds);
     if (divides) value = value / static_cast<Number>(field.divisor);

@@ -1,0 +1,32 @@
+// Decoders and rows that several formats share. What differs between formats is a parameter; a finishing
+// step of its own stays in the format's file.
+#pragma once
+
+#include <limits>
+
+#include "readers/field_rules.h"
+
+namespace ozmo {
+
+// A named item with six rates: field 1 the name, 2 to 7 the rates.
+int DecodeLoadItem(Decoding& decoding);
+
+// The system summary: eight figures as they stand, / divisor.
+int DecodeSummary(Decoding& decoding);
+
+// Rows of a LAN adapter record: field 1501 the name, 1502 to 1508 the rates per second. A value not below
+// `limit` counts as 0.
+RuleTable<LanRecord> LanRules(Divide divide = Divide::AT_LEAST_1,
+                              double limit = std::numeric_limits<double>::infinity());
+
+// Rows of a file system record: two texts, and seven whole numbers that stand one behind the other from
+// `firstNumber` on. Their order in the file is block size, total, free and available blocks, total and free
+// files, and a last one.
+RuleTable<FileSystemRecord> FileSystemRules(int32_t deviceField, int32_t mountField, int32_t firstNumber);
+
+// Stores the memory size of a configuration record, which comes in kilobytes: MB where the field has a
+// divisor, else as it stands.
+void StoreMemoryMb(SystemConfig& config, const FieldValue& field, const FieldRule<SystemConfig>& rule,
+                   Decoding& decoding);
+
+}  // namespace ozmo
