@@ -1,0 +1,211 @@
+#include "runtime/user_resources.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <fstream>
+
+#include "runtime/runtime.h"
+#include "tests/support/environment.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ScopedDirectory;
+using testing::ScopedVariable;
+using testing::TempDirectory;
+
+TEST(ParseResourceLine, CutsFromTheRight) {
+  const std::optional<ResourceLine> line = ParseResourceLine("Yx.model.StepSize:\t10\n");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->group, "model");
+  EXPECT_EQ(line->key, "stepsize");
+  EXPECT_EQ(line->value, "10");
+
+  const std::optional<ResourceLine> deep = ParseResourceLine("a.b:c.Main. Study Name :  x y \n");
+  ASSERT_TRUE(deep);
+  EXPECT_EQ(deep->group, "main");
+  EXPECT_EQ(deep->key, "study name");
+  EXPECT_EQ(deep->value, "x y");
+}
+
+TEST(ParseResourceLine, NeedsNoGroupButAKeyAndAValue) {
+  const std::optional<ResourceLine> line = ParseResourceLine("Yx.StepSize: 10");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->group, std::nullopt);
+  EXPECT_FALSE(ParseResourceLine("Yx.model.StepSize 10"));
+  EXPECT_FALSE(ParseResourceLine("! remark: no key"));
+  EXPECT_FALSE(ParseResourceLine(""));
+}
+
+TEST(UserResourceLookup, ComparesKeysWithoutCaseAndWithTheirBlanks) {
+  EXPECT_NE(UserResourceLookup("main", "automatic class creation"), nullptr);
+  EXPECT_EQ(UserResourceLookup("main", "automaticclasscreation"), nullptr);
+  EXPECT_EQ(UserResourceLookup("main", "stepsize"), nullptr);
+  EXPECT_EQ(UserResourceLookup(std::nullopt, "step"), nullptr);
+}
+
+TEST(UserResourceLookup, TakesTheFirstGroupWithTheKeyUpToTheLastGroup) {
+  EXPECT_EQ(UserResourceLookup(std::nullopt, "stepsize"), UserResourceLookup("model", "stepsize"));
+  EXPECT_NE(UserResourceLookup("saturate", "stepsize"), UserResourceLookup("model", "stepsize"));
+  EXPECT_EQ(UserResourceLookup(std::nullopt, "steplabel"), UserResourceLookup("saturate", "steplabel"));
+}
+
+// Sets one key as a line of the file would.
+void Set(UserSettings& settings, const char* group, const char* key, const std::string& value) {
+  const ResourceRow* row = UserResourceLookup(group, key);
+  ASSERT_NE(row, nullptr) << key;
+  UserResourceSet(settings, *row, value);
+}
+
+TEST(UserResourceSet, FollowsTheKindOfTheRow) {
+  UserSettings settings;
+  Set(settings, "main", "reportdiskmember", "TRUE");
+  EXPECT_EQ(settings.reportDiskMember, 1);
+  Set(settings, "main", "reportdiskmember", "False");
+  EXPECT_EQ(settings.reportDiskMember, 0);
+  Set(settings, "main", "reportdiskmember", "7x");
+  EXPECT_EQ(settings.reportDiskMember, 7);
+  Set(settings, "report", "reportwidth", "true");  // no boolean
+  EXPECT_EQ(settings.reportWidth, 0);
+  Set(settings, "model", "dtrfile", "old");
+  Set(settings, "model", "dtrfile", "new");
+  EXPECT_EQ(settings.dtrFile, "new");
+  Set(settings, "saturate", "cpuvaxlist", "a");
+  Set(settings, "saturate", "cpuvaxlist", "b");
+  EXPECT_EQ(settings.cpuVaxList, "a,b");
+}
+
+TEST(UserResourceSet, SharesTheSettingsOfModelAndSaturate) {
+  UserSettings settings;
+  Set(settings, "saturate", "hscthreshold", "12");
+  EXPECT_EQ(settings.hscThreshold, 12);
+  Set(settings, "saturate", "autovalidate", "true");
+  EXPECT_EQ(settings.delayCenter, 1);
+}
+
+// A home directory, a working directory and a library directory, all empty.
+class UserResourcesTest : public ::testing::Test {
+ protected:
+  void Write(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
+  void SetVariable(const std::string& name, const std::string& value) {
+    variables_.emplace_back(name, value);
+  }
+
+  // Answers what was printed on standard error.
+  std::string Read() {
+    ::testing::internal::CaptureStderr();
+    result_ = UserResourcesRead(resources_, runtime_, ".yxrc");
+    return ::testing::internal::GetCapturedStderr();
+  }
+
+  const UserSettings& settings() const { return resources_.settings; }
+
+  TempDirectory home_;
+  TempDirectory work_;
+  TempDirectory library_;
+  ScopedVariable homeVariable_{"HOME", home_.path()};
+  ScopedVariable libraryVariable_{"VELTRIX_LIBRARY", library_.path()};
+  ScopedDirectory directory_{work_.path()};
+  std::deque<ScopedVariable> variables_;
+  Runtime runtime_;
+  UserResources resources_;
+  int result_ = -1;
+};
+
+TEST_F(UserResourcesTest, StartFromTheDefaults) {
+  Read();
+  EXPECT_EQ(result_, 0);
+  EXPECT_EQ(settings().studyName, "Ozmo Plan");
+  EXPECT_EQ(settings().sserverThreshold, 90);
+  EXPECT_EQ(settings().stepLabel, "Step");
+  EXPECT_EQ(settings().dtrFilePtr, std::nullopt);
+}
+
+TEST_F(UserResourcesTest, PassOverLinesThatMeanNothing) {
+  Write(".yxrc", "rubbish\nYx.nogroup.StepSize: 1\nYx.model.NoKey: 2\n\nYx.model.MaximumSteps: 3\n");
+  EXPECT_EQ(Read(), "");
+  EXPECT_EQ(result_, 1);
+  EXPECT_EQ(settings().stepSize, 25);
+  EXPECT_EQ(settings().maximumSteps, 3);
+}
+
+TEST_F(UserResourcesTest, FileIsTheOneHereThenAtHomeThenInTheLibrary) {
+  Write(library_ / ".yxrc", "Yx.model.StepSize: 1\n");
+  Read();
+  EXPECT_EQ(settings().stepSize, 1);
+  Write(home_ / ".yxrc", "Yx.model.StepSize: 2\n");
+  Read();
+  EXPECT_EQ(settings().stepSize, 2);
+  Write(work_ / ".yxrc", "anything.MODEL.stepsize: 3\n");
+  Read();
+  EXPECT_EQ(settings().stepSize, 3);
+}
+
+TEST_F(UserResourcesTest, DirectoryVariableOfTheFileTakesTheRoleOfHome) {
+  const TempDirectory other;
+  Write(other / ".yxrc", "Yx.model.StepSize: 4\n");
+  Write(home_ / ".yxrc", "Yx.model.StepSize: 2\n");
+  SetVariable(".yxrc", other.path() + "/");
+  Read();
+  EXPECT_EQ(settings().stepSize, 4);
+}
+
+TEST_F(UserResourcesTest, VariablesReplaceWhatTheFileSays) {
+  Write(".yxrc", "Yx.model.StepSize: 4\nYx.model.CpuThreshold: 50\nYx.model.DTRFilePtr: x\n");
+  SetVariable("YX_STEP", "6");
+  SetVariable("YX_SATURATE_CPU", "70.9");
+  SetVariable("YX_SATURATE_DISK", "1e300");
+  SetVariable("YX_NAME", std::string(2000, 'n'));
+  Read();
+  EXPECT_EQ(settings().stepSize, 6);
+  EXPECT_EQ(settings().cpuThreshold, 70);
+  EXPECT_EQ(settings().diskThreshold, INT32_MAX);
+  EXPECT_EQ(settings().studyName, std::string(2000, 'n'));
+  EXPECT_EQ(settings().dtrFilePtr, std::nullopt);
+}
+
+TEST_F(UserResourcesTest, VariablesActWithoutAFileToo) {
+  SetVariable("YX_DTR_FLAG", "1");
+  Read();
+  EXPECT_EQ(settings().dtrFlag, 1);
+}
+
+TEST_F(UserResourcesTest, RelativeDefaultIsAppliedOnceWithoutAFile) {
+  fs::create_directories(work_ / "a/a");
+  SetVariable("YX_DEFAULT", "a");
+  EXPECT_EQ(Read(), "");
+  EXPECT_EQ(fs::current_path(), fs::canonical(work_ / "a"));
+}
+
+TEST_F(UserResourcesTest, RelativeDefaultIsAppliedTwiceWithAFile) {
+  fs::create_directories(work_ / "a/a");
+  Write(home_ / ".yxrc", "");
+  SetVariable("YX_DEFAULT", "a");
+  EXPECT_EQ(Read(), "");
+  EXPECT_EQ(fs::current_path(), fs::canonical(work_ / "a/a"));
+}
+
+TEST_F(UserResourcesTest, FileIsLookedForBehindTheChangeOfDirectory) {
+  fs::create_directories(work_ / "a");
+  Write(work_ / ".yxrc", "Yx.model.StepSize: 4\n");
+  Write(work_ / "a/.yxrc", "Yx.model.StepSize: 5\n");
+  SetVariable("YX_DEFAULT", fs::path(work_ / "a"));
+  Read();
+  EXPECT_EQ(settings().stepSize, 5);
+}
+
+TEST_F(UserResourcesTest, DefaultThatIsNoDirectoryIsReportedAndTheReadGoesOn) {
+  fs::create_directories(library_ / "db");
+  Write(library_ / "db/veltrix_messages.msg", "INVLD_DIR WARNING \"bad %s\"\n");
+  Write(".yxrc", "Yx.model.StepSize: 4\n");
+  SetVariable("YX_DEFAULT", "nowhere");
+  EXPECT_EQ(Read(), "VELTRIX-WARNING  bad nowhere\nVELTRIX-WARNING  bad nowhere\n");
+  EXPECT_EQ(fs::current_path(), fs::canonical(work_.path()));
+  EXPECT_EQ(settings().stepSize, 4);
+}
+
+}  // namespace
+}  // namespace ozmo
