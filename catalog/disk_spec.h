@@ -1,0 +1,112 @@
+// How a platform's disk records become graphs: which names are disks, and which graphs a disk gets.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace ozmo {
+
+// What the graphs of one disk show for one interval.
+struct DiskFigures {
+  float operations = 0.0F;  // per second
+  float reads = 0.0F;
+  float writes = 0.0F;
+  float totalKb = 0.0F;  // per second
+  float readKb = 0.0F;
+  float writeKb = 0.0F;
+  float queueLength = 0.0F;
+  float utilization = 0.0F;  // percent
+  float service = 0.0F;      // ms
+  float response = 0.0F;     // ms
+  float wait = 0.0F;         // ms, as plotted: the response less the service time twice
+  float space = 0.0F;        // free over size, as whole numbers
+  float freeGb = 0.0F;
+  float usedGb = 0.0F;
+};
+
+// A trace and a graph of a disk. A %s stands for the disk's name; legends are used as they stand.
+struct DiskTrace {
+  const char* labelFormat;
+  const char* colour;
+  float DiskFigures::*figure;
+};
+
+struct DiskGraph {
+  const char* code;
+  const char* label;
+  const char* titleFormat;
+  const char* yTitle;
+  const char* legendFormat;
+  std::span<const DiskTrace> traces;
+};
+
+struct DiskSpec {
+  // The disk that a record's name tells; absent for a name that is no disk.
+  struct Name {
+    bool isDisk;
+    std::string_view name;
+  };
+  Name (*name)(std::string_view recordName) = nullptr;
+  std::span<const DiskGraph> graphs = {};  // rows of a disk, in order
+  bool timesMeasured = false;              // service and response time are in the record
+};
+
+// Name rules.
+DiskSpec::Name DiskNameAsIs(std::string_view recordName);
+DiskSpec::Name DiskNameWithoutDirectory(std::string_view recordName);  // a leading "/dev/dsk/" is cut off
+DiskSpec::Name DiskNameLinux(std::string_view recordName);             // no partitions
+
+namespace disk_graphs {
+
+inline constexpr DiskTrace OPERATION_TRACES[] = {{"%s Reads", "Green", &DiskFigures::reads},
+                                                 {"%s Writes", "Red", &DiskFigures::writes}};
+inline constexpr DiskTrace SUMMED_OPERATION_TRACES[] = {
+    {"%s Reads+Writes", "Green", &DiskFigures::operations}};
+inline constexpr DiskTrace DATA_TRACES[] = {{"%s ReadKB", "Green", &DiskFigures::readKb},
+                                            {"%s WriteKB", "Red", &DiskFigures::writeKb}};
+inline constexpr DiskTrace SUMMED_DATA_TRACES[] = {{"%s ReadKB+WriteKB", "Red", &DiskFigures::totalKb}};
+inline constexpr DiskTrace QUEUE_TRACES[] = {{"%s qlen", "Red", &DiskFigures::queueLength}};
+inline constexpr DiskTrace UTILIZATION_TRACES[] = {{"%s util", "Red", &DiskFigures::utilization}};
+inline constexpr DiskTrace SPACE_TRACES[] = {{"%s GB free", "Green", &DiskFigures::freeGb},
+                                             {"%s GB used", "Red", &DiskFigures::usedGb}};
+inline constexpr DiskTrace WAIT_TRACES[] = {{"%s WaitTime", "Red", &DiskFigures::wait},
+                                            {"%s ServiceTime", "Blue", &DiskFigures::service}};
+inline constexpr DiskTrace RESPONSE_TRACES[] = {{"%s RespTime", "Red", &DiskFigures::response}};
+
+constexpr DiskGraph Operations(std::span<const DiskTrace> traces) {
+  return {"DskOps", "I/O Rate", "I/O rate for %s", "I/Os per second", "%s %.1f/s  ", traces};
+}
+constexpr DiskGraph Data(std::span<const DiskTrace> traces) {
+  return {"DskData", "Data Rate", "Data rate for %s", "Kbytes per second", "%s %.1fKb/s  ", traces};
+}
+inline constexpr DiskGraph QUEUE = {"Qlen", "Queue Length", "Queue length for %s",
+                                    "Qlen", "%s  %.1f",     QUEUE_TRACES};
+inline constexpr DiskGraph UTILIZATION = {
+    "Util",       "Device Utilization", "Utilization for %s", "% Device Utilization",
+    "%s %.1f%% ", UTILIZATION_TRACES};
+// Gigabytes, with the percent legend.
+inline constexpr DiskGraph SPACE = {"Space",  "Space Allocation", "Space Allocation for %s",
+                                    "GBytes", "%s %.1f%% ",       SPACE_TRACES};
+// The stray % of the two time legends is part of the text.
+inline constexpr DiskGraph WAIT = {"WaitSrvT",  "Wait/Service Time", "Wait/Service Time for %s",
+                                   "Time (ms)", "%s %.1f%ms ",       WAIT_TRACES};
+inline constexpr DiskGraph RESPONSE = {"RespT",     "Response Time", "Response Time for %s",
+                                       "Time (ms)", "%s %.1f%ms ",   RESPONSE_TRACES};
+
+inline constexpr DiskGraph PLAIN[] = {
+    Operations(OPERATION_TRACES), Data(DATA_TRACES), QUEUE, UTILIZATION, WAIT, RESPONSE};
+inline constexpr DiskGraph WITH_SPACE[] = {
+    Operations(OPERATION_TRACES), Data(DATA_TRACES), QUEUE, UTILIZATION, SPACE, WAIT, RESPONSE};
+inline constexpr DiskGraph SUMMED[] = {
+    Operations(SUMMED_OPERATION_TRACES), Data(SUMMED_DATA_TRACES), QUEUE, UTILIZATION, WAIT, RESPONSE};
+
+}  // namespace disk_graphs
+
+inline constexpr DiskSpec SOLARIS_DISKS = {DiskNameWithoutDirectory, disk_graphs::PLAIN};
+inline constexpr DiskSpec LINUX_DISKS = {DiskNameLinux, disk_graphs::PLAIN};
+inline constexpr DiskSpec AIX_DISKS = {DiskNameAsIs, disk_graphs::WITH_SPACE};
+inline constexpr DiskSpec HPUX_DISKS = {DiskNameWithoutDirectory, disk_graphs::SUMMED};
+inline constexpr DiskSpec TRU64_DISKS = {DiskNameAsIs, disk_graphs::WITH_SPACE};
+inline constexpr DiskSpec VMR_DISKS = {DiskNameAsIs, disk_graphs::PLAIN, true};
+
+}  // namespace ozmo

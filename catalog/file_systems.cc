@@ -1,0 +1,36 @@
+#include "catalog/file_systems.h"
+
+#include <string>
+
+#include "catalog/name_text.h"
+#include "catalog/platform.h"
+
+namespace ozmo {
+namespace {
+
+// The counts come as they stand in the file: the difference of broken ones must not overflow.
+int64_t WrappingDifference(int64_t a, int64_t b) {
+  return static_cast<int64_t>(static_cast<uint64_t>(a) - static_cast<uint64_t>(b));
+}
+
+}  // namespace
+
+float FileSystemPercent(const FileSystemRecord& record) {
+  if (record.totalBlocks <= 0) return 0.0F;
+  const float available = record.availableBlocks < 0 ? 0.0F : static_cast<float>(record.availableBlocks);
+  const float used = static_cast<float>(WrappingDifference(record.totalBlocks, record.freeBlocks));
+  if (used == 0.0F) return 100.0F;
+  return 100.0F - available * 100.0F / (available + used);
+}
+
+void AddFileSystems(BuildState& state, const VmrContext& context) {
+  if (!state.detailed) return;
+  std::string key;
+  for (const FileSystemRecord& record : context.fileSystems.primary) {
+    key.clear();
+    AppendNames(key, state.platform.fileSystemKeyFormat, {record.mountName, record.deviceName});
+    state.trees.Feed(NameTree::FILE_SYSTEMS, TrimBlanks(key), state.point, FileSystemPercent(record));
+  }
+}
+
+}  // namespace ozmo
