@@ -1,0 +1,16 @@
+// The record tables of the Linux collector, one a version. The 64 tables differ from their narrow siblings
+// in the width of time stamps and counters.
+#pragma once
+
+#include "readers/collector_format.h"
+
+namespace ozmo {
+
+extern const RecordTable LINUX_P730;
+extern const RecordTable LINUX_P730_64;
+extern const RecordTable LINUX_P720;
+extern const RecordTable LINUX_P720_64;
+extern const RecordTable LINUX_P300;
+extern const RecordTable LINUX_P300_64;
+
+}  // namespace ozmo
