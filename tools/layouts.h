@@ -4,7 +4,7 @@
 // single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes). Behind a "*" may
 // stand the unit, how many of what the field counts make one of the model's figure (a second is
 // 1000000000 nanoseconds), and behind a "/" the divisor that the divisor list names. Both are 1
-// otherwise; the file holds the figure times both.
+// otherwise; the file holds the figure times both. A unit of 0 is a field that the version leaves at 0.
 //
 //   {6, 0, ALL, "601-602:4 603-604:t 605-613:8/100 614:4"}
 //

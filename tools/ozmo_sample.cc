@@ -19,8 +19,9 @@ struct KindName {
 };
 
 constexpr KindName KINDS[] = {
-    {"solaris", ozmo::sample::WriteSolarisSample},
-    {"linux", ozmo::sample::WriteLinuxSample},
+    {"solaris", ozmo::sample::WriteSolarisSample}, {"linux", ozmo::sample::WriteLinuxSample},
+    {"aix", ozmo::sample::WriteAixSample},         {"hpux", ozmo::sample::WriteHpuxSample},
+    {"tru64", ozmo::sample::WriteTru64Sample},     {"vmr", ozmo::sample::WriteVmrSample},
 };
 
 struct NumberOption {

@@ -23,18 +23,9 @@ std::string VersionNames(const CollectorLayout& layout) {
   return names;
 }
 
-// The host with `scale` times the process slots.
-std::vector<ProgramDescription> ScalePrograms(const HostDescription& host, int scale) {
-  std::vector<ProgramDescription> programs(host.programs.begin(), host.programs.end());
-  for (ProgramDescription& program : programs) {
-    program.count *= scale;
-  }
-  return programs;
-}
-
-bool WriteFile(const CollectorKind& kind, const SampleContext& context, const DayFile& dayFile,
-               const std::string& path) {
-  SampleFile file(kind.byteOrder, ExpandLayout(kind.layout, context.versionBit));
+bool WriteFile(const CollectorKind& kind, uint32_t versionBit, const SampleContext& context,
+               const DayFile& dayFile, const std::string& path) {
+  SampleFile file(kind.byteOrder, ExpandLayout(kind.layout, versionBit));
   file.WriteDefinitions();
   kind.writeHead(context, file);
   for (int64_t time : dayFile.times) {
@@ -46,6 +37,19 @@ bool WriteFile(const CollectorKind& kind, const SampleContext& context, const Da
 }
 
 }  // namespace
+
+ScaledHost::ScaledHost(const HostDescription& host, int scale)
+    : host_(host), programs_(host.programs.begin(), host.programs.end()) {
+  for (ProgramDescription& program : programs_) {
+    program.count *= scale;
+  }
+}
+
+HostDescription ScaledHost::Description() const {
+  HostDescription host = host_;
+  host.programs = programs_;
+  return host;
+}
 
 std::vector<DayFile> CutIntoFiles(const SampleOptions& options) {
   std::vector<DayFile> files;
@@ -85,15 +89,13 @@ SampleResult WriteCollectorDays(const CollectorKind& kind, const SampleOptions& 
   if (version == nullptr) {
     return {{}, "unknown version " + versionText + "; known are " + VersionNames(kind.layout)};
   }
-  const std::vector<ProgramDescription> programs = ScalePrograms(kind.host, options.scale);
-  HostDescription host = kind.host;
-  host.programs = programs;
+  const ScaledHost host(kind.host, options.scale);
   SampleResult result;
   for (const DayFile& dayFile : CutIntoFiles(options)) {
-    const SampleContext context{options, host, version->versionBit, versionText, dayFile.times.front()};
+    const SampleContext context{options, host.Description(), versionText};
     const std::string path = options.directory + "/" + std::string(kind.filePrefix) + options.node + "_" +
                              FileDate(dayFile.date) + ".dat_" + std::to_string(dayFile.number);
-    if (!WriteFile(kind, context, dayFile, path)) {
+    if (!WriteFile(kind, version->versionBit, context, dayFile, path)) {
       result.error = "can't write " + path;
       return result;
     }

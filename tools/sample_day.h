@@ -52,13 +52,23 @@ std::vector<DayFile> CutIntoFiles(const SampleOptions& options);
 // "2012Feb22".
 std::string FileDate(const std::chrono::year_month_day& date);
 
+// A host with `scale` times the process slots of another.
+class ScaledHost {
+ public:
+  ScaledHost(const HostDescription& host, int scale);
+  // Lives as long as this object.
+  HostDescription Description() const;
+
+ private:
+  HostDescription host_;
+  std::vector<ProgramDescription> programs_;
+};
+
 // The version of a kind's file and what its records can be made from.
 struct SampleContext {
   const SampleOptions& options;
-  const HostDescription& host;
-  uint32_t versionBit;
+  HostDescription host;
   std::string versionText;
-  int64_t firstTime;  // of the file, host wall clock
 };
 
 // A binary kind: its layout, its host, and how its records are filled.

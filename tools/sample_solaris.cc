@@ -103,7 +103,7 @@ constexpr KernelStatistic KERNEL_STATISTICS[] = {
 void WriteHead(const SampleContext& context, SampleFile& file) {
   file.Write(5, FieldValues()
                     .Set(501, context.versionText)
-                    .Set(502, "SUNW,Sample-Fire")
+                    .Set(502, "Sample-Fire")
                     .Set(503, int64_t{context.host.memoryMb} * 1024)
                     .Set(505, context.host.processors)
                     .Set(504, "sparcv9")
