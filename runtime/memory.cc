@@ -12,7 +12,7 @@ namespace ozmo {
 namespace {
 
 constexpr int MORE_TRIES = 5;
-constexpr size_t RESERVE_SIZE = 64 * 1024;  // what the message itself needs when nothing else is left
+constexpr size_t RESERVE_SIZE = 65536;  // what the message itself needs when nothing else is left
 
 // The one state of the process that isn't handed down: operator new has no argument that could carry it.
 struct FailureState {

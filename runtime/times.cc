@@ -107,7 +107,10 @@ std::vector<std::string> DayList(Seconds from, Seconds to, const char* format) {
 std::vector<std::string> DayFileNames(const std::string& stem, const std::string& extension, Seconds from,
                                       Seconds to) {
   std::vector<std::string> names = DayList(from, to, "%Y%b%d");
-  for (std::string& name : names) name = stem + "_" + name + "." + extension;
+  for (std::string& name : names) {
+    name.insert(0, stem + "_");
+    name += "." + extension;
+  }
   return names;
 }
 
