@@ -65,6 +65,16 @@ const uint8_t* BlockFile::Read(int64_t size) {
   return bytes;
 }
 
+std::string_view BlockFile::ReadLine(size_t limit) {
+  const auto available = static_cast<size_t>(std::min(static_cast<int64_t>(limit), size_ - Position()));
+  if (available == 0 || !Fill(available)) return {};
+  const uint8_t* begin = block_.data() + next_;
+  const auto* feed = static_cast<const uint8_t*>(std::memchr(begin, '\n', available));
+  const size_t length = feed != nullptr ? static_cast<size_t>(feed - begin) + 1 : available;
+  next_ += length;
+  return {reinterpret_cast<const char*>(begin), length};
+}
+
 void BlockFile::Skip(int64_t size) {
   const int64_t target = std::min(size_, Position() + std::max<int64_t>(size, 0));
   if (target <= blockStart_ + static_cast<int64_t>(filled_)) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ozmo {
@@ -27,6 +28,9 @@ class BlockFile {
 
   // The next `size` bytes, valid until the next call; null when the file has fewer.
   const uint8_t* Read(int64_t size);
+  // The next line with its line feed, at most `limit` bytes of it, valid until the next call; empty at the
+  // end of the file.
+  std::string_view ReadLine(size_t limit);
   void Skip(int64_t size);
 
  private:
