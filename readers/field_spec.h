@@ -16,16 +16,16 @@ constexpr auto Fields(FieldSize size) {
   return fields;
 }
 
-// One run behind the other.
-template <size_t... Sizes>
-constexpr auto Join(const std::array<FieldSpec, Sizes>&... parts) {
-  std::array<FieldSpec, (Sizes + ...)> fields{};
+// One run of fields, or of rows, behind the other.
+template <class Element, size_t... Sizes>
+constexpr auto Join(const std::array<Element, Sizes>&... parts) {
+  std::array<Element, (Sizes + ...)> joined{};
   size_t next = 0;
   const auto append = [&](const auto& part) {
-    for (const FieldSpec& field : part) fields[next++] = field;
+    for (const Element& element : part) joined[next++] = element;
   };
   (append(parts), ...);
-  return fields;
+  return joined;
 }
 
 template <int32_t First, int32_t Last = First>
