@@ -1,5 +1,4 @@
-#include "readers/aix_partition.h"
-
+#include "readers/aix_decoders.h"
 #include "readers/field_rules.h"
 
 namespace ozmo {

@@ -1,0 +1,14 @@
+// Decoders of AIX files that fill a source file of their own.
+#pragma once
+
+#include "readers/collector_format.h"
+
+namespace ozmo {
+
+// One disk to the disk list; virtual SCSI devices are left out.
+int AixDecodeDisk(Decoding& decoding);
+
+// The partition, some fifty figures of the hypervisor, to the interval's one PartitionRecord.
+int AixDecodeLpar(Decoding& decoding);
+
+}  // namespace ozmo

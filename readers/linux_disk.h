@@ -1,0 +1,11 @@
+// Disk records of Linux files: counters of the oldest version, or the kernel's own of the later ones.
+#pragma once
+
+#include "readers/collector_format.h"
+
+namespace ozmo {
+
+// One disk to the disk list; types 2 and 18.
+int LinuxDecodeDisk(Decoding& decoding);
+
+}  // namespace ozmo
