@@ -141,11 +141,6 @@ void StoreTotals(BuildState& state, const DiskTotals& totals) {
   catalog.Store(Graph::VMR_DISK_TRANSFER_SPLIT, 1, point, totals.writeKb);
   catalog.Store(Graph::VMR_DISK_OPERATIONS_SPLIT, 0, point, totals.reads);
   catalog.Store(Graph::VMR_DISK_OPERATIONS_SPLIT, 1, point, totals.writes);
-
-  const double byUsers = totals.operations - state.sums.pageOperations - state.sums.swapOperations;
-  catalog.Store(Graph::DISK_BY_TYPE, 0, point, byUsers > 0.0 ? static_cast<float>(byUsers) : 0.0F);
-  catalog.Store(Graph::DISK_BY_TYPE, 1, point, static_cast<float>(state.sums.pageOperations));
-  catalog.Store(Graph::DISK_BY_TYPE, 2, point, static_cast<float>(state.sums.swapOperations));
 }
 
 }  // namespace

@@ -24,7 +24,6 @@ float FileSystemPercent(const FileSystemRecord& record) {
 }
 
 void AddFileSystems(BuildState& state, const VmrContext& context) {
-  if (!state.detailed) return;
   std::string key;
   for (const FileSystemRecord& record : context.fileSystems.primary) {
     key.clear();

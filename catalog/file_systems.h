@@ -15,7 +15,7 @@ inline constexpr const char* FILE_SYSTEM_KEY_SPACED = "%s on ( %s )";
 // Percent of the space that is used. A file system with all its blocks free counts as full.
 float FileSystemPercent(const FileSystemRecord& record);
 
-// One interval's file systems, under keys of the platform's format; nothing without detail.
+// One interval's file systems, under keys of the platform's format.
 void AddFileSystems(BuildState& state, const VmrContext& context);
 
 }  // namespace ozmo

@@ -1,0 +1,50 @@
+// A catalog of one hour on which a test runs single passes over records of its own, without a reader.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "catalog/build_steps.h"
+
+namespace ozmo {
+
+class PassFixture {
+ public:
+  explicit PassFixture(const PlatformSpec& platform, Seconds span = 3600)
+      : state(platform, catalog, classes) {
+    StartCatalog(state, 0, span);
+    state.point = 1;
+  }
+
+  // The graph that -item finds under this title: the first one of the tree. Null if there is none.
+  GraphRecord* Find(std::string_view title) {
+    GraphRecord* found = nullptr;
+    VisitGraphs(catalog.itemTree, [&](GraphRecord& record) {
+      if (found == nullptr && record.title == title) found = &record;
+    });
+    return found;
+  }
+
+  // A value of a graph at the current point, -99 where graph, set or point is lacking.
+  float Value(std::string_view title, size_t set = 0) {
+    const GraphRecord* record = Find(title);
+    if (record == nullptr || set >= record->data.y.size()) return NOTHING;
+    const Series& series = record->data.y[set];
+    return PointInside(series, state.point) ? PointAt(series, state.point) : NOTHING;
+  }
+
+  // What a name tree holds at the current point.
+  float TreeValue(NameTree tree, std::string_view name) {
+    const Series* series = state.trees[tree].Find(name);
+    return series == nullptr ? NOTHING : PointAt(*series, state.point);
+  }
+
+  static constexpr float NOTHING = -99.0F;
+
+  GraphCatalog catalog;
+  WorkloadClassList classes;
+  VmrContext context;
+  BuildState state;
+};
+
+}  // namespace ozmo
