@@ -5,7 +5,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "catalog/disk_entry.h"
 #include "catalog/model.h"
+#include "catalog/process_identity.h"
 #include "catalog/top_list.h"
 #include "readers/vmr_context.h"
 #include "workload/workload.h"
@@ -14,31 +16,41 @@ namespace ozmo {
 
 struct PlatformSpec;
 
+// Sums over one interval; nothing carries over to the next.
+struct IntervalSums {
+  int cpuSeen = 0;              // processors counted
+  double overallCpu = 0.0;      // percent
+  double processorTime = 0.0;   // sum of all processors' time counters
+  float diskOperations = 0.0F;  // per second; set by the disk pass
+  double pageOperations = 0.0;
+  double swapOperations = 0.0;
+};
+
 struct BuildState {
+  BuildState(const PlatformSpec& spec, GraphCatalog& target, WorkloadClassList& list)
+      : platform(spec), catalog(target), classes(list), trees(target) {}
+
   const PlatformSpec& platform;
   GraphCatalog& catalog;
   WorkloadClassList& classes;
 
-  int point = 0;            // of the current interval
-  int lastPoint = 0;        // of the last interval used
-  int intervalMinutes = 0;  // collection interval
-  float intervalSeconds = 0.0F;
-  bool detailed = true;     // disks and file systems in detail
-  bool started = false;     // an interval has been used
+  int point = 0;                 // of the current interval
+  int lastPoint = 0;             // of the last interval used
+  int intervalMinutes = 0;       // collection interval
+  float intervalSeconds = 0.0F;  // the same as .vmr files measure it
+  bool intervalKnown = false;
+  bool announced = false;       // the "Processing" line is out
+  bool processorsMade = false;  // where the first interval decides how many processors a graph shows
   Seconds lastTimeStamp = 0;
+  bool detailed = true;  // disks and file systems in detail
+  IntervalSums sums;     // of the current interval; after the walk, of the last one used
 
-  // Of the current interval.
-  int cpuSeen = 0;        // processors counted
-  double overallCpu = 0;  // percent
-  double totalTime = 0;   // sum of all processors' time counters
-  double diskOperations = 0;
-  double pageOperations = 0;
-  double swapOperations = 0;
-
-  Series processCpuSum;            // sum of process CPU shares, per point
-  NameTrees trees;                 // series by name, ranked after the walk
-  std::unordered_map<std::string, int> processorSets;  // set number by processor name
-  std::unordered_map<std::string, size_t> diskRows;    // row number by disk name
+  Series processCpuSum;                                        // sum of process CPU shares, per point
+  NameTrees trees;                                             // series by name, ranked after the walk
+  std::unordered_map<int32_t, int> processorSets;              // set number by processor number
+  std::unordered_map<int32_t, GraphRecord*> processorRecords;  // .vmr: mode record by processor number
+  DiskEntries diskEntries;                                     // by disk name
+  ProcessIdentities processIdentities;
 };
 
 }  // namespace ozmo

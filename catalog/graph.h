@@ -66,4 +66,7 @@ enum class Graph {
   COUNT
 };
 
+// What stands in a row of the tree: a graph, a group of rows, or one of the groups that fill at run time.
+enum class RowKind { GRAPH, GROUP, DISKS, ADAPTERS, PROCESSORS };
+
 }  // namespace ozmo

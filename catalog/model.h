@@ -5,6 +5,8 @@
 // are stacked: set 0 holds the sum of all sets, the last set itself.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <span>
@@ -40,6 +42,7 @@ struct GraphRecord {
   XrtData data;
 
   void SetLabel(int set, std::string label);
+  void SetColour(int set, std::string colour);
   const std::optional<std::string>& Label(int set) const;   // absent beyond the end
   const std::optional<std::string>& Colour(int set) const;  // absent beyond the end
 };
@@ -54,18 +57,22 @@ struct GraphMenuEntry {
 };
 
 // Colours of a record whose traces come at run time, by set number; sets from 16 on have none.
-inline constexpr int PALETTE_SIZE = 16;
 std::span<const char* const> Palette();
+
+// Sets that a record has room for where processors make them.
+inline constexpr int MAX_SETS = 128;
 
 struct GraphCatalog {
   Seconds spanStart = 0;
   Seconds spanEnd = 0;
-  int pointCount = 0;  // minute points: the span in minutes plus 2
+  int pointCount = 0;                               // minute points: the span in minutes plus 2
   std::vector<std::optional<GraphRecord>> records;  // by Graph; absent where the platform has no such graph
   std::deque<GraphRecord> runtimeRecords;           // of disks, adapters, processors: addresses are stable
   std::vector<GraphMenuEntry> itemTree;
+  // The rows whose sub-tables fill at run time, by RowKind; null where the platform has no such row.
+  std::array<GraphMenuEntry*, 5> runtimeRows{};
   Series overlayScratch;    // pointCount + 1 points: selection puts the overlay trace here
-  int64_t seriesBytes = 0;  // handed out so far, see SeriesReserve
+  int64_t seriesBytes = 0;  // of the series handed out so far, see SeriesRequire
 
   GraphCatalog() = default;
   GraphCatalog(const GraphCatalog&) = delete;  // rows point to records
@@ -73,19 +80,45 @@ struct GraphCatalog {
 
   // The record of `graph`, or null where the platform has none.
   GraphRecord* Find(Graph graph);
+  // The row whose sub-table fills at run time (DISKS, ADAPTERS, PROCESSORS), or null.
+  GraphMenuEntry* RuntimeRow(RowKind kind) { return runtimeRows[static_cast<size_t>(kind)]; }
+  // Series of a set, or null where the platform lacks the graph or the record the set.
+  Series* FindSeries(Graph graph, int set);
   // Stores a value; nothing happens where the platform or the record lacks the graph, set or point.
   void Store(Graph graph, int set, int point, float value);
 };
 
-// Counts `count` series of `points` values against what a request can reasonably have, 2 GiB for a catalog.
-// Beyond it, or for a negative number of points, the allocation counts as failed: NOALLOC, exit status 0.
-void SeriesReserve(GraphCatalog& catalog, int64_t count, int64_t points);
+// Single points of a series. A time stamp outside the span gives a point outside the series: reading it
+// gives MISSING_POINT, writing it does nothing.
+inline bool PointInside(const Series& series, int point) {
+  return point >= 0 && static_cast<size_t>(point) < series.size();
+}
+inline float PointAt(const Series& series, int point) {
+  return PointInside(series, point) ? series[static_cast<size_t>(point)] : MISSING_POINT;
+}
+inline void PointStore(Series& series, int point, float value) {
+  if (PointInside(series, point)) series[static_cast<size_t>(point)] = value;
+}
+// Adds to the point, which counts as 0 while it is missing.
+inline void PointFeed(Series& series, int point, float value) {
+  if (!PointInside(series, point)) return;
+  float& sum = series[static_cast<size_t>(point)];
+  if (sum == MISSING_POINT) sum = 0.0F;
+  sum += value;
+}
 
-// A series of `pointCount` + 1 values, all MISSING_POINT.
+// Ends the run as a failed allocation does (NOALLOC, exit status 0) if `count` more series of `points` values
+// are more than a request can reasonably have, 2 GiB for a catalog, or if the number of points is negative.
+void SeriesRequire(const GraphCatalog& catalog, int64_t count, int64_t points);
+
+// A series of `pointCount` + 1 values, all MISSING_POINT, counted against the limit.
 Series SeriesNew(GraphCatalog& catalog);
 
-// Gives the record `nsets` missing series of pointCount + 1 values, npoints as told.
+// Gives the record `nsets` missing series of `pointCount` + 1 values.
 void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets);
+
+// One more missing series; returns its set number.
+int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record);
 
 // For each graph row of the tree: fills holes of at most `maxGap` - 1 missing points by a straight line. The
 // last `maxGap` points can't act as right ends.

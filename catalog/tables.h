@@ -29,18 +29,22 @@ struct RecordText {
   std::span<const TraceText> traces;  // RUN_TIME with none: the palette
 };
 
-// What stands in a row: a graph, a group of rows, or a group that fills at run time.
-enum class RowKind { GRAPH, GROUP, DISKS, ADAPTERS, PROCESSORS };
-
 struct RowText {
   const char* code;
   const char* label;
   RowKind kind;
-  Graph graph = Graph::COUNT;            // of a GRAPH row
-  std::span<const RowText> rows = {};    // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
+  Graph graph = Graph::COUNT;          // of a GRAPH row
+  std::span<const RowText> rows = {};  // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
 };
 
 // Makes the catalog's records and tree from a platform's tables. The records have no series yet.
-void CatalogFromTables(GraphCatalog& catalog, std::span<const RecordText> records, std::span<const RowText> tree);
+void CatalogFromTables(GraphCatalog& catalog, std::span<const RecordText> records,
+                       std::span<const RowText> tree);
+
+// Series that CreateFixedSeries makes.
+int FixedSeriesCount(std::span<const RecordText> records);
+
+// Gives each FIXED record its missing series, one a trace, and every record its point count.
+void CreateFixedSeries(GraphCatalog& catalog, std::span<const RecordText> records);
 
 }  // namespace ozmo

@@ -1,0 +1,35 @@
+// Memory and paging: what the platforms' memory passes share.
+#pragma once
+
+#include <initializer_list>
+#include <span>
+
+#include "catalog/platform.h"
+
+namespace ozmo {
+
+inline constexpr double BYTES_PER_MB = 1048576.0;
+
+// The machine's memory as its configuration tells it.
+struct MemorySize {
+  double memMb = 0.0;
+  double pageMb = 0.0;  // of one page
+};
+MemorySize MemorySizeOf(const VmrContext& context);
+
+// The stores of an interval without a memory record: all figures are 0, memory utilization as given.
+void StoreNoMemory(BuildState& state, double utilization = 0.0);
+
+// Percent of memory that isn't free. A size of 0 gives what floating point gives.
+double UsedPercent(double freeMb, double memMb);
+// The same, or -1.0 (a missing point) where the size isn't above 0.
+double UsedPercentOrMissing(double freeMb, double memMb);
+
+// Stores values at the interval's point, set 0 first.
+void StoreSets(BuildState& state, Graph graph, std::initializer_list<double> values);
+void StoreSets(BuildState& state, Graph graph, std::span<const float> values);
+
+// "PageFaults By Type", and their sum as "Pagefault Rate".
+void StoreFaultKinds(BuildState& state, std::span<const float> kinds);
+
+}  // namespace ozmo
