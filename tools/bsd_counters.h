@@ -1,8 +1,6 @@
 // The protocol statistics of the BSD family, as AIX, HP-UX and Tru64 keep them: the TCP structure
 // from element 0, IP from 54, UDP from 90. Each platform has fields of its own for the elements.
-
-#ifndef OZMO_TOOLS_BSD_COUNTERS_H_
-#define OZMO_TOOLS_BSD_COUNTERS_H_
+#pragma once
 
 #include <span>
 
@@ -18,5 +16,3 @@ struct BsdCounter {
 std::span<const BsdCounter> BsdCounters();
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_BSD_COUNTERS_H_

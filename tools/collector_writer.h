@@ -17,9 +17,7 @@
 // Everything here lives in ozmo::sample, a namespace of its own: a test may include it beside the readers.
 //
 // The operations under "defects" make what no collector writes on purpose: tests use them.
-
-#ifndef OZMO_TOOLS_COLLECTOR_WRITER_H_
-#define OZMO_TOOLS_COLLECTOR_WRITER_H_
+#pragma once
 
 #include <cstdint>
 #include <string>
@@ -84,5 +82,3 @@ class CollectorWriter {
 bool WriteWholeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_COLLECTOR_WRITER_H_

@@ -11,9 +11,7 @@
 // A twin record repeats a base record under a number of its own; a twin row without fields has the
 // fields of its base. A row belongs to the versions whose bits it holds, so a collector version is
 // nothing but a set of rows.
-
-#ifndef OZMO_TOOLS_LAYOUTS_H_
-#define OZMO_TOOLS_LAYOUTS_H_
+#pragma once
 
 #include <cstdint>
 #include <span>
@@ -74,5 +72,3 @@ const CollectorLayout& HpuxLayout();
 const CollectorLayout& Tru64Layout();
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_LAYOUTS_H_

@@ -1,8 +1,6 @@
 // Numbers that look random and are a function of what they belong to: seed, stream and step. They
 // are the same on every machine and need no state.
-
-#ifndef OZMO_TOOLS_NOISE_H_
-#define OZMO_TOOLS_NOISE_H_
+#pragma once
 
 #include <cstdint>
 #include <string_view>
@@ -38,5 +36,3 @@ constexpr double SmoothNoise(uint64_t stream, int64_t time, int period) {
 }
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_NOISE_H_

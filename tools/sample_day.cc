@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
-#include <span>
+#include <map>
 
 namespace ozmo::sample {
 namespace {
@@ -12,6 +13,17 @@ constexpr int64_t DAY_SECONDS = 86400;
 
 int64_t StartOfDay(const std::chrono::year_month_day& date) {
   return int64_t{std::chrono::sys_days{date}.time_since_epoch().count()} * DAY_SECONDS;
+}
+
+// Adds the files of one day: the samples in as many parts of nearly one size, none of them empty.
+void CutDay(const std::chrono::year_month_day& date, const std::vector<int64_t>& times, int fileCount,
+            std::vector<DayFile>& files) {
+  const size_t parts = std::min(static_cast<size_t>(fileCount), times.size());
+  for (size_t part = 0; part < parts; ++part) {
+    const auto from = static_cast<std::ptrdiff_t>(times.size() * part / parts);
+    const auto to = static_cast<std::ptrdiff_t>(times.size() * (part + 1) / parts);
+    files.push_back({date, static_cast<int>(part) + 1, {times.begin() + from, times.begin() + to}});
+  }
 }
 
 std::string VersionNames(const CollectorLayout& layout) {
@@ -52,23 +64,15 @@ HostDescription ScaledHost::Description() const {
 }
 
 std::vector<DayFile> CutIntoFiles(const SampleOptions& options) {
-  std::vector<DayFile> files;
   const int64_t start = StartOfDay(options.date) + int64_t{options.startHour} * 3600;
   const int64_t end = start + int64_t{options.hours} * 3600;
-  const int64_t filePart = std::max<int64_t>(1, DAY_SECONDS / options.filesPerDay);
-  int64_t lastDay = -1;
-  int64_t lastPart = -1;
+  std::map<int64_t, std::vector<int64_t>> timesOfDays;
   for (int64_t time = start; time < end; time += options.intervalSeconds) {
-    const int64_t day = time / DAY_SECONDS;
-    const int64_t part = std::min<int64_t>(time % DAY_SECONDS / filePart, options.filesPerDay - 1);
-    if (day != lastDay || part != lastPart) {
-      const bool sameDay = day == lastDay;
-      const int number = sameDay ? files.back().number + 1 : 1;
-      files.push_back({std::chrono::sys_days{std::chrono::days{day}}, number, {}});
-      lastDay = day;
-      lastPart = part;
-    }
-    files.back().times.push_back(time);
+    timesOfDays[time / DAY_SECONDS].push_back(time);
+  }
+  std::vector<DayFile> files;
+  for (const auto& [day, times] : timesOfDays) {
+    CutDay(std::chrono::sys_days{std::chrono::days{day}}, times, options.filesPerDay, files);
   }
   return files;
 }

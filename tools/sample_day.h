@@ -1,7 +1,5 @@
 // What is asked of a sample day, and the walk over its files and intervals that all kinds share.
-
-#ifndef OZMO_TOOLS_SAMPLE_DAY_H_
-#define OZMO_TOOLS_SAMPLE_DAY_H_
+#pragma once
 
 #include <chrono>
 #include <cstdint>
@@ -46,7 +44,7 @@ struct DayFile {
   std::vector<int64_t> times;
 };
 
-// Cuts the span into days and each day into filesPerDay files. A file without a sample is left out.
+// Cuts the span into days and the samples of each day into filesPerDay files. No file is empty.
 std::vector<DayFile> CutIntoFiles(const SampleOptions& options);
 
 // "2012Feb22".
@@ -99,5 +97,3 @@ SampleResult WriteTru64Sample(const SampleOptions& options);
 SampleResult WriteVmrSample(const SampleOptions& options);
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_SAMPLE_DAY_H_

@@ -4,9 +4,7 @@
 // The caller names values for every field that any version knows. The file writes the record with
 // the fields of its own version, in their order and sizes; a field without a value is 0 or an empty
 // text. A record that the version hasn't got is left out.
-
-#ifndef OZMO_TOOLS_SAMPLE_FILE_H_
-#define OZMO_TOOLS_SAMPLE_FILE_H_
+#pragma once
 
 #include <concepts>
 #include <cstdint>
@@ -66,5 +64,3 @@ class SampleFile {
 };
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_SAMPLE_FILE_H_

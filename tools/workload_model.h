@@ -6,9 +6,7 @@
 // made by itself and the same seed gives the same day.
 //
 // Units: times in seconds, sizes as the names say, counts are what happened in the interval.
-
-#ifndef OZMO_TOOLS_WORKLOAD_MODEL_H_
-#define OZMO_TOOLS_WORKLOAD_MODEL_H_
+#pragma once
 
 #include <cstdint>
 #include <span>
@@ -197,5 +195,3 @@ HostSample SampleHost(const HostDescription& host, uint64_t seed, int64_t wallTi
 double LoadAt(uint64_t seed, int64_t wallTime);
 
 }  // namespace ozmo::sample
-
-#endif  // OZMO_TOOLS_WORKLOAD_MODEL_H_

@@ -1,0 +1,52 @@
+// The writer's bytes against bytes written out by hand: all other tests stand on them.
+#include "tools/collector_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace ozmo::sample {
+namespace {
+
+std::string Bytes(std::initializer_list<int> values) {
+  std::string bytes;
+  for (int value : values) bytes += static_cast<char>(value);
+  return bytes;
+}
+
+TEST(CollectorWriterTest, BigEndianRecordCountsItsHead) {
+  CollectorWriter writer(ByteOrder::BIG);
+  writer.Record(6, {Int32(-2), Int64(0x0102030405060708), Text("ab")});
+  EXPECT_EQ(writer.Bytes(),
+            Bytes({0, 0, 0, 23, 0, 0, 0, 6, 255, 255, 255, 254, 1, 2, 3, 4, 5, 6, 7, 8, 2, 'a', 'b'}));
+}
+
+TEST(CollectorWriterTest, LittleEndianRecord) {
+  CollectorWriter writer(ByteOrder::LITTLE);
+  writer.Record(258, {Int32(3)});
+  EXPECT_EQ(writer.Bytes(), Bytes({12, 0, 0, 0, 2, 1, 0, 0, 3, 0, 0, 0}));
+}
+
+TEST(CollectorWriterTest, ListsStandUnderMultiplesOfTheirRecord) {
+  CollectorWriter writer(ByteOrder::BIG);
+  writer.OrderList(7, {701}).DivisorList(7, {2});
+  EXPECT_EQ(writer.Bytes(),
+            Bytes({0, 0, 0, 12, 0, 0, 2, 188, 0, 0, 2, 189}) + Bytes({0, 0, 0, 12, 0, 0, 0, 70, 0, 0, 0, 2}));
+}
+
+TEST(CollectorWriterTest, TextIsCutWhereItsLengthByteEnds) {
+  CollectorWriter writer(ByteOrder::BIG);
+  writer.Record(2, {Text(std::string(300, 'x'))});
+  EXPECT_EQ(writer.Bytes().size(), 8U + 1U + 255U);
+  EXPECT_EQ(writer.Bytes()[8], '\xFF');
+}
+
+TEST(CollectorWriterTest, DefectsAreWrittenAsNamed) {
+  CollectorWriter writer(ByteOrder::BIG);
+  writer.RecordWithLength(7, 5, {Raw("abc")}).RawBytes("de").CutTail(1);
+  EXPECT_EQ(writer.Bytes(), Bytes({0, 0, 0, 7, 0, 0, 0, 5, 'a', 'b', 'c', 'd'}));
+  EXPECT_EQ(writer.CutTail(100).Bytes(), "");
+}
+
+}  // namespace
+}  // namespace ozmo::sample
