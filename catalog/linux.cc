@@ -90,7 +90,7 @@ const PlatformSpec LINUX_PLATFORM = {
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .adapterFilter = AdapterIsNamed,
     .topLists = {.images = {"#%d  %s", 0, OthersRule::TOTAL},
-                 .users = {"%d. %s", 0, OthersRule::TOTAL},
+                 .users = {"%d. %s", 0, OthersRule::TOTAL, true},
                  .diskOperations = {"#%d  %s", 0, OthersRule::TOTAL},
                  .diskData = {"#%d %s", 0, OthersRule::TOTAL},
                  .diskQueue = {"#%d %s"},

@@ -62,7 +62,7 @@ const PlatformSpec SOLARIS_PLATFORM = {
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .adapterFilter = AdapterEndsInDigit,
     .topLists = {.images = {"#%d  %s", 0, OthersRule::TOTAL},
-                 .users = {"%d. %s", 0, OthersRule::TOTAL},
+                 .users = {"%d. %s", 0, OthersRule::TOTAL, true},
                  .diskOperations = {"#%d  %s", 0, OthersRule::TOTAL},
                  .diskData = {"#%d %s", 0, OthersRule::TOTAL},
                  .diskQueue = {"#%d %s"},
