@@ -36,6 +36,11 @@ class RecordList {
     if (!records_.empty()) records_.pop_front();
   }
 
+  // Takes the head off and gives it to the reusable records of `pool`.
+  void RecycleHead(RecordList& pool) {
+    if (!records_.empty()) pool.spare_.splice(pool.spare_.end(), records_, records_.begin());
+  }
+
   // Drops the oldest record.
   void PopLast() {
     if (!records_.empty()) records_.pop_back();

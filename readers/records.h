@@ -21,6 +21,7 @@ struct SystemConfig {
   int32_t pageSize = 0;          // bytes
   float intervalSeconds = 0.0F;  // collection interval
   int64_t intervalMillis = 0;    // as stored
+  bool isOsf1V5 = false;         // Tru64: a mark of these hosts; nothing reads it
 };
 
 // One processor, or on the overall lists the machine as a whole.
