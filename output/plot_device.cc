@@ -87,10 +87,10 @@ int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& set
   if (settings.backgroundColour) {
     SetParameter("BG_COLOR", *settings.backgroundColour);
   }
-  device.stream = OpenPlotFile(job);
   if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job))) {
     return -1;
   }
+  device.stream = OpenPlotFile(job);
   device.handle = pl_newpl(PlotterFormOf(job.graphType).type, nullptr, device.stream.get(), stderr);
   if (device.handle < 0) {
     return -1;

@@ -1,7 +1,9 @@
 #include "output/points.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
 #include <utility>
@@ -9,6 +11,9 @@
 namespace ozmo {
 
 namespace {
+
+// No array of the machine is larger.
+constexpr size_t POINTS_MAX = PTRDIFF_MAX / sizeof(PlotPoint);
 
 [[noreturn]] void PointStorageFail(const char* text) {
   std::perror(text);
@@ -83,8 +88,11 @@ PlotPoint NextPoint(PointReader& reader, float value) {
 PointArray PointArrayNew(size_t capacity) {
   PointArray array;
   array.capacity = std::max<size_t>(capacity, 1);
-  // Calloc refuses a size that overflows.
-  array.points.reset(static_cast<PlotPoint*>(std::calloc(array.capacity, sizeof(PlotPoint))));
+  if (array.capacity > POINTS_MAX) {
+    errno = ENOMEM;
+    PointStorageFail("malloc failed");
+  }
+  array.points.reset(static_cast<PlotPoint*>(std::malloc(array.capacity * sizeof(PlotPoint))));
   if (!array.points) {
     PointStorageFail("malloc failed");
   }

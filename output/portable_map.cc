@@ -6,7 +6,7 @@ namespace {
 
 constexpr uint32_t SAMPLE_MAX = 255;
 constexpr uint32_t TWO_BYTE_SAMPLE_MAX = 65535;
-constexpr uint32_t NUMBER_MAX = 1000000000;  // more digits leave a number here: no map is as large
+constexpr uint32_t NUMBER_MAX = 100000000;  // digits behind such a number are dropped: no map is as large
 
 struct MapForm {
   int letter;

@@ -10,9 +10,9 @@ namespace ozmo {
 
 namespace {
 
-// A row without a name gives libplot's default, which is solid.
+// An empty name gives libplot's default, which is solid.
 constexpr std::array<const char*, STYLE_ROWS> LINE_STYLES = {
-    "solid", "dotted", "dotdashed", "shortdashed", "longdashed", nullptr, nullptr};
+    "solid", "dotted", "dotdashed", "shortdashed", "longdashed", "", ""};
 
 // Two ends that each leave over two sides need four moves; more mean that rounding leads nowhere.
 constexpr int CLIP_MOVES_MAX = 8;

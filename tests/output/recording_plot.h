@@ -1,0 +1,37 @@
+// A stand-in for libplot that writes the calls down: a test program links it in libplot's place.
+//
+// A call is one text: the name without "pl_", then the arguments. Numbers have seven significant digits,
+// texts stand in single quotes, and a null text is the word null.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ozmo::testing {
+
+struct PlotRecording {
+  std::vector<std::string> calls;
+  // What the calls that can fail answer.
+  int newplResult = 1;
+  int openplResult = 0;
+  int closeplResult = 0;
+  double labelWidth = 100.0;
+  double fontScale = 1.0;  // ffontsize answers the size asked for times this
+
+  // The calls of this name, in order.
+  std::vector<std::string> Named(const std::string& name) const;
+
+  // Position of the first call, at or behind `from`, that starts with `text`; calls.size() without one.
+  size_t Find(const std::string& text, size_t from = 0) const;
+
+  // `count` calls from position `from`.
+  std::vector<std::string> Slice(size_t from, size_t count) const;
+};
+
+// The recording that the stand-in writes to.
+PlotRecording& Recording();
+
+// An empty recording at the start of a test.
+void RecordingStart();
+
+}  // namespace ozmo::testing
