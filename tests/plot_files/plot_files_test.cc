@@ -1,0 +1,210 @@
+// Whole plots through libplot and libjpeg themselves: are the files what their types promise, and does bad
+// input end as it should?
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "output/plot_driver.h"
+#include "tests/output/plot_job.h"
+#include "tests/plot_files/jpeg_picture.h"
+#include "tests/support/temp_directory.h"
+#include "tests/support/temp_map_guard.h"
+
+namespace ozmo {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::ExitedWithCode;
+using ::testing::HasSubstr;
+using testing::JpegPicture;
+using testing::PlotJob;
+using testing::ReadJpeg;
+using ::testing::StartsWith;
+using testing::TEMP_MAP;
+using testing::TempDirectory;
+using testing::TempMapGuard;
+
+std::string Contents(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+int LittleEndian(const std::string& bytes, size_t at) {
+  return static_cast<unsigned char>(bytes.at(at)) + 256 * static_cast<unsigned char>(bytes.at(at + 1));
+}
+
+class PlotFiles : public ::testing::TestWithParam<GraphType> {
+ protected:
+  PlotFiles() : graph_(61) {
+    graph_.AddBand("Red", 88.0F);
+    graph_.AddBand("Blue", 44.0F);
+    graph_.job.width = 320.0;
+    graph_.job.height = 240.0;
+    mask_ = umask(0);
+    umask(mask_);
+  }
+  ~PlotFiles() override { umask(mask_); }
+
+  // The file's bytes, after a run that must have gone well.
+  std::string Plot(GraphType type) {
+    graph_.job.graphType = type;
+    graph_.job.graphFile = directory_ / "plot";
+    EXPECT_EQ(PlotGraphJob(graph_.job), 0);
+    return Contents(graph_.job.graphFile);
+  }
+  void PlotJpegAndExpectRefusal() {
+    graph_.job.graphType = GraphType::JPEG;
+    graph_.job.graphFile = directory_ / "plot";
+    EXPECT_EXIT(PlotGraphJob(graph_.job), ExitedWithCode(1), "^cjpeg: can't open input file\n$");
+    EXPECT_FALSE(fs::exists(graph_.job.graphFile));
+  }
+
+  TempMapGuard guard_;
+  TempDirectory directory_;
+  PlotJob graph_;
+  mode_t mask_;
+};
+
+TEST_F(PlotFiles, AGifHasTheSizeOfTheJob) {
+  const std::string bytes = Plot(GraphType::GIF);
+  EXPECT_THAT(bytes, StartsWith("GIF8"));
+  EXPECT_EQ(LittleEndian(bytes, 6), 320);
+  EXPECT_EQ(LittleEndian(bytes, 8), 240);
+  EXPECT_EQ(bytes.back(), ';');
+}
+
+TEST_F(PlotFiles, APostScriptFileIsAPageWithTheTitle) {
+  graph_.job.mainOverlay.title = "100%";
+  const std::string bytes = Plot(GraphType::POSTSCRIPT);
+  EXPECT_THAT(bytes, StartsWith("%!PS-Adobe"));
+  EXPECT_THAT(bytes, HasSubstr("%%EOF"));
+}
+
+TEST_F(PlotFiles, AJpegIsPlainWithTheDefaultsOfTheLibrary) {
+  Plot(GraphType::JPEG);
+  const JpegPicture picture = ReadJpeg(graph_.job.graphFile);
+  EXPECT_EQ(picture.width, 320U);
+  EXPECT_EQ(picture.height, 240U);
+  EXPECT_EQ(picture.components, 3);
+  EXPECT_FALSE(picture.progressive);
+  EXPECT_THAT(picture.lumaSampling, ElementsAre(2, 2));
+  EXPECT_EQ(picture.firstLumaStep, 8);  // 16 at quality 50, half of it at 75
+}
+
+TEST_F(PlotFiles, AJpegShowsTheBandsAboveEachOther) {
+  Plot(GraphType::JPEG);
+  const JpegPicture picture = ReadJpeg(graph_.job.graphFile);
+  // The frame goes from 0.17 to 0.89 of the height, and its top is at 110.
+  const auto middleAt = [&](double value) {
+    const std::vector<int> dot =
+        picture.At(160, static_cast<unsigned>(240.0 * (1.0 - 0.17 - 0.72 * value / 110.0)));
+    return std::vector<bool>{dot[0] > 200, dot[1] > 200, dot[2] > 200};
+  };
+  EXPECT_THAT(middleAt(22.0), ElementsAre(false, false, true));
+  EXPECT_THAT(middleAt(66.0), ElementsAre(true, false, false));
+  EXPECT_THAT(middleAt(99.0), ElementsAre(true, true, true));
+}
+
+TEST_F(PlotFiles, AJpegRunLeavesNoTemporaryFileAndReplacesALeftOne) {
+  std::ofstream(TEMP_MAP) << std::string(2000000, 'x');
+  Plot(GraphType::JPEG);
+  EXPECT_EQ(ReadJpeg(graph_.job.graphFile).width, 320U);
+  EXPECT_FALSE(fs::exists(TEMP_MAP));
+}
+
+TEST_F(PlotFiles, ATemporaryFileThatIsALinkIsNotFollowed) {
+  const std::string victim = directory_ / "victim";
+  std::ofstream(victim) << "kept";
+  fs::create_symlink(victim, TEMP_MAP);
+  PlotJpegAndExpectRefusal();
+  EXPECT_EQ(Contents(victim), "kept");
+}
+
+TEST_F(PlotFiles, ATemporaryFileWithASecondNameIsNotOverwritten) {
+  const std::string victim = directory_ / "victim";
+  std::ofstream(victim) << "kept";
+  std::error_code otherFileSystem;
+  fs::create_hard_link(victim, TEMP_MAP, otherFileSystem);
+  if (otherFileSystem) {
+    GTEST_SKIP() << otherFileSystem.message();
+  }
+  PlotJpegAndExpectRefusal();
+  EXPECT_EQ(Contents(victim), "kept");
+}
+
+TEST_F(PlotFiles, ATemporaryFileThatIsAPipeDoesNotHangTheRun) {
+  ASSERT_EQ(mkfifo(TEMP_MAP, 0600), 0);
+  PlotJpegAndExpectRefusal();
+}
+
+TEST_F(PlotFiles, ATemporaryFileOfSomeoneElseIsLeftAlone) {
+  std::ofstream(TEMP_MAP) << "theirs";
+  if (chown(TEMP_MAP, 12345, 12345) != 0) {
+    GTEST_SKIP() << "only root can give a file away";
+  }
+  PlotJpegAndExpectRefusal();
+  EXPECT_EQ(Contents(TEMP_MAP), "theirs");
+}
+
+TEST_F(PlotFiles, AJpegThatCanNotBeCreatedLeavesTheTemporaryFile) {
+  graph_.job.graphType = GraphType::JPEG;
+  graph_.job.graphFile = directory_ / "no/plot";
+  EXPECT_EXIT(PlotGraphJob(graph_.job), ExitedWithCode(1), "^cjpeg: can't open .*/no/plot\n$");
+  EXPECT_THAT(Contents(TEMP_MAP), StartsWith("P6\n"));
+}
+
+TEST_F(PlotFiles, ABitmapTooLargeIsNotTried) {
+  for (const GraphType type : {GraphType::GIF, GraphType::JPEG}) {
+    graph_.job.graphType = type;
+    graph_.job.graphFile = directory_ / "plot";
+    graph_.job.width = graph_.job.height = 60000.0;
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(PlotGraphJob(graph_.job), 1);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "graph: error: couldn't open plot device\n");
+    EXPECT_FALSE(fs::exists(TEMP_MAP));
+  }
+}
+
+// Bad values, for every type.
+TEST_P(PlotFiles, ValuesThatAreNoFiniteNumbersAreLeftOut) {
+  std::vector<float> values(61, 30.0F);
+  values[1] = values[59] = NAN;
+  values[20] = INFINITY;
+  values[40] = -INFINITY;
+  graph_.AddTrace("Green", values);
+  graph_.SetOverlay(INFINITY, std::vector<float>(61, NAN));
+  EXPECT_GT(Plot(GetParam()).size(), 1000U);
+}
+
+TEST_P(PlotFiles, ValuesFarOutsideTheFrameAreClipped) {
+  std::vector<float> values(61, 3e38F);
+  for (size_t n = 0; n < values.size(); n += 2) {
+    values[n] = -3e38F;
+  }
+  graph_.AddTrace("Green", values);
+  graph_.SetOverlay(1e-44, values);
+  EXPECT_GT(Plot(GetParam()).size(), 1000U);
+}
+
+TEST_P(PlotFiles, NullAndStrangeTextsAreDrawnOrLeftOut) {
+  graph_.AddBand(nullptr, 11.0F);
+  graph_.AddBand("no such colour", 5.0F);
+  graph_.job.mainOverlay.title = "%s%n \\ \\sp \\xyz \x01\xFF";
+  graph_.job.mainOverlay.yTitle = "\\";
+  ::testing::internal::CaptureStderr();
+  EXPECT_GT(Plot(GetParam()).size(), 1000U);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("no such colour"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachType, PlotFiles,
+                         ::testing::Values(GraphType::POSTSCRIPT, GraphType::GIF, GraphType::JPEG));
+
+}  // namespace
+}  // namespace ozmo
