@@ -146,7 +146,11 @@ TEST_F(LinuxReaderTest, EveryEntryPassTellsPathAndVersion) {
 
 TEST_F(LinuxReaderTest, FileWithoutVersionIsUnsupported) {
   writer_.OrderList(9, {901}).OrderList(5, {504}).Record(5, {Text("node")});
+  setenv("VELTRIX_LIBRARY", OZMO_SOURCE_DIR, 1);
+  ::testing::internal::CaptureStderr();
   EXPECT_EQ(EntryPass(), 0);
+  EXPECT_NE(::testing::internal::GetCapturedStderr().find("Data version ??? of file " + path_), path_.npos);
+  unsetenv("VELTRIX_LIBRARY");
 }
 
 // --- Disks ---
