@@ -19,6 +19,22 @@ std::string Joined(const std::vector<std::string>& lines) {
   return text;
 }
 
+void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+}
+
+// The bytes of "hex:ffd8"; any other word as it stands.
+std::string Unhex(const std::string& word) {
+  if (!word.starts_with("hex:")) return word;
+  std::string bytes;
+  for (size_t i = 4; i + 1 < word.size(); i += 2) {
+    bytes += static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16));
+  }
+  return bytes;
+}
+
 // The first of `wanted` that doesn't follow the ones ahead of it in `text`, other lines between them allowed.
 std::optional<std::string> FirstMissing(const std::string& text, const std::vector<std::string>& wanted) {
   size_t position = 0;
@@ -45,6 +61,7 @@ const CaseRunner::Action CaseRunner::ACTIONS[] = {
     {"stdout-holds", 0, &CaseRunner::StdoutHolds, true},
     {"stderr", 0, &CaseRunner::Stderr, true},
     {"stderr-holds", 0, &CaseRunner::StderrHolds, true},
+    {"stderr-begins", 1, &CaseRunner::StderrBegins, true},
     {"output", 1, &CaseRunner::Output, true},
     {"output-holds", 1, &CaseRunner::OutputHolds, true},
     {"output-begins", 2, &CaseRunner::OutputBegins, true},
@@ -71,8 +88,10 @@ void CaseRunner::Fail(const Statement& statement, const std::string& what) const
 }
 
 void CaseRunner::Run() {
-  const std::vector<Statement> statements = ReadCaseFile(path_);
-  for (const Statement& statement : statements) {
+  std::vector<Statement> statements = ReadCaseFile(path_);
+  for (Statement& statement : statements) {
+    for (std::string& word : statement.words) ReplaceAll(word, "{DIR}", files_);
+    for (std::string& line : statement.text) ReplaceAll(line, "{DIR}", files_);
     if (IsCollectorStatement(statement)) {
       if (openScript_ == nullptr) return Fail(statement, "no file is open for this record");
       openScript_->push_back(statement);
@@ -106,9 +125,7 @@ void CaseRunner::Env(const Statement& statement) {
       environment_.erase(word);
       continue;
     }
-    std::string value = word.substr(equals + 1);
-    if (value.starts_with("{DIR}")) value.replace(0, 5, files_);
-    environment_[word.substr(0, equals)] = value;
+    environment_[word.substr(0, equals)] = word.substr(equals + 1);
   }
 }
 
@@ -191,6 +208,11 @@ void CaseRunner::ExpectLines(const Statement& statement, const std::string& actu
   }
 }
 
+void CaseRunner::ExpectBeginning(const Statement& statement, const std::string& actual,
+                                 const std::string& wanted) {
+  if (!actual.starts_with(wanted)) Fail(statement, "it begins with " + actual.substr(0, wanted.size()));
+}
+
 void CaseRunner::Stdout(const Statement& statement) { ExpectText(statement, result_->standardOutput); }
 
 void CaseRunner::StdoutHolds(const Statement& statement) { ExpectLines(statement, result_->standardOutput); }
@@ -205,6 +227,11 @@ void CaseRunner::StderrHolds(const Statement& statement) {
   ExpectLines(statement, result_->standardError);
 }
 
+void CaseRunner::StderrBegins(const Statement& statement) {
+  stderrChecked_ = true;
+  ExpectBeginning(statement, result_->standardError, statement.words[0]);
+}
+
 void CaseRunner::Output(const Statement& statement) {
   ExpectText(statement, ReadWholeFile(PathOf(statement.words[0])));
 }
@@ -214,8 +241,7 @@ void CaseRunner::OutputHolds(const Statement& statement) {
 }
 
 void CaseRunner::OutputBegins(const Statement& statement) {
-  const std::string content = ReadWholeFile(PathOf(statement.words[0]));
-  if (!content.starts_with(statement.words[1])) Fail(statement, "it begins with " + content.substr(0, 20));
+  ExpectBeginning(statement, ReadWholeFile(PathOf(statement.words[0])), Unhex(statement.words[1]));
 }
 
 void CaseRunner::Absent(const Statement& statement) {

@@ -45,6 +45,7 @@ class CaseRunner {
   void StdoutHolds(const Statement& statement);
   void Stderr(const Statement& statement);
   void StderrHolds(const Statement& statement);
+  void StderrBegins(const Statement& statement);
   void Output(const Statement& statement);
   void OutputHolds(const Statement& statement);
   void OutputBegins(const Statement& statement);
@@ -55,6 +56,7 @@ class CaseRunner {
                       const std::vector<Statement>& script);
   void FinishRun();
   void ExpectText(const Statement& statement, const std::string& actual);
+  void ExpectBeginning(const Statement& statement, const std::string& actual, const std::string& wanted);
   void ExpectLines(const Statement& statement, const std::string& actual);
   void Fail(const Statement& statement, const std::string& what) const;
   std::string PathOf(const std::string& name) const { return files_ + "/" + name; }
