@@ -38,7 +38,7 @@ constexpr ProgramDescription PROGRAMS[] = {
 
 // Logical units of less than 2 GB each: disk sizes count in bytes and must fit their fields.
 constexpr DiskDescription DISKS[] = {
-    {"vscsi0", 200, 0.6, 4.0, 16, 0},    {"hdisk0", 60, 0.55, 5.0, 16, 1900},
+    {"hdisk0", 60, 0.55, 5.0, 16, 1900}, {"vscsi0", 200, 0.6, 4.0, 16, 0},
     {"hdisk1", 55, 0.10, 5.0, 16, 1900}, {"hdisk2", 120, 0.80, 3.5, 8, 2000},
     {"hdisk3", 95, 0.75, 4.0, 8, 2000},  {"hdisk4", 80, 0.70, 4.5, 32, 1600},
     {"hdisk5", 45, 0.60, 6.0, 32, 1600}, {"hdisk6", 30, 0.50, 7.0, 64, 1200},
@@ -55,7 +55,7 @@ constexpr FileSystemDescription FILE_SYSTEMS[] = {
 };
 
 constexpr AdapterDescription ADAPTERS[] = {
-    {"en0", 9500, 2}, {"en1", 2200, 7}, {"en10", 700, 0}, {"lo0", 300, 0}};
+    {"en0", 7000, 2}, {"en1", 2200, 7}, {"en10", 700, 0}, {"lo0", 300, 0}};
 
 constexpr HostDescription HOST{LOGICAL_PROCESSORS, 2, 16384, PROGRAMS, DISKS, FILE_SYSTEMS, ADAPTERS};
 

@@ -48,7 +48,7 @@ constexpr FileSystemDescription FILE_SYSTEMS[] = {
 };
 
 constexpr AdapterDescription ADAPTERS[] = {
-    {"lan0", 8800, 3}, {"lan1", 2400, 11}, {"lan900", 600, 0}, {"lo0", 300, 0}};
+    {"lan0", 7000, 3}, {"lan1", 2400, 11}, {"lan900", 600, 0}, {"lo0", 300, 0}};
 
 constexpr HostDescription HOST{6, 0, 16384, PROGRAMS, DISKS, FILE_SYSTEMS, ADAPTERS};
 

@@ -55,7 +55,7 @@ constexpr FileSystemDescription FILE_SYSTEMS[] = {
 
 // The loopback adapter has no digit at its end and is in no graph.
 constexpr AdapterDescription ADAPTERS[] = {
-    {"bge0", 9000, 3}, {"bge1", 2500, 0}, {"ce0", 600, 12}, {"lo", 300, 0}};
+    {"bge0", 4500, 3}, {"bge1", 2500, 0}, {"ce0", 600, 12}, {"lo", 300, 0}};
 
 constexpr HostDescription HOST{4, 0, 16384, PROGRAMS, DISKS, FILE_SYSTEMS, ADAPTERS};
 

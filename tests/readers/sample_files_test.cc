@@ -1,0 +1,180 @@
+// Every version of every kind, from the sample files to the interval records. The sample files state their
+// layouts apart from the readers, so a field of another width or place on either side shows here as figures
+// that no host could have.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "readers/data_reader.h"
+#include "runtime/runtime.h"
+#include "tests/support/temp_directory.h"
+#include "tools/sample_day.h"
+
+namespace ozmo::testing {
+namespace {
+
+constexpr Seconds NINE = 1329901200;  // 22-Feb-2012 09:00:00 UTC
+
+struct Kind {
+  const char* name;
+  ReaderKind reader;
+  sample::SampleResult (*write)(const sample::SampleOptions& options);
+  size_t processors;
+  bool processTimesArePercent;
+};
+
+constexpr Kind SOLARIS{"solaris", ReaderKind::SOLARIS, sample::WriteSolarisSample, 4, false};
+constexpr Kind LINUX{"linux", ReaderKind::LINUX, sample::WriteLinuxSample, 8, false};
+constexpr Kind AIX{"aix", ReaderKind::AIX, sample::WriteAixSample, 8, false};
+constexpr Kind HPUX{"hpux", ReaderKind::HPUX, sample::WriteHpuxSample, 6, false};
+constexpr Kind TRU64{"tru64", ReaderKind::TRU64, sample::WriteTru64Sample, 4, true};
+
+struct Case {
+  const Kind* kind;
+  const char* version;
+  bool hasFileSystems;
+  bool hasAdapters;
+};
+
+std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
+  return std::string(info.param.kind->name) + "_" + info.param.version;
+}
+
+class SampleFilesTest : public ::testing::TestWithParam<Case> {
+ protected:
+  SampleFilesTest() {
+    setenv("TZ", "UTC", 1);
+    tzset();
+  }
+
+  TempDirectory directory_;
+  Runtime runtime_;
+};
+
+bool IsPlain(const std::string& name) {
+  for (char character : name) {
+    if (character < ' ' || character > '~') return false;
+  }
+  return !name.empty();
+}
+
+void ExpectProcessors(const VmrContext& context, const Kind& kind) {
+  EXPECT_EQ(context.config->cpuCount, static_cast<int32_t>(kind.processors));
+  ASSERT_EQ(context.processors.primary.size(), kind.processors);
+  double busiest = 0;
+  for (const ProcessorRecord& cpu : context.processors.primary) {
+    const double busy = cpu.userTime + cpu.niceTime + cpu.systemTime;
+    EXPECT_GE(busy, 0);
+    EXPECT_GT(cpu.idleTime, 0);
+    busiest = std::max(busiest, busy / (busy + cpu.idleTime + cpu.waitTime));
+  }
+  EXPECT_GT(busiest, 0.2);
+}
+
+void ExpectProcesses(const VmrContext& context, const Kind& kind, int interval) {
+  EXPECT_GT(context.processes.primary.size(), 15U);
+  double used = 0;
+  for (const ProcessRecord& process : context.processes.primary) {
+    EXPECT_TRUE(IsPlain(process.name) && IsPlain(process.userName))
+        << process.name << " " << process.userName;
+    EXPECT_GT(process.processId, 0);
+    used += process.userCpuSeconds + process.systemCpuSeconds;
+  }
+  const double most = kind.processTimesArePercent ? 100 : static_cast<double>(kind.processors) * interval;
+  EXPECT_GT(used, most / 10);
+  EXPECT_LT(used, most);
+}
+
+void ExpectDisks(const VmrContext& context) {
+  EXPECT_GT(context.disks.primary.size(), 10U);
+  for (const DiskRecord& disk : context.disks.primary) {
+    const float ops = std::max(disk.ioRate, disk.readRate + disk.writeRate);
+    const float bytes = std::max(disk.totalBytesRate, disk.readBytesRate + disk.writeBytesRate);
+    EXPECT_TRUE(IsPlain(disk.deviceName));
+    EXPECT_EQ(disk.deviceName.find("vscsi"), std::string::npos);
+    EXPECT_LT(ops, 400);
+    if (ops > 1) {
+      EXPECT_GT(bytes / ops, 1000) << disk.deviceName;
+      EXPECT_LT(bytes / ops, 200000) << disk.deviceName;
+    }
+    EXPECT_LE(disk.busyFraction, 1);
+  }
+}
+
+void ExpectFileSystemsAndAdapters(const VmrContext& context, const Case& wanted) {
+  EXPECT_EQ(context.fileSystems.primary.empty(), !wanted.hasFileSystems);
+  for (const FileSystemRecord& fileSystem : context.fileSystems.primary) {
+    EXPECT_EQ(fileSystem.mountName.find('/'), 0U);
+    EXPECT_GT(fileSystem.totalBlocks, fileSystem.freeBlocks);
+    EXPECT_GT(fileSystem.freeBlocks, fileSystem.availableBlocks);
+  }
+  EXPECT_EQ(context.lans.primary.empty(), !wanted.hasAdapters);
+  for (const LanRecord& adapter : context.lans.primary) {
+    EXPECT_TRUE(IsPlain(adapter.adapterName));
+    EXPECT_NEAR(adapter.bytesInRate / adapter.packetsInRate, 380, 5) << adapter.adapterName;
+    EXPECT_NEAR(adapter.bytesOutRate / adapter.packetsOutRate, 620, 5) << adapter.adapterName;
+  }
+}
+
+TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
+  const Kind& kind = *GetParam().kind;
+  sample::SampleOptions options;
+  options.directory = directory_.path();
+  options.startHour = 9;
+  options.hours = 1;
+  options.intervalSeconds = 300;
+  options.version = GetParam().version;
+  const sample::SampleResult written = kind.write(options);
+  ASSERT_EQ(written.error, "");
+  ASSERT_EQ(written.files.size(), 1U);
+
+  DataReader reader(kind.reader, runtime_);
+  VmrContext context;
+  Seconds first = 0;
+  ASSERT_EQ(reader.EntryPass(written.files[0], context.nodeName, first), 1);
+  EXPECT_EQ(context.nodeName, "node");
+  EXPECT_EQ(first, NINE);
+
+  context.dataPath = written.files[0];
+  context.periodStart = NINE;
+  context.periodEnd = NINE + 3600;
+  ASSERT_EQ(reader.Open(context), 1);
+  int intervals = 0;
+  while (reader.Next(context) == 1) {
+    ASSERT_TRUE(context.config.has_value());
+    // The first window is closed at both ends and holds two samples.
+    if (++intervals == 1) continue;
+    ExpectProcessors(context, kind);
+    ExpectProcesses(context, kind, options.intervalSeconds);
+    ExpectDisks(context);
+    ExpectFileSystemsAndAdapters(context, GetParam());
+    EXPECT_TRUE(context.memory.primary.has_value());
+    EXPECT_TRUE(context.kernel.primary.has_value());
+  }
+  EXPECT_GE(intervals, 9);
+  reader.Close(context);
+}
+
+constexpr Case CASES[] = {
+    {&SOLARIS, "P730", true, true},   {&SOLARIS, "P720", true, true},  {&SOLARIS, "P300", true, false},
+    {&LINUX, "P730", true, true},     {&LINUX, "P730_64", true, true}, {&LINUX, "P720", true, true},
+    {&LINUX, "P720_64", true, true},  {&LINUX, "P300", true, false},   {&LINUX, "540", true, false},
+    {&LINUX, "P300_64", true, false}, {&AIX, "P910_64", true, true},   {&AIX, "P910", true, true},
+    {&AIX, "P730_64", true, true},    {&AIX, "P730", true, true},      {&AIX, "P720_64", true, true},
+    {&AIX, "P720", true, true},       {&AIX, "P300_64", true, false},  {&AIX, "P300", true, false},
+    {&AIX, "540", true, false},       {&HPUX, "P730_64", true, true},  {&HPUX, "P730", true, true},
+    {&HPUX, "P720_64", true, true},   {&HPUX, "P720", true, true},     {&HPUX, "P300_64", true, false},
+    {&HPUX, "P300", true, false},     {&HPUX, "540", true, false},     {&HPUX, "V530", true, false},
+    {&HPUX, "V525", false, false},    {&HPUX, "V520", false, false},   {&HPUX, "V510", false, false},
+    {&TRU64, "P730", true, true},     {&TRU64, "P720", true, true},    {&TRU64, "P300", true, false},
+    {&TRU64, "V530", true, false},    {&TRU64, "V520", false, false},  {&TRU64, "V510", false, false},
+    {&TRU64, "V505", false, false},
+};
+
+INSTANTIATE_TEST_SUITE_P(AllVersions, SampleFilesTest, ::testing::ValuesIn(CASES), NameOf);
+
+}  // namespace
+}  // namespace ozmo::testing
