@@ -16,8 +16,9 @@ namespace ozmo {
 
 // One trace of a layer. The points, at least GraphJob::pointCount of them, belong to the catalog.
 struct OverlayTrace {
-  std::optional<std::string> label;   // absent: nothing is written where the label would stand
-  std::optional<std::string> colour;  // a libplot colour name; absent where the record has no style for the set
+  std::optional<std::string> label;  // absent: nothing is written where the label would stand
+  std::optional<std::string>
+      colour;  // a libplot colour name; absent where the record has no style for the set
   const float* series = nullptr;
 };
 
