@@ -146,7 +146,7 @@ class RuleTable {
     const auto [low, high] = std::minmax_element(
         rows_.begin(), rows_.end(), [](const auto& a, const auto& b) { return a.fieldId < b.fieldId; });
     first_ = low->fieldId;
-    index_.assign(static_cast<size_t>(high->fieldId - first_ + 1), NONE);
+    index_.assign(static_cast<size_t>(int64_t{high->fieldId} - first_ + 1), NONE);
     for (size_t i = 0; i < rows_.size(); ++i) index_[static_cast<size_t>(rows_[i].fieldId - first_)] = i;
   }
 
