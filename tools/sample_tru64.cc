@@ -84,8 +84,8 @@ void WriteProcessors(const HostSample& sample, SampleFile& file) {
                       .Set(804, cpu.nice)
                       .Set(805, cpu.user)
                       .Set(806, cpu.system)
-                      .Set(807, cpu.idle)
-                      .Set(808, cpu.wait)
+                      .Set(807, cpu.wait)
+                      .Set(808, cpu.idle)
                       .Set(809, TICKS_PER_SECOND));
   }
 }

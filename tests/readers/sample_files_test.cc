@@ -43,9 +43,9 @@ std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
   return std::string(info.param.kind->name) + "_" + info.param.version;
 }
 
-class SampleFilesTest : public ::testing::TestWithParam<Case> {
+class SampleFiles : public ::testing::Test {
  protected:
-  SampleFilesTest() {
+  SampleFiles() {
     setenv("TZ", "UTC", 1);
     tzset();
   }
@@ -53,6 +53,17 @@ class SampleFilesTest : public ::testing::TestWithParam<Case> {
   TempDirectory directory_;
   Runtime runtime_;
 };
+
+class SampleFilesTest : public SampleFiles, public ::testing::WithParamInterface<Case> {};
+
+sample::SampleOptions NineOClock(const TempDirectory& directory) {
+  sample::SampleOptions options;
+  options.directory = directory.path();
+  options.startHour = 9;
+  options.hours = 1;
+  options.intervalSeconds = 300;
+  return options;
+}
 
 bool IsPlain(const std::string& name) {
   for (char character : name) {
@@ -121,11 +132,7 @@ void ExpectFileSystemsAndAdapters(const VmrContext& context, const Case& wanted)
 
 TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   const Kind& kind = *GetParam().kind;
-  sample::SampleOptions options;
-  options.directory = directory_.path();
-  options.startHour = 9;
-  options.hours = 1;
-  options.intervalSeconds = 300;
+  sample::SampleOptions options = NineOClock(directory_);
   options.version = GetParam().version;
   const sample::SampleResult written = kind.write(options);
   ASSERT_EQ(written.error, "");
@@ -173,6 +180,67 @@ constexpr Case CASES[] = {
     {&TRU64, "V530", true, false},    {&TRU64, "V520", false, false},  {&TRU64, "V510", false, false},
     {&TRU64, "V505", false, false},
 };
+
+// What one file shows of every interval, as far as it can differ between two byte orders.
+std::vector<double> Figures(ReaderKind kind, const std::string& path, Runtime& runtime) {
+  DataReader reader(kind, runtime);
+  VmrContext context;
+  Seconds first = 0;
+  std::vector<double> figures;
+  if (reader.EntryPass(path, context.nodeName, first) != 1) return figures;
+  context.dataPath = path;
+  context.periodStart = first;
+  context.periodEnd = first + 3600;
+  reader.Open(context);
+  while (reader.Next(context) == 1) {
+    for (const ProcessorRecord& cpu : context.processors.primary) figures.push_back(cpu.userTime);
+    for (const ProcessRecord& process : context.processes.primary) figures.push_back(process.userCpuSeconds);
+    for (const LanRecord& adapter : context.lans.primary) figures.push_back(adapter.bytesInRate);
+    figures.push_back(context.kernel.primary->counters[53]);
+  }
+  return figures;
+}
+
+TEST_F(SampleFiles, ByteOrderChangesNoFigure) {
+  sample::SampleOptions options = NineOClock(directory_);
+  const std::string big = sample::WriteSolarisSample(options).files.at(0);
+  options.littleEndian = true;
+  const std::string little = sample::WriteSolarisSample(options).files.at(0);
+  const std::vector<double> figures = Figures(ReaderKind::SOLARIS, big, runtime_);
+  EXPECT_GT(figures.size(), 500U);
+  EXPECT_EQ(figures, Figures(ReaderKind::SOLARIS, little, runtime_));
+}
+
+TEST_F(SampleFiles, MonitorFilesNameTheMachineAndItsParts) {
+  const std::string path = sample::WriteVmrSample(NineOClock(directory_)).files.at(0);
+  DataReader reader(ReaderKind::VMR, runtime_);
+  VmrContext context;
+  Seconds first = 0;
+  ASSERT_EQ(reader.EntryPass(path, context.nodeName, first), 1);
+  EXPECT_EQ(context.nodeName, "node");
+  EXPECT_EQ(first, NINE);
+  context.dataPath = path;
+  context.periodStart = NINE;
+  context.periodEnd = NINE + 3600;
+  ASSERT_EQ(reader.Open(context), 1);
+  int intervals = 0;
+  while (reader.Next(context) == 1) {
+    ++intervals;
+    // The machine as a whole is the head of the list and the mean of the others.
+    ASSERT_EQ(context.processors.primary.size(), 5U);
+    double mean = 0;
+    for (const ProcessorRecord& cpu : context.processors.primary) mean += cpu.userTime / 4;
+    EXPECT_NEAR(mean - context.processors.primary.head().userTime / 4,
+                context.processors.primary.head().userTime, 0.01);
+    EXPECT_EQ(context.disks.primary.size(), 6U);
+    EXPECT_GT(context.processes.primary.size(), 15U);
+    ASSERT_TRUE(context.memory.primary.has_value());
+    EXPECT_LT(context.memory.primary->freePages, context.config->memoryMb * 256);
+    ASSERT_TRUE(context.network.has_value());
+    EXPECT_GT(context.network->ipReceivedPerSecond, context.network->udpReceivedPerSecond);
+  }
+  EXPECT_GE(intervals, 10);
+}
 
 INSTANTIATE_TEST_SUITE_P(AllVersions, SampleFilesTest, ::testing::ValuesIn(CASES), NameOf);
 
