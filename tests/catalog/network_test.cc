@@ -122,7 +122,7 @@ TEST_F(NetworkTest, SolarisOthersAreWhatTheKindsLeave) {
   PassFixture fixture(SOLARIS_PLATFORM);
   auto& c = Counters(fixture).counters;
   c[53] = 100.0F;
-  for (const size_t kind : {54, 55, 56, 57, 58}) c[kind] = 1.0F;
+  for (size_t kind = 54; kind <= 58; ++kind) c[kind] = 1.0F;
   c[59] = 80.0F;
   Run(fixture);
   EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 0), 15.0F);
