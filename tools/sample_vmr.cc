@@ -42,8 +42,6 @@ constexpr AdapterDescription ADAPTERS[] = {{"lan", 9000, 0}};
 
 constexpr HostDescription HOST{4, 0, 8192, PROGRAMS, DISKS, {}, ADAPTERS};
 
-constexpr int PAGE_BYTES = 4096;
-
 // What an object or one of its instances shows at a sample: counter title number and mean.
 struct CounterValue {
   int counter;
