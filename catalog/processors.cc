@@ -106,7 +106,7 @@ void StoreOverallCpu(BuildState& state, double percent) {
 void AddProcessors(BuildState& state, const VmrContext& context) {
   const ProcessorSpec& spec = state.platform.processorSpec;
   const int configured = ConfigOf(context).cpuCount;
-  if (spec.setsFromConfiguration && !state.processorsMade) {
+  if (spec.setsFromConfiguration && !state.processorsMade && context.config) {
     MakeConfiguredSets(state, configured);
     state.processorsMade = true;
   }
