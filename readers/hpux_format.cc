@@ -65,7 +65,8 @@ void StoreNiceTime(ProcessorRecord& cpu, const FieldValue& field, const CpuRule&
 void StoreExtraSeconds(ProcessorRecord& cpu, const FieldValue& field, const CpuRule& /*rule*/,
                        Decoding& decoding) {
   const int64_t interval = decoding.state.intervalSeconds;
-  cpu.extraSecondsA = interval != 0 ? static_cast<double>(field.Int32() / interval) : 0.0;
+  const int64_t seconds = interval != 0 ? field.Int32() / interval : 0;
+  cpu.extraSecondsA = static_cast<double>(seconds);
 }
 
 int HpuxDecodeCpuOverall(Decoding& decoding) {
@@ -326,7 +327,8 @@ int DecodeCounters(std::span<const CounterRange> ranges, int32_t levelField,
     ++counted;
     auto value = static_cast<float>(field.Int32());
     if (field.fieldId != levelField) value /= static_cast<float>(decoding.state.intervalSeconds);
-    record.counters[static_cast<size_t>(field.fieldId - range->firstField + range->element)] = value;
+    const int32_t element = field.fieldId - range->firstField + range->element;
+    record.counters[static_cast<size_t>(element)] = value;
   }
   if (counted == 0) slot.reset();
   return counted;

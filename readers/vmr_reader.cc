@@ -32,10 +32,12 @@ std::vector<std::string> NodeFileSet(const std::string& dataPath, const std::str
       return path.find(name) != std::string::npos || name.find(path) != std::string::npos;
     });
   };
+  const std::string series = directory + "/qtx_" + nodeName + "_";
   for (const std::string& day : DayList(start, end, "%Y%b%d")) {
     // No day has more files than the directory has names: a name may be found in every path.
     for (size_t n = 1; n <= listed.size(); ++n) {
-      std::string path = directory + "/qtx_" + nodeName + "_" + day + "_" + std::to_string(n) + ".vmr";
+      std::string path = series;
+      path.append(day).append("_").append(std::to_string(n)).append(".vmr");
       if (!isListed(path)) break;
       files.push_back(std::move(path));
     }
