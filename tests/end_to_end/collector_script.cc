@@ -55,10 +55,10 @@ class ScriptWriter {
 
 // Decimal, or a time of the case's day: @HH:MM or @HH:MM:SS.
 int64_t ScriptWriter::Number(const std::string& text) {
-  int hours = 0;
-  int minutes = 0;
-  int seconds = 0;
-  if (std::sscanf(text.c_str(), "@%d:%d:%d", &hours, &minutes, &seconds) >= 2) {
+  long hours = 0;
+  long minutes = 0;
+  long seconds = 0;
+  if (std::sscanf(text.c_str(), "@%ld:%ld:%ld", &hours, &minutes, &seconds) >= 2) {
     return midnight_ + hours * 3600 + minutes * 60 + seconds;
   }
   int64_t number = 0;

@@ -14,6 +14,7 @@ constexpr int NOT_STARTED = 127;
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
@@ -34,7 +35,8 @@ ProcessResult RunProcess(const std::vector<std::string>& arguments,
   const std::string errorPath = scratch + "/stderr";
   std::vector<std::string> argumentTexts = arguments;
   std::vector<std::string> environmentTexts;
-  for (const auto& [name, value] : environment) environmentTexts.push_back(name + "=" + value);
+  environmentTexts.reserve(environment.size());
+  for (const auto& [name, value] : environment) environmentTexts.emplace_back(name).append("=").append(value);
   const std::vector<char*> argumentPointers = Pointers(argumentTexts);
   const std::vector<char*> environmentPointers = Pointers(environmentTexts);
 
