@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <vector>
+
 #include "pass_fixture.h"
 
 namespace ozmo {
@@ -14,6 +17,15 @@ class NetworkTest : public testing::Test {
                                           : fixture.context.kernel.primary.emplace();
   }
   static void Run(PassFixture& fixture) { fixture.state.platform.network(fixture.state, fixture.context); }
+
+  // After FillDistinct: the element that each set shows.
+  static std::vector<int> Elements(PassFixture& fixture, const char* title) {
+    std::vector<int> elements;
+    for (const Series& series : fixture.Find(title)->data.y) {
+      elements.push_back(static_cast<int>(std::sqrt(PointAt(series, fixture.state.point))));
+    }
+    return elements;
+  }
 
   // Sum of all sets of a graph at the point: what stacking puts into its top band.
   static float Sum(PassFixture& fixture, const char* title) {
@@ -65,6 +77,17 @@ TEST_F(NetworkTest, BsdReceivedBreakdownsAddUpToTheTotal) {
     EXPECT_EQ(Sum(fixture, "IP Packets Received Breakdown"), 54.0F * 54.0F);
     EXPECT_EQ(fixture.Value("IP Packet Rate", 1), 54.0F * 54.0F);
   }
+}
+
+TEST_F(NetworkTest, BsdBreakdownsReadTheCounterOfTheirLabel) {
+  PassFixture fixture(HPUX_PLATFORM);
+  FillDistinct(Counters(fixture));
+  Run(fixture);
+  // Urgent packets stand ahead of window probes, against the counters' order.
+  EXPECT_EQ(Elements(fixture, "TCP Sent Packets Breakdown"), (std::vector<int>{16, 18, 20, 22, 21, 23, 24}));
+  std::vector<int> received = Elements(fixture, "TCP Received Packets Breakdown");
+  received.resize(11);  // the twelfth is what the others leave
+  EXPECT_EQ(received, (std::vector<int>{26, 31, 33, 35, 37, 40, 45, 39, 28, 29, 30}));
 }
 
 TEST_F(NetworkTest, BsdSentDataHoldTheReceivedOnesAsWell) {
@@ -146,8 +169,8 @@ TEST_F(NetworkTest, SolarisBreakdownsReadTheirOwnCounters) {
   PassFixture fixture(SOLARIS_PLATFORM);
   FillDistinct(Counters(fixture));
   Run(fixture);
-  EXPECT_EQ(fixture.Value("TCP Sent Segments Breakdown", 3), 13.0F * 13.0F);     // retransmitted
-  EXPECT_EQ(fixture.Value("TCP Received Packets Breakdown", 4), 25.0F * 25.0F);  // duplicate ACKs
+  EXPECT_EQ(Elements(fixture, "TCP Sent Segments Breakdown"), (std::vector<int>{11, 15, 17, 13}));
+  EXPECT_EQ(Elements(fixture, "TCP Received Packets Breakdown"), (std::vector<int>{27, 29, 31, 23, 25}));
   EXPECT_EQ(fixture.Value("TCP Connections Opened", 1), 5.0F * 5.0F);
   EXPECT_EQ(fixture.Value("TCP Connections Aborted", 1), 7.0F * 7.0F);
   EXPECT_EQ(fixture.Value("TCP Currently Established Connections"), 8.0F * 8.0F);
@@ -172,6 +195,8 @@ TEST_F(NetworkTest, MonitorFilesNameTheirRates) {
   n.tcpSegmentsRetransmittedPerSecond = 1.0F;
   n.tcpSegmentsSentPerSecond = 2.0F;
   n.tcpConnectionsReset = 3.0F;
+  n.tcpConnectionsPassive = 7.0F;
+  n.tcpConnectionsActive = 8.0F;
   n.tcpConnectionFailures = 4.0F;
   n.ipReceivedPerSecond = 100.0F;
   n.ipOutboundNoRoute = 1.0F;
@@ -183,6 +208,8 @@ TEST_F(NetworkTest, MonitorFilesNameTheirRates) {
   EXPECT_EQ(fixture.Value("TCP Packet Rate", 0), 1.0F);
   EXPECT_EQ(fixture.Value("TCP Packet Rate", 1), 2.0F);
   EXPECT_EQ(fixture.Value("TCP Connection Transitions", 0), 3.0F);
+  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 1), 7.0F);
+  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 2), 8.0F);
   EXPECT_EQ(fixture.Value("TCP Connection Transitions", 3), 4.0F);
   EXPECT_EQ(fixture.Value("IP Packet Rate", 0), 50.0F);
   EXPECT_EQ(fixture.Value("IP Sent Packets Breakdown", 1), 9.0F);
