@@ -13,8 +13,8 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using testing::MORNING;
+using ::testing::Not;
 using testing::PlotJob;
 using testing::Recording;
 using testing::RecordingStart;
