@@ -51,6 +51,7 @@ std::optional<std::string> FirstMissing(const std::string& text, const std::vect
 const CaseRunner::Action CaseRunner::ACTIONS[] = {
     {"day", 1, &CaseRunner::Day},
     {"env", 1, &CaseRunner::Env},
+    {"lock-temp-map", 0, &CaseRunner::LockTempMap},
     {"dir", 1, &CaseRunner::Dir},
     {"text", 1, &CaseRunner::TextFile},
     {"file", 2, &CaseRunner::File},
@@ -128,6 +129,11 @@ void CaseRunner::Env(const Statement& statement) {
     environment_[word.substr(0, equals)] = word.substr(equals + 1);
   }
 }
+
+void CaseRunner::LockTempMap(const Statement&) { tempMapGuard_.emplace(); }
+
+// A name is relative to the directory of the case, unless it is absolute.
+std::string CaseRunner::PathOf(const std::string& name) const { return fs::path(files_) / name; }
 
 void CaseRunner::Dir(const Statement& statement) { fs::create_directories(PathOf(statement.words[0])); }
 

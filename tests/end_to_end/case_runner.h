@@ -10,6 +10,7 @@
 
 #include "tests/end_to_end/case_file.h"
 #include "tests/end_to_end/process.h"
+#include "tests/support/temp_map_guard.h"
 
 namespace ozmo {
 
@@ -35,6 +36,7 @@ class CaseRunner {
 
   void Day(const Statement& statement);
   void Env(const Statement& statement);
+  void LockTempMap(const Statement& statement);
   void Dir(const Statement& statement);
   void TextFile(const Statement& statement);
   void File(const Statement& statement);
@@ -59,7 +61,7 @@ class CaseRunner {
   void ExpectBeginning(const Statement& statement, const std::string& actual, const std::string& wanted);
   void ExpectLines(const Statement& statement, const std::string& actual);
   void Fail(const Statement& statement, const std::string& what) const;
-  std::string PathOf(const std::string& name) const { return files_ + "/" + name; }
+  std::string PathOf(const std::string& name) const;
 
   std::string path_;
   std::string directory_;
@@ -70,6 +72,7 @@ class CaseRunner {
   std::vector<Statement>* openScript_ = nullptr;
   std::function<void()> closeScript_;
 
+  std::optional<testing::TempMapGuard> tempMapGuard_;
   std::optional<ProcessResult> result_;
   Statement run_;
   bool exitChecked_ = false;

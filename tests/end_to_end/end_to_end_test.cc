@@ -20,15 +20,15 @@ std::vector<std::string> CaseNames() {
   return names;
 }
 
-class EndToEnd : public testing::TestWithParam<std::string> {};
+class EndToEnd : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(EndToEnd, Case) {
   const std::string directory =
-      testing::TempDir() + "/ozmo_case_" + GetParam() + "_" + std::to_string(getpid());
+      ::testing::TempDir() + "/ozmo_case_" + GetParam() + "_" + std::to_string(getpid());
   CaseRunner(OZMO_SOURCE_DIR "/tests/cases/" + GetParam() + ".case", directory).Run();
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, EndToEnd, testing::ValuesIn(CaseNames()),
+INSTANTIATE_TEST_SUITE_P(Cases, EndToEnd, ::testing::ValuesIn(CaseNames()),
                          [](const auto& parameter) { return parameter.param; });
 
 }  // namespace
