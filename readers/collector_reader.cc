@@ -12,8 +12,9 @@
 namespace ozmo {
 namespace {
 
-constexpr int64_t HEADER_SIZE = 8;  // recordLength and recordType
-constexpr size_t NUMBER_SIZE = 4;   // of a definition list's elements
+constexpr int64_t HEADER_SIZE = 8;     // recordLength and recordType
+constexpr size_t NUMBER_SIZE = 4;      // of a definition list's elements
+constexpr size_t LONGEST_LIST = 1024;  // far more fields than any record has: only a broken list is longer
 constexpr int32_t ENTRY_INTERVAL = 60;
 constexpr Seconds FARTHEST_TIME = Seconds{1} << 40;  // no clock reads beyond; keeps differences exact
 
@@ -130,7 +131,8 @@ int CollectorReader::ReadRecord() {
 bool CollectorReader::IsSkipped(int32_t recordType) const {
   if (recordType == TAG_RECORD) return !format_->keepsTag;
   if (entryPass_) {
-    return recordType != CONFIG_RECORD && recordType != format_->timeRecord && recordType % 100 != 0;
+    return recordType != CONFIG_RECORD && recordType != format_->timeRecord &&
+           static_cast<uint32_t>(recordType) % 100 != 0;
   }
   // Records ahead of the pass's first time record aren't checked: those behind the time stamp that ended the
   // previous pass count for this one.
@@ -186,19 +188,16 @@ int CollectorReader::Dispatch(int32_t recordType, const uint8_t* payload, size_t
   if (recordType < 0) return READER_NOTHING;
   if (recordType < TYPE_COUNT && HasLayout(recordType)) return WalkFields(recordType, payload, size);
   if (recordType % 100 == 0 && HasLayout(recordType / 100)) {
-    return StoreDefinition(
-        definitions_[static_cast<size_t>(FindPlan(recordType / 100)->layout->listType)].order, payload, size);
+    return StoreDefinition(ListsOf(recordType / 100).order, payload, size);
   }
   if (recordType % 10 == 0 && HasLayout(recordType / 10)) {
-    return StoreDefinition(
-        definitions_[static_cast<size_t>(FindPlan(recordType / 10)->layout->listType)].divisors, payload,
-        size);
+    return StoreDefinition(ListsOf(recordType / 10).divisors, payload, size);
   }
   return READER_NOTHING;  // an unknown type: as if the interval were over
 }
 
 int CollectorReader::StoreDefinition(std::vector<int32_t>& list, const uint8_t* payload, size_t size) {
-  list.resize(size / NUMBER_SIZE);
+  list.resize(std::min(size / NUMBER_SIZE, LONGEST_LIST));
   for (size_t i = 0; i < list.size(); ++i) {
     list[i] = static_cast<int32_t>(LoadUint32(payload + i * NUMBER_SIZE, order_));
   }
@@ -327,6 +326,10 @@ void CollectorReader::UseTable(const RecordTable* table) {
 
 bool CollectorReader::HasLayout(int32_t recordType) const {
   return recordType < TYPE_COUNT && plans_[static_cast<size_t>(recordType)].layout != nullptr;
+}
+
+CollectorReader::DefinitionLists& CollectorReader::ListsOf(int32_t recordType) {
+  return definitions_[static_cast<size_t>(plans_[static_cast<size_t>(recordType)].layout->listType)];
 }
 
 CollectorReader::RecordPlan* CollectorReader::FindPlan(int32_t recordType) {

@@ -70,6 +70,7 @@ class CollectorReader {
   // Layouts.
   void UseTable(const RecordTable* table);
   bool HasLayout(int32_t recordType) const;
+  DefinitionLists& ListsOf(int32_t recordType);  // of a type that has a layout
   RecordPlan* FindPlan(int32_t recordType);
   void BuildPlan(RecordPlan& plan) const;
   void DropPlans();

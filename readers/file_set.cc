@@ -35,7 +35,7 @@ std::optional<SeriesName> ParseSeriesName(const std::string& path) {
   SeriesName name;
   name.extension = path.substr(dot + 1, last - dot);
   const size_t underscore = path.rfind('_', dot);
-  if (underscore == std::string::npos || underscore + 1 == dot) return std::nullopt;
+  if (underscore == std::string::npos) return std::nullopt;
   name.stem = path.substr(0, underscore);
   name.marker = path.substr(dot, static_cast<size_t>(separator - path.begin()) - dot + 1);
   return name;

@@ -246,17 +246,11 @@ int DecodeProcess(Decoding& decoding) {
 
 // --- Configuration, type 5 ---
 
-void StoreMemoryMb(SystemConfig& config, const FieldValue& field, const FieldRule<SystemConfig>& /*rule*/,
-                   Decoding& /*decoding*/) {
-  const auto value = static_cast<double>(field.Uint64());
-  config.memoryMb = static_cast<float>(field.divisor > 0 ? value / (field.divisor * 1024.0) : value);
-}
-
 int DecodeConfig(Decoding& decoding) {
   static const RuleTable<SystemConfig> rules{
       {501, To<&SystemConfig::versionText>},
       {502, ToElement<&SystemConfig::configText, 9>},
-      {503, StoreMemoryMb},
+      {503, StoreMemoryMb, Form::UINT64},
       {504, ToElement<&SystemConfig::configText, 6>},
       {505, To<&SystemConfig::cpuCount>},
       {506, To<&SystemConfig::configNode>},
