@@ -15,6 +15,7 @@ namespace ozmo {
 namespace {
 
 constexpr int ROUNDS = 24;
+constexpr const char* TOOL = OZMO_BINARY_DIR "/ozmo_graph";
 
 struct Kind {
   const char* name;
@@ -77,11 +78,10 @@ TEST_P(BrokenSamples, EndByThemselves) {
     std::string bytes = whole;
     damage.Do(bytes);
     ASSERT_TRUE(sample::WriteWholeFile(sample.files[0], bytes));
-    const ProcessResult result =
-        RunProcess({OZMO_BINARY_DIR "/ozmo_graph", "-vmrunix", sample.files[0], "-begin",
-                    "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:09:00:00", "-item",
-                    "Top 10 Images by CPU Utilization", "-graph_file", "out.csv", "-type", "csv"},
-                   {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+    const ProcessResult result = RunProcess(
+        {TOOL, "-vmrunix", sample.files[0], "-begin", "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:09:00:00",
+         "-item", "Top 10 Images by CPU Utilization", "-graph_file", "out.csv", "-type", "csv"},
+        {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
     EXPECT_EQ(result.signal, 0) << "round " << round;
     EXPECT_TRUE(result.exitStatus == 0 || result.exitStatus == 1)
         << "round " << round << result.standardError;
