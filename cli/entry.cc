@@ -64,6 +64,7 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
 int RunEntry(int argc, char* const argv[]) {
   Runtime runtime;
   MemAttach(runtime);
+  LibraryPathGet(runtime);  // the directory that the variables name now holds for the whole run
   std::printf("ozmo_graph %s\n", runtime.identity.versionText.c_str());
   const int status = Run(runtime, argc, argv);
   MemDetach();
