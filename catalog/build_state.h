@@ -1,6 +1,8 @@
 // Working state of one catalog build, passed to every step.
 #pragma once
 
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,8 +23,7 @@ struct IntervalSums {
   int cpuSeen = 0;              // processors counted
   double overallCpu = 0.0;      // percent
   double processorTime = 0.0;   // sum of all processors' time counters
-  float diskOperations = 0.0F;  // per second; set by the disk pass
-  double pageOperations = 0.0;
+  double pageOperations = 0.0;  // disk operations per second that paging made
   double swapOperations = 0.0;
 };
 
@@ -52,5 +53,11 @@ struct BuildState {
   DiskEntries diskEntries;                                     // by disk name
   ProcessIdentities processIdentities;
 };
+
+// Stores one value a set at the interval's point, set 0 first. Nothing happens where the platform lacks the
+// graph or a set.
+void StoreSets(BuildState& state, Graph graph, std::span<const float> values);
+void StoreSets(BuildState& state, Graph graph, std::initializer_list<float> values);
+void StoreSets(BuildState& state, Graph graph, std::initializer_list<double> values);
 
 }  // namespace ozmo

@@ -132,16 +132,15 @@ void StoreDisk(BuildState& state, std::string_view name, const DiskFigures& figu
 }
 
 void StoreTotals(BuildState& state, const DiskTotals& totals) {
-  GraphCatalog& catalog = state.catalog;
-  const int point = state.point;
-  state.sums.diskOperations = totals.operations;
-  catalog.Store(Graph::DISK_OPERATIONS, 0, point, totals.operations);
-  catalog.Store(Graph::DISK_DATA, 0, point, totals.totalKb);
-  catalog.Store(Graph::VMR_DISK_TRANSFER, 0, point, totals.totalKb);
-  catalog.Store(Graph::VMR_DISK_TRANSFER_SPLIT, 0, point, totals.readKb);
-  catalog.Store(Graph::VMR_DISK_TRANSFER_SPLIT, 1, point, totals.writeKb);
-  catalog.Store(Graph::VMR_DISK_OPERATIONS_SPLIT, 0, point, totals.reads);
-  catalog.Store(Graph::VMR_DISK_OPERATIONS_SPLIT, 1, point, totals.writes);
+  StoreSets(state, Graph::DISK_OPERATIONS, {totals.operations});
+  StoreSets(state, Graph::DISK_DATA, {totals.totalKb});
+  const double paging = state.sums.pageOperations;
+  const double swapping = state.sums.swapOperations;
+  const double user = static_cast<double>(totals.operations) - paging - swapping;
+  StoreSets(state, Graph::DISK_BY_TYPE, {user > 0.0 ? user : 0.0, paging, swapping});
+  StoreSets(state, Graph::VMR_DISK_TRANSFER, {totals.totalKb});
+  StoreSets(state, Graph::VMR_DISK_TRANSFER_SPLIT, {totals.readKb, totals.writeKb});
+  StoreSets(state, Graph::VMR_DISK_OPERATIONS_SPLIT, {totals.reads, totals.writes});
 }
 
 }  // namespace

@@ -38,8 +38,6 @@ double ShareOf(const BuildState& state, const VmrContext&, const ProcessRecord& 
   return 100.0 * CpuSecondsOf(process) / state.sums.processorTime;
 }
 
-bool HasProcessors(const VmrContext& context) { return !context.processors.primary.empty(); }
-
 }  // namespace
 
 const PlatformSpec HPUX_PLATFORM = {

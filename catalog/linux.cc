@@ -64,8 +64,8 @@ double ShareOf(const BuildState& state, const VmrContext& context, const Process
   return CpuSecondsOf(process) * 100.0 / seconds / state.sums.cpuSeen;
 }
 
-bool HasProcessors(const VmrContext& context) {
-  return !context.processors.primary.empty() && context.config.has_value();
+bool HasProcessorsAndConfiguration(const VmrContext& context) {
+  return HasProcessors(context) && context.config.has_value();
 }
 
 }  // namespace
@@ -76,7 +76,7 @@ const PlatformSpec LINUX_PLATFORM = {
     .dropsBeyondEnd = true,
     .skippedResult = -2,
     .secondClassFile = "veltrix.memory",
-    .usesInterval = HasProcessors,
+    .usesInterval = HasProcessorsAndConfiguration,
     .processors = AddProcessors,
     .memory = AddMemory,
     .disks = AddDisks,

@@ -25,16 +25,6 @@ double UsedPercentOrMissing(double freeMb, double memMb) {
   return memMb > 0.0 ? UsedPercent(freeMb, memMb) : static_cast<double>(MISSING_POINT);
 }
 
-void StoreSets(BuildState& state, Graph graph, std::initializer_list<double> values) {
-  int set = 0;
-  for (double value : values) state.catalog.Store(graph, set++, state.point, static_cast<float>(value));
-}
-
-void StoreSets(BuildState& state, Graph graph, std::span<const float> values) {
-  int set = 0;
-  for (float value : values) state.catalog.Store(graph, set++, state.point, value);
-}
-
 void StoreFaultKinds(BuildState& state, std::span<const float> kinds) {
   double sum = 0.0;
   for (float kind : kinds) sum += static_cast<double>(kind);

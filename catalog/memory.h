@@ -1,7 +1,6 @@
 // Memory and paging: what the platforms' memory passes share.
 #pragma once
 
-#include <initializer_list>
 #include <span>
 
 #include "catalog/platform.h"
@@ -24,10 +23,6 @@ void StoreNoMemory(BuildState& state, double utilization = 0.0);
 double UsedPercent(double freeMb, double memMb);
 // The same, or -1.0 (a missing point) where the size isn't above 0.
 double UsedPercentOrMissing(double freeMb, double memMb);
-
-// Stores values at the interval's point, set 0 first.
-void StoreSets(BuildState& state, Graph graph, std::initializer_list<double> values);
-void StoreSets(BuildState& state, Graph graph, std::span<const float> values);
 
 // "PageFaults By Type", and their sum as "Pagefault Rate".
 void StoreFaultKinds(BuildState& state, std::span<const float> kinds);

@@ -2,8 +2,6 @@
 // nothing.
 #pragma once
 
-#include <initializer_list>
-
 #include "catalog/build_state.h"
 #include "readers/vmr_context.h"
 
@@ -13,8 +11,5 @@ void AddNetworkSolaris(BuildState& state, const VmrContext& context);
 void AddNetworkLinux(BuildState& state, const VmrContext& context);
 void AddNetworkBsd(BuildState& state, const VmrContext& context);  // AIX, HP-UX, Tru64
 void AddNetworkVmr(BuildState& state, const VmrContext& context);
-
-// Stores one value a set at the interval's point, in set order.
-void StoreTraces(BuildState& state, Graph graph, std::initializer_list<float> values);
 
 }  // namespace ozmo

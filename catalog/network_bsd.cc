@@ -53,20 +53,20 @@ enum Counter : size_t {
 using Counters = decltype(KernelCounters::counters);
 
 void AddTcpTraffic(BuildState& state, const Counters& c) {
-  StoreTraces(state, Graph::TCP_PACKETS, {c[TCP_SENT_TOTAL], c[TCP_RECEIVED_TOTAL]});
+  StoreSets(state, Graph::TCP_PACKETS, {c[TCP_SENT_TOTAL], c[TCP_RECEIVED_TOTAL]});
 
   // The sent trace holds the received rate as well, so stacking counts that twice in the top band.
   const float received = (c[TCP_IN_SEQUENCE_BYTES] + c[TCP_PARTLY_DUPLICATE_BYTES] +
                           c[TCP_OUT_OF_ORDER_BYTES] + c[TCP_AFTER_WINDOW_BYTES]) /
                          1000.0F;
   const float sent = (c[TCP_SENT_DATA_BYTES] + c[TCP_RETRANSMITTED_BYTES]) / 1000.0F + received;
-  StoreTraces(state, Graph::TCP_DATA, {sent, received});
+  StoreSets(state, Graph::TCP_DATA, {sent, received});
 }
 
 void AddTcpBreakdowns(BuildState& state, const Counters& c) {
-  StoreTraces(state, Graph::TCP_SENT,
-              {c[TCP_SENT_DATA], c[TCP_RETRANSMITTED], c[TCP_SENT_ACKS], c[TCP_SENT_URGENT],
-               c[TCP_SENT_PROBES], c[TCP_SENT_WINDOW_UPDATES], c[TCP_SENT_CONTROL]});
+  StoreSets(state, Graph::TCP_SENT,
+            {c[TCP_SENT_DATA], c[TCP_RETRANSMITTED], c[TCP_SENT_ACKS], c[TCP_SENT_URGENT], c[TCP_SENT_PROBES],
+             c[TCP_SENT_WINDOW_UPDATES], c[TCP_SENT_CONTROL]});
 
   constexpr Counter RECEIVED_KINDS[] = {TCP_IN_SEQUENCE,    TCP_DUPLICATE,    TCP_PARTLY_DUPLICATE,
                                         TCP_OUT_OF_ORDER,   TCP_AFTER_WINDOW, TCP_WINDOW_PROBES,
@@ -83,17 +83,17 @@ void AddTcpBreakdowns(BuildState& state, const Counters& c) {
 
 void AddTcpConnections(BuildState& state, const Counters& c) {
   const float unsuccessful = c[TCP_ATTEMPTS] + c[TCP_ACCEPTS] - c[TCP_ESTABLISHED];
-  StoreTraces(state, Graph::TCP_CONNECTIONS, {unsuccessful, c[TCP_ATTEMPTS] - unsuccessful, c[TCP_ACCEPTS]});
-  StoreTraces(state, Graph::TCP_CLOSED, {c[TCP_DROPS], c[TCP_EMBRYONIC_DROPS], c[TCP_CLOSED] - c[TCP_DROPS]});
+  StoreSets(state, Graph::TCP_CONNECTIONS, {unsuccessful, c[TCP_ATTEMPTS] - unsuccessful, c[TCP_ACCEPTS]});
+  StoreSets(state, Graph::TCP_CLOSED, {c[TCP_DROPS], c[TCP_EMBRYONIC_DROPS], c[TCP_CLOSED] - c[TCP_DROPS]});
 }
 
 void AddIpAndUdp(BuildState& state, const Counters& c) {
-  StoreTraces(state, Graph::UDP_PACKETS, {c[UDP_SENT], c[UDP_RECEIVED]});
-  StoreTraces(state, Graph::IP_PACKETS, {c[IP_GENERATED] + c[IP_FORWARDED], c[IP_RECEIVED]});
-  StoreTraces(state, Graph::IP_SENT, {c[IP_GENERATED], c[IP_FORWARDED]});
+  StoreSets(state, Graph::UDP_PACKETS, {c[UDP_SENT], c[UDP_RECEIVED]});
+  StoreSets(state, Graph::IP_PACKETS, {c[IP_GENERATED] + c[IP_FORWARDED], c[IP_RECEIVED]});
+  StoreSets(state, Graph::IP_SENT, {c[IP_GENERATED], c[IP_FORWARDED]});
   const float notConsumed = c[IP_RECEIVED] - c[IP_DELIVERED] - c[IP_FORWARDED] - c[IP_NOT_FORWARDABLE];
-  StoreTraces(state, Graph::IP_RECEIVED,
-              {notConsumed, c[IP_NOT_FORWARDABLE], c[IP_FORWARDED], c[IP_DELIVERED]});
+  StoreSets(state, Graph::IP_RECEIVED,
+            {notConsumed, c[IP_NOT_FORWARDABLE], c[IP_FORWARDED], c[IP_DELIVERED]});
 }
 
 }  // namespace

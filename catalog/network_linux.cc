@@ -22,11 +22,11 @@ enum Counter : size_t {
 void AddNetworkLinux(BuildState& state, const VmrContext& context) {
   if (!context.kernel.primary) return;
   const auto& c = context.kernel.primary->counters;
-  StoreTraces(state, Graph::TCP_PACKETS, {c[TCP_OUT_SEGS], c[TCP_IN_SEGS]});
-  StoreTraces(state, Graph::TCP_CONNECTIONS, {c[TCP_CURR_ESTAB]});
-  StoreTraces(state, Graph::TCP_CLOSED, {c[TCP_ATTEMPT_FAILS] + c[TCP_ESTAB_RESETS]});
-  StoreTraces(state, Graph::UDP_PACKETS, {c[UDP_OUT_DATAGRAMS], c[UDP_IN_DATAGRAMS]});
-  StoreTraces(state, Graph::IP_PACKETS, {c[IP_OUT_REQUESTS], c[IP_IN_RECEIVES]});
+  StoreSets(state, Graph::TCP_PACKETS, {c[TCP_OUT_SEGS], c[TCP_IN_SEGS]});
+  StoreSets(state, Graph::TCP_CONNECTIONS, {c[TCP_CURR_ESTAB]});
+  StoreSets(state, Graph::TCP_CLOSED, {c[TCP_ATTEMPT_FAILS] + c[TCP_ESTAB_RESETS]});
+  StoreSets(state, Graph::UDP_PACKETS, {c[UDP_OUT_DATAGRAMS], c[UDP_IN_DATAGRAMS]});
+  StoreSets(state, Graph::IP_PACKETS, {c[IP_OUT_REQUESTS], c[IP_IN_RECEIVES]});
 }
 
 }  // namespace ozmo

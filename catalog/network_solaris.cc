@@ -53,22 +53,22 @@ void AddNetworkSolaris(BuildState& state, const VmrContext& context) {
                               c[IP_IN_UNKNOWN_PROTOS] - c[IP_FORW_DATAGRAMS] - c[IP_IN_ADDR_ERRORS] -
                               c[IP_IN_HDR_ERRORS];
 
-  StoreTraces(state, Graph::TCP_PACKETS, {c[TCP_OUT_SEGS], c[TCP_IN_SEGS]});
-  StoreTraces(state, Graph::TCP_DATA, {dataSent, dataReceived});
-  StoreTraces(state, Graph::TCP_SENT,
-              {c[TCP_OUT_DATA_SEGS], c[TCP_OUT_ACK], c[TCP_OUT_URG], c[TCP_RETRANS_SEGS]});
-  StoreTraces(state, Graph::TCP_RECEIVED,
-              {c[TCP_IN_INORDER_SEGS], c[TCP_IN_UNORDER_SEGS], c[TCP_IN_DUP_SEGS], c[TCP_IN_ACK_SEGS],
-               c[TCP_IN_DUP_ACK]});
-  StoreTraces(state, Graph::TCP_CONNECTIONS, {c[TCP_CURR_ESTAB]});
-  StoreTraces(state, Graph::TCP_CLOSED, {c[TCP_ATTEMPT_FAILS], c[TCP_ESTAB_RESETS]});
-  StoreTraces(state, Graph::TCP_OPENED, {c[TCP_ACTIVE_OPENS], c[TCP_PASSIVE_OPENS]});
-  StoreTraces(state, Graph::UDP_PACKETS, {c[UDP_OUT_DATAGRAMS], c[UDP_IN_DATAGRAMS]});
-  StoreTraces(state, Graph::IP_PACKETS, {c[IP_OUT_REQUESTS], c[IP_IN_RECEIVES]});
-  StoreTraces(state, Graph::IP_SENT, {c[IP_OUT_REQUESTS], c[IP_OUT_DISCARDS]});
-  StoreTraces(state, Graph::IP_RECEIVED,
-              {otherReceived, c[IP_IN_DELIVERS], c[IP_IN_DISCARDS], c[IP_IN_UNKNOWN_PROTOS],
-               c[IP_FORW_DATAGRAMS], c[IP_IN_ADDR_ERRORS], c[IP_IN_HDR_ERRORS]});
+  StoreSets(state, Graph::TCP_PACKETS, {c[TCP_OUT_SEGS], c[TCP_IN_SEGS]});
+  StoreSets(state, Graph::TCP_DATA, {dataSent, dataReceived});
+  StoreSets(state, Graph::TCP_SENT,
+            {c[TCP_OUT_DATA_SEGS], c[TCP_OUT_ACK], c[TCP_OUT_URG], c[TCP_RETRANS_SEGS]});
+  StoreSets(state, Graph::TCP_RECEIVED,
+            {c[TCP_IN_INORDER_SEGS], c[TCP_IN_UNORDER_SEGS], c[TCP_IN_DUP_SEGS], c[TCP_IN_ACK_SEGS],
+             c[TCP_IN_DUP_ACK]});
+  StoreSets(state, Graph::TCP_CONNECTIONS, {c[TCP_CURR_ESTAB]});
+  StoreSets(state, Graph::TCP_CLOSED, {c[TCP_ATTEMPT_FAILS], c[TCP_ESTAB_RESETS]});
+  StoreSets(state, Graph::TCP_OPENED, {c[TCP_ACTIVE_OPENS], c[TCP_PASSIVE_OPENS]});
+  StoreSets(state, Graph::UDP_PACKETS, {c[UDP_OUT_DATAGRAMS], c[UDP_IN_DATAGRAMS]});
+  StoreSets(state, Graph::IP_PACKETS, {c[IP_OUT_REQUESTS], c[IP_IN_RECEIVES]});
+  StoreSets(state, Graph::IP_SENT, {c[IP_OUT_REQUESTS], c[IP_OUT_DISCARDS]});
+  StoreSets(state, Graph::IP_RECEIVED,
+            {otherReceived, c[IP_IN_DELIVERS], c[IP_IN_DISCARDS], c[IP_IN_UNKNOWN_PROTOS],
+             c[IP_FORW_DATAGRAMS], c[IP_IN_ADDR_ERRORS], c[IP_IN_HDR_ERRORS]});
 }
 
 }  // namespace ozmo

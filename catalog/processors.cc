@@ -95,12 +95,14 @@ void StoreMeans(BuildState& state, ProcessorTotals totals) {
 
 std::string ProcessorName(const char* prefix, int32_t cpuId) { return prefix + std::to_string(cpuId); }
 
+bool HasProcessors(const VmrContext& context) { return !context.processors.primary.empty(); }
+
 void StoreOverallCpu(BuildState& state, double percent) {
   // Comparisons, so that an undefined figure stays undefined.
   if (percent > 100.0) percent = 100.0;
   if (percent < 0.0) percent = 0.0;
   state.sums.overallCpu = percent;
-  state.catalog.Store(Graph::OVERALL_CPU, 0, state.point, static_cast<float>(percent));
+  StoreSets(state, Graph::OVERALL_CPU, {percent});
 }
 
 void AddProcessors(BuildState& state, const VmrContext& context) {

@@ -40,8 +40,6 @@ double ShareOf(const BuildState& state, const VmrContext& context, const Process
   return CpuSecondsOf(process) * 100.0 / state.sums.cpuSeen / seconds;
 }
 
-bool HasProcessors(const VmrContext& context) { return !context.processors.primary.empty(); }
-
 }  // namespace
 
 const PlatformSpec SOLARIS_PLATFORM = {

@@ -19,9 +19,8 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   const MemoryRecord& memory = *context.memory.primary;
   StoreSets(state, Graph::MEMORY_UTILIZATION,
             {UsedPercentOrMissing(memory.freePages * size.pageMb, size.memMb)});
-  StoreSets(state, Graph::PAGEFAULT_RATE, {static_cast<double>(memory.pageFaultsPerSecond)});
-  state.sums.pageOperations = static_cast<double>(memory.pageReadsPerSecond + memory.pageWritesPerSecond);
-  StoreSets(state, Graph::PAGEFAULT_IO, {state.sums.pageOperations});
+  StoreSets(state, Graph::PAGEFAULT_RATE, {memory.pageFaultsPerSecond});
+  StoreSets(state, Graph::PAGEFAULT_IO, {memory.pageReadsPerSecond + memory.pageWritesPerSecond});
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int MAX_INTERVAL_MINUTES = 10;
 constexpr float MAX_INTERVAL_SECONDS = 600.0F;
-constexpr const char* PROCESSOR_PREFIX = "CPU-";
 constexpr std::string_view IDLE_PROCESS = "Idle";
 
 constexpr size_t MODE_COUNT = 4;
@@ -34,9 +33,13 @@ void StoreModes(XrtData& data, int point, const std::array<double, MODE_COUNT>& 
   }
 }
 
+std::string NameOf(const BuildState& state, int32_t cpuId) {
+  return ProcessorName(state.platform.processorSpec.namePrefix, cpuId);
+}
+
 // "CPU-3 Utilization by Mode", in a new row of the group of processors.
 GraphRecord& NewProcessorRecord(BuildState& state, GraphMenuEntry& group, int32_t cpuId) {
-  const std::string name = ProcessorName(PROCESSOR_PREFIX, cpuId);
+  const std::string name = NameOf(state, cpuId);
   GraphRecord& record = state.catalog.runtimeRecords.emplace_back();
   record.title = name + " Utilization by Mode";
   record.yTitle = "%CPU Utilization";
@@ -65,7 +68,7 @@ GraphRecord* ProcessorModeRecord(BuildState& state, int32_t cpuId) {
 void AddProcessor(BuildState& state, const ProcessorRecord& processor) {
   GraphRecord* byProcessor = state.catalog.Find(Graph::CPU_BY_PROCESSOR);
   if (byProcessor != nullptr && processor.cpuId >= 0 && processor.cpuId < byProcessor->data.nsets()) {
-    byProcessor->SetLabel(processor.cpuId, ProcessorName(PROCESSOR_PREFIX, processor.cpuId));
+    byProcessor->SetLabel(processor.cpuId, NameOf(state, processor.cpuId));
     const double busy = processor.userTime + processor.systemTime;
     state.catalog.Store(Graph::CPU_BY_PROCESSOR, processor.cpuId, state.point, static_cast<float>(busy));
   }
@@ -107,6 +110,8 @@ void MeasureVmrInterval(BuildState& state, const VmrContext& context) {
 
 void AddVmrProcessors(BuildState& state, const VmrContext& context) {
   const RecordList<ProcessorRecord>& processors = context.processors.primary;
+  if (processors.empty()) return;
+  // The first interval that tells how many there are; where one file of a set ends, an interval is empty.
   if (!state.processorsMade) {
     const int count = std::min(static_cast<int>(processors.size()) - 1, MAX_SETS);
     if (GraphRecord* record = state.catalog.Find(Graph::CPU_BY_PROCESSOR)) {
@@ -114,7 +119,6 @@ void AddVmrProcessors(BuildState& state, const VmrContext& context) {
     }
     state.processorsMade = true;
   }
-  if (processors.empty()) return;
   const std::array<double, MODE_COUNT> modes = ModesOf(processors.head());
   state.sums.overallCpu = modes[0] + modes[1] + modes[2] + modes[3];
   StoreSets(state, Graph::OVERALL_CPU, {state.sums.overallCpu});
