@@ -263,6 +263,25 @@ TEST_F(CollectorReaderTest, WalkGoesThroughTheFilesOfTheSet) {
   EXPECT_EQ(ends, (std::vector<Seconds>{NOON + 60, NOON + 720}));
 }
 
+TEST_F(CollectorReaderTest, FileThatEndsAheadOfTheWindowIsPassedOverSilently) {
+  Write(Samples({NOON - 720, NOON - 660, NOON - 600}), 1);
+  Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120}), 2);
+  ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(NextUserTimes(), (Times{3, 2}));
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(CollectorReaderTest, FirstDifferenceInAFollowingFileSpansTheGap) {
+  Write(Samples({NOON - 60, NOON, NOON + 60}), 1);
+  CollectorWriter second = Samples({NOON + 600}, {.interval = 0});
+  second.Record(77, {Int32(0)});  // ends the pass behind the only sample
+  Write(second, 2);
+  ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
+  EXPECT_EQ(NextUserTimes(), (Times{1}));
+  EXPECT_EQ(reader_.state().intervalSeconds, 540);
+}
+
 TEST_F(CollectorReaderTest, TimeFarOutsideTheCalendarEndsTheWindow) {
   const std::string path = Write(Samples({NOON, 0xFFFFFFFF, NOON + 60}));
   ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);

@@ -165,6 +165,30 @@ TEST_F(SolarisReaderTest, FileSystemTwinNumbersGoToTheBase) {
   EXPECT_EQ(context.fileSystems.twin.head().freeBlocks, 0);
 }
 
+TEST_F(SolarisReaderTest, VersionTextWithTwoLabelsIsTheNewerOne) {
+  Begin("P720 P730");
+  Deliver();
+  EXPECT_EQ(reader_.state().activeTable->name, "P730");
+}
+
+// To the oldest table an adapter record is an unknown type, which ends the interval.
+TEST_F(SolarisReaderTest, OldestTableHasNoAdapters) {
+  Begin("P300");
+  WriteProcessor(writer_, 0, 1);
+  writer_.OrderList(15, {1501}).Record(15, {Text("hme0")});
+  WriteProcessor(writer_, 1, 2);
+  const VmrContext& context = Deliver();
+  EXPECT_TRUE(context.lans.primary.empty());
+  EXPECT_EQ(context.processors.primary.size(), 1U);
+}
+
+TEST_F(SolarisReaderTest, ConfiguredIntervalThatIsNotAboveZeroIsDeliveredAsSixty) {
+  WriteSolarisConfig(writer_, {.interval = -5});
+  WriteTime(writer_, NOON - 60);
+  WriteTime(writer_, NOON);
+  EXPECT_EQ(Deliver().config->intervalSeconds, 60.0F);
+}
+
 TEST_F(SolarisReaderTest, UnknownVersionEndsTheProcess) {
   Begin("P999");
   const std::string path = directory_ / "qtxs_node_2012Feb22.dat_1";
