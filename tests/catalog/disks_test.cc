@@ -314,6 +314,23 @@ TEST(DiskGraphs, ASampleOutsideTheSeriesIsNotStored) {
 
 // ---- Detail ----
 
+TEST(DiskTotals, UsersHaveWhatPagingAndSwappingLeave) {
+  PassFixture fixture(SOLARIS_PLATFORM);
+  const auto byType = [&](double paging, double swapping) {
+    fixture.state.sums.pageOperations = paging;
+    fixture.state.sums.swapOperations = swapping;
+    Push(fixture, "c0t0d0", 10.0F);
+    Add(fixture);
+    std::vector<float> values;
+    for (const Series& series : fixture.catalog.Find(Graph::DISK_BY_TYPE)->data.y) {
+      values.push_back(PointAt(series, fixture.state.point));
+    }
+    return values;
+  };
+  EXPECT_EQ(byType(3, 2), (std::vector<float>{5, 3, 2}));
+  EXPECT_EQ(byType(9, 4), (std::vector<float>{0, 9, 4}));
+}
+
 TEST(DiskDetail, HpuxKeepsTwoDaysAndLosesOneSecondMore) {
   constexpr Seconds TWO_DAYS = 172800;
   for (const Seconds span : {TWO_DAYS, TWO_DAYS + 1}) {
