@@ -62,6 +62,14 @@ TEST(VmrProcessors, ANumberBeyondTheFirstIntervalsCountHasNoSet) {
   EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 2), MISSING_POINT);
 }
 
+TEST(VmrProcessors, AnEmptyIntervalAheadOfTheFirstListDecidesNothing) {
+  Monitor monitor;
+  monitor.Take(-600);  // where one file of a set ends ahead of the span
+  for (const int cpuId : {1, 0, 0}) monitor.AddLine(cpuId, 10, 0);
+  monitor.Take(60);
+  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-0", "CPU-1"));
+}
+
 TEST(VmrProcessors, EachHasARecordByMode) {
   Monitor monitor;
   monitor.AddLine(1, 10, 9, 2, 3);
