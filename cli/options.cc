@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/text.h"
 #include "runtime/times.h"
 
 namespace ozmo {
@@ -117,7 +118,7 @@ void SetMemory(ParseState& state, std::string& value) { state.request.memoryFile
 
 struct OptionRow {
   std::string_view name;
-  int minimum;          // characters that an abbreviation must have
+  size_t minimum;       // characters that an abbreviation must have
   OptionAction action;  // null: shows the usage text, takes no value
 };
 
@@ -177,8 +178,8 @@ void CheckRequirements(const ParseState& state) {
 
 }  // namespace
 
-bool OptionMatches(std::string_view argument, std::string_view option, int minimum) {
-  return option.starts_with(argument) && argument.size() >= static_cast<size_t>(minimum);
+bool OptionMatches(std::string_view argument, std::string_view option, size_t minimum) {
+  return Abbreviates(argument, option, minimum);
 }
 
 void PrintUsage() {

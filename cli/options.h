@@ -18,7 +18,7 @@ namespace ozmo {
 int ParseCommandLine(int argc, char* const argv[], RunRequest& request);
 
 // `argument` is an abbreviation of `option`: a prefix of at least `minimum` characters, dash included.
-bool OptionMatches(std::string_view argument, std::string_view option, int minimum);
+bool OptionMatches(std::string_view argument, std::string_view option, size_t minimum);
 
 void PrintUsage();
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "runtime/text.h"
+
 namespace ozmo {
 namespace {
 
@@ -13,7 +15,7 @@ std::string PlainName(std::string_view name) {
   plain.reserve(name.size());
   for (char c : name) {
     if (c == ' ' || c == '"' || c == '\'') continue;
-    plain += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    plain += LowerLetter(c);
   }
   return plain;
 }

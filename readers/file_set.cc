@@ -7,6 +7,8 @@
 #include <optional>
 #include <unordered_set>
 
+#include "runtime/text.h"
+
 namespace ozmo {
 namespace {
 
@@ -43,12 +45,6 @@ std::optional<SeriesName> ParseSeriesName(const std::string& path) {
 
 }  // namespace
 
-std::string LowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return text;
-}
-
 std::string DirectoryOf(const std::string& path) {
   const size_t slash = path.rfind('/');
   return slash == std::string::npos ? std::string() : path.substr(0, slash);
@@ -72,12 +68,12 @@ std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds star
   if (!series) return files;
 
   const std::string directory = DirectoryOf(dataPath);
-  const std::string marker = LowerCase(series->marker);
+  const std::string marker = LowerText(series->marker);
   std::unordered_set<std::string> listed;
   for (const std::string& name : ListDirectory(directory)) {
     const size_t dot = name.rfind('.');
     if (dot == std::string::npos) continue;
-    if (LowerCase(name.substr(dot)).find(marker) != std::string::npos) listed.insert(directory + "/" + name);
+    if (LowerText(name.substr(dot)).find(marker) != std::string::npos) listed.insert(directory + "/" + name);
   }
   if (listed.empty()) return files;
 

@@ -20,6 +20,4 @@ std::vector<std::string> ListDirectory(const std::string& directory);
 // The directory part of a path, without its "/"; empty where the path has none.
 std::string DirectoryOf(const std::string& path);
 
-std::string LowerCase(std::string text);
-
 }  // namespace ozmo

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "readers/file_set.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -22,7 +23,7 @@ std::vector<std::string> NodeFileSet(const std::string& dataPath, const std::str
   std::vector<std::string> listed = ListDirectory(directory);
   std::erase_if(listed, [](const std::string& name) {
     const size_t dot = name.rfind('.');
-    return dot == std::string::npos || LowerCase(name.substr(dot)) != ".vmr";
+    return dot == std::string::npos || LowerText(name.substr(dot)) != ".vmr";
   });
   std::vector<std::string> files;
   if (listed.empty()) return files;

@@ -1,13 +1,13 @@
 #include "runtime/messages.h"
 
 #include <algorithm>
-#include <cctype>
 #include <fstream>
 #include <optional>
 #include <string_view>
 
 #include "runtime/message_format.h"
 #include "runtime/runtime.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -31,9 +31,7 @@ struct MessageEntry {
   std::string text;  // a printf format
 };
 
-void SkipBlanks(std::string_view& rest) {
-  rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
-}
+constexpr std::string_view BLANKS = " \t";
 
 // The characters up to a delimiter, a tab or the end of the line; the delimiter is stepped over.
 std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
@@ -44,22 +42,15 @@ std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
   return taken;
 }
 
-std::string_view TakeWord(std::string_view& rest) {
-  SkipBlanks(rest);
+std::string_view TakeToken(std::string_view& rest) {
+  rest = SkipBlanks(rest, BLANKS);
   return TakeUpTo(rest, ' ');
 }
 
 std::string_view TakeQuotedText(std::string_view& rest) {
-  SkipBlanks(rest);
+  rest = SkipBlanks(rest, BLANKS);
   if (rest.starts_with('"')) rest.remove_prefix(1);
   return TakeUpTo(rest, '"');
-}
-
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return upper;
 }
 
 std::optional<MessageEntry> FindEntry(std::istream& file, const std::string& code) {
@@ -67,9 +58,9 @@ std::optional<MessageEntry> FindEntry(std::istream& file, const std::string& cod
   while (std::getline(file, line)) {
     if (line.ends_with('\r')) line.pop_back();
     std::string_view rest = line;
-    if (UpperCase(TakeWord(rest)) != code) continue;
+    if (UpperText(TakeToken(rest)) != code) continue;
     MessageEntry entry;
-    entry.severityWord = TakeWord(rest);
+    entry.severityWord = TakeToken(rest);
     entry.text = TakeQuotedText(rest);
     return entry;
   }

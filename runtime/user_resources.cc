@@ -2,12 +2,12 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 
 #include "runtime/messages.h"
 #include "runtime/runtime.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -72,30 +72,17 @@ int32_t ParseCutFloat(const std::string& text) {
   return number < INT32_MAX ? static_cast<int32_t>(number) : INT32_MAX;
 }
 
-std::string Lowered(std::string_view text) {
-  std::string lowered(text);
-  std::transform(lowered.begin(), lowered.end(), lowered.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return lowered;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const size_t first = text.find_first_not_of(BLANKS);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
-}
-
 // Cuts off and answers what stands behind the last `mark`; absent, and nothing cut, if there is none.
 std::optional<std::string_view> CutBehindLast(std::string_view& text, char mark) {
   const size_t position = text.rfind(mark);
   if (position == std::string_view::npos) return std::nullopt;
   const std::string_view tail = text.substr(position + 1);
   text = text.substr(0, position);
-  return Trimmed(tail);
+  return TrimText(tail, BLANKS);
 }
 
 int32_t ParseBoolean(const std::string& text) {
-  const std::string lowered = Lowered(text);
+  const std::string lowered = LowerText(text);
   if (lowered == "true") return 1;
   if (lowered == "false") return 0;
   return ParseNumber(lowered);
@@ -156,9 +143,10 @@ std::optional<ResourceLine> ParseResourceLine(std::string_view line) {
   const std::optional<std::string_view> key = CutBehindLast(line, '.');
   if (!key) return std::nullopt;
   ResourceLine parsed;
-  parsed.key = Lowered(*key);
+  parsed.key = LowerText(*key);
   parsed.value = *value;
-  if (const std::optional<std::string_view> group = CutBehindLast(line, '.')) parsed.group = Lowered(*group);
+  if (const std::optional<std::string_view> group = CutBehindLast(line, '.'))
+    parsed.group = LowerText(*group);
   return parsed;
 }
 

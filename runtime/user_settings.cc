@@ -1,6 +1,6 @@
 #include "runtime/user_settings.h"
 
-#include <algorithm>
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -80,12 +80,6 @@ constexpr ResourceGroup GROUPS[] = {
     {"saturate", SATURATE_ROWS},
 };
 
-bool EqualsLowered(std::string_view name, std::string_view lowered) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(name.begin(), name.end(), lowered.begin(), lowered.end(),
-                    [&](char a, char b) { return lower(a) == b; });
-}
-
 }  // namespace
 
 std::span<const ResourceGroup> ResourceGroups() { return GROUPS; }
@@ -94,7 +88,7 @@ const ResourceRow* UserResourceLookup(std::optional<std::string_view> group, std
   for (const ResourceGroup& candidate : GROUPS) {
     if (group && candidate.name != *group) continue;
     for (const ResourceRow& row : candidate.rows) {
-      if (EqualsLowered(row.name, key)) return &row;
+      if (LowerText(row.name) == key) return &row;
     }
   }
   return nullptr;

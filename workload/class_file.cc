@@ -14,7 +14,7 @@
 #include <limits>
 #include <memory>
 
-#include "workload/text.h"
+#include "runtime/text.h"
 #include "workload/workload.h"
 
 namespace ozmo {

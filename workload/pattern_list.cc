@@ -1,6 +1,6 @@
 #include "workload/pattern_list.h"
 
-#include "workload/text.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {

@@ -1,4 +1,4 @@
-// Small operations on the text of a class file. Letters are those of ASCII, whatever the locale.
+// Small operations on texts. Letters are those of ASCII, whatever the locale.
 #pragma once
 
 #include <string>
@@ -6,31 +6,29 @@
 
 namespace ozmo {
 
+inline char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+inline char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
 inline std::string LowerText(std::string_view text) {
   std::string result(text);
-  for (char& c : result) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  for (char& c : result) c = LowerLetter(c);
   return result;
 }
 
 inline std::string UpperText(std::string_view text) {
   std::string result(text);
-  for (char& c : result) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
+  for (char& c : result) c = UpperLetter(c);
   return result;
 }
 
-inline std::string_view SkipBlanks(std::string_view text) {
-  const size_t start = text.find_first_not_of(' ');
+inline std::string_view SkipBlanks(std::string_view text, std::string_view blanks = " ") {
+  const size_t start = text.find_first_not_of(blanks);
   return start == std::string_view::npos ? std::string_view() : text.substr(start);
 }
 
-inline std::string_view TrimText(std::string_view text) {
-  const size_t start = text.find_first_not_of(" \t");
-  if (start == std::string_view::npos) return {};
-  return text.substr(start, text.find_last_not_of(" \t") - start + 1);
+inline std::string_view TrimText(std::string_view text, std::string_view blanks = " \t") {
+  const std::string_view rest = SkipBlanks(text, blanks);
+  return rest.substr(0, rest.find_last_not_of(blanks) + 1);
 }
 
 // Takes the next word, ended by a blank, off the front of `text`; empty when there is none.
