@@ -4,7 +4,6 @@
 // for all versions, and an unknown version leaves the reader with the newest table.
 #include <algorithm>
 #include <functional>
-#include <string>
 #include <string_view>
 
 #include "readers/aix_decoders.h"
@@ -129,12 +128,6 @@ constexpr MemoryRule WidePageRate(int32_t fieldId) {
   return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::WIDE, Per::INTERVAL};
 }
 
-// The page size belongs to the machine, and stays until the next record brings another.
-void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const MemoryRule& /*rule*/,
-                   Decoding& decoding) {
-  if (decoding.context.config) decoding.context.config->pageSize = field.Int32();
-}
-
 // The base record and the record of further figures fill one and the same MemoryRecord, whichever comes
 // first; a twin always starts a new one.
 int AixDecodeMemory(Decoding& decoding) {
@@ -148,7 +141,7 @@ int AixDecodeMemory(Decoding& decoding) {
       PageRate<&MemoryRecord::pageRate307>(307),
       PageRate<&MemoryRecord::pageRate308>(308),
       PageRate<&MemoryRecord::pageRate309>(309),
-      {310, StorePageSize},
+      {310, StoreMachinePageSize},
       WidePageRate<20>(311),
       WidePageRate<21>(312),
       {313, nullptr},
@@ -201,11 +194,6 @@ constexpr ProcessRule ProcessRate(int32_t fieldId, ProcessRule::Store store) {
           1.0,     COUNTER_LIMIT};
 }
 
-void StoreIdText(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
-                 Decoding& /*decoding*/) {
-  process.idText = std::to_string(field.Int32());
-}
-
 void StoreSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule, Decoding& decoding) {
   process.values[1] = Convert<int64_t>(field, rule, decoding.state);
   process.sizeResident = std::max<int64_t>(process.values[1], 0);
@@ -216,7 +204,7 @@ int AixDecodeProcess(Decoding& decoding) {
       {401, nullptr},
       {402, To<&ProcessRecord::processId>},
       {403, nullptr},
-      {404, StoreIdText},
+      {404, StoreProcessIdText},
       {405, To<&ProcessRecord::processIdB>},
       CpuSeconds<&ProcessRecord::userCpuSeconds>(407),
       CpuSeconds<&ProcessRecord::systemCpuSeconds>(408),
@@ -267,34 +255,13 @@ int AixDecodeConfig(Decoding& decoding) {
 
 // --- Protocol counters, types 7 and 22 ---
 
-// Where the counters of a run of fields go. Fields outside the runs don't count.
-struct CounterRun {
-  int32_t first;
-  int32_t last;
-  size_t element;
-};
-constexpr CounterRun COUNTER_RUNS[] = {
+constexpr CounterRange COUNTERS[] = {
     {701, 723, 0},  {724, 730, 24}, {731, 731, 31}, {732, 740, 32}, {741, 741, 31},  // over field 731
     {742, 745, 42}, {754, 773, 54}, {774, 777, 75}, {789, 797, 90},
 };
 
 int AixDecodeNetStats(Decoding& decoding) {
-  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
-  if (!slot) slot.emplace();
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    const auto run = std::find_if(
-        std::begin(COUNTER_RUNS), std::end(COUNTER_RUNS),
-        [&](const CounterRun& row) { return field.fieldId >= row.first && field.fieldId <= row.last; });
-    if (run == std::end(COUNTER_RUNS)) continue;
-    ++counted;
-    const auto value = static_cast<float>(ValueAsDouble(field, Form::WIDE, decoding.state));
-    slot->counters[run->element + static_cast<size_t>(field.fieldId - run->first)] =
-        value / static_cast<float>(decoding.state.intervalSeconds);
-  }
-  if (counted == 0) slot.reset();
-  return counted;
+  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.kernel.Of(decoding.isTwin), decoding);
 }
 
 // --- File systems, types 9 and 24; LAN adapters, types 15 and 25 ---

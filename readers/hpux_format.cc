@@ -3,11 +3,11 @@
 // The longest version list of all. A text that contains "540", V530 and the V5xx texts leave the width of
 // counters as an earlier file of the run has set it, and once a file has had old disk figures, the disk
 // timing figures of those that follow aren't trusted either.
-#include <algorithm>
 #include <string>
 
 #include "readers/config_decoder.h"
 #include "readers/formats.h"
+#include "readers/hpux_disk.h"
 #include "readers/hpux_layouts.h"
 #include "readers/shared_decoders.h"
 
@@ -121,53 +121,6 @@ int HpuxDecodeCpu(Decoding& decoding) {
   return counted;
 }
 
-// --- Disks, types 2 and 18 ---
-
-// A disk record in the making.
-struct DiskFigures {
-  std::string name;
-  float ioRate = 0.0F;
-  float totalBytesRate = 0.0F;
-  double transfers = 0.0;
-  double microseconds = 0.0;
-  float busyFraction = 0.0F;
-};
-
-void FinishDisk(const DiskFigures& figures, bool legacyDiskData, DiskRecord& disk) {
-  disk.deviceName = figures.name;
-  disk.ioRate = figures.ioRate;
-  disk.totalBytesRate = figures.totalBytesRate;
-  if (legacyDiskData || !(figures.transfers > 0.0 && figures.ioRate > 0.0F)) return;
-  disk.busyFraction = figures.busyFraction;
-  disk.servicePerIo = static_cast<float>(disk.busyFraction * 1000.0 / disk.ioRate);
-  disk.responsePerIo = static_cast<float>(figures.microseconds / figures.transfers / 1000.0);
-  disk.responsePerIo = std::max(disk.responsePerIo, disk.servicePerIo);
-  disk.waitPerIo = disk.responsePerIo - disk.servicePerIo;
-  disk.queueLength = static_cast<float>(disk.ioRate * disk.responsePerIo / 1000.0);
-}
-
-int HpuxDecodeDisk(Decoding& decoding) {
-  constexpr double BLOCKS_PER_BYTE = 1.0 / 64.0;
-  static const RuleTable<DiskFigures> rules{
-      {201, To<&DiskFigures::name>},
-      {202, To<&DiskFigures::ioRate>, Form::WIDE, Per::INTERVAL},
-      {203, To<&DiskFigures::totalBytesRate>, Form::WIDE, Per::INTERVAL, Divide::NEVER, Sign::ANY,
-       BLOCKS_PER_BYTE},
-      {204, To<&DiskFigures::transfers>, Form::WIDE},
-      {205, nullptr},  // wait time and queue length are worked out from the others
-      {206, To<&DiskFigures::microseconds>, Form::UINT64},
-      {207, nullptr},
-      {208, To<&DiskFigures::busyFraction>, Form::WIDE, Per::INTERVAL, Divide::NEVER, Sign::ANY, 100.0},
-  };
-  DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
-  DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
-  FinishDisk(figures, decoding.state.legacyDiskData, disk);
-  if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
-  return counted;
-}
-
 // --- Memory, types 3 and 19 ---
 
 using MemoryRule = FieldRule<MemoryRecord>;
@@ -181,18 +134,12 @@ constexpr MemoryRule PageLevel(int32_t fieldId) {
   return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::WIDE};
 }
 
-void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const MemoryRule& rule,
-                   Decoding& decoding) {
-  if (!decoding.context.config) return;
-  decoding.context.config->pageSize = ClampTo<int32_t>(ValueAsDouble(field, rule.form, decoding.state));
-}
-
 int HpuxDecodeMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
       {301, To<&MemoryRecord::freeKb>, Form::UINT64},
       {303, To<&MemoryRecord::memoryValue303>, Form::WIDE},
       {304, To<&MemoryRecord::memoryValue304>, Form::WIDE},
-      {305, StorePageSize, Form::WIDE},
+      {305, StoreMachinePageSize, Form::WIDE},
       PageRate<&MemoryRecord::pageInRate>(306),
       PageRate<&MemoryRecord::pageOutRate>(307),
       PageRate<&MemoryRecord::pageRate308>(308),
@@ -230,11 +177,6 @@ constexpr ProcessRule NeutralValue(int32_t fieldId) {
           Sign::NOT_NEGATIVE};
 }
 
-void StoreIdText(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
-                 Decoding& /*decoding*/) {
-  process.idText = std::to_string(field.Int32());
-}
-
 // Pages, by the page size that a memory record has told.
 void StoreResidentSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule,
                        Decoding& decoding) {
@@ -249,14 +191,14 @@ int HpuxDecodeProcess(Decoding& decoding) {
       {401, nullptr},
       {402, To<&ProcessRecord::processId>},
       {403, To<&ProcessRecord::processIdC>},
-      {404, StoreIdText},
+      {404, StoreProcessIdText},
       {405, To<&ProcessRecord::processIdB>},
       CpuSeconds<&ProcessRecord::userCpuSeconds>(406),
       CpuSeconds<&ProcessRecord::systemCpuSeconds>(407),
       {408, StoreResidentSize, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE},
       ProcessRate<&ProcessRecord::minorFaults>(409),
       ProcessRate<&ProcessRecord::majorFaults>(410),
-      {411, ToElement<&ProcessRecord::rates, 0>, Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1,
+      {411, ToElement<&ProcessRecord::rates, 2>, Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1,
        Sign::NOT_NEGATIVE},
       NeutralValue<0>(412),
       NeutralValue<2>(413),
@@ -274,23 +216,18 @@ int HpuxDecodeProcess(Decoding& decoding) {
 
 // --- Configuration, type 5 ---
 
-template <int32_t FieldId>
-constexpr FieldRule<SystemConfig> ConfigText() {
-  return {FieldId, ToElement<&SystemConfig::configText, static_cast<size_t>(FieldId - 501)>};
-}
-
 int HpuxDecodeConfig(Decoding& decoding) {
   static const RuleTable<SystemConfig> rules{
       {501, To<&SystemConfig::versionText>},
-      ConfigText<502>(),
+      {502, ToElement<&SystemConfig::configText, 2>},
       {503, StoreMemoryMb, Form::UINT64},
-      ConfigText<504>(),
-      ConfigText<505>(),
+      {504, ToElement<&SystemConfig::configText, 4>},
+      {505, ToElement<&SystemConfig::configText, 5>},
       {506, To<&SystemConfig::cpuCount>},
       {507, To<&SystemConfig::configNode>},
-      ConfigText<509>(),
-      ConfigText<510>(),
-      ConfigText<511>(),
+      {509, ToElement<&SystemConfig::configText, 9>},
+      {510, ToElement<&SystemConfig::configText, 10>},
+      {511, ToElement<&SystemConfig::configText, 11>},
       {514, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
       {515, To<&SystemConfig::intervalMillis>},
   };
@@ -299,51 +236,31 @@ int HpuxDecodeConfig(Decoding& decoding) {
 
 // --- Protocol counters: types 7, and 11 with its twin 22 ---
 
-// Fields that stand one behind the other, and the element of `counters` that takes the first.
-struct CounterRange {
-  int32_t firstField;
-  int32_t lastField;
-  int32_t element;
-};
-
 constexpr CounterRange FIRST_PART[] = {{701, 752, 0}, {755, 764, 54}};
 constexpr CounterRange SECOND_PART[] = {
-    {1001, 1008, 67},  {1009, 1035, 76},  {1036, 1044, 104}, {1045, 1045, 115}, {1046, 1047, 117},
-    {1048, 1048, 116}, {1049, 1056, 119}, {1057, 1061, 128}, {1062, 1067, 134}, {1068, 1080, 141},
-    {1081, 1083, 167}, {1084, 1085, 172}, {1086, 1098, 154}, {1099, 1100, 170},
+    {1001, 1001, 67},  {1002, 1002, 68, Per::RECORD},  // connections: a level, no rate
+    {1003, 1008, 69},  {1009, 1035, 76},
+    {1036, 1044, 104}, {1045, 1045, 115},
+    {1046, 1047, 117}, {1048, 1048, 116},
+    {1049, 1056, 119}, {1057, 1061, 128},
+    {1062, 1067, 134}, {1068, 1080, 141},
+    {1081, 1083, 167}, {1084, 1085, 172},
+    {1086, 1098, 154}, {1099, 1100, 170},
 };
 
 // Each part makes a record of its own: the part that comes last in an interval is what stands.
-int DecodeCounters(std::span<const CounterRange> ranges, int32_t levelField,
-                   std::optional<KernelCounters>& slot, Decoding& decoding) {
-  KernelCounters& record = slot.emplace();
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    const auto range = std::find_if(ranges.begin(), ranges.end(), [&](const CounterRange& row) {
-      return field.fieldId >= row.firstField && field.fieldId <= row.lastField;
-    });
-    if (range == ranges.end()) continue;
-    ++counted;
-    auto value = static_cast<float>(field.Int32());
-    if (field.fieldId != levelField) value /= static_cast<float>(decoding.state.intervalSeconds);
-    const int32_t element = field.fieldId - range->firstField + range->element;
-    record.counters[static_cast<size_t>(element)] = value;
-  }
-  if (counted == 0) slot.reset();
-  return counted;
-}
-
 int HpuxDecodeNetStats(Decoding& decoding) {
   std::optional<KernelCounters>& slot = decoding.context.kernel.primary;
-  const int counted = DecodeCounters(FIRST_PART, NOT_FOUND_ID, slot, decoding);
+  slot.reset();
+  const int counted = DecodeCounters(FIRST_PART, Form::INT32, slot, decoding);
   if (slot) slot->hasFirstPart = true;
   return counted;
 }
 
 int HpuxDecodeNetStats2(Decoding& decoding) {
-  constexpr int32_t CONNECTIONS = 1002;  // a level, no rate
-  return DecodeCounters(SECOND_PART, CONNECTIONS, decoding.context.kernel.Of(decoding.isTwin), decoding);
+  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
+  slot.reset();
+  return DecodeCounters(SECOND_PART, Form::INT32, slot, decoding);
 }
 
 // --- File systems, types 9 and 24 ---

@@ -3,6 +3,7 @@
 // Such a file carries its version twice. The version text of the configuration record chooses the record
 // table and the width of counters; the text of the latest tag record chooses the generation of the processor
 // decoders. A file whose two marks disagree is read with the table of the one and the decoders of the other.
+#include <algorithm>
 #include <string_view>
 
 #include "readers/config_decoder.h"
@@ -188,15 +189,16 @@ constexpr ProcessRule FaultCount(int32_t fieldId) {
   return {fieldId, To<Member>, Form::WIDE, Per::RECORD, Divide::NEVER, Sign::NOT_NEGATIVE};
 }
 
-uint64_t NotNegative(const FieldValue& field, const Decoding& decoding) {
-  const int64_t value = ValueAsInteger(field, Form::WIDE, decoding.state);
-  return value > 0 ? static_cast<uint64_t>(value) : 0;
+// A size as it stands in the file: unsigned where counters are wide, else not below 0.
+uint64_t SizeOf(const FieldValue& field, const Decoding& decoding) {
+  if (decoding.state.wideCounters) return field.Uint64();
+  return static_cast<uint64_t>(std::max(field.Int32(), 0));
 }
 
 // Bytes to kilobytes.
 void StoreVirtualSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
                       Decoding& decoding) {
-  process.sizeVirtual = static_cast<int64_t>(NotNegative(field, decoding) >> 10);
+  process.sizeVirtual = static_cast<int64_t>(SizeOf(field, decoding) >> 10);
 }
 
 // Pages to kilobytes.
@@ -204,7 +206,7 @@ void StoreResidentSize(ProcessRecord& process, const FieldValue& field, const Pr
                        Decoding& decoding) {
   const auto& config = decoding.context.config;
   const uint64_t pageSize = config && config->pageSize > 0 ? static_cast<uint64_t>(config->pageSize) : 1;
-  process.sizeResident = static_cast<int64_t>((NotNegative(field, decoding) * pageSize) >> 10);
+  process.sizeResident = static_cast<int64_t>((SizeOf(field, decoding) * pageSize) >> 10);
 }
 
 int LinuxDecodeProcess(Decoding& decoding) {
@@ -265,23 +267,15 @@ int LinuxDecodeConfig(Decoding& decoding) {
 // The kernel's protocol counters in its own order: IP at 0 to 18, ICMP to 44, TCP to 56, UDP to 60. A few
 // are settings and stay as they stand. The number of established connections is a level too, and is divided
 // by the interval all the same.
-bool IsSetting(size_t element) { return element <= 1 || (element >= 45 && element <= 47); }
+constexpr CounterRange COUNTERS[] = {
+    {1101, 1102, 0, Per::RECORD},
+    {1103, 1145, 2},
+    {1146, 1148, 45, Per::RECORD},
+    {1149, 1161, 48},
+};
 
 int LinuxDecodeNetStats(Decoding& decoding) {
-  constexpr int32_t FIRST_FIELD = 1101;
-  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
-  if (!slot) slot.emplace();
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    ++counted;
-    const auto element = static_cast<size_t>(field.fieldId - FIRST_FIELD);
-    auto value = static_cast<float>(ValueAsDouble(field, Form::WIDE, decoding.state));
-    if (!IsSetting(element)) value /= static_cast<float>(decoding.state.intervalSeconds);
-    slot->counters[element] = value;
-  }
-  if (counted == 0) slot.reset();
-  return counted;
+  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.kernel.Of(decoding.isTwin), decoding);
 }
 
 // --- File systems, types 14 and 24; LAN adapters, types 15 and 25 ---

@@ -1,5 +1,7 @@
 #include "readers/shared_decoders.h"
 
+#include <string>
+
 namespace ozmo {
 namespace {
 
@@ -60,6 +62,36 @@ RuleTable<FileSystemRecord> FileSystemRules(int32_t deviceField, int32_t mountFi
       number(4, To<&FileSystemRecord::totalFiles>),     number(5, To<&FileSystemRecord::freeFiles>),
       number(6, To<&FileSystemRecord::lastField>),
   };
+}
+
+int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<KernelCounters>& slot,
+                   Decoding& decoding) {
+  if (!slot) slot.emplace();
+  int counted = 0;
+  for (const FieldValue& field : decoding.fields) {
+    if (field.data == nullptr) continue;
+    const auto range = std::find_if(ranges.begin(), ranges.end(), [&](const CounterRange& row) {
+      return field.fieldId >= row.firstField && field.fieldId <= row.lastField;
+    });
+    if (range == ranges.end()) continue;
+    ++counted;
+    auto value = static_cast<float>(ValueAsDouble(field, form, decoding.state));
+    if (range->per == Per::INTERVAL) value /= static_cast<float>(decoding.state.intervalSeconds);
+    slot->counters[range->element + static_cast<size_t>(field.fieldId - range->firstField)] = value;
+  }
+  if (counted == 0) slot.reset();
+  return counted;
+}
+
+void StoreProcessIdText(ProcessRecord& process, const FieldValue& field,
+                        const FieldRule<ProcessRecord>& /*rule*/, Decoding& /*decoding*/) {
+  process.idText = std::to_string(field.Int32());
+}
+
+void StoreMachinePageSize(MemoryRecord& /*memory*/, const FieldValue& field,
+                          const FieldRule<MemoryRecord>& rule, Decoding& decoding) {
+  if (!decoding.context.config) return;
+  decoding.context.config->pageSize = ClampTo<int32_t>(ValueAsDouble(field, rule.form, decoding.state));
 }
 
 void StoreMemoryMb(SystemConfig& config, const FieldValue& field, const FieldRule<SystemConfig>& rule,

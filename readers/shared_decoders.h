@@ -3,6 +3,8 @@
 #pragma once
 
 #include <limits>
+#include <optional>
+#include <span>
 
 #include "readers/field_rules.h"
 
@@ -23,6 +25,29 @@ RuleTable<LanRecord> LanRules(Divide divide = Divide::AT_LEAST_1,
 // `firstNumber` on. Their order in the file is block size, total, free and available blocks, total and free
 // files, and a last one.
 RuleTable<FileSystemRecord> FileSystemRules(int32_t deviceField, int32_t mountField, int32_t firstNumber);
+
+// Fields of a protocol record that stand one behind the other, and the element of `counters` that takes the
+// first.
+struct CounterRange {
+  int32_t firstField;
+  int32_t lastField;
+  size_t element;
+  Per per = Per::INTERVAL;  // RECORD: a setting or a level, kept as it stands
+};
+
+// Protocol counters to the interval's one record, which is made when there is none. Fields outside the ranges
+// don't count. A record without a counted field leaves no KernelCounters.
+int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<KernelCounters>& slot,
+                   Decoding& decoding);
+
+// Stores the number of a process as text.
+void StoreProcessIdText(ProcessRecord& process, const FieldValue& field, const FieldRule<ProcessRecord>& rule,
+                        Decoding& decoding);
+
+// Stores the page size that comes with a memory record: it belongs to the machine, and stays until the next
+// record brings another.
+void StoreMachinePageSize(MemoryRecord& memory, const FieldValue& field, const FieldRule<MemoryRecord>& rule,
+                          Decoding& decoding);
 
 // Stores the memory size of a configuration record, which comes in kilobytes: MB where the field has a
 // divisor, else as it stands.

@@ -302,19 +302,8 @@ int Tru64DecodeCpu(Decoding& decoding) {
 // --- Kernel and network counters, types 11 and 22 ---
 
 int Tru64DecodeCounters(Decoding& decoding) {
-  constexpr int32_t FIRST_FIELD = 1101;
-  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
-  const bool isNew = !slot.has_value();
-  if (isNew) slot.emplace();
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    ++counted;
-    slot->counters[static_cast<size_t>(field.fieldId - FIRST_FIELD)] =
-        static_cast<float>(field.Int32()) / static_cast<float>(decoding.state.intervalSeconds);
-  }
-  if (counted == 0 && isNew) slot.reset();
-  return counted;
+  static constexpr CounterRange COUNTERS[] = {{1101, 1129, 0}};
+  return DecodeCounters(COUNTERS, Form::INT32, decoding.context.kernel.Of(decoding.isTwin), decoding);
 }
 
 // --- File systems, types 12 and 24 ---

@@ -71,8 +71,8 @@ TEST_F(HpuxReaderTest, NarrowCountersAreSigned) {
 TEST_F(HpuxReaderTest, ConfigurationTextsDontOverlap) {
   Begin();
   const SystemConfig& config = *Deliver().config;
-  EXPECT_EQ(config.configText[4], "five");
-  EXPECT_EQ(config.configText[10], "eleven");
+  EXPECT_EQ(config.configText[5], "five");
+  EXPECT_EQ(config.configText[11], "eleven");
   EXPECT_EQ(config.configNode, "node");
   EXPECT_EQ(config.memoryMb, 1048576.0F);  // a wide field in a narrow version, in quarters of a kilobyte
   EXPECT_EQ(config.pageSize, 0);
