@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 #include "output/grapher_messages.h"
@@ -15,9 +16,6 @@ namespace {
 
 // An axis with as many subticks as this has none.
 constexpr int SUBTICKS_MAX = 30;
-
-// Half the range of an int less one, so that the difference of two tick numbers is an int as well.
-constexpr double TICK_NUMBER_MAX = 1073741823.0;
 
 constexpr double TRIAL_TICKS = 5.0;
 
@@ -37,15 +35,15 @@ constexpr std::array<SpacingStep, 3> SPACING_STEPS = {{
 struct TickSpan {
   int first = 0;
   int last = -1;
-};
 
-int TickNumber(double number) { return ToInt(std::clamp(number, -TICK_NUMBER_MAX, TICK_NUMBER_MAX)); }
+  // Far apart, the numbers differ by more than an int holds.
+  bool IsTooLong() const { return int64_t{last} - first >= SUBTICKS_MAX; }
+};
 
 // The ticks between the limits, and those that rounding has put just beyond them.
 TickSpan TicksBetween(double min, double max, double spacing) {
   const double tolerance = (max - min) * LIMIT_TOLERANCE;
-  return {TickNumber(std::ceil((min - tolerance) / spacing)),
-          TickNumber(std::floor((max + tolerance) / spacing))};
+  return {ToInt(std::ceil((min - tolerance) / spacing)), ToInt(std::floor((max + tolerance) / spacing))};
 }
 
 double TenToThe(int exponent) {
@@ -60,8 +58,7 @@ double SubtickSpacing(const AxisLimits& limits, const AxisSpacing& spacing) {
   switch (spacing.type) {
     case SpacingType::ONE:
       for (const double parts : {10.0, 5.0}) {
-        const TickSpan span = TicksBetween(limits.min, limits.max, spacing.spacing / parts);
-        if (span.last - span.first < SUBTICKS_MAX) {
+        if (!TicksBetween(limits.min, limits.max, spacing.spacing / parts).IsTooLong()) {
           return spacing.spacing / parts;
         }
       }
@@ -155,7 +152,7 @@ AxisState AxisPrepare(const AxisLimits& limits) {
   axis.subtickSpacing = subtickSpacing;
   axis.firstSubtick = subticks.first;
   axis.lastSubtick = subticks.last;
-  axis.haveSubticks = spacing.type != SpacingType::OTHER && subticks.last - subticks.first < SUBTICKS_MAX;
+  axis.haveSubticks = spacing.type != SpacingType::OTHER && !subticks.IsTooLong();
   return axis;
 }
 
