@@ -1,11 +1,10 @@
 // Working state of one catalog build, passed to every step.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <span>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "catalog/disk_entry.h"
 #include "catalog/model.h"

@@ -64,7 +64,7 @@ const SystemConfig& ConfigOf(const VmrContext& context) {
 
 int WholeNumber(double value) {
   if (std::isnan(value)) return 0;
-  constexpr double LIMIT = std::numeric_limits<int>::max() / 2;
+  constexpr double LIMIT = std::numeric_limits<int>::max() / 2.0;
   return static_cast<int>(std::clamp(value, -LIMIT, LIMIT));
 }
 
@@ -74,7 +74,8 @@ int PointOf(PointRule rule, Seconds start, Seconds timeStamp) {
   if (rule == PointRule::NEAREST_MINUTE) {
     return WholeNumber(std::floor(0.5 + static_cast<double>(timeStamp - start) / 60.0));
   }
-  return WholeNumber(static_cast<double>(timeStamp / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE));
+  const Seconds minutes = timeStamp / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE;
+  return WholeNumber(static_cast<double>(minutes));
 }
 
 bool TakeInterval(BuildState& state, const VmrContext& context) {

@@ -98,8 +98,8 @@ void MeasureVmrInterval(BuildState& state, const VmrContext& context) {
     state.intervalKnown = true;
   } else if (stamp > state.lastTimeStamp) {
     const Seconds difference = stamp - state.lastTimeStamp;
-    const int gapMinutes = WholeNumber(static_cast<double>(difference / 60));
-    state.intervalMinutes = std::max(state.intervalMinutes, gapMinutes);
+    const Seconds gapMinutes = difference / 60;
+    state.intervalMinutes = std::max(state.intervalMinutes, WholeNumber(static_cast<double>(gapMinutes)));
     const float whole = static_cast<float>(WholeNumber(static_cast<double>(state.intervalSeconds)));
     state.intervalSeconds = std::max(whole, static_cast<float>(difference));
   }

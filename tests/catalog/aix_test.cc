@@ -43,10 +43,13 @@ TEST(AixCpu, CountersOfZeroStayZero) {
 
 // ---- Partition ----
 
+constexpr size_t TIMES_IN_MODE[] = {39, 40, 41, 42};
+constexpr size_t SPARES[] = {44, 46, 48};
+
 struct PartitionFixture : BuildFixture {
   PartitionFixture() : BuildFixture(AIX_PLATFORM), partition(context.partition.emplace()) {
     partition.lparTicks = 100;
-    for (const size_t mode : {39, 40, 41, 42}) Set(mode, 50);  // two processors' worth in all
+    for (const size_t mode : TIMES_IN_MODE) Set(mode, 50);  // two processors' worth in all
     Set(14, 1.5);
     Set(18, 4);
     Set(32, 8);
@@ -69,7 +72,7 @@ TEST(AixPartition, PhysicalCpuIsTimeOverTimebase) {
 TEST(AixPartition, WhatADonatingPartitionGaveAwayCounts) {
   PartitionFixture fixture;
   fixture.Set(7, 1);
-  for (const size_t spare : {44, 46, 48}) fixture.Set(spare, 100);
+  for (const size_t spare : SPARES) fixture.Set(spare, 100);
   fixture.Set(45, 1000);
   fixture.Take(60);
   EXPECT_EQ(fixture.Value(Graph::PHYSICAL_CPU, 0, 1), 5.0F);
@@ -90,7 +93,7 @@ TEST(AixPartition, ACappedPartitionDonatesAndIsEntitledToSomething) {
 
 TEST(AixPartition, WithoutTimeNothingIsUsedAndNoTimebaseIsOne) {
   PartitionFixture fixture;
-  for (const size_t mode : {39, 40, 41, 42}) fixture.Set(mode, 0);
+  for (const size_t mode : TIMES_IN_MODE) fixture.Set(mode, 0);
   fixture.partition.lparTicks = 0;
   fixture.Take(60);
   EXPECT_EQ(fixture.Value(Graph::PHYSICAL_CPU, 0, 1), 0.0F);
