@@ -64,23 +64,10 @@ void SetSpace(DiskFigures& figures, const DiskRecord& disk) {
   figures.usedGb = static_cast<float>(static_cast<double>(used) / BYTES_PER_GB);
 }
 
-// Sums over the disks of one interval.
-struct DiskTotals {
-  float operations = 0.0F;
-  float reads = 0.0F;
-  float writes = 0.0F;
-  float totalKb = 0.0F;
-  float readKb = 0.0F;
-  float writeKb = 0.0F;
-  void Add(const DiskFigures& figures) {
-    operations += figures.operations;
-    reads += figures.reads;
-    writes += figures.writes;
-    totalKb += figures.totalKb;
-    readKb += figures.readKb;
-    writeKb += figures.writeKb;
-  }
-};
+// Figures that are summed over the disks of one interval.
+constexpr float DiskFigures::*SUMMED_FIGURES[] = {&DiskFigures::operations, &DiskFigures::reads,
+                                                  &DiskFigures::writes,     &DiskFigures::totalKb,
+                                                  &DiskFigures::readKb,     &DiskFigures::writeKb};
 
 GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::string_view name) {
   GraphRecord& record = catalog.runtimeRecords.emplace_back();
@@ -131,7 +118,7 @@ void StoreDisk(BuildState& state, std::string_view name, const DiskFigures& figu
   }
 }
 
-void StoreTotals(BuildState& state, const DiskTotals& totals) {
+void StoreTotals(BuildState& state, const DiskFigures& totals) {
   StoreSets(state, Graph::DISK_OPERATIONS, {totals.operations});
   StoreSets(state, Graph::DISK_DATA, {totals.totalKb});
   const double paging = state.sums.pageOperations;
@@ -175,13 +162,13 @@ DiskFigures DiskFiguresOf(const DiskRecord& disk, bool timesMeasured) {
 
 void AddDisks(BuildState& state, const VmrContext& context) {
   const DiskSpec& spec = state.platform.diskSpec;
-  DiskTotals totals;
+  DiskFigures totals;
   for (const DiskRecord& disk : context.disks.primary) {
     if (disk.deviceName.empty()) continue;
     const DiskSpec::Name name = spec.name(disk.deviceName);
     if (!name.isDisk) continue;
     const DiskFigures figures = DiskFiguresOf(disk, spec.timesMeasured);
-    totals.Add(figures);
+    for (const auto figure : SUMMED_FIGURES) totals.*figure += figures.*figure;
     if (state.detailed) StoreDisk(state, TrimBlanks(name.name), figures);
   }
   StoreTotals(state, totals);

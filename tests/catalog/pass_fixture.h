@@ -1,18 +1,16 @@
-// A catalog of one hour on which a test runs single passes over records of its own, without a reader.
+// A catalog of one hour on which a test runs single passes over records of its own: the current point stays,
+// and graphs go by their titles.
 #pragma once
 
-#include <string>
 #include <string_view>
 
-#include "catalog/build_steps.h"
+#include "build_fixture.h"
 
 namespace ozmo {
 
-class PassFixture {
+class PassFixture : public BuildFixture {
  public:
-  explicit PassFixture(const PlatformSpec& platform, Seconds span = 3600)
-      : state(platform, catalog, classes) {
-    StartCatalog(state, 0, span);
+  explicit PassFixture(const PlatformSpec& platform, Seconds span = 3600) : BuildFixture(platform, span, 0) {
     state.point = 1;
   }
 
@@ -25,7 +23,7 @@ class PassFixture {
     return found;
   }
 
-  // A value of a graph at the current point, -99 where graph, set or point is lacking.
+  // A value of a graph at the current point, NOTHING where graph, set or point is lacking.
   float Value(std::string_view title, size_t set = 0) {
     const GraphRecord* record = Find(title);
     if (record == nullptr || set >= record->data.y.size()) return NOTHING;
@@ -34,17 +32,7 @@ class PassFixture {
   }
 
   // What a name tree holds at the current point.
-  float TreeValue(NameTree tree, std::string_view name) {
-    const Series* series = state.trees[tree].Find(name);
-    return series == nullptr ? NOTHING : PointAt(*series, state.point);
-  }
-
-  static constexpr float NOTHING = -99.0F;
-
-  GraphCatalog catalog;
-  WorkloadClassList classes;
-  VmrContext context;
-  BuildState state;
+  float TreeValue(NameTree tree, std::string_view name) { return Named(tree, name, state.point); }
 };
 
 }  // namespace ozmo
