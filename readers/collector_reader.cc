@@ -12,9 +12,8 @@
 namespace ozmo {
 namespace {
 
-constexpr int64_t HEADER_SIZE = 8;     // recordLength and recordType
-constexpr size_t NUMBER_SIZE = 4;      // of a definition list's elements
-constexpr size_t LONGEST_LIST = 1024;  // far more fields than any record has: only a broken list is longer
+constexpr int64_t HEADER_SIZE = 8;  // recordLength and recordType
+constexpr size_t NUMBER_SIZE = 4;   // of a definition list's elements
 constexpr int32_t ENTRY_INTERVAL = 60;
 constexpr Seconds FARTHEST_TIME = Seconds{1} << 40;  // no clock reads beyond; keeps differences exact
 
@@ -188,20 +187,27 @@ int CollectorReader::Dispatch(int32_t recordType, const uint8_t* payload, size_t
   if (recordType < 0) return READER_NOTHING;
   if (recordType < TYPE_COUNT && HasLayout(recordType)) return WalkFields(recordType, payload, size);
   if (recordType % 100 == 0 && HasLayout(recordType / 100)) {
-    return StoreDefinition(ListsOf(recordType / 100).order, payload, size);
+    return StoreDefinition(recordType / 100, &DefinitionLists::order, payload, size);
   }
   if (recordType % 10 == 0 && HasLayout(recordType / 10)) {
-    return StoreDefinition(ListsOf(recordType / 10).divisors, payload, size);
+    return StoreDefinition(recordType / 10, &DefinitionLists::divisors, payload, size);
   }
   return READER_NOTHING;  // an unknown type: as if the interval were over
 }
 
-int CollectorReader::StoreDefinition(std::vector<int32_t>& list, const uint8_t* payload, size_t size) {
-  list.resize(std::min(size / NUMBER_SIZE, LONGEST_LIST));
+// Takes one list of a type that has a layout. Only the plans made from it are dropped, so that a file that
+// repeats the lists of one type doesn't pay for those of the others.
+int CollectorReader::StoreDefinition(int32_t recordType, std::vector<int32_t> DefinitionLists::*member,
+                                     const uint8_t* payload, size_t size) {
+  const int32_t listType = plans_[static_cast<size_t>(recordType)].layout->listType;
+  std::vector<int32_t>& list = definitions_[static_cast<size_t>(listType)].*member;
+  list.resize(size / NUMBER_SIZE);
   for (size_t i = 0; i < list.size(); ++i) {
     list[i] = static_cast<int32_t>(LoadUint32(payload + i * NUMBER_SIZE, order_));
   }
-  DropPlans();
+  for (RecordPlan& plan : plans_) {
+    if (plan.layout != nullptr && plan.layout->listType == listType) plan.ready = false;
+  }
   return READER_DONE;
 }
 
@@ -328,10 +334,6 @@ bool CollectorReader::HasLayout(int32_t recordType) const {
   return recordType < TYPE_COUNT && plans_[static_cast<size_t>(recordType)].layout != nullptr;
 }
 
-CollectorReader::DefinitionLists& CollectorReader::ListsOf(int32_t recordType) {
-  return definitions_[static_cast<size_t>(plans_[static_cast<size_t>(recordType)].layout->listType)];
-}
-
 CollectorReader::RecordPlan* CollectorReader::FindPlan(int32_t recordType) {
   RecordPlan& plan = plans_[static_cast<size_t>(recordType)];
   if (!plan.ready) BuildPlan(plan);
@@ -367,9 +369,12 @@ void CollectorReader::DropPlans() {
 }
 
 int32_t CollectorReader::DefinitionLists::DivisorOf(int32_t fieldId) const {
-  const auto place = std::find(order.begin(), order.end(), fieldId);
-  const auto index = static_cast<size_t>(place - order.begin());
-  return index < order.size() && index < divisors.size() ? divisors[index] : NOT_FOUND_ID;
+  // A position beyond the shorter list has no divisor.
+  const size_t known = std::min(order.size(), divisors.size());
+  for (size_t i = 0; i < known; ++i) {
+    if (order[i] == fieldId) return divisors[i];
+  }
+  return NOT_FOUND_ID;
 }
 
 }  // namespace ozmo

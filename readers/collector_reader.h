@@ -59,7 +59,8 @@ class CollectorReader {
 
   // Records.
   int Dispatch(int32_t recordType, const uint8_t* payload, size_t size);
-  int StoreDefinition(std::vector<int32_t>& list, const uint8_t* payload, size_t size);
+  int StoreDefinition(int32_t recordType, std::vector<int32_t> DefinitionLists::*member,
+                      const uint8_t* payload, size_t size);
   int WalkFields(int32_t recordType, const uint8_t* payload, size_t size);
   int StoreField(int32_t recordType, const FieldValue& field);
   int StoreTime(Seconds raw);
@@ -70,7 +71,6 @@ class CollectorReader {
   // Layouts.
   void UseTable(const RecordTable* table);
   bool HasLayout(int32_t recordType) const;
-  DefinitionLists& ListsOf(int32_t recordType);  // of a type that has a layout
   RecordPlan* FindPlan(int32_t recordType);
   void BuildPlan(RecordPlan& plan) const;
   void DropPlans();
