@@ -76,14 +76,18 @@ const FieldValue* FindCpuId(std::span<const FieldValue> fields) {
   return isFirst ? &*id : nullptr;
 }
 
-// The list's record of that processor, or a new one: records of one number merge.
-ProcessorRecord& FindOrPush(RecordList<ProcessorRecord>& list, int32_t cpuId) {
+// More processors than any machine has: a file that names ever new ones must not cost a search of them all.
+constexpr size_t MAX_PROCESSORS = 4096;
+
+// The list's record of that processor, or a new one: records of one number merge. Null when the list is full.
+ProcessorRecord* FindOrPush(RecordList<ProcessorRecord>& list, int32_t cpuId) {
   const auto known =
       std::find_if(list.begin(), list.end(), [&](const ProcessorRecord& cpu) { return cpu.cpuId == cpuId; });
-  if (known != list.end()) return *known;
+  if (known != list.end()) return &*known;
+  if (list.size() >= MAX_PROCESSORS) return nullptr;
   ProcessorRecord& cpu = list.Push();
   cpu.cpuId = cpuId;
-  return cpu;
+  return &cpu;
 }
 
 // Times become fractions of what the processor did in all.
@@ -109,9 +113,10 @@ int AixDecodeCpu(Decoding& decoding) {
   };
   const FieldValue* id = FindCpuId(decoding.fields);
   if (id == nullptr) return 0;
-  ProcessorRecord& cpu = FindOrPush(decoding.context.processors.Of(decoding.isTwin), id->Int32());
-  const int counted = ApplyRules(rules, cpu, decoding);
-  NormaliseTimes(cpu);
+  ProcessorRecord* cpu = FindOrPush(decoding.context.processors.Of(decoding.isTwin), id->Int32());
+  if (cpu == nullptr) return 0;
+  const int counted = ApplyRules(rules, *cpu, decoding);
+  NormaliseTimes(*cpu);
   return counted;
 }
 

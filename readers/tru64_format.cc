@@ -244,8 +244,9 @@ int Tru64DecodeNames(Decoding& decoding) {
 }
 
 // An alias counts from its newest record on. One that comes again takes the place of the older, so that a
-// file that repeats them doesn't make the list grow.
+// file that repeats them doesn't make the list grow; nor does a broken one beyond what any host has.
 int Tru64DecodeAlias(Decoding& decoding) {
+  constexpr size_t MAX_ALIASES = 4096;
   static const RuleTable<DeviceAlias> rules{
       {701, To<&DeviceAlias::deviceName>},
       {702, To<&DeviceAlias::displayName>},
@@ -258,6 +259,7 @@ int Tru64DecodeAlias(Decoding& decoding) {
     known.displayName = alias.displayName;
     return counted;
   }
+  if (decoding.context.deviceAliases.size() >= MAX_ALIASES) return 0;
   decoding.context.deviceAliases.Push() = alias;
   return counted;
 }
