@@ -68,12 +68,13 @@ std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds star
   if (!series) return files;
 
   const std::string directory = DirectoryOf(dataPath);
+  const std::string prefix = directory + "/";
   const std::string marker = LowerText(series->marker);
   std::unordered_set<std::string> listed;
   for (const std::string& name : ListDirectory(directory)) {
     const size_t dot = name.rfind('.');
     if (dot == std::string::npos) continue;
-    if (LowerText(name.substr(dot)).find(marker) != std::string::npos) listed.insert(directory + "/" + name);
+    if (LowerText(name.substr(dot)).find(marker) != std::string::npos) listed.insert(prefix + name);
   }
   if (listed.empty()) return files;
 
