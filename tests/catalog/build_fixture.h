@@ -10,6 +10,9 @@
 
 namespace ozmo {
 
+inline const PlatformSpec* const ALL_PLATFORMS[] = {&AIX_PLATFORM,     &HPUX_PLATFORM,  &LINUX_PLATFORM,
+                                                    &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM};
+
 class BuildFixture {
  public:
   static constexpr Seconds START = 1'330'000'200;  // on a full minute
@@ -33,6 +36,12 @@ class BuildFixture {
     const bool used = TakeInterval(state, context);
     ContextFree(context);
     return used;
+  }
+
+  // An interval of one processor that is busy by this percentage, with what else is in hand.
+  bool TakeBusy(Seconds offset, double percent) {
+    AddProcessor(0, percent, 0, 100 - percent);
+    return Take(offset);
   }
 
   ProcessorRecord& AddProcessor(int32_t cpuId, double user, double system, double idle) {
@@ -80,11 +89,18 @@ class BuildFixture {
     return series == nullptr ? NOTHING : PointAt(*series, point);
   }
 
+  float Image(std::string_view name, int point) { return Named(NameTree::IMAGES, name, point); }
+
   int ClassPosition(std::string_view name) const {
     for (size_t i = 0; i < classes.classes.size(); ++i) {
       if (classes.classes[i].name == name) return static_cast<int>(i);
     }
     return -1;
+  }
+
+  // The value of a class in a graph by classes.
+  float Class(Graph graph, std::string_view name, int point) {
+    return Value(graph, ClassPosition(name), point);
   }
 
   GraphCatalog catalog;

@@ -12,39 +12,34 @@ namespace ozmo {
 namespace {
 
 using testing::Each;
-using testing::FloatEq;
 
-constexpr Seconds MINUTE_START = 120'000;  // a full minute
+constexpr Seconds MINUTE = 120'000;  // a full one
+constexpr auto INFINITE = std::numeric_limits<float>::infinity();
 
-// ---- Points of a span ----
+// ---- Points ----
 
-TEST(PointsOf, AnHourOnAFullMinuteHas62Points) {
-  for (const PointCountRule rule : {PointCountRule::OF_DIFFERENCE, PointCountRule::OF_QUOTIENTS}) {
-    EXPECT_EQ(PointsOf(rule, MINUTE_START, MINUTE_START + 3600), 62);
+TEST(PointsOf, QuotientsDependOnTheSecondsOfTheStart) {
+  struct Case {
+    Seconds start, length;
+    int ofDifference, ofQuotients;
+  };
+  for (const Case& test : {Case{MINUTE, 3600, 62, 62}, {MINUTE, 3599, 61, 61}, {MINUTE + 30, 3599, 61, 62}}) {
+    const Seconds end = test.start + test.length;
+    EXPECT_EQ(PointsOf(PointCountRule::OF_DIFFERENCE, test.start, end), test.ofDifference);
+    EXPECT_EQ(PointsOf(PointCountRule::OF_QUOTIENTS, test.start, end), test.ofQuotients);
   }
 }
 
-TEST(PointsOf, QuotientsDependOnTheSecondsOfTheStart) {
-  EXPECT_EQ(PointsOf(PointCountRule::OF_QUOTIENTS, MINUTE_START, MINUTE_START + 3599), 61);
-  EXPECT_EQ(PointsOf(PointCountRule::OF_QUOTIENTS, MINUTE_START + 30, MINUTE_START + 30 + 3599), 62);
-  EXPECT_EQ(PointsOf(PointCountRule::OF_DIFFERENCE, MINUTE_START + 30, MINUTE_START + 30 + 3599), 61);
-}
-
-// ---- Point of a time stamp ----
-
-TEST(PointOf, NinetySecondsAreTwoPointsRoundedAndOneTruncated) {
-  EXPECT_EQ(PointOf(PointRule::NEAREST_MINUTE, MINUTE_START, MINUTE_START + 90), 2);
-  EXPECT_EQ(PointOf(PointRule::TRUNCATED, MINUTE_START, MINUTE_START + 90), 1);
-}
-
-TEST(PointOf, TruncationGoesByTheMinutesOfTheClock) {
-  EXPECT_EQ(PointOf(PointRule::TRUNCATED, MINUTE_START + 50, MINUTE_START + 60), 1);
-  EXPECT_EQ(PointOf(PointRule::NEAREST_MINUTE, MINUTE_START + 50, MINUTE_START + 60), 0);
-}
-
-TEST(PointOf, BeforeTheStartRoundsTowardsTheNearestMinute) {
-  EXPECT_EQ(PointOf(PointRule::NEAREST_MINUTE, MINUTE_START, MINUTE_START - 30), 0);
-  EXPECT_EQ(PointOf(PointRule::NEAREST_MINUTE, MINUTE_START, MINUTE_START - 31), -1);
+TEST(PointOf, RoundsToTheNearestMinuteOrTruncatesByTheClock) {
+  struct Case {
+    Seconds start, offset;
+    int nearest, truncated;
+  };
+  for (const Case& test :
+       {Case{MINUTE, 90, 2, 1}, {MINUTE + 50, 10, 0, 1}, {MINUTE, -30, 0, -1}, {MINUTE, -31, -1, -1}}) {
+    EXPECT_EQ(PointOf(PointRule::NEAREST_MINUTE, test.start, test.start + test.offset), test.nearest);
+    EXPECT_EQ(PointOf(PointRule::TRUNCATED, test.start, test.start + test.offset), test.truncated);
+  }
 }
 
 TEST(PointOf, StampsFarOutsideStayInRange) {
@@ -56,30 +51,23 @@ TEST(PointOf, StampsFarOutsideStayInRange) {
 }
 
 TEST(MinutesOf, TruncatesAndSurvivesAnyInterval) {
-  EXPECT_EQ(MinutesOf(119.0F), 1);
-  EXPECT_EQ(MinutesOf(59.0F), 0);
-  EXPECT_EQ(MinutesOf(-119.0F), -1);
-  EXPECT_EQ(MinutesOf(std::nanf("")), 0);
-  EXPECT_GT(MinutesOf(std::numeric_limits<float>::infinity()), 1'000'000'000);
+  for (const auto& [seconds, minutes] :
+       {std::pair(119.0F, 1), {59.0F, 0}, {-119.0F, -1}, {std::nanf(""), 0}}) {
+    EXPECT_EQ(MinutesOf(seconds), minutes) << seconds;
+  }
+  EXPECT_GT(MinutesOf(INFINITE), 1'000'000'000);
 }
 
 // ---- Which intervals count ----
 
-TEST(TakeInterval, TheFirstOfTwoSamplesInOneMinuteCounts) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 10, 0, 90);
-  EXPECT_TRUE(fixture.Take(300));
-  fixture.AddProcessor(0, 70, 0, 30);
-  EXPECT_FALSE(fixture.Take(320));
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 5), 10.0F);
-}
-
-TEST(TakeInterval, TheSampleAtTheStartIsDropped) {
-  for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &AIX_PLATFORM}) {
+TEST(TakeInterval, TheFirstOfTwoSamplesInOneMinuteCountsAndTheOneAtTheStartIsDropped) {
+  for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &LINUX_PLATFORM}) {
     BuildFixture fixture(*platform);
-    fixture.AddProcessor(0, 10, 0, 90);
-    EXPECT_FALSE(fixture.Take(0));
+    EXPECT_FALSE(fixture.TakeBusy(0, 10));
     EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 0), MISSING_POINT);
+    EXPECT_TRUE(fixture.TakeBusy(300, 10));
+    EXPECT_FALSE(fixture.TakeBusy(320, 70));
+    EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 5), 10.0F);
   }
 }
 
@@ -89,51 +77,34 @@ TEST(TakeInterval, WithoutProcessorsNothingIsStored) {
     fixture.AddProcess("root", "cron", 1);
     EXPECT_TRUE(fixture.Take(300)) << "it still names the node";
     EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 5), MISSING_POINT);
-    fixture.AddProcessor(0, 10, 0, 90);
-    EXPECT_TRUE(fixture.Take(310)) << "the minute is still free";
+    EXPECT_TRUE(fixture.TakeBusy(310, 10)) << "the minute is still free";
     EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 5), 10.0F);
   }
+  BuildFixture tru64(TRU64_PLATFORM);
+  tru64.AddProcess("root", "cron", 1);
+  tru64.Take(300);
+  EXPECT_EQ(tru64.Value(Graph::PROCESS_COUNT, 0, 5), 1.0F) << "which needs none";
 }
 
 TEST(TakeInterval, LinuxNeedsAConfiguration) {
   BuildFixture fixture(LINUX_PLATFORM);
   fixture.context.config.reset();
-  fixture.AddProcessor(0, 10, 0, 90);
-  fixture.Take(300);
+  fixture.TakeBusy(300, 10);
   EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 5), MISSING_POINT);
-}
-
-TEST(TakeInterval, Tru64TakesAnIntervalWithoutProcessors) {
-  BuildFixture fixture(TRU64_PLATFORM);
-  fixture.AddProcess("root", "cron", 1);
-  fixture.Take(300);
-  EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 5), 1.0F);
-}
-
-TEST(TakeInterval, LinuxDropsWhatLiesBehindTheSpanAndKeepsTheLastPoint) {
-  BuildFixture fixture(LINUX_PLATFORM);
-  fixture.AddProcessor(0, 10, 0, 90);
-  fixture.Take(300);
-  fixture.AddProcessor(0, 20, 0, 80);
-  EXPECT_FALSE(fixture.Take(3600 + 7200));
-  EXPECT_EQ(fixture.state.lastPoint, 5);
 }
 
 TEST(TakeInterval, SamplesOutsideTheSpanAreStoredNowhere) {
   for (const Seconds offset : {Seconds{-600}, Seconds{7200}}) {
     BuildFixture fixture(SOLARIS_PLATFORM);
-    fixture.AddProcessor(0, 10, 0, 90);
     fixture.AddProcess("root", "cron", 1);
-    EXPECT_TRUE(fixture.Take(offset));
+    EXPECT_TRUE(fixture.TakeBusy(offset, 10));
     EXPECT_THAT(fixture.Record(Graph::OVERALL_CPU).data.y[0], Each(MISSING_POINT));
     EXPECT_THAT(fixture.Record(Graph::ACTIVE_CPUS).data.y[0], Each(MISSING_POINT));
   }
-}
-
-TEST(TakeInterval, HpuxKeepsDetailForTwoDaysExactly) {
-  EXPECT_TRUE(BuildFixture(HPUX_PLATFORM, 172800).state.detailed);
-  EXPECT_FALSE(BuildFixture(HPUX_PLATFORM, 172801).state.detailed);
-  EXPECT_TRUE(BuildFixture(SOLARIS_PLATFORM, 172801).state.detailed);
+  BuildFixture fixture(LINUX_PLATFORM);
+  fixture.TakeBusy(300, 10);
+  EXPECT_FALSE(fixture.TakeBusy(3600 + 7200, 20)) << "which drops what lies behind";
+  EXPECT_EQ(fixture.state.lastPoint, 5);
 }
 
 // ---- The end of a build ----
@@ -141,22 +112,16 @@ TEST(TakeInterval, HpuxKeepsDetailForTwoDaysExactly) {
 TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
   BuildFixture fixture(LINUX_PLATFORM);
   fixture.state.intervalMinutes = 5;
-  for (int point = 5; point <= 60; point += 5) {
-    fixture.AddProcessor(0, point, 0, 100 - point);
-    fixture.Take(point * 60);
-  }
+  for (int point = 5; point <= 60; point += 5) fixture.TakeBusy(point * 60, point);
   FinishGraphs(fixture.state);
   FinishSeries(fixture.state);
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 4), 0.0F);
-  EXPECT_THAT(fixture.Value(Graph::OVERALL_CPU, 0, 7), FloatEq(7));
-  EXPECT_THAT(fixture.Value(Graph::OVERALL_CPU, 0, 54), FloatEq(54));
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 57), 0.0F);
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 60), 60.0F);
+  for (const auto& [point, value] : {std::pair(4, 0.0F), {7, 7.0F}, {54, 54.0F}, {57, 0.0F}, {60, 60.0F}}) {
+    EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, point), value) << point;
+  }
 }
 
 TEST(FinishSeries, WithoutDataEverySeriesIsZero) {
-  for (const PlatformSpec* platform :
-       {&SOLARIS_PLATFORM, &LINUX_PLATFORM, &AIX_PLATFORM, &HPUX_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM}) {
+  for (const PlatformSpec* platform : ALL_PLATFORMS) {
     BuildFixture fixture(*platform);
     FinishGraphs(fixture.state);
     FinishSeries(fixture.state);

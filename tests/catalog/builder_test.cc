@@ -14,22 +14,25 @@ namespace {
 using ::testing::Each;
 using ::testing::ElementsAre;
 
-std::tm TimeOfDay(int hour) {
-  std::tm time{};
-  time.tm_year = 112;
-  time.tm_mon = 1;
-  time.tm_mday = 22;
-  time.tm_hour = hour;
-  time.tm_isdst = -1;
-  return time;
-}
-
-// A build in a directory of its own, whose reader has nothing to read.
+// A build of one hour in a directory of its own, whose reader has nothing to read.
 struct Build {
-  std::vector<std::string> Classes(const PlatformSpec& platform, ReaderKind kind) {
+  Build() {
+    std::tm time{};
+    time.tm_mday = 22;
+    time.tm_mon = 1;
+    time.tm_year = 112;
+    time.tm_isdst = -1;
+    time.tm_hour = 8;
+    request.beginTime = time;
+    time.tm_hour = 9;
+    request.endTime = time;
+  }
+  auto Catalog(const PlatformSpec& platform, ReaderKind kind) {
     DataReader reader(kind, runtime);
-    WorkloadClassList classes;
-    const auto catalog = BuildCatalog(platform, reader, request, classes, runtime);
+    return BuildCatalog(platform, reader, request, classes, runtime);
+  }
+  std::vector<std::string> Classes(const PlatformSpec& platform, ReaderKind kind) {
+    const auto catalog = Catalog(platform, kind);
     const GraphRecord& record = *catalog->Find(Graph::CLASS_CPU);
     std::vector<std::string> names;
     for (int set = 0; set < record.data.nsets(); ++set) names.push_back(record.Label(set).value_or(""));
@@ -43,57 +46,37 @@ struct Build {
   testing::TempDirectory directory;
   testing::ScopedDirectory inside{directory.path()};
   Runtime runtime;
-  RunRequest request = [] {
-    RunRequest hour;
-    hour.beginTime = TimeOfDay(8);
-    hour.endTime = TimeOfDay(9);
-    return hour;
-  }();
+  RunRequest request;
+  WorkloadClassList classes;
 };
 
 TEST(BuildCatalog, WithNothingToReadIsACatalogOfZeros) {
-  Build build;
   for (const auto& [platform, kind] : {std::pair(&SOLARIS_PLATFORM, ReaderKind::SOLARIS),
                                        {&AIX_PLATFORM, ReaderKind::AIX},
                                        {&VMR_PLATFORM, ReaderKind::VMR}}) {
-    DataReader reader(kind, build.runtime);
-    WorkloadClassList classes;
-    const auto catalog = BuildCatalog(*platform, reader, build.request, classes, build.runtime);
+    const auto catalog = Build().Catalog(*platform, kind);
     EXPECT_EQ(catalog->pointCount, 62);
-    EXPECT_EQ(catalog->spanEnd - catalog->spanStart, 3600);
     EXPECT_EQ(catalog->overlayScratch.size(), 63U);
     EXPECT_THAT(catalog->Find(Graph::OVERALL_CPU)->data.y, ElementsAre(Each(0.0F)));
   }
 }
 
-TEST(BuildCatalog, WithoutAClassFileTheFixedClassesStand) {
-  Build build;
-  EXPECT_THAT(build.Classes(LINUX_PLATFORM, ReaderKind::LINUX),
-              ElementsAre("daemons", "cde", "dc", "root", "others"));
-}
-
 TEST(BuildCatalog, ClassesComeFromTheFileInTheWorkingDirectory) {
   Build build;
-  build.WriteClassFile("QTX.memory", "mine");
   build.WriteClassFile("veltrix.memory", "second choice");
-  EXPECT_THAT(build.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("mine"));
-}
-
-TEST(BuildCatalog, OnlyLinuxTriesTheSecondClassFile) {
-  Build build;
-  build.WriteClassFile("veltrix.memory", "second choice");
-  EXPECT_THAT(build.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("second choice"));
-  EXPECT_EQ(build.Classes(SOLARIS_PLATFORM, ReaderKind::SOLARIS).size(), 5U);
-}
-
-TEST(BuildCatalog, LoadedClassesStayForTheRun) {
-  Build build;
-  DataReader reader(ReaderKind::SOLARIS, build.runtime);
-  WorkloadClassList classes;
-  BuildCatalog(SOLARIS_PLATFORM, reader, build.request, classes, build.runtime);
+  EXPECT_EQ(build.Classes(SOLARIS_PLATFORM, ReaderKind::SOLARIS).size(), 5U) << "only Linux tries this one";
   build.WriteClassFile("QTX.memory", "too late");
-  const auto catalog = BuildCatalog(SOLARIS_PLATFORM, reader, build.request, classes, build.runtime);
-  EXPECT_EQ(catalog->Find(Graph::CLASS_CPU)->data.nsets(), 5);
+  EXPECT_EQ(build.Classes(SOLARIS_PLATFORM, ReaderKind::SOLARIS).size(), 5U) << "classes stay for the run";
+}
+
+TEST(BuildCatalog, LinuxTriesTwoClassFilesInOrder) {
+  Build second;
+  second.WriteClassFile("veltrix.memory", "second choice");
+  EXPECT_THAT(second.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("second choice"));
+  Build first;
+  first.WriteClassFile("veltrix.memory", "second choice");
+  first.WriteClassFile("QTX.memory", "mine");
+  EXPECT_THAT(first.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("mine"));
 }
 
 }  // namespace

@@ -25,10 +25,19 @@ class PassFixture : public BuildFixture {
 
   // A value of a graph at the current point, NOTHING where graph, set or point is lacking.
   float Value(std::string_view title, size_t set = 0) {
+    const std::vector<float> values = Values(title);
+    return set < values.size() ? values[set] : NOTHING;
+  }
+
+  // The values of a graph's sets at the current point, NOTHING where it lies outside.
+  std::vector<float> Values(std::string_view title) {
+    std::vector<float> values;
     const GraphRecord* record = Find(title);
-    if (record == nullptr || set >= record->data.y.size()) return NOTHING;
-    const Series& series = record->data.y[set];
-    return PointInside(series, state.point) ? PointAt(series, state.point) : NOTHING;
+    if (record == nullptr) return values;
+    for (const Series& series : record->data.y) {
+      values.push_back(PointInside(series, state.point) ? PointAt(series, state.point) : NOTHING);
+    }
+    return values;
   }
 
   // What a name tree holds at the current point.
