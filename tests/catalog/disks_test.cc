@@ -44,15 +44,6 @@ TEST(DiskNames, LinuxPartitionsAreNoDisks) {
   EXPECT_EQ(fixture.Value("Overall Disk I/O Operation Rate"), 5.0F);
 }
 
-TEST(DiskNames, LinuxTakesBlanksOffBeforeItLooksForPartitions) {
-  PassFixture fixture(LINUX_PLATFORM);
-  Push(fixture, " sda1 ");
-  Push(fixture, " sdb ");
-  Add(fixture);
-  EXPECT_EQ(DiskRows(fixture).subTable.size(), 1U);
-  EXPECT_NE(fixture.Find("I/O rate for sdb"), nullptr);
-}
-
 TEST(DiskNames, DeviceDirectoryIsCutOffWhereItIsTheCustom) {
   for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &HPUX_PLATFORM}) {
     PassFixture fixture(*platform);
@@ -97,17 +88,6 @@ TEST(DiskNames, AnyCharactersAndLengthsStand) {
 
 // ---- Figures ----
 
-TEST(DiskFigures, OperationsFallBackOnReadsAndWrites) {
-  DiskRecord disk;
-  disk.readRate = 3.0F;
-  disk.writeRate = 4.0F;
-  EXPECT_EQ(DiskFiguresOf(disk, false).operations, 7.0F);
-  disk.ioRate = 9.0F;
-  const DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_EQ(figures.operations, 9.0F);
-  EXPECT_EQ(figures.reads, 3.0F);  // known ones stand, even if they don't add up
-}
-
 TEST(DiskFigures, UnknownReadsAndWritesFollowTheData) {
   DiskRecord disk;
   disk.ioRate = 10.0F;
@@ -117,21 +97,6 @@ TEST(DiskFigures, UnknownReadsAndWritesFollowTheData) {
   EXPECT_EQ(figures.totalKb, 4.0F);
   EXPECT_EQ(figures.reads, 7.5F);
   EXPECT_EQ(figures.writes, 2.5F);
-}
-
-TEST(DiskFigures, OperationsWithoutDataAreNeitherReadsNorWrites) {
-  DiskRecord disk;
-  disk.ioRate = 10.0F;
-  const DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_EQ(figures.reads, 0.0F);
-  EXPECT_EQ(figures.writes, 0.0F);
-}
-
-TEST(DiskFigures, TotalDataRateOfTheRecordGoesFirst) {
-  DiskRecord disk;
-  disk.readBytesRate = 1024.0F;
-  disk.totalBytesRate = 5 * 1024.0F;
-  EXPECT_EQ(DiskFiguresOf(disk, false).totalKb, 5.0F);
 }
 
 TEST(DiskFigures, PlottedWaitLosesTheServiceTimeTwice) {
@@ -146,14 +111,6 @@ TEST(DiskFigures, PlottedWaitLosesTheServiceTimeTwice) {
 
   disk.queueLength = 0.75F;  // waits less than it is served
   EXPECT_EQ(DiskFiguresOf(disk, false).wait, 0.0F);
-}
-
-TEST(DiskFigures, ResponseIsNeverBelowService) {
-  DiskRecord disk;
-  disk.ioRate = 10.0F;
-  disk.busyFraction = 0.5F;
-  disk.queueLength = 0.1F;
-  EXPECT_EQ(DiskFiguresOf(disk, false).response, 50.0F);
 }
 
 TEST(DiskFigures, AnIdleDiskHasNoTimes) {
@@ -204,15 +161,6 @@ TEST(DiskFigures, BrokenSizesDivideAndSubtractWithoutHarm) {
   EXPECT_FLOAT_EQ(DiskFiguresOf(disk, false).usedGb, 4.0F);
 }
 
-TEST(DiskFigures, InfiniteRatesPassThrough) {
-  DiskRecord disk;
-  disk.ioRate = std::numeric_limits<float>::infinity();
-  disk.readBytesRate = disk.ioRate;
-  const DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_TRUE(std::isinf(figures.operations));
-  EXPECT_TRUE(std::isinf(figures.readKb));
-}
-
 // ---- Graphs of one disk ----
 
 TEST(DiskGraphs, EachFigureReachesTheTraceOfItsName) {
@@ -239,19 +187,6 @@ TEST(DiskGraphs, EachFigureReachesTheTraceOfItsName) {
   EXPECT_EQ(fixture.Find("Wait/Service Time for d")->legendFormat, "%s %.1f%ms ");
 }
 
-TEST(DiskGraphs, OnlySomePlatformsKnowSpace) {
-  for (const PlatformSpec* platform :
-       {&AIX_PLATFORM, &TRU64_PLATFORM, &HPUX_PLATFORM, &LINUX_PLATFORM, &SOLARIS_PLATFORM, &VMR_PLATFORM}) {
-    const bool knows = platform == &AIX_PLATFORM || platform == &TRU64_PLATFORM;
-    PassFixture fixture(*platform);
-    Push(fixture, "d");
-    Add(fixture);
-    EXPECT_EQ(fixture.Find("Space Allocation for d") != nullptr, knows);
-    ASSERT_EQ(DiskRows(fixture).subTable.size(), 1U);
-    EXPECT_EQ(DiskRows(fixture).subTable[0].subTable.size(), knows ? 7U : 6U);
-  }
-}
-
 TEST(DiskGraphs, HpuxShowsSumsInOneSet) {
   PassFixture fixture(HPUX_PLATFORM);
   DiskRecord& disk = Push(fixture, "d", 10.0F);
@@ -264,16 +199,6 @@ TEST(DiskGraphs, HpuxShowsSumsInOneSet) {
   EXPECT_EQ(fixture.Value("I/O rate for d"), 10.0F);
   EXPECT_EQ(fixture.Value("Data rate for d"), 3.0F);
   EXPECT_EQ(fixture.Value("Overall Disk Disk Data Rate"), 3.0F);
-}
-
-TEST(DiskGraphs, MonitorFilesBringTheirTimes) {
-  PassFixture fixture(VMR_PLATFORM);
-  DiskRecord& disk = Push(fixture, "DISK0", 10.0F);
-  disk.servicePerIo = 8.0F;
-  disk.waitPerIo = 30.0F;
-  Add(fixture);
-  EXPECT_EQ(fixture.Value("Response Time for DISK0"), 30.0F);
-  EXPECT_EQ(fixture.Value("Disk I/O Operation Rate"), 10.0F);
 }
 
 TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
@@ -300,16 +225,6 @@ TEST(DiskGraphs, TheDiskBeyondTheTableIsInTheListsOnly) {
   Push(fixture, "d0", 6.0F).readRate = 6.0F;
   Add(fixture);
   EXPECT_EQ(fixture.Value("I/O rate for d0"), 6.0F);
-}
-
-TEST(DiskGraphs, ASampleOutsideTheSeriesIsNotStored) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  for (const int point : {-5, fixture.catalog.pointCount + 1, 1 << 30}) {
-    fixture.state.point = point;
-    Push(fixture, "d");
-    Add(fixture);
-    EXPECT_EQ(fixture.Value("I/O rate for d"), PassFixture::NOTHING);
-  }
 }
 
 // ---- Detail ----
@@ -390,12 +305,6 @@ TEST(FileSystems, KeysNameMountPointAndDevice) {
   for (const PlatformSpec* platform : {&LINUX_PLATFORM, &SOLARIS_PLATFORM, &TRU64_PLATFORM}) {
     EXPECT_EQ(keyOn(*platform), "/home on ( /dev/hd1 )");
   }
-}
-
-TEST(NameText, ANameIsNeverTakenForAFormat) {
-  std::string text;
-  AppendNames(text, "%s (on %s)", {"%s", "b"});
-  EXPECT_EQ(text, "%s (on b)");
 }
 
 }  // namespace

@@ -22,23 +22,6 @@ struct MemoryFixture : BuildFixture {
   MemoryRecord& Memory() { return context.memory.primary.emplace(); }
 };
 
-TEST(Memory, SolarisCountsPages) {
-  MemoryFixture fixture(SOLARIS_PLATFORM);
-  MemoryRecord& memory = fixture.Memory();
-  memory.freePages = 65536;  // 256 MB
-  memory.majorFaultsPerSecond = 1;
-  memory.protectionFaultsPerSecond = 2;
-  memory.asFaultsPerSecond = 4;
-  memory.pageInsPerSecond = 8;
-  memory.pageOutsPerSecond = 16;
-  fixture.Take(60);
-  EXPECT_THAT(fixture.Values(Graph::MEMORY_ALLOCATION, 1), ElementsAre(256, 768));
-  EXPECT_EQ(fixture.Value(Graph::MEMORY_UTILIZATION, 0, 1), 75.0F);
-  EXPECT_THAT(fixture.Values(Graph::PAGEFAULTS_BY_TYPE, 1), ElementsAre(1, 0, 2, 0, 0, 0, 0, 4));
-  EXPECT_EQ(fixture.Value(Graph::PAGEFAULT_RATE, 0, 1), 7.0F);
-  EXPECT_EQ(fixture.Value(Graph::PAGEFAULT_IO, 0, 1), 24.0F);
-}
-
 TEST(Memory, WithoutARecordAllFiguresAreZero) {
   for (const PlatformSpec* platform :
        {&SOLARIS_PLATFORM, &LINUX_PLATFORM, &AIX_PLATFORM, &HPUX_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM}) {
@@ -98,32 +81,6 @@ TEST(Memory, LinuxPageFaultsAreThoseOfTheProcesses) {
   second.minorFaults = 240;
   fixture.Take(60);
   EXPECT_THAT(fixture.Values(Graph::PROCESS_PAGEFAULTS, 1), ElementsAre(1, 6));
-}
-
-TEST(Memory, HpuxUnmappedIsWhatFreeAndActiveLeave) {
-  MemoryFixture fixture(HPUX_PLATFORM);
-  MemoryRecord& memory = fixture.Memory();
-  memory.freeKb = 65536;       // pages
-  memory.vmValue[20] = 32768;  // active pages
-  memory.pageRate307 = 1;
-  memory.pageRate326 = 2;
-  memory.pageRate327 = 4;
-  fixture.Take(60);
-  EXPECT_THAT(fixture.Values(Graph::MEMORY_ALLOCATION, 1), ElementsAre(256, 128, 640));
-  EXPECT_THAT(fixture.Values(Graph::PAGEFAULTS_BY_TYPE, 1), ElementsAre(1, 2, 4));
-  EXPECT_EQ(fixture.Value(Graph::PAGEFAULT_RATE, 0, 1), 7.0F);
-}
-
-TEST(Memory, Tru64UsesStandInTheOrderOfTheLabels) {
-  MemoryFixture fixture(TRU64_PLATFORM);
-  MemoryRecord& memory = fixture.Memory();
-  memory.tru64FreePages = 256;
-  memory.tru64InactivePages = 512;
-  memory.tru64ActivePages = 1024;
-  memory.tru64BufferCachePages = 2048;
-  memory.tru64WiredPages = 4096;
-  fixture.Take(60);
-  EXPECT_THAT(fixture.Values(Graph::MEMORY_ALLOCATION, 1), ElementsAre(1, 2, 4, 8, 16, 993));
 }
 
 // ---- AIX ----

@@ -54,17 +54,6 @@ TEST(GraphBridgeGaps, TheLastPointsCantEndAHole) {
   EXPECT_THAT(Bridged(series, 8, 2), ElementsAre(0, 0, 0, 1, 2, 3));
 }
 
-TEST(GraphBridgeGaps, WithoutAPositiveGapNothingHappens) {
-  const Series series = {1, MISSING, 3, 3, 3};
-  EXPECT_EQ(Bridged(series, 5, 0), series);
-  EXPECT_EQ(Bridged(series, 5, -7), series);
-}
-
-TEST(GraphBridgeGaps, AGapBeyondAllPointsIsSafe) {
-  const Series series = {1, MISSING, 3};
-  EXPECT_EQ(Bridged(series, 3, std::numeric_limits<int>::max() / 2), series);
-}
-
 TEST(GraphBridgeGaps, ValuesAtOrBelowMissingAreMissing) {
   EXPECT_THAT(Bridged({4, -2, 6, 7, 7, 7}, 6, 2), ElementsAre(4, 5, 6, 7, 7, 7));
   EXPECT_THAT(Bridged({4, -0.5F, 6, 7, 7, 7}, 6, 2), ElementsAre(4, -0.5F, 6, 7, 7, 7));
@@ -95,31 +84,11 @@ TEST(GraphStackTraces, MissingAndNegativeValuesCountAsZero) {
   EXPECT_THAT(graph.Set(2), ElementsAre(3, 0));
 }
 
-TEST(GraphStackTraces, OneSetLosesItsNegatives) {
-  OneGraph graph({{-3, 4, MISSING}});
-  GraphStackTraces(graph.table);
-  EXPECT_THAT(graph.Set(0), ElementsAre(0, 4, 0));
-}
-
 TEST(GraphStackTraces, PointsBehindTheCountStayAsTheyAre) {
   OneGraph graph({{-3, 4, MISSING}, {1, 1, 1}});
   graph.record.data.npoints = 2;
   GraphStackTraces(graph.table);
   EXPECT_THAT(graph.Set(0), ElementsAre(1, 5, MISSING));
-}
-
-TEST(GraphStackTraces, UndefinedValuesPassThrough) {
-  OneGraph graph({{1}, {std::nanf("")}, {2}});
-  GraphStackTraces(graph.table);
-  EXPECT_TRUE(std::isnan(graph.Set(0)[0]));
-  EXPECT_EQ(graph.Set(2)[0], 2.0F);
-}
-
-TEST(GraphStackTraces, AGraphWithoutSetsIsPassedOver) {
-  OneGraph graph({Series{1}});
-  graph.record.data.y.clear();
-  GraphStackTraces(graph.table);
-  EXPECT_EQ(graph.record.data.nsets(), 0);
 }
 
 // ---- Points ----

@@ -41,16 +41,6 @@ void FillDistinct(KernelCounters& counters) {
   for (size_t i = 0; i < counters.counters.size(); ++i) counters.counters[i] = static_cast<float>(i * i);
 }
 
-TEST_F(NetworkTest, WithoutARecordAllPointsStayMissing) {
-  for (const PlatformSpec* platform :
-       {&AIX_PLATFORM, &HPUX_PLATFORM, &LINUX_PLATFORM, &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM}) {
-    PassFixture fixture(*platform);
-    Run(fixture);
-    EXPECT_EQ(fixture.Value("UDP packet Rate"), MISSING_POINT);
-    EXPECT_EQ(fixture.Value("IP Packet Rate", 1), MISSING_POINT);
-  }
-}
-
 TEST_F(NetworkTest, EveryTraceOfEveryProtocolGraphIsFilled) {
   for (const PlatformSpec* platform :
        {&AIX_PLATFORM, &HPUX_PLATFORM, &LINUX_PLATFORM, &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM}) {
@@ -151,18 +141,6 @@ TEST_F(NetworkTest, SolarisOthersAreWhatTheKindsLeave) {
   EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 0), 15.0F);
   EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 1), 80.0F);
   EXPECT_EQ(Sum(fixture, "IP Packets Received Breakdown"), 100.0F);
-}
-
-TEST_F(NetworkTest, SolarisDataRatesStandAlone) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  auto& c = Counters(fixture).counters;
-  c[12] = 4000.0F;
-  c[14] = 1000.0F;
-  c[28] = 2000.0F;
-  c[30] = 500.0F;
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("TCP Data rate", 0), 5.0F);
-  EXPECT_EQ(fixture.Value("TCP Data rate", 1), 2.5F);
 }
 
 TEST_F(NetworkTest, SolarisBreakdownsReadTheirOwnCounters) {

@@ -81,19 +81,6 @@ TEST(Processes, AShareGoesToSumClassImageAndUser) {
   EXPECT_FLOAT_EQ(fixture.Named(NameTree::USERS, "root", 1), 30.0F);
 }
 
-TEST(Processes, OneCommandOfTwoUsersIsTwoClasses) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  for (const Seconds offset : {60, 120}) {
-    fixture.AddProcessor(0, 50, 0, 50);
-    fixture.AddProcess("root", "vi", 6);
-    fixture.AddProcess("adm", "vi", 3);
-    fixture.Take(offset);
-  }
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::CLASS_CPU, fixture.ClassPosition("root"), 2), 10.0F);
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::CLASS_CPU, fixture.ClassPosition("others"), 2), 5.0F);
-  EXPECT_FLOAT_EQ(fixture.Named(NameTree::IMAGES, "vi", 2), 15.0F);
-}
-
 TEST(Processes, AixPassesOverWaitButCountsIt) {
   BuildFixture fixture(AIX_PLATFORM);
   fixture.AddProcessor(0, 1, 0, 1);
@@ -117,22 +104,6 @@ TEST(NoProc, TakesWhatTheProcessesLeaveOfOverallCpu) {
   EXPECT_FLOAT_EQ(fixture.Value(Graph::CLASS_CPU, fixture.ClassPosition("others"), 1), 40.0F);
   EXPECT_FLOAT_EQ(PointAt(fixture.state.processCpuSum, 1), 50.0F);
   EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 1.0F) << "it is no process";
-}
-
-TEST(NoProc, IsAbsentWhereTheProcessesTakeAll) {
-  BuildFixture fixture(TRU64_PLATFORM);
-  fixture.AddProcessor(0, 5, 0, 95);
-  fixture.AddProcess("root", "cron", 6);
-  fixture.Take(60);
-  EXPECT_EQ(fixture.Named(NameTree::IMAGES, "<NoProc>", 1), BuildFixture::NOTHING);
-}
-
-TEST(NoProc, IsNotASolarisName) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 50, 0, 50);
-  fixture.Take(60);
-  EXPECT_EQ(fixture.Named(NameTree::IMAGES, "<NoProc>", 1), BuildFixture::NOTHING);
-  EXPECT_EQ(PointAt(fixture.state.processCpuSum, 1), MISSING_POINT);
 }
 
 // ---- Classes after the walk ----

@@ -29,13 +29,6 @@ TEST(Processors, AreSetsInTheOrderOfTheirFirstSight) {
   EXPECT_THAT(fixture.Values(Graph::ACTIVE_CPUS, 2), ElementsAre(1, MISSING_POINT, 1));
 }
 
-TEST(Processors, AixNamesThemInItsOwnWay) {
-  BuildFixture fixture(AIX_PLATFORM);
-  fixture.AddProcessor(12, 1, 1, 2);
-  fixture.Take(60);
-  EXPECT_THAT(fixture.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("cpu12"));
-}
-
 TEST(Processors, The129thHasNoSeriesButCountsInTheMean) {
   BuildFixture fixture(SOLARIS_PLATFORM);
   fixture.AddProcessor(128, 100, 0, 0);
@@ -118,24 +111,6 @@ TEST(Processors, ModesAreMeansInTheOrderOfThePlatform) {
   EXPECT_THAT(modes(LINUX_PLATFORM), ElementsAre(5, 2.5F, 10, 15));
   EXPECT_THAT(modes(HPUX_PLATFORM), ElementsAre(2.5F, 10, 15));
   EXPECT_THAT(modes(TRU64_PLATFORM), ElementsAre(2.5F, 10, 15));
-}
-
-TEST(Processors, OverallCpuStaysWithin0And100) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 150, 0, -50);
-  fixture.Take(60);
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 1), 100.0F);
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::CPU_BY_PROCESSOR, 0, 1), 150.0F);
-  fixture.AddProcessor(0, -10, 0, 110);
-  fixture.Take(120);
-  EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 2), 0.0F);
-}
-
-TEST(Processors, AixLeavesNiceTimeOut) {
-  BuildFixture fixture(AIX_PLATFORM);
-  fixture.AddProcessor(0, 30, 10, 60).niceTime = 100;
-  fixture.Take(60);
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::CPU_BY_PROCESSOR, 0, 1), 40.0F);
 }
 
 }  // namespace

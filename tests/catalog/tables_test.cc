@@ -118,28 +118,6 @@ TEST(Vocabulary, EveryGraphRowLeadsToARecord) {
   }
 }
 
-TEST(Vocabulary, SomeSeriesAreKeptThatNoRowLeadsTo) {
-  const std::map<char, std::set<std::string>> hidden = {
-      {'A', {"", "CPU Entitlement"}},
-      {'H', {"Overall Disk I/O Rate By Type", "Top 10 Disks by Space Utilization"}},
-      {'L', {"", "Overall Disk I/O Rate By Type", "Top 10 Disks by Space Utilization", "Pagefault Rate"}},
-      {'S', {"", "Overall Disk I/O Rate By Type", "Top 10 Disks by Space Utilization"}},
-      {'T', {"", "Overall Disk I/O Rate By Type"}},
-      {'V',
-       {"", "Top 10 Disks by Space Utilization", "Current TCP Connections", " Disk transfer Rate",
-        "Disk transfer Rate ( Reads / Writes ) ", "Disk I/O Operations ( Reads / Writes ) ",
-        "Overall LAN Packet Rates by Adapter", "Overall LAN Data Rates by Adapter"}}};
-  for (const Platform& platform : PLATFORMS) {
-    GraphCatalog catalog;
-    const auto reached = Reachable(catalog, platform.spec);
-    std::set<std::string> unreached;
-    for (const RecordText& record : platform.spec.records()) {
-      if (!reached.contains(record.title)) unreached.insert(record.title);
-    }
-    EXPECT_EQ(unreached, hidden.at(platform.letter)) << platform.letter;
-  }
-}
-
 TEST(Vocabulary, AGraphStandsOnceInAPlatformsRecords) {
   for (const Platform& platform : PLATFORMS) {
     std::set<Graph> seen;
@@ -147,94 +125,6 @@ TEST(Vocabulary, AGraphStandsOnceInAPlatformsRecords) {
       EXPECT_TRUE(seen.insert(record.graph).second) << platform.letter << ' ' << record.title;
     }
   }
-}
-
-TEST(Trees, RootGroupsStandInThePlatformsOrder) {
-  const std::map<char, std::string> orders = {
-      {'A', "CPU DIO FSY MEM PRC NET LAN LPR "}, {'H', "CPU DIO FSY MEM PRC NET LAN "},
-      {'L', "CPU DIO FSY MEM PRC NET LAN "},     {'S', "CPU DIO FSY MEM PRC NET LAN "},
-      {'T', "CPU DIO FSY MEM NET PRC LAN "},     {'V', "CPU DIO MEM NET PRC "}};
-  for (const Platform& platform : PLATFORMS) {
-    std::string codes;
-    for (const RowText& row : platform.spec.tree()) codes += std::string(row.code) + ' ';
-    EXPECT_EQ(codes, orders.at(platform.letter)) << platform.letter;
-  }
-}
-
-TEST(Trees, RowsOfDisksStartEmptyAndAdaptersBehindTheirSummary) {
-  for (const Platform& platform : PLATFORMS) {
-    GraphCatalog catalog;
-    Reachable(catalog, platform.spec);
-    ASSERT_NE(catalog.RuntimeRow(RowKind::DISKS), nullptr) << platform.letter;
-    EXPECT_EQ(catalog.RuntimeRow(RowKind::DISKS)->code, "DSKN");
-    EXPECT_TRUE(catalog.RuntimeRow(RowKind::DISKS)->subTable.empty());
-    const GraphMenuEntry* lan = catalog.RuntimeRow(RowKind::ADAPTERS);
-    ASSERT_EQ(lan == nullptr, platform.letter == 'V');
-    if (lan != nullptr) {
-      ASSERT_EQ(lan->subTable.size(), 1U);
-      EXPECT_EQ(lan->subTable[0].code, "LANOVR");
-    }
-    EXPECT_EQ(catalog.RuntimeRow(RowKind::PROCESSORS) != nullptr, platform.letter == 'V');
-  }
-}
-
-TEST(Trees, AixLabelsItsOperationsRowAsTheDataRate) {
-  GraphCatalog catalog;
-  const auto titles = Reachable(catalog, AIX_PLATFORM);
-  EXPECT_EQ(titles.find("Top 10 Disks by I/O Operations")->second, "DOP10");
-  EXPECT_EQ(titles.find("Top 10 Disks by I/O Rate")->second, "DKB10");
-  std::string label;
-  for (const GraphMenuEntry& row : catalog.itemTree[1].subTable) {
-    if (row.code == "DOP10") label = row.label;
-  }
-  EXPECT_EQ(label, "Top 10 Disks by I/O Rate");
-}
-
-TEST(Records, EveryRecordOfARowHasAnAxisTitleAndALegendForOneNameAndOneValue) {
-  for (const Platform& platform : PLATFORMS) {
-    GraphCatalog catalog;
-    const auto reached = Reachable(catalog, platform.spec);
-    for (const RecordText& record : platform.spec.records()) {
-      if (!reached.contains(record.title)) continue;
-      const std::string legend = record.legendFormat;
-      EXPECT_STRNE(record.yTitle, "") << record.title;
-      EXPECT_NE(legend.find("%s"), std::string::npos) << record.title;
-      EXPECT_NE(legend.find("%."), std::string::npos) << record.title;
-    }
-  }
-}
-
-TEST(Records, FixedTracesAreLabelledAndColoursAreOfThePalette) {
-  std::set<std::string> colours = {"Blue"};
-  for (const char* colour : Palette()) colours.insert(colour);
-  for (const Platform& platform : PLATFORMS) {
-    for (const RecordText& record : platform.spec.records()) {
-      for (const TraceText& trace : record.traces) {
-        const bool named = record.plan == SeriesPlan::RUN_TIME || record.title[0] == '\0';
-        EXPECT_TRUE(named || trace.label != nullptr) << record.title;
-        EXPECT_TRUE(trace.colour == nullptr || colours.contains(trace.colour)) << record.title;
-      }
-    }
-  }
-}
-
-TEST(Records, RunTimeTracesTakeThePaletteBySetNumber) {
-  GraphCatalog catalog;
-  Reachable(catalog, SOLARIS_PLATFORM);
-  const GraphRecord& record = *catalog.Find(Graph::CPU_BY_PROCESSOR);
-  EXPECT_EQ(record.Colour(0), "LimeGreen");
-  EXPECT_EQ(record.Colour(15), "Maroon");
-  EXPECT_FALSE(record.Colour(16));
-  EXPECT_FALSE(record.Label(0));
-}
-
-TEST(Records, StrayLabelOfTheResponseGraphStaysWhereItIs) {
-  GraphCatalog catalog;
-  Reachable(catalog, LINUX_PLATFORM);
-  const GraphRecord& record = *catalog.Find(Graph::TOP_DISK_RESPONSE);
-  EXPECT_FALSE(record.Label(10));
-  EXPECT_EQ(record.Label(11), "Others");
-  EXPECT_EQ(record.Colour(0), "LimeGreen");
 }
 
 }  // namespace

@@ -31,22 +31,6 @@ TEST(TopGraphs, OthersFillUpToTheTotal) {
   EXPECT_THAT(fixture.Labels(Graph::TOP_USERS), ElementsAre("0. bob", "1. ann", "Others"));
 }
 
-TEST(TopGraphs, RescaledListsLeaveNothingForOthersWhenProcessesAreAll) {
-  BuildFixture fixture(HPUX_PLATFORM);
-  TakeTwoProcesses(fixture);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(FloatEq(60), FloatEq(20), FloatEq(0)));
-}
-
-TEST(TopGraphs, OthersAreNeverNegative) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 5, 0, 95);
-  fixture.AddProcess("ann", "a", 6);
-  fixture.Take(60);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(10, 0));
-}
-
 TEST(TopGraphs, ATotalOfZeroStaysAsItIs) {
   BuildFixture fixture(SOLARIS_PLATFORM);
   fixture.AddProcessor(0, 0, 0, 100);
@@ -162,15 +146,6 @@ TEST(TopGraphsVmr, DpcAndInterruptsAreASetOfTheirOwn) {
   FinishGraphs(fixture.state);
   EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("#1  a", "#2  b", "Others", "DPC+Interrupt"));
   EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(37.5F, 12.5F, 0, 10));
-}
-
-TEST(TopGraphsVmr, WithoutImagesOthersAreOverallCpuLessDpcAndInterrupts) {
-  MonitorInterval fixture(30, 20, 4, 6);
-  fixture.Take(60);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others", "DPC+Interrupt"));
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(40, 10));
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 2), ElementsAre(MISSING_POINT, MISSING_POINT));
 }
 
 }  // namespace

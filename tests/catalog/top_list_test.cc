@@ -113,25 +113,6 @@ TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
 
 // ---- Names ----
 
-TEST(NameTrees, NamesComeInByteOrder) {
-  GraphCatalog catalog;
-  NameTrees trees(catalog);
-  for (const char* name : {"b", "a", "B", "\xE4", "ab", ""}) trees.Feed(NameTree::USERS, name, 0, 1.0F);
-  std::vector<std::string> names;
-  for (const auto& [name, series] : trees[NameTree::USERS].names()) names.push_back(name);
-  EXPECT_THAT(names, ElementsAre("", "B", "a", "ab", "b", "\xE4"));
-}
-
-TEST(NameTrees, ANameSeenTwiceInAnIntervalAddsUp) {
-  GraphCatalog catalog;
-  catalog.pointCount = 3;
-  NameTrees trees(catalog);
-  trees.Feed(NameTree::DISK_DATA, "sda", 2, 1.5F);
-  trees.Feed(NameTree::DISK_DATA, "sda", 2, 2.0F);
-  EXPECT_THAT(*trees[NameTree::DISK_DATA].Find("sda"), ElementsAre(MISSING, MISSING, 3.5F, MISSING));
-  EXPECT_EQ(trees[NameTree::DISK_QUEUE].Find("sda"), nullptr);
-}
-
 TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWord) {
   EXPECT_EQ(ImageOfCommand("/usr/bin/ksh -x"), "ksh");
   EXPECT_EQ(ImageOfCommand("ksh\t/etc/profile"), "ksh");
@@ -161,12 +142,6 @@ TEST(ImageOfCommand, IsCutAt255Bytes) {
   EXPECT_EQ(ImageOfCommand(std::string(300, 'a')).size(), 255U);
   EXPECT_EQ(ImageOfCommand(std::string(253, 'a') + "/bc"), "b");
   EXPECT_EQ(ImageOfCommand(std::string(255, ' ') + "x"), "<unknown>");
-}
-
-TEST(TrimBlanks, TakesBlanksOffBothEnds) {
-  EXPECT_EQ(TrimBlanks("  a b "), "a b");
-  EXPECT_EQ(TrimBlanks("   "), "");
-  EXPECT_EQ(TrimBlanks(""), "");
 }
 
 }  // namespace

@@ -156,14 +156,6 @@ TEST(VmrProcesses, SharesAreWeightedByLifeAndAddUpToOverallCpu) {
   EXPECT_TRUE(monitor.state.trees[NameTree::USERS].names().empty());
 }
 
-TEST(VmrProcesses, WithoutWeightSharesAreZero) {
-  Monitor monitor;
-  monitor.AddImage("a", 0, 60);
-  monitor.AddLine(0, 30, 20);
-  monitor.Take(60);
-  EXPECT_EQ(monitor.Named(NameTree::IMAGES, "a", 1), 0.0F);
-}
-
 TEST(VmrProcesses, ClassesAreNotRescaled) {
   Monitor monitor;
   monitor.AddImage("a", 5, 60);
@@ -172,15 +164,6 @@ TEST(VmrProcesses, ClassesAreNotRescaled) {
   PointStore(monitor.state.processCpuSum, 1, 100.0F);
   FinishGraphs(monitor.state);
   EXPECT_FLOAT_EQ(monitor.Value(Graph::CLASS_CPU, monitor.ClassPosition("others"), 1), 50.0F);
-}
-
-TEST(VmrProcesses, AnIntervalOfNoLengthIsAFloatDivision) {
-  Monitor monitor;
-  monitor.context.config->intervalSeconds = 0.0F;
-  monitor.AddImage("a", 5, 60);
-  monitor.AddLine(0, 30, 20);
-  monitor.Take(60);
-  EXPECT_TRUE(std::isinf(monitor.Value(Graph::PROCESS_COUNT, 0, 1)));
 }
 
 }  // namespace

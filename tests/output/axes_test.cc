@@ -83,12 +83,6 @@ TEST(AxisPrepare, CountsSubticksOfASecondAtTimesOfTheClock) {
   EXPECT_DOUBLE_EQ(AxisPrepare(Limits(1329897600.0, 1329897660.0)).subtickSpacing, 5.0);
 }
 
-TEST(AxisPrepare, NoSpacingOfTheClockHasSubticks) {
-  for (const double spacing : {300.0, 3600.0, 10800.0, 604800.0}) {
-    EXPECT_FALSE(AxisPrepare(Limits(1e9, 1e9 + 8 * spacing, spacing)).haveSubticks) << spacing;
-  }
-}
-
 TEST(AxisPrepare, TickNumbersBeyondAnIntAreHeldAtItsEdge) {
   const AxisState axis = AxisPrepare(Limits(9e18, 9e18 + 1e5, 300.0));
   EXPECT_EQ(axis.firstTick, axis.lastTick);

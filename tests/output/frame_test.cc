@@ -73,12 +73,6 @@ TEST_F(Frame, TitlesRiseWithTheFontSizeThatLibplotAnswers) {
   EXPECT_THAT(Recording().calls, Contains("fmove 2129.92 4011.131"));
 }
 
-TEST_F(Frame, WithoutATitleThereIsNoDateLineEither) {
-  settings_.title = "";
-  Draw();
-  EXPECT_EQ(Recording().calls[4], "fbox 327.68 696.32 3932.16 3645.44");
-}
-
 TEST_F(Frame, AnXTickHasALabelBelowAndMarksFromBothEdgesInward) {
   Draw();
   EXPECT_THAT(
@@ -122,14 +116,6 @@ TEST_F(Frame, ASwitchedYAxisStandsAtTheRightAndTheTitlesStay) {
               ElementsAre("fmove 4113.515 2170.88", "ftextangle 90", "alabel c t 'Percent'"));
 }
 
-TEST_F(Frame, ASwitchedXAxisStandsAtTheTopInPlaceOfTheTitles) {
-  settings_.switchYAxisEnd = true;
-  Draw();
-  EXPECT_THAT(Recording().calls, Contains("fmove 2129.92 3667.558"));
-  EXPECT_THAT(Recording().calls, Contains("alabel c b '08:05'"));
-  EXPECT_THAT(Recording().calls, Not(Contains("alabel c b 'Load'")));
-}
-
 TEST_F(Frame, LimitsOfOppositeSignsHaveADottedLineAtZero) {
   Draw();
   EXPECT_THAT(Recording().Named("linemod"), ElementsAre("linemod 'solid'"));
@@ -139,13 +125,6 @@ TEST_F(Frame, LimitsOfOppositeSignsHaveADottedLineAtZero) {
   const size_t dotted = Recording().Find("linemod 'dotted'");
   EXPECT_THAT(Recording().Slice(dotted, 3),
               ElementsAre("linemod 'dotted'", "fline 327.68 2170.88 3932.16 2170.88", "linemod 'solid'"));
-}
-
-TEST_F(Frame, BlankingOutFillsABoxAroundTheFrameFirst) {
-  Draw(true);
-  EXPECT_THAT(Recording().Slice(4, 5),
-              ElementsAre("savestate", "colorname 'white'", "filltype 1",
-                          "fbox -212.992 253.952 4472.832 4087.808", "restorestate"));
 }
 
 TEST_F(Frame, ABlankOutFractionOfZeroLeavesABoxWithoutArea) {
@@ -159,13 +138,6 @@ TEST_F(Frame, FewerThanThreeLabelsAreWarnedOfOnce) {
   limits_.x.max -= 60.0;
   EXPECT_EQ(Draw(), "graph: too few labelled axis ticks, adjust tick spacing manually\n");
   EXPECT_THAT(Draw(), IsEmpty());
-}
-
-TEST_F(Frame, GridStyleZeroLeavesTheBoxAndTheYTitle) {
-  settings_.gridStyle = 0;
-  EXPECT_THAT(Draw(), IsEmpty());
-  EXPECT_THAT(Recording().Named("fline"), IsEmpty());
-  EXPECT_THAT(Recording().Named("alabel"), ElementsAre("alabel c x 'Percent'"));
 }
 
 }  // namespace

@@ -101,13 +101,6 @@ TEST_F(LegendDrawing, TextsReachLibplotAsTheyStandAndMissingOnesAreLeftOut) {
                                                               "fillcolorname null", "fillcolorname 'black'"));
 }
 
-TEST_F(LegendDrawing, OnlyMissingLabelsStillDrawTheirBoxes) {
-  PlotJob graph(1);
-  graph.AddTrace(nullptr, {0.0F});
-  GrapherDrawLegend(grapher_, graph.job);
-  EXPECT_EQ(Recording().Named("fbox").size(), 1U);
-}
-
 TEST_F(LegendDrawing, ALabelTooLongForOneColumnEndsTheProcess) {
   PlotJob graph(1);
   graph.AddTrace("Red", {0.0F});

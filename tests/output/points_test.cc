@@ -50,15 +50,6 @@ TEST(ArrayBounds, APointOutsideAGivenLimitWidensNeitherAxis) {
   EXPECT_EQ(y.min, 2.0);
 }
 
-TEST(ArrayBounds, GivenLimitsInFallingOrderFilterAsIfInOrder) {
-  AxisLimits x{.min = 9.0, .max = 3.0, .minGiven = true, .maxGiven = true};
-  AxisLimits y;
-  ArrayBounds(ArrayOf({{2.0, 1.0}, {4.0, 5.0}, {8.0, 6.0}, {8.0, 0.0}}), x, y);
-  EXPECT_EQ(y.min, 5.0);
-  EXPECT_EQ(x.min, 9.0);
-  EXPECT_EQ(x.max, 3.0);
-}
-
 TEST(ArrayBounds, ValuesThatAreNoFiniteNumbersTakeNoPart) {
   AxisLimits x;
   AxisLimits y;
@@ -117,31 +108,6 @@ TEST(PointReader, TheNumberBehindTheLastTraceIsTheOverlay) {
   PointArray array = PointArrayNew(4);
   PointReadTrace(reader, graph.job, array, 1);
   EXPECT_EQ(array.begin()->y, 9.0);
-}
-
-TEST(PointReader, AlterTakesOnlyWhatIsFlagged) {
-  PlotSettings settings;
-  PointReader reader = PointReaderNew(settings);
-  PointReaderEndTrace(reader);
-  settings.lineMode = 5;
-  settings.fillFraction = -1.0;
-  settings.pointStep = 30.0;
-  PointReaderAlter(reader, settings, {.fillFraction = true});
-  EXPECT_EQ(reader.settings.lineMode, 2);
-  EXPECT_EQ(reader.settings.fillFraction, -1.0);
-  EXPECT_EQ(reader.settings.pointStep, 30.0);
-}
-
-TEST(PointReader, ALineModeBelowOneIsBumpedDownwards) {
-  PlotSettings settings;
-  settings.lineMode = 0;
-  PointReader reader = PointReaderNew(settings);
-  PointReaderEndTrace(reader);
-  EXPECT_EQ(reader.settings.lineMode, -1);
-}
-
-TEST(PointArray, StorageThatCanNotBeHadEndsTheProcess) {
-  EXPECT_EXIT(PointArrayNew(SIZE_MAX / 2), ::testing::ExitedWithCode(1), "^malloc failed: ");
 }
 
 }  // namespace

@@ -61,11 +61,6 @@ TEST_F(Selection, FindsTitlesDepthFirstAndNoOtherTexts) {
   EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "Load"));
 }
 
-TEST_F(Selection, RecordOfARowWithASubTableIsNotLookedAt) {
-  catalog_.itemTree = {{"GROUP", "g", load_, {Row(disks_)}}};
-  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "Load"));
-}
-
 TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
   const Overlay overlay = PrepareMainOverlay(*load_);
   EXPECT_DOUBLE_EQ(1.1 * 9.0, overlay.yMax);
@@ -84,11 +79,6 @@ TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
   load_->yMax = 0.0F;
   load_->data.y = {{0.0F, 0.0F, -5.0F, 0.0F}};
   EXPECT_EQ(1.0, PrepareMainOverlay(*load_).yMax);
-}
-
-TEST_F(Selection, PeakIsASingleTakenToDouble) {
-  load_->data.y = {{0.0F, 0.1F, 0.0F, 0.0F}};
-  EXPECT_EQ(1.1 * static_cast<double>(0.1F), PrepareMainOverlay(*load_).yMax);
 }
 
 TEST_F(Selection, SetsWithoutStyleHaveNoColourAndNoLabel) {

@@ -145,13 +145,6 @@ TEST_F(TraceDrawing, SevenColoursAreUsedAgainWithTheNextStyle) {
   EXPECT_THAT(StyleOf(50), ElementsAre("linemod 'solid'", "colorname 'c0'"));
 }
 
-TEST_F(TraceDrawing, ModesBelowOneSetNoStyleAndPlainOnesNoColour) {
-  EXPECT_THAT(StyleOf(0), ElementsAre("colorname 'c0'"));
-  EXPECT_THAT(StyleOf(-2), ElementsAre("colorname 'c1'"));
-  EXPECT_THAT(StyleOf(-7), ElementsAre("colorname 'c0'"));
-  EXPECT_THAT(StyleOf(2, false), ElementsAre("linemod 'dotted'", "colorname 'black'"));
-}
-
 TEST(GrapherFillType, GoesFromFullColourToWhite) {
   EXPECT_EQ(GrapherFillType(1.0), 1);
   EXPECT_EQ(GrapherFillType(0.0), 65535);

@@ -104,18 +104,6 @@ TEST_F(AixReaderTest, MegabytesCountPagesOf4096WhateverThePageSize) {
   EXPECT_FLOAT_EQ(Deliver().memory.primary->pageRate311(), 2.0F);
 }
 
-TEST_F(AixReaderTest, MemoryTwinStartsAnew) {
-  writer_.OrderList(19, {301, 302});
-  Begin("P730");
-  writer_.Record(19, {Int32(1), Int32(2)});
-  writer_.OrderList(19, {301});
-  writer_.Record(19, {Int32(3)});
-  const VmrContext& context = Deliver();
-  EXPECT_EQ(context.memory.twin->freeKb, 3.0);
-  EXPECT_EQ(context.memory.twin->memoryValue302, 0.0F);
-  EXPECT_FALSE(context.memory.primary.has_value());
-}
-
 // --- Processors ---
 
 TEST_F(AixReaderTest, ProcessorsOfOneNumberMerge) {
@@ -228,23 +216,6 @@ TEST_F(AixDiskTest, VirtualScsiDevicesNeverAppear) {
 
 // --- Processes ---
 
-TEST_F(AixReaderTest, ProcessFigures) {
-  writer_.OrderList(4, {404, 407, 411, 412, 414, 417, 419, 420});
-  writer_.DivisorList(4, {1, 100, 2, 1, 1, 1, 1, 1});
-  Begin();
-  writer_.Record(
-      4, {Int32(-7), Int32(250), Int32(240), Int32(-60), Int32(32), Int32(5), Text("ann"), Text("vi")});
-  const ProcessRecord& process = Deliver().processes.primary.head();
-  EXPECT_EQ(process.idText, "-7");
-  EXPECT_FLOAT_EQ(process.userCpuSeconds, 2.5F);
-  EXPECT_FLOAT_EQ(process.minorFaults, 2.0F);
-  EXPECT_EQ(process.majorFaults, 0.0F);
-  EXPECT_EQ(process.sizeResident, 32);
-  EXPECT_FLOAT_EQ(process.elapsedSeconds, 60.0F);  // the configured interval, whatever field 417 says
-  EXPECT_EQ(process.userName, "ann");
-  EXPECT_EQ(process.name, "vi");
-}
-
 TEST_F(AixReaderTest, IdleProcessOfTheKernelConsumesNothing) {
   writer_.OrderList(4, {407, 408, 420});
   Begin();
@@ -267,39 +238,6 @@ TEST_F(AixReaderTest, ProcessRatesBeyondTheirCountersAreZero) {
 }
 
 // --- The other records ---
-
-TEST_F(AixReaderTest, ProtocolCountersInRuns) {
-  writer_.OrderList(7, {723, 724, 731, 741, 746, 777, 788, 797});
-  Begin("P720");
-  writer_.Record(
-      7, {Int32(60), Int32(120), Int32(180), Int32(240), Int32(300), Int32(360), Int32(420), Int32(480)});
-  const auto& counters = Deliver().kernel.primary->counters;
-  EXPECT_EQ(counters[22], 1.0F);
-  EXPECT_EQ(counters[23], 0.0F);
-  EXPECT_EQ(counters[24], 2.0F);
-  EXPECT_EQ(counters[31], 4.0F);  // field 741 over field 731
-  EXPECT_EQ(counters[41], 0.0F);
-  EXPECT_EQ(counters[46], 0.0F);
-  EXPECT_EQ(counters[78], 6.0F);
-  EXPECT_EQ(counters[98], 8.0F);
-}
-
-TEST_F(AixReaderTest, ProtocolRecordWithoutKnownFieldsIsWithdrawn) {
-  writer_.OrderList(7, {746});
-  Begin();
-  writer_.Record(7, {Int32(60)});
-  EXPECT_FALSE(Deliver().kernel.primary.has_value());
-}
-
-TEST_F(AixReaderTest, FileSystemNamesMountFirst) {
-  writer_.OrderList(9, {901, 902, 905});
-  Begin("P300");
-  writer_.Record(9, {Text("/usr"), Text("/dev/hd2"), Int32(30)});
-  const FileSystemRecord& fileSystem = Deliver().fileSystems.primary.head();
-  EXPECT_EQ(fileSystem.mountName, "/usr");
-  EXPECT_EQ(fileSystem.deviceName, "/dev/hd2");
-  EXPECT_EQ(fileSystem.freeBlocks, 30);
-}
 
 TEST_F(AixReaderTest, AdapterFiguresBeyondTheirCountersAreZero) {
   writer_.OrderList(15, {1501, 1502, 1503}).DivisorList(15, {1, 2, 1});
@@ -332,17 +270,6 @@ TEST_F(AixReaderTest, PartitionFiguresAndItsTwinIsDropped) {
   EXPECT_DOUBLE_EQ(lpar.lparValue[37], 2.0);
   EXPECT_DOUBLE_EQ(lpar.lparValue[34], 2.0);
   EXPECT_EQ(lpar.lparTicks, BAD_COUNTER);
-}
-
-TEST_F(AixReaderTest, ItemsAndSummary) {
-  writer_.OrderList(13, {1, 3}).OrderList(26, {2}).DivisorList(26, {4});
-  Begin("P730");
-  writer_.Record(13, {Text("item"), Int64(120)});
-  writer_.Record(26, {Int64(100)});
-  const VmrContext& context = Deliver();
-  EXPECT_EQ(context.loadItems.primary.head().itemName, "item");
-  EXPECT_FLOAT_EQ(context.loadItems.primary.head().itemRates[1], 2.0F);
-  EXPECT_FLOAT_EQ(context.summary.twin->values[1], 25.0F);
 }
 
 }  // namespace

@@ -33,14 +33,6 @@ class HpuxReaderTest : public OneIntervalTest {
 
 // --- Versions and configuration ---
 
-TEST_F(HpuxReaderTest, VersionIsToldAheadOfItsTest) {
-  Begin("P720");
-  ::testing::internal::CaptureStdout();
-  Deliver();
-  EXPECT_EQ(::testing::internal::GetCapturedStdout(),
-            "Reading data file:    " + path_ + "  \nReading data version: P720 \n");
-}
-
 TEST_F(HpuxReaderTest, UnknownVersionEndsTheProcess) {
   Begin("V505");  // a Tru64 version
   EXPECT_EXIT(EntryPass(), ::testing::ExitedWithCode(1),
@@ -59,23 +51,6 @@ TEST_F(HpuxReaderTest, WideVersionsHaveWideStampsAndCounters) {
   const MemoryRecord& memory = *Deliver().memory.primary;
   EXPECT_EQ(memory.freeKb, 4294967296.0);
   EXPECT_EQ(memory.pageInRate, 4294967296.0F);
-}
-
-TEST_F(HpuxReaderTest, NarrowCountersAreSigned) {
-  writer_.OrderList(3, {306});
-  Begin("my540build");
-  writer_.Record(3, {Int32(-60)});
-  EXPECT_EQ(Deliver().memory.primary->pageInRate, -1.0F);
-}
-
-TEST_F(HpuxReaderTest, ConfigurationTextsDontOverlap) {
-  Begin();
-  const SystemConfig& config = *Deliver().config;
-  EXPECT_EQ(config.configText[5], "five");
-  EXPECT_EQ(config.configText[11], "eleven");
-  EXPECT_EQ(config.configNode, "node");
-  EXPECT_EQ(config.memoryMb, 1048576.0F);  // a wide field in a narrow version, in quarters of a kilobyte
-  EXPECT_EQ(config.pageSize, 0);
 }
 
 TEST_F(HpuxReaderTest, PageSizeComesWithTheMemoryRecord) {
@@ -121,13 +96,6 @@ TEST_F(HpuxReaderTest, ProcessorWithoutTicksPerSecondDividesByZero) {
   EXPECT_TRUE(std::isnan(cpu.idleTime));
 }
 
-TEST_F(HpuxReaderTest, TicksPerSecondAloneAreNoProcessor) {
-  writer_.OrderList(8, {812, 806});
-  Begin();
-  writer_.Record(8, {Int32(100), Int32(1)});
-  EXPECT_TRUE(Deliver().processors.primary.empty());
-}
-
 TEST_F(HpuxReaderTest, TwinProcessorsKeepTheirTicksAndShareTheList) {
   writer_.OrderList(8, {803, 812});
   Begin();
@@ -162,15 +130,6 @@ TEST_F(HpuxReaderTest, V520HasNoNiceTimeThoughItSharesTheTableOfV525) {
   EXPECT_EQ(Deliver().overallCpu.primary.head().niceTime, 0.0);
 }
 
-TEST_F(HpuxReaderTest, LoadAndExtraSeconds) {
-  writer_.OrderList(1, {113, 114});
-  Begin();
-  writer_.Record(1, {Int32(119), Int32(150)});
-  const ProcessorRecord& cpu = Deliver().overallCpu.primary.head();
-  EXPECT_EQ(cpu.extraSecondsA, 1.0);  // whole numbers
-  EXPECT_EQ(cpu.loadAverage[0], 1.5);
-}
-
 // --- Disks ---
 
 class HpuxDiskTest : public HpuxReaderTest {
@@ -201,12 +160,6 @@ TEST_F(HpuxDiskTest, TimesComeFromBusyTimeAndTransfers) {
   EXPECT_FLOAT_EQ(disk.queueLength, 0.15F);
 }
 
-TEST_F(HpuxDiskTest, ResponseIsNotBelowService) {
-  const DiskRecord& disk = DeliverDisk("P730", 600);
-  EXPECT_FLOAT_EQ(disk.responsePerIo, 10.0F);
-  EXPECT_EQ(disk.waitPerIo, 0.0F);
-}
-
 TEST_F(HpuxDiskTest, DiskWithoutTransfersHasNoTimes) {
   const DiskRecord& disk = DeliverDisk("P730", 9000, 0);
   EXPECT_EQ(disk.busyFraction, 0.0F);
@@ -223,22 +176,6 @@ TEST_F(HpuxDiskTest, OldVersionsHaveNoTimes) {
 
 // --- Processes ---
 
-TEST_F(HpuxReaderTest, ProcessFiguresAreDividedAndNotBelowZero) {
-  writer_.OrderList(4, {404, 406, 407, 412, 413, 414, 415, 417})
-      .DivisorList(4, {1, 100, 100, 1, 1, 1, 10, 1});
-  Begin();
-  writer_.Record(
-      4, {Int32(-5), Int32(250), Int32(-250), Int32(1), Int32(2), Int32(3), Int32(600), Text("swapper")});
-  const ProcessRecord& process = Deliver().processes.primary.head();
-  EXPECT_EQ(process.idText, "-5");
-  EXPECT_EQ(process.userCpuSeconds, 2.5F);
-  EXPECT_EQ(process.systemCpuSeconds, 0.0F);
-  EXPECT_EQ(process.values[1], 3);  // fields 413 and 414 change places
-  EXPECT_EQ(process.values[2], 2);
-  EXPECT_EQ(process.elapsedSeconds, 60.0F);
-  EXPECT_EQ(process.name, "swapper");
-}
-
 // --- Protocol counters ---
 
 class HpuxCountersTest : public HpuxReaderTest {
@@ -251,18 +188,6 @@ class HpuxCountersTest : public HpuxReaderTest {
     writer_.Record(type, {Int32(60), Int32(7), Int32(120), Int32(180), Int32(240), Int32(300), Int32(360)});
   }
 };
-
-TEST_F(HpuxCountersTest, FirstPartLeavesAGap) {
-  WriteLists();
-  Begin();
-  WriteFirstPart();
-  const KernelCounters& kernel = *Deliver().kernel.primary;
-  EXPECT_TRUE(kernel.hasFirstPart);
-  EXPECT_EQ(kernel.counters[0], 1.0F);
-  EXPECT_EQ(kernel.counters[52], 0.0F);
-  EXPECT_EQ(kernel.counters[54], 2.0F);
-  EXPECT_EQ(kernel.counters[63], 3.0F);
-}
 
 TEST_F(HpuxCountersTest, SecondPartTakesThePlaceOfTheFirst) {
   WriteLists();
@@ -281,39 +206,7 @@ TEST_F(HpuxCountersTest, SecondPartTakesThePlaceOfTheFirst) {
   EXPECT_EQ(kernel.counters[171], 6.0F);
 }
 
-TEST_F(HpuxCountersTest, FirstPartTakesThePlaceOfTheSecond) {
-  WriteLists();
-  Begin();
-  WriteSecondPart();
-  WriteFirstPart();
-  const KernelCounters& kernel = *Deliver().kernel.primary;
-  EXPECT_EQ(kernel.counters[67], 0.0F);
-  EXPECT_EQ(kernel.counters[54], 2.0F);
-}
-
-TEST_F(HpuxCountersTest, TwinOfTheSecondPartLeavesTheFirst) {
-  WriteLists();
-  Begin();
-  WriteFirstPart();
-  WriteSecondPart(22);
-  const VmrContext& context = Deliver();
-  EXPECT_EQ(context.kernel.primary->counters[54], 2.0F);
-  EXPECT_EQ(context.kernel.twin->counters[67], 1.0F);
-}
-
 // --- File systems and adapters ---
-
-TEST_F(HpuxReaderTest, FileSystemNamesItsDeviceFirst) {
-  writer_.OrderList(9, {901, 902, 904, 905, 906}).DivisorList(9, {1, 1, 8, 1, 1});
-  Begin("V530");
-  writer_.Record(9, {Text("/dev/vg00"), Text("/"), Int32(87), Int32(5), Int32(4)});
-  const FileSystemRecord& fileSystem = Deliver().fileSystems.primary.head();
-  EXPECT_EQ(fileSystem.deviceName, "/dev/vg00");
-  EXPECT_EQ(fileSystem.mountName, "/");
-  EXPECT_EQ(fileSystem.totalBlocks, 10);
-  EXPECT_EQ(fileSystem.freeBlocks, 5);
-  EXPECT_EQ(fileSystem.availableBlocks, 4);
-}
 
 TEST_F(HpuxReaderTest, AdapterErrorsAreDividedTwice) {
   writer_.OrderList(15, {1501, 1503, 1504, 1507}).DivisorList(15, {1, 2, 2, 2});

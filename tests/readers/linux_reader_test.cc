@@ -76,20 +76,6 @@ TEST_F(LinuxReaderTest, NewerDecodersOnTheOldestTable) {
   EXPECT_DOUBLE_EQ(Deliver().processors.primary.head().userTime, 0.5);
 }
 
-TEST_F(LinuxReaderTest, TwinProcessorsKnowNoInterval) {
-  writer_.OrderList(8, {801, 802});
-  BeginNewer();
-  writer_.Record(23, {Int32(0), Int64(3000)});
-  EXPECT_DOUBLE_EQ(Deliver().processors.twin.head().userTime, 30.0);
-}
-
-TEST_F(LinuxReaderTest, OlderDecoderTreatsTwinProcessorsLikeTheirBase) {
-  writer_.OrderList(8, {801, 802});
-  Begin("P730");
-  writer_.Record(23, {Int32(0), Int64(3000)});
-  EXPECT_DOUBLE_EQ(Deliver().processors.twin.head().userTime, 0.5);
-}
-
 TEST_F(LinuxReaderTest, EmptyTwinProcessorCostsTheBaseItsHead) {
   writer_.OrderList(8, {801});
   Begin("P730");
@@ -132,16 +118,6 @@ TEST_F(LinuxReaderTest, UnknownVersionEndsTheProcess) {
   EXPECT_EXIT(
       pass(), ::testing::ExitedWithCode(1),
       "Collector Version P730 build 7\n\nERROR : Unrecognized data collector version: P730 build 7\n");
-}
-
-TEST_F(LinuxReaderTest, EveryEntryPassTellsPathAndVersion) {
-  Begin("P720");
-  ::testing::internal::CaptureStdout();
-  EXPECT_EQ(EntryPass(), 1);
-  EXPECT_EQ(::testing::internal::GetCapturedStdout(),
-            "Reading data file " + path_ + " : Collector Version P720\n");
-  EXPECT_EQ(node_, "node");
-  EXPECT_EQ(firstRecordTime_, NOON - 60);
 }
 
 TEST_F(LinuxReaderTest, FileWithoutVersionIsUnsupported) {
@@ -239,30 +215,6 @@ TEST_F(LinuxReaderTest, MissingConfiguredIntervalIsAMinute) {
 
 // --- The other records ---
 
-TEST_F(LinuxReaderTest, ProcessTimesAndSizes) {
-  writer_.OrderList(4, {402, 407, 408, 414, 420, 421, 411, 413}).DivisorList(4, {1, 5, 1, 1, 1, 1, 1, 1});
-  Begin("P730");
-  writer_.Record(
-      4, {Int32(77), Int32(250), Int32(-100), Int32(9), Int32(2'097'152), Int32(3), Int32(0), Text("ann")});
-  const ProcessRecord& process = Deliver().processes.primary.head();
-  EXPECT_EQ(process.processId, 77);
-  EXPECT_EQ(process.name, "");  // no field 412
-  EXPECT_EQ(process.userName, "ann");
-  EXPECT_FLOAT_EQ(process.userCpuSeconds, 2.5F);
-  EXPECT_EQ(process.systemCpuSeconds, 0.0F);
-  EXPECT_FLOAT_EQ(process.minorFaults, 9.0F);
-  EXPECT_EQ(process.sizeVirtual, 2048);
-  EXPECT_EQ(process.sizeResident, 12);
-  EXPECT_FLOAT_EQ(process.elapsedSeconds, 60.0F);
-}
-
-TEST_F(LinuxReaderTest, UncountedFieldsMakeNoProcess) {
-  writer_.OrderList(4, {409, 416});
-  Begin("P300");
-  writer_.Record(4, {Int32(1), Int32(2)});
-  EXPECT_TRUE(Deliver().processes.primary.empty());
-}
-
 TEST_F(LinuxReaderTest, ProtocolSettingsStayAndTheLevelOfConnectionsIsDivided) {
   writer_.OrderList(11, {1102, 1103, 1148, 1149, 1154}).DivisorList(11, {1, 10, 1, 1, 1});
   Begin("P720");
@@ -273,28 +225,6 @@ TEST_F(LinuxReaderTest, ProtocolSettingsStayAndTheLevelOfConnectionsIsDivided) {
   EXPECT_EQ(counters[47], -1.0F);
   EXPECT_EQ(counters[48], 2.0F);
   EXPECT_EQ(counters[53], 2.0F);
-}
-
-TEST_F(LinuxReaderTest, FileSystemBlocksAreDividedAsWholeNumbers) {
-  writer_.OrderList(14, {1401, 1402, 1404, 1405, 1406}).DivisorList(14, {1, 1, 2, 2, 0});
-  Begin("P720_64");
-  writer_.Record(14, {Text("/dev/sda1"), Text("/"), Int64(101), Int64(41), Int64(30)});
-  const FileSystemRecord& fileSystem = Deliver().fileSystems.primary.head();
-  EXPECT_EQ(fileSystem.deviceName, "/dev/sda1");
-  EXPECT_EQ(fileSystem.mountName, "/");
-  EXPECT_EQ(fileSystem.totalBlocks, 50);
-  EXPECT_EQ(fileSystem.freeBlocks, 20);
-  EXPECT_EQ(fileSystem.availableBlocks, 30);
-}
-
-TEST_F(LinuxReaderTest, AdaptersAreRatesWithDivisor) {
-  writer_.OrderList(15, {1501, 1502, 1508}).DivisorList(15, {1, 2, 1});
-  Begin("P720");
-  writer_.Record(15, {Text("eth0"), Int64(240), Int64(int64_t{60} << 32)});
-  const LanRecord& adapter = Deliver().lans.primary.head();
-  EXPECT_EQ(adapter.adapterName, "eth0");
-  EXPECT_FLOAT_EQ(adapter.packetsInRate, 2.0F);
-  EXPECT_FLOAT_EQ(adapter.collisionRate, 4294967296.0F);
 }
 
 TEST_F(LinuxReaderTest, ListThatArrivedLastServesBaseAndTwin) {

@@ -52,11 +52,6 @@ TEST_F(Tru64ReaderTest, UnknownVersionEndsTheProcess) {
               "^\nERROR : Unrecognized Data Collector Version V525\n$");
 }
 
-TEST_F(Tru64ReaderTest, OldVersionTextsAreComparedWhole) {
-  Begin("V5051");
-  EXPECT_EXIT(EntryPass(), ::testing::ExitedWithCode(1), "V5051");
-}
-
 TEST_F(Tru64ReaderTest, V505HasNoFileSystems) {
   writer_.OrderList(11, {1101});
   Begin("V505");
@@ -97,13 +92,6 @@ TEST_F(Tru64ReaderTest, ProcessorWithoutTicksPerSecondIsDropped) {
   ASSERT_EQ(context.processors.primary.size(), 1U);
   EXPECT_EQ(context.processors.primary.head().cpuId, 0);
   EXPECT_TRUE(context.processors.twin.empty());
-}
-
-TEST_F(Tru64ReaderTest, OverallCountersAreRates) {
-  writer_.OrderList(1, {101, 104}).DivisorList(1, {1, 2});
-  Begin();
-  writer_.Record(1, {Int32(60), Int32(240)});
-  EXPECT_EQ(Deliver().rateItems.primary.head().rates[0], 2.0F);
 }
 
 // --- Disks ---
@@ -195,41 +183,6 @@ TEST_F(Tru64ReaderTest, ProcessWithoutACountedFieldGoesBackToThePool) {
 }
 
 // --- The others ---
-
-TEST_F(Tru64ReaderTest, FileSystemTextsAreCut) {
-  writer_.OrderList(12, {1201, 1202, 1203, 1204, 1205, 1206}).DivisorList(12, {1, 1, 2, 2, 2, 2});
-  Begin("P300");
-  const std::string longest(32, 'm');
-  writer_.Record(12, {Text(longest + "m"), Text("usr"), Int32(512), Int32(100), Int32(60), Int32(50)});
-  const FileSystemRecord& fileSystem = Deliver().fileSystems.primary.head();
-  EXPECT_EQ(fileSystem.mountName, longest);
-  EXPECT_EQ(fileSystem.deviceName, "usr");
-  EXPECT_EQ(fileSystem.blockSize, 512);  // no divisor acts
-  EXPECT_EQ(fileSystem.totalBlocks, 100);
-  EXPECT_EQ(fileSystem.freeBlocks, 60);
-  EXPECT_EQ(fileSystem.availableBlocks, 50);
-}
-
-TEST_F(Tru64ReaderTest, AdapterRatesTakeNoDivisor) {
-  writer_.OrderList(15, {1501, 1502, 1508}).DivisorList(15, {1, 10, 10});
-  Begin();
-  writer_.Record(25, {Text("tu0"), Int64(600), Int64(60)});
-  const LanRecord& adapter = Deliver().lans.twin.head();  // by the list of its base type
-  EXPECT_EQ(adapter.adapterName, "tu0");
-  EXPECT_EQ(adapter.packetsInRate, 10.0F);
-  EXPECT_EQ(adapter.collisionRate, 1.0F);
-}
-
-TEST_F(Tru64ReaderTest, NamesAreTwoTexts) {
-  writer_.OrderList(6, {602, 601});
-  Begin();
-  writer_.Record(6, {Text("two"), Text("one")});
-  writer_.Record(6, {});
-  const VmrContext& context = Deliver();
-  ASSERT_EQ(context.names.size(), 1U);
-  EXPECT_EQ(context.names.head().first, "one");
-  EXPECT_EQ(context.names.head().second, "two");
-}
 
 // --- Files of no kind ---
 

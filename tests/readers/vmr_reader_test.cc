@@ -245,15 +245,6 @@ TEST_F(VmrReaderTest, UnknownRowEndsTheProcess) {
   }
 }
 
-TEST_F(VmrReaderTest, SkippedSamplesAreNotLookedAt) {
-  ASSERT_EQ(Open(Write(HEADER + TimeRow(0) + "junk\n" + TimeRow(1) + Processor(1) + TimeRow(2)), NOON + 1),
-            1);
-  reader_.Close(context_);
-  ASSERT_EQ(Open(Write(HEADER + TimeRow(0) + "junk\n" + TimeRow(2) + Processor(2) + TimeRow(3)), NOON + 60),
-            1);
-  EXPECT_EQ(NextUserTimes(), Times{2});
-}
-
 // --- File set ---
 
 TEST_F(VmrReaderTest, DaySetStopsAtTheFirstMissingNumber) {
@@ -286,12 +277,6 @@ TEST_F(VmrReaderTest, FileSetIsFiniteWhateverTheNames) {
   EXPECT_EQ(result_, -1);
 }
 
-TEST_F(VmrReaderTest, EmptySetHasNothing) {
-  ASSERT_EQ(Open(Write(HEADER + TimeRow(0)), NOON - 86400, NOON - 86400), 0);
-  NextUserTimes();
-  EXPECT_EQ(result_, -1);
-}
-
 // --- Handlers ---
 
 TEST_F(VmrReaderTest, ProcessorsAreNewestFirstAndTheTotalStays) {
@@ -309,11 +294,6 @@ TEST_F(VmrReaderTest, ProcessorsAreNewestFirstAndTheTotalStays) {
   EXPECT_EQ(processor.systemTime, 5.0);
   EXPECT_EQ(processor.dpcTime, 2.0);
   EXPECT_EQ(processor.interruptTime, 1.0);
-}
-
-TEST_F(VmrReaderTest, InstanceWithoutSamplesHasNoMean) {
-  const VmrContext& context = Deliver("2~238\n5~142\n4~0\n6~5\n3\n");
-  EXPECT_TRUE(std::isinf(context.processors.primary.head().userTime));
 }
 
 TEST_F(VmrReaderTest, DisksAreNamedAndTimed) {
@@ -362,12 +342,6 @@ TEST_F(VmrReaderTest, ProcessWithoutSamplesShowsWhatItsRecordHeld) {
   EXPECT_EQ(context_.processes.primary.head().processId, 77);
 }
 
-TEST_F(VmrReaderTest, ProcessNumbersOutOfRangeAreHarmless) {
-  const VmrContext& context = Deliver("2~230\n5~174~682~784~6\n4~p~1\n6~1e30~nan~-1e30~inf\n3\n");
-  EXPECT_EQ(context.processes.primary.head().priority, 0);
-  EXPECT_TRUE(std::isinf(context.processes.primary.head().cpuPercent));
-}
-
 // An object row without a count takes the samples of an interval; a negative count is one sample.
 TEST_F(VmrReaderTest, ObjectSamplesDivideTheValues) {
   const auto faults = [&](const std::string& objectRow) {
@@ -379,12 +353,6 @@ TEST_F(VmrReaderTest, ObjectSamplesDivideTheValues) {
   EXPECT_EQ(faults("2~4~6"), 4.0F);
   EXPECT_EQ(faults("2~4~-3"), 24.0F);
   EXPECT_TRUE(std::isinf(faults("2~4~")));
-}
-
-TEST_F(VmrReaderTest, MemoryComesInPages) {
-  const VmrContext& context = Deliver("2~4~2\n5~24~66~70~74~76\n6~16384~8192~8192~16384~24576\n3\n");
-  EXPECT_EQ(context.memory.primary->freePages, 2.0);
-  EXPECT_EQ(context.memory.primary->kernelPages, 1.0 + 1.0 + 2.0 + 3.0);
 }
 
 TEST_F(VmrReaderTest, CommittedPercentIsWorkedOutWhereItIsZero) {

@@ -38,22 +38,6 @@ TEST(LibraryDirectory, FallsBackToTheDefaultRoot) {
   EXPECT_EQ(LibraryPathGet(runtime), "/usr/local/veltrix/");
 }
 
-TEST(LibraryDirectory, LooksAtTheSecondVariableForItsKindOnly) {
-  const ScopedVariable library("VELTRIX_LIBRARY", std::nullopt);
-  const ScopedVariable nabber("NABBER_LIBRARY", "/opt/nabber/");
-  Runtime ofNabber;
-  EXPECT_EQ(LibraryDirectory(ofNabber, "nabber"), "/opt/nabber/");
-  Runtime ofVeltrix;
-  EXPECT_EQ(LibraryDirectory(ofVeltrix, "veltrix"), "/usr/local/veltrix/");
-}
-
-TEST(LibraryDirectory, PrefersTheFirstVariableForEveryKind) {
-  const ScopedVariable library("VELTRIX_LIBRARY", "/opt/v");
-  const ScopedVariable nabber("NABBER_LIBRARY", "/opt/nabber");
-  Runtime runtime;
-  EXPECT_EQ(LibraryDirectory(runtime, "nabber"), "/opt/v/");
-}
-
 TEST(VersionText, LeavesOutABlankPatchLetterAndMarksOtherLetters) {
   EXPECT_EQ(ProductIdentityInit().versionText, "V10.0-001");
   EXPECT_EQ(VersionText('T', 9, 2, '\0', 12), "T9.2-012");
