@@ -1,10 +1,11 @@
 // Solaris collector files: qtxs_ in big-endian, qtxsx_ in little-endian numbers, otherwise the same.
-#include <string>
+#include <string_view>
 
 #include "readers/config_decoder.h"
 #include "readers/field_rules.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
+#include "readers/solaris_disk.h"
 #include "readers/solaris_layouts.h"
 
 namespace ozmo {
@@ -47,62 +48,6 @@ int DecodeOverall(Decoding& decoding) {
       OverallPercent<2>(114),
   };
   return DecodeToList(rules, decoding.context.rateItems, decoding);
-}
-
-// --- Disks, types 2 and 18 ---
-
-// A disk as the file has it; times in nanoseconds.
-struct DiskFigures {
-  std::string name;
-  float readKb = 0.0F;
-  float writeKb = 0.0F;
-  float reads = 0.0F;
-  float writes = 0.0F;
-  float busy = 0.0F;
-  float queueA = 0.0F;
-  float queueB = 0.0F;
-};
-
-void FinishDisk(const DiskFigures& figures, int32_t intervalSeconds, DiskRecord& disk) {
-  constexpr double NANOSECONDS = 1e9;
-  const auto interval = static_cast<float>(intervalSeconds);
-  disk.deviceName = figures.name;
-  disk.readBytesRate = figures.readKb;
-  disk.writeBytesRate = figures.writeKb;
-  disk.readRate = figures.reads;
-  disk.writeRate = figures.writes;
-  disk.ioRate = figures.reads + figures.writes;
-  disk.busyFraction = static_cast<float>(figures.busy / NANOSECONDS / interval);
-  disk.queueLength = static_cast<float>((figures.queueA + figures.queueB) / NANOSECONDS / interval);
-  disk.servicePerIo =
-      disk.ioRate > 0.0F ? static_cast<float>(figures.busy * 1000.0F / NANOSECONDS / (interval * disk.ioRate))
-                         : 0.0F;
-  disk.waitPerIo = 0.0F;  // no field of this format brings a wait time
-  disk.responsePerIo = disk.servicePerIo + disk.waitPerIo;
-}
-
-int DecodeDisk(Decoding& decoding) {
-  static const RuleTable<DiskFigures> rules{
-      {201, To<&DiskFigures::name>},
-      {202, To<&DiskFigures::readKb>, Form::UINT64, Per::INTERVAL, Divide::AT_LEAST_1},
-      {203, To<&DiskFigures::writeKb>, Form::UINT64, Per::INTERVAL, Divide::AT_LEAST_1},
-      {204, To<&DiskFigures::reads>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1},
-      {205, To<&DiskFigures::writes>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1},
-      {206, To<&DiskFigures::busy>, Form::UINT64},
-      {207, To<&DiskFigures::queueA>, Form::UINT64},
-      {208, nullptr},
-      {209, To<&DiskFigures::busy>, Form::UINT64},  // in place of field 206
-      {210, To<&DiskFigures::queueB>, Form::UINT64},
-      {212, nullptr},
-      {213, nullptr},
-  };
-  DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
-  DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
-  FinishDisk(figures, decoding.state.intervalSeconds, disk);
-  ContextFindAlias(decoding.context, disk);
-  return counted;
 }
 
 // --- Memory, types 3 and 19 ---
@@ -183,11 +128,6 @@ void StoreCpu(ProcessRecord& process, const FieldValue& field, const ProcessRule
   ((process.*Members = CpuSeconds(field, decoding)), ...);
 }
 
-void StoreIdText(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
-                 Decoding& /*decoding*/) {
-  process.idText = std::to_string(field.Int32());
-}
-
 // Pages to kilobytes.
 template <auto Member>
 void StorePages(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule,
@@ -214,7 +154,7 @@ int DecodeProcess(Decoding& decoding) {
   static const RuleTable<ProcessRecord> rules{
       {402, To<&ProcessRecord::processId>},
       {403, To<&ProcessRecord::processField403>},
-      {404, StoreIdText},
+      {404, StoreProcessIdText},
       {406, To<&ProcessRecord::processField406>},
       {407, StorePages<&ProcessRecord::sizeResident>},
       {410, StoreCpu<&ProcessRecord::userCpuSeconds>},
@@ -384,13 +324,13 @@ int DecodeItem(Decoding& decoding) {
 // --- The format ---
 
 constexpr DecoderRow DECODERS[] = {
-    {1, false, DecodeOverall},   {17, true, DecodeOverall},     {2, false, DecodeDisk},
-    {18, true, DecodeDisk},      {3, false, DecodeMemory},      {19, true, DecodeMemory},
-    {4, false, DecodeProcess},   {21, true, DecodeProcess},     {5, false, DecodeConfig},
-    {6, false, DecodeProcessor}, {23, true, DecodeProcessor},   {8, false, DecodeKernel},
-    {22, true, DecodeKernel},    {12, false, DecodeFileSystem}, {24, true, DecodeFileSystem},
-    {13, false, DecodeItem},     {29, true, DecodeItem},        {15, false, DecodeLan},
-    {25, true, DecodeLan},       {16, false, DecodeSummary},    {26, true, DecodeSummary},
+    {1, false, DecodeOverall},     {17, true, DecodeOverall},     {2, false, SolarisDecodeDisk},
+    {18, true, SolarisDecodeDisk}, {3, false, DecodeMemory},      {19, true, DecodeMemory},
+    {4, false, DecodeProcess},     {21, true, DecodeProcess},     {5, false, DecodeConfig},
+    {6, false, DecodeProcessor},   {23, true, DecodeProcessor},   {8, false, DecodeKernel},
+    {22, true, DecodeKernel},      {12, false, DecodeFileSystem}, {24, true, DecodeFileSystem},
+    {13, false, DecodeItem},       {29, true, DecodeItem},        {15, false, DecodeLan},
+    {25, true, DecodeLan},         {16, false, DecodeSummary},    {26, true, DecodeSummary},
 };
 
 constexpr VersionRule VERSIONS[] = {

@@ -1,0 +1,11 @@
+// Disk records of Solaris files: rates as the file tells them, times worked out from nanoseconds.
+#pragma once
+
+#include "readers/collector_format.h"
+
+namespace ozmo {
+
+// One disk to the disk list; types 2 and 18.
+int SolarisDecodeDisk(Decoding& decoding);
+
+}  // namespace ozmo
