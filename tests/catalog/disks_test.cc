@@ -1,5 +1,6 @@
 #include "catalog/disks.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,298 +13,265 @@
 namespace ozmo {
 namespace {
 
-DiskRecord& Push(PassFixture& fixture, const std::string& name, float ioRate = 1.0F) {
-  DiskRecord& disk = fixture.context.disks.primary.Push();
+using testing::ElementsAre;
+
+struct DiskFixture : PassFixture {
+  using PassFixture::PassFixture;
+  // One interval of these disks, in the order in which they are worked in.
+  void Add(const std::vector<DiskRecord>& disks) {
+    for (auto disk = disks.rbegin(); disk != disks.rend(); ++disk) context.disks.primary.Push() = *disk;
+    AddDisks(state, context);
+    context.disks.primary.Recycle();
+  }
+  const std::vector<GraphMenuEntry>& Rows() { return catalog.RuntimeRow(RowKind::DISKS)->subTable; }
+  // The disks in the lists, in the order of their names.
+  std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (const auto& [name, series] : state.trees[NameTree::DISK_OPERATIONS].names()) names.push_back(name);
+    return names;
+  }
+};
+
+DiskRecord Disk(const std::string& name, float ioRate = 1.0F) {
+  DiskRecord disk;
   disk.deviceName = name;
   disk.ioRate = ioRate;
   return disk;
 }
 
-void Add(PassFixture& fixture) {
-  AddDisks(fixture.state, fixture.context);
-  fixture.context.disks.primary.Recycle();
-}
-
-const GraphMenuEntry& DiskRows(PassFixture& fixture) { return *fixture.catalog.RuntimeRow(RowKind::DISKS); }
-
 // ---- Names ----
 
-TEST(DiskNames, LinuxPartitionsAreNoDisks) {
-  PassFixture fixture(LINUX_PLATFORM);
-  for (const char* name :
-       {"sda", "sda1", "hdb", "hdb12", "fd0", "cciss/c0d0", "cciss/c0d0p1", "dm-0", "nvme0n1"}) {
-    Push(fixture, name);
+TEST(DiskNames, AreCleanedAsThePlatformDoes) {
+  struct Case {
+    const PlatformSpec& platform;
+    std::vector<std::string> devices;
+    std::vector<std::string> disks;
+  };
+  const std::string oddName = "%s%n%d" + std::string(249, 'x');
+  const Case cases[] = {
+      {LINUX_PLATFORM, {"sda", "sda1", "hdb", "hdb12", "fd0"}, {"hdb", "sda"}},  // no partitions, no floppies
+      {LINUX_PLATFORM, {"cciss/c0d0", "cciss/c0d0p1", "dm-0", "nvme0n1"}, {"cciss/c0d0", "dm-0", "nvme0n1"}},
+      {LINUX_PLATFORM, {" sda1 ", " sdb "}, {"sdb"}},
+      {SOLARIS_PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1", ""}, {"/old/dev/dsk/c1", "c0"}},
+      {HPUX_PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1"}, {"/old/dev/dsk/c1", "c0"}},
+      {AIX_PLATFORM, {"/dev/dsk/c0", "hdisk0  ", " hdisk0"}, {"/dev/dsk/c0", "hdisk0"}},
+      {AIX_PLATFORM, {oddName}, {oddName}},
+  };
+  for (const Case& test : cases) {
+    DiskFixture fixture(test.platform);
+    std::vector<DiskRecord> disks;
+    for (const std::string& device : test.devices) disks.push_back(Disk(device));
+    fixture.Add(disks);
+    EXPECT_EQ(fixture.Names(), test.disks);
+    EXPECT_EQ(fixture.Rows().size(), test.disks.size());
+    for (const std::string& disk : test.disks)
+      EXPECT_NE(fixture.Find("I/O rate for " + disk), nullptr) << disk;
   }
-  Add(fixture);
-  for (const char* disk : {"sda", "hdb", "cciss/c0d0", "dm-0", "nvme0n1"}) {
-    EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, disk), 1.0F) << disk;
-  }
-  for (const char* partition : {"sda1", "hdb12", "fd0", "cciss/c0d0p1"}) {
-    EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, partition), PassFixture::NOTHING) << partition;
-  }
-  EXPECT_EQ(fixture.Value("Overall Disk I/O Operation Rate"), 5.0F);
 }
 
-TEST(DiskNames, DeviceDirectoryIsCutOffWhereItIsTheCustom) {
-  for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &HPUX_PLATFORM}) {
-    PassFixture fixture(*platform);
-    Push(fixture, "/dev/dsk/c0t0d0");
-    Push(fixture, "/old/dev/dsk/c1");
-    Add(fixture);
-    EXPECT_NE(fixture.Find("I/O rate for c0t0d0"), nullptr);
-    EXPECT_NE(fixture.Find("I/O rate for /old/dev/dsk/c1"), nullptr);
-  }
-  PassFixture aix(AIX_PLATFORM);
-  Push(aix, "/dev/dsk/c0t0d0");
-  Add(aix);
-  EXPECT_NE(aix.Find("I/O rate for /dev/dsk/c0t0d0"), nullptr);
-}
-
-TEST(DiskNames, BlanksAtTheEndsMakeNoOtherDisk) {
-  PassFixture fixture(AIX_PLATFORM);
-  Push(fixture, "hdisk0  ", 2.0F);
-  Push(fixture, " hdisk0", 3.0F);
-  Add(fixture);
-  EXPECT_EQ(DiskRows(fixture).subTable.size(), 1U);
-  EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, "hdisk0"), 5.0F);
-}
-
-TEST(DiskNames, ARecordWithoutANameIsPassedOver) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  Push(fixture, "", 7.0F);
-  Add(fixture);
-  EXPECT_EQ(fixture.Value("Overall Disk I/O Operation Rate"), 0.0F);
-  EXPECT_TRUE(DiskRows(fixture).subTable.empty());
-}
-
-TEST(DiskNames, AnyCharactersAndLengthsStand) {
-  PassFixture fixture(AIX_PLATFORM);
-  const std::string name = "%s%n%d" + std::string(249, 'x');
-  Push(fixture, name);
-  Add(fixture);
-  GraphRecord* record = fixture.Find("I/O rate for " + name);
-  ASSERT_NE(record, nullptr);
-  EXPECT_EQ(record->Label(1), name + " Writes");
+TEST(DiskNames, PassedOverRecordsAreNotInTheOverallRate) {
+  DiskFixture linux(LINUX_PLATFORM);
+  linux.Add({Disk("sda"), Disk("sda1", 7)});
+  EXPECT_THAT(linux.Values("Overall Disk I/O Operation Rate"), ElementsAre(1));
+  DiskFixture solaris(SOLARIS_PLATFORM);
+  solaris.Add({Disk("", 7)});
+  EXPECT_THAT(solaris.Values("Overall Disk I/O Operation Rate"), ElementsAre(0));
 }
 
 // ---- Figures ----
 
-TEST(DiskFigures, UnknownReadsAndWritesFollowTheData) {
-  DiskRecord disk;
-  disk.ioRate = 10.0F;
-  disk.readBytesRate = 3 * 1024.0F;
-  disk.writeBytesRate = 1024.0F;
-  const DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_EQ(figures.totalKb, 4.0F);
-  EXPECT_EQ(figures.reads, 7.5F);
-  EXPECT_EQ(figures.writes, 2.5F);
-}
+struct Operations {
+  const char* rule;
+  float readRate, writeRate, ioRate, readKb, writeKb;
+  float operations, reads, writes;
+};
 
-TEST(DiskFigures, PlottedWaitLosesTheServiceTimeTwice) {
-  DiskRecord disk;
-  disk.ioRate = 10.0F;
-  disk.busyFraction = 0.5F;
-  disk.queueLength = 2.0F;
-  DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_EQ(figures.service, 50.0F);
-  EXPECT_EQ(figures.response, 200.0F);
-  EXPECT_EQ(figures.wait, 100.0F);
-
-  disk.queueLength = 0.75F;  // waits less than it is served
-  EXPECT_EQ(DiskFiguresOf(disk, false).wait, 0.0F);
-}
-
-TEST(DiskFigures, AnIdleDiskHasNoTimes) {
-  DiskRecord disk;
-  disk.busyFraction = 0.5F;
-  disk.queueLength = 4.0F;
-  const DiskFigures figures = DiskFiguresOf(disk, false);
-  EXPECT_EQ(figures.service, 0.0F);
-  EXPECT_EQ(figures.response, 0.0F);
-  EXPECT_EQ(figures.wait, 0.0F);
-  EXPECT_EQ(figures.utilization, 50.0F);
-}
-
-TEST(DiskFigures, MeasuredTimesStandWhereTheFormatHasThem) {
-  DiskRecord disk;
-  disk.ioRate = 10.0F;
-  disk.busyFraction = 1.0F;
-  disk.servicePerIo = 8.0F;
-  disk.waitPerIo = 30.0F;
-  DiskFigures figures = DiskFiguresOf(disk, true);
-  EXPECT_EQ(figures.service, 8.0F);
-  EXPECT_EQ(figures.response, 30.0F);
-  EXPECT_EQ(figures.wait, 14.0F);
-  disk.waitPerIo = 3.0F;
-  EXPECT_EQ(DiskFiguresOf(disk, true).response, 8.0F);
-}
-
-TEST(DiskFigures, SpaceIsAWholeNumberQuotient) {
-  DiskRecord disk;
-  disk.size = 1 << 30;
-  disk.free = (1 << 30) - 1;
-  EXPECT_EQ(DiskFiguresOf(disk, false).space, 0.0F);
-  disk.free = 1 << 30;
-  EXPECT_EQ(DiskFiguresOf(disk, false).space, 1.0F);
-  EXPECT_EQ(DiskFiguresOf(disk, false).freeGb, 1.0F);
-  EXPECT_EQ(DiskFiguresOf(disk, false).usedGb, 0.0F);
-}
-
-TEST(DiskFigures, BrokenSizesDivideAndSubtractWithoutHarm) {
-  constexpr int32_t LEAST = std::numeric_limits<int32_t>::min();
-  DiskRecord disk;
-  for (const int32_t size : {0, -1, LEAST}) {
-    disk.size = size;
-    disk.free = LEAST;
-    EXPECT_EQ(DiskFiguresOf(disk, false).space, 0.0F) << size;
+TEST(DiskFigures, OperationsReadsAndWritesStandInForOneAnother) {
+  for (const Operations& test : {
+           Operations{"the sum stands in for the total", 3, 4, 0, 0, 0, 7, 3, 4},
+           {"known ones stand, even if they don't add up", 3, 4, 9, 0, 0, 9, 3, 4},
+           {"unknown ones follow the data", 0, 0, 10, 3, 1, 10, 7.5F, 2.5F},
+           {"without data there are neither", 0, 0, 10, 0, 0, 10, 0, 0},
+       }) {
+    DiskRecord disk = Disk("d", test.ioRate);
+    disk.readRate = test.readRate;
+    disk.writeRate = test.writeRate;
+    disk.readBytesRate = test.readKb * 1024;
+    disk.writeBytesRate = test.writeKb * 1024;
+    const DiskFigures figures = DiskFiguresOf(disk, false);
+    EXPECT_EQ(figures.operations, test.operations) << test.rule;
+    EXPECT_EQ(figures.reads, test.reads) << test.rule;
+    EXPECT_EQ(figures.writes, test.writes) << test.rule;
+    EXPECT_EQ(figures.totalKb, test.readKb + test.writeKb) << test.rule;
+    disk.totalBytesRate = 5 * 1024.0F;
+    EXPECT_EQ(DiskFiguresOf(disk, false).totalKb, 5.0F) << "the record's own total goes first";
   }
-  disk.size = std::numeric_limits<int32_t>::max();
-  EXPECT_FLOAT_EQ(DiskFiguresOf(disk, false).usedGb, 4.0F);
+}
+
+struct Times {
+  const char* rule;
+  bool measured;
+  float ioRate, busyFraction, queueLength, servicePerIo, waitPerIo;
+  float service, response, wait;
+};
+
+TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
+  for (const Times& test : {
+           Times{"the plotted wait loses the service time twice", false, 10, 0.5F, 2, 0, 0, 50, 200, 100},
+           {"and isn't negative", false, 10, 0.5F, 0.75F, 0, 0, 50, 75, 0},
+           {"the response is never below the service", false, 10, 0.5F, 0.1F, 0, 0, 50, 50, 0},
+           {"an idle disk has none", false, 0, 0.5F, 4, 0, 0, 0, 0, 0},
+           {"measured ones stand", true, 10, 0.5F, 0, 8, 30, 8, 30, 14},
+           {"but for a response below the service", true, 10, 0.5F, 0, 8, 3, 8, 8, 0},
+       }) {
+    DiskRecord disk = Disk("d", test.ioRate);
+    disk.busyFraction = test.busyFraction;
+    disk.queueLength = test.queueLength;
+    disk.servicePerIo = test.servicePerIo;
+    disk.waitPerIo = test.waitPerIo;
+    const DiskFigures figures = DiskFiguresOf(disk, test.measured);
+    EXPECT_EQ(figures.service, test.service) << test.rule;
+    EXPECT_EQ(figures.response, test.response) << test.rule;
+    EXPECT_EQ(figures.wait, test.wait) << test.rule;
+    EXPECT_EQ(figures.utilization, 50.0F) << test.rule;
+  }
+}
+
+TEST(DiskFigures, SpaceIsAWholeNumberQuotientThatBrokenSizesDoNoHarm) {
+  constexpr int32_t GB = 1 << 30;
+  constexpr int32_t LEAST = std::numeric_limits<int32_t>::min();
+  constexpr int32_t MOST = std::numeric_limits<int32_t>::max();
+  struct Case {
+    int32_t size, free;
+    float space, usedGb;
+  };
+  for (const Case& test : {Case{GB, GB - 1, 0, 0}, {GB, GB, 1, 0}, {0, LEAST, 0, 2}, {MOST, LEAST, -1, 4}}) {
+    DiskRecord disk;
+    disk.size = test.size;
+    disk.free = test.free;
+    EXPECT_EQ(DiskFiguresOf(disk, false).space, test.space) << test.size;
+    EXPECT_NEAR(DiskFiguresOf(disk, false).usedGb, test.usedGb, 1e-6) << test.size;
+  }
 }
 
 // ---- Graphs of one disk ----
 
 TEST(DiskGraphs, EachFigureReachesTheTraceOfItsName) {
-  PassFixture fixture(AIX_PLATFORM);
-  DiskRecord& disk = Push(fixture, "d", 10.0F);
+  DiskRecord disk = Disk("d", 10.0F);
   disk.readBytesRate = 6 * 1024.0F;
   disk.writeBytesRate = 2 * 1024.0F;
   disk.busyFraction = 0.25F;
   disk.queueLength = 1.0F;
+  disk.servicePerIo = 8.0F;
+  disk.waitPerIo = 30.0F;
   disk.size = 1 << 30;
   disk.free = 1 << 28;
-  Add(fixture);
-  EXPECT_EQ(fixture.Value("I/O rate for d", 0), 7.5F);
-  EXPECT_EQ(fixture.Value("I/O rate for d", 1), 2.5F);
-  EXPECT_EQ(fixture.Value("Data rate for d", 0), 6.0F);
-  EXPECT_EQ(fixture.Value("Data rate for d", 1), 2.0F);
-  EXPECT_EQ(fixture.Value("Queue length for d"), 1.0F);
-  EXPECT_EQ(fixture.Value("Utilization for d"), 25.0F);
-  EXPECT_EQ(fixture.Value("Space Allocation for d", 0), 0.25F);
-  EXPECT_EQ(fixture.Value("Space Allocation for d", 1), 0.75F);
-  EXPECT_EQ(fixture.Value("Wait/Service Time for d", 0), 50.0F);
-  EXPECT_EQ(fixture.Value("Wait/Service Time for d", 1), 25.0F);
-  EXPECT_EQ(fixture.Value("Response Time for d"), 100.0F);
-  EXPECT_EQ(fixture.Find("Wait/Service Time for d")->legendFormat, "%s %.1f%ms ");
-}
-
-TEST(DiskGraphs, HpuxShowsSumsInOneSet) {
-  PassFixture fixture(HPUX_PLATFORM);
-  DiskRecord& disk = Push(fixture, "d", 10.0F);
-  disk.readBytesRate = 1024.0F;
-  disk.writeBytesRate = 2048.0F;
-  Add(fixture);
-  GraphRecord* operations = fixture.Find("I/O rate for d");
-  ASSERT_EQ(operations->data.nsets(), 1);
-  EXPECT_EQ(operations->Label(0), "d Reads+Writes");
-  EXPECT_EQ(fixture.Value("I/O rate for d"), 10.0F);
-  EXPECT_EQ(fixture.Value("Data rate for d"), 3.0F);
-  EXPECT_EQ(fixture.Value("Overall Disk Disk Data Rate"), 3.0F);
+  DiskFixture aix(AIX_PLATFORM);
+  aix.Add({disk});
+  EXPECT_THAT(aix.Values("I/O rate for d"), ElementsAre(7.5F, 2.5F));
+  EXPECT_THAT(aix.Values("Data rate for d"), ElementsAre(6, 2));
+  EXPECT_THAT(aix.Values("Queue length for d"), ElementsAre(1));
+  EXPECT_THAT(aix.Values("Utilization for d"), ElementsAre(25));
+  EXPECT_THAT(aix.Values("Space Allocation for d"), ElementsAre(0.25F, 0.75F));
+  EXPECT_THAT(aix.Values("Wait/Service Time for d"), ElementsAre(50, 25));
+  EXPECT_THAT(aix.Values("Response Time for d"), ElementsAre(100));
+  DiskFixture hpux(HPUX_PLATFORM);  // sums in one set
+  hpux.Add({disk});
+  EXPECT_THAT(hpux.Values("I/O rate for d"), ElementsAre(10));
+  EXPECT_THAT(hpux.Values("Data rate for d"), ElementsAre(8));
+  EXPECT_THAT(hpux.Values("Overall Disk Disk Data Rate"), ElementsAre(8));
+  DiskFixture monitor(VMR_PLATFORM);  // measured times
+  monitor.Add({disk});
+  EXPECT_THAT(monitor.Values("Response Time for d"), ElementsAre(30));
+  EXPECT_THAT(monitor.Values("Disk I/O Operation Rate"), ElementsAre(10));
 }
 
 TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  Push(fixture, "d", 4.0F).readRate = 4.0F;
-  Push(fixture, "d", 3.0F).readRate = 3.0F;
-  Add(fixture);  // newest first: 3, then 4
+  DiskFixture fixture(SOLARIS_PLATFORM);
+  DiskRecord first = Disk("d", 3);
+  first.readRate = 3;
+  DiskRecord last = Disk("d", 4);
+  last.readRate = 4;
+  fixture.Add({first, last});
   EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, "d"), 7.0F);
-  EXPECT_EQ(fixture.Value("I/O rate for d"), 4.0F);
+  EXPECT_THAT(fixture.Values("I/O rate for d"), ElementsAre(4, 0));
 }
 
 TEST(DiskGraphs, TheDiskBeyondTheTableIsInTheListsOnly) {
-  PassFixture fixture(SOLARIS_PLATFORM, 60);
-  for (size_t i = 0; i <= MAX_DISK_ROWS; ++i) {
-    Push(fixture, "d" + std::to_string(i));
-    Add(fixture);
-  }
-  EXPECT_EQ(DiskRows(fixture).subTable.size(), MAX_DISK_ROWS);
-  EXPECT_NE(fixture.Find("I/O rate for d1023"), nullptr);
+  DiskFixture fixture(SOLARIS_PLATFORM, 60);
+  for (size_t i = 0; i <= MAX_DISK_ROWS; ++i) fixture.Add({Disk("d" + std::to_string(i))});
+  EXPECT_EQ(fixture.Rows().size(), MAX_DISK_ROWS);
   EXPECT_EQ(fixture.Find("I/O rate for d1024"), nullptr);
   EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, "d1024"), 1.0F);
-
-  // Rows made early still take values.
-  Push(fixture, "d0", 6.0F).readRate = 6.0F;
-  Add(fixture);
-  EXPECT_EQ(fixture.Value("I/O rate for d0"), 6.0F);
+  DiskRecord early = Disk("d0", 6);
+  early.readRate = 6;
+  fixture.Add({early});
+  EXPECT_EQ(fixture.Values("I/O rate for d0")[0], 6.0F) << "rows made early still take values";
 }
 
-// ---- Detail ----
+// ---- Totals and detail ----
 
 TEST(DiskTotals, UsersHaveWhatPagingAndSwappingLeave) {
-  PassFixture fixture(SOLARIS_PLATFORM);
+  DiskFixture fixture(SOLARIS_PLATFORM);
   const auto byType = [&](double paging, double swapping) {
     fixture.state.sums.pageOperations = paging;
     fixture.state.sums.swapOperations = swapping;
-    Push(fixture, "c0t0d0", 10.0F);
-    Add(fixture);
-    std::vector<float> values;
-    for (const Series& series : fixture.catalog.Find(Graph::DISK_BY_TYPE)->data.y) {
-      values.push_back(PointAt(series, fixture.state.point));
-    }
-    return values;
+    fixture.Add({Disk("c0t0d0", 10)});
+    return fixture.Values(Graph::DISK_BY_TYPE, fixture.state.point);
   };
-  EXPECT_EQ(byType(3, 2), (std::vector<float>{5, 3, 2}));
-  EXPECT_EQ(byType(9, 4), (std::vector<float>{0, 9, 4}));
+  EXPECT_THAT(byType(3, 2), ElementsAre(5, 3, 2));
+  EXPECT_THAT(byType(9, 4), ElementsAre(0, 9, 4));
 }
 
 TEST(DiskDetail, HpuxKeepsTwoDaysAndLosesOneSecondMore) {
   constexpr Seconds TWO_DAYS = 172800;
   for (const Seconds span : {TWO_DAYS, TWO_DAYS + 1}) {
-    PassFixture fixture(HPUX_PLATFORM, span);
-    Push(fixture, "d", 4.0F).totalBytesRate = 2048.0F;
-    Add(fixture);
-    EXPECT_EQ(fixture.Value("Overall Disk I/O Operation Rate"), 4.0F);
-    EXPECT_EQ(fixture.Value("Overall Disk Disk Data Rate"), 2.0F);
-    EXPECT_EQ(DiskRows(fixture).subTable.empty(), span > TWO_DAYS);
-    EXPECT_EQ(fixture.state.trees[NameTree::DISK_OPERATIONS].names().empty(), span > TWO_DAYS);
+    DiskFixture fixture(HPUX_PLATFORM, span);
+    fixture.Add({Disk("d", 4)});
+    EXPECT_THAT(fixture.Values("Overall Disk I/O Operation Rate"), ElementsAre(4));
+    EXPECT_EQ(fixture.Rows().empty(), span > TWO_DAYS);
+    EXPECT_EQ(fixture.Names().empty(), span > TWO_DAYS);
   }
   EXPECT_TRUE(PassFixture(SOLARIS_PLATFORM, TWO_DAYS + 1).state.detailed);
 }
 
 // ---- File systems ----
 
-FileSystemRecord Blocks(int64_t total, int64_t free, int64_t available) {
-  FileSystemRecord record;
-  record.totalBlocks = total;
-  record.freeBlocks = free;
-  record.availableBlocks = available;
-  return record;
-}
-
 TEST(FileSystems, PercentIsOfWhatUsersCanHave) {
-  EXPECT_EQ(FileSystemPercent(Blocks(1000, 400, 200)), 75.0F);  // 600 used, 200 to be had
-  EXPECT_EQ(FileSystemPercent(Blocks(1000, 0, 0)), 100.0F);
-  EXPECT_EQ(FileSystemPercent(Blocks(1000, 400, -50)), 100.0F);
-}
-
-TEST(FileSystems, NoBlocksAreNothingUsedAndAllBlocksFreeCountAsFull) {
-  EXPECT_EQ(FileSystemPercent(Blocks(0, 0, 0)), 0.0F);
-  EXPECT_EQ(FileSystemPercent(Blocks(-8, 3, 1)), 0.0F);
-  EXPECT_EQ(FileSystemPercent(Blocks(1000, 1000, 900)), 100.0F);
-}
-
-TEST(FileSystems, BrokenCountsDoNoHarm) {
   constexpr int64_t MOST = std::numeric_limits<int64_t>::max();
   constexpr int64_t LEAST = std::numeric_limits<int64_t>::min();
-  FileSystemPercent(Blocks(MOST, LEAST, MOST));
-  EXPECT_EQ(FileSystemPercent(Blocks(MOST, LEAST, LEAST)), 100.0F);
+  struct Case {
+    int64_t total, free, available;
+    float percent;
+  };
+  for (const Case& test : {Case{1000, 400, 200, 75},  // 600 used, 200 to be had
+                           {1000, 400, -50, 100},
+                           {1000, 1000, 900, 100},  // all blocks free count as full
+                           {0, 0, 0, 0},
+                           {-8, 3, 1, 0},
+                           {MOST, LEAST, LEAST, 100}}) {
+    FileSystemRecord record;
+    record.totalBlocks = test.total;
+    record.freeBlocks = test.free;
+    record.availableBlocks = test.available;
+    EXPECT_EQ(FileSystemPercent(record), test.percent) << test.total << ' ' << test.free;
+  }
 }
 
 TEST(FileSystems, KeysNameMountPointAndDevice) {
   const auto keyOn = [](const PlatformSpec& platform) {
     PassFixture fixture(platform);
     FileSystemRecord& record = fixture.context.fileSystems.primary.Push();
-    record.mountName = "  /home";
+    record.mountName = "  /%s";
     record.deviceName = "/dev/hd1";
     AddFileSystems(fixture.state, fixture.context);
-    const auto& names = fixture.state.trees[NameTree::FILE_SYSTEMS].names();
-    return names.empty() ? std::string() : names.begin()->first;
+    return fixture.state.trees[NameTree::FILE_SYSTEMS].names().begin()->first;
   };
   for (const PlatformSpec* platform : {&AIX_PLATFORM, &HPUX_PLATFORM}) {
-    EXPECT_EQ(keyOn(*platform), "/home (on /dev/hd1)");
+    EXPECT_EQ(keyOn(*platform), "/%s (on /dev/hd1)");
   }
   for (const PlatformSpec* platform : {&LINUX_PLATFORM, &SOLARIS_PLATFORM, &TRU64_PLATFORM}) {
-    EXPECT_EQ(keyOn(*platform), "/home on ( /dev/hd1 )");
+    EXPECT_EQ(keyOn(*platform), "/%s on ( /dev/hd1 )");
   }
 }
 

@@ -1,8 +1,10 @@
 #include "catalog/network.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numeric>
 #include <vector>
 
 #include "pass_fixture.h"
@@ -10,44 +12,14 @@
 namespace ozmo {
 namespace {
 
-class NetworkTest : public testing::Test {
- protected:
-  static KernelCounters& Counters(PassFixture& fixture) {
-    return fixture.context.kernel.primary ? *fixture.context.kernel.primary
-                                          : fixture.context.kernel.primary.emplace();
-  }
-  static void Run(PassFixture& fixture) { fixture.state.platform.network(fixture.state, fixture.context); }
+void RunPass(PassFixture& fixture) { fixture.state.platform.network(fixture.state, fixture.context); }
 
-  // After FillDistinct: the element that each set shows.
-  static std::vector<int> Elements(PassFixture& fixture, const char* title) {
-    std::vector<int> elements;
-    for (const Series& series : fixture.Find(title)->data.y) {
-      elements.push_back(static_cast<int>(std::sqrt(PointAt(series, fixture.state.point))));
-    }
-    return elements;
-  }
-
-  // Sum of all sets of a graph at the point: what stacking puts into its top band.
-  static float Sum(PassFixture& fixture, const char* title) {
-    float sum = 0.0F;
-    const GraphRecord* record = fixture.Find(title);
-    for (const Series& series : record->data.y) sum += PointAt(series, fixture.state.point);
-    return sum;
-  }
-};
-
-// Distinct small whole numbers, exact in any order of adding.
-void FillDistinct(KernelCounters& counters) {
-  for (size_t i = 0; i < counters.counters.size(); ++i) counters.counters[i] = static_cast<float>(i * i);
-}
-
-TEST_F(NetworkTest, EveryTraceOfEveryProtocolGraphIsFilled) {
-  for (const PlatformSpec* platform :
-       {&AIX_PLATFORM, &HPUX_PLATFORM, &LINUX_PLATFORM, &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM}) {
+TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
+  for (const PlatformSpec* platform : ALL_PLATFORMS) {
     PassFixture fixture(*platform);
     fixture.context.kernel.primary.emplace();
     fixture.context.network.emplace();
-    Run(fixture);
+    RunPass(fixture);
     for (GraphMenuEntry& group : fixture.catalog.itemTree) {
       if (group.code != "NET") continue;
       VisitGraphs(group.subTable, [&](const GraphRecord& record) {
@@ -58,120 +30,87 @@ TEST_F(NetworkTest, EveryTraceOfEveryProtocolGraphIsFilled) {
   }
 }
 
-TEST_F(NetworkTest, BsdReceivedBreakdownsAddUpToTheTotal) {
-  for (const PlatformSpec* platform : {&AIX_PLATFORM, &HPUX_PLATFORM, &TRU64_PLATFORM}) {
-    PassFixture fixture(*platform);
-    FillDistinct(Counters(fixture));
-    Run(fixture);
-    EXPECT_EQ(Sum(fixture, "TCP Received Packets Breakdown"), 25.0F * 25.0F);
-    EXPECT_EQ(Sum(fixture, "IP Packets Received Breakdown"), 54.0F * 54.0F);
-    EXPECT_EQ(fixture.Value("IP Packet Rate", 1), 54.0F * 54.0F);
+// ---- Computed traces ----
+
+struct TraceCase {
+  const PlatformSpec& platform;
+  std::vector<std::pair<size_t, float>> counters;  // the others are zero
+  const char* title;
+  std::vector<float> values;
+};
+
+const TraceCase TRACE_CASES[] = {
+    // Sent data hold the received ones as well: data 17, retransmitted 19, in-sequence 27.
+    {AIX_PLATFORM,
+     {{17, 4000}, {19, 1000}, {27, 2000}, {34, 100}, {36, 200}, {38, 700}},
+     "TCP Data rate",
+     {8, 3}},
+    // Attempts 0, accepts 1, established 2, drops 3, embryonic drops 4, closed 5.
+    {HPUX_PLATFORM, {{0, 10}, {1, 6}, {2, 13}}, "TCP Connections Established", {3, 7, 6}},
+    {HPUX_PLATFORM, {{3, 2}, {4, 1}, {5, 9}}, "TCP Connections Closed", {2, 1, 7}},
+    // Received 54, forwarded 63, not forwardable 64, delivered 67, generated 68.
+    {TRU64_PLATFORM, {{54, 100}, {63, 20}, {68, 40}}, "IP Packet Rate", {60, 100}},
+    {TRU64_PLATFORM,
+     {{54, 100}, {63, 20}, {64, 5}, {67, 60}},
+     "IP Packets Received Breakdown",
+     {15, 5, 20, 60}},
+    {TRU64_PLATFORM, {{90, 8}, {98, 9}}, "UDP packet Rate", {9, 8}},
+    {SOLARIS_PLATFORM,
+     {{53, 100}, {54, 1}, {55, 1}, {56, 1}, {57, 1}, {58, 1}, {59, 80}},
+     "IP Packets Received Breakdown",
+     {15, 80, 1, 1, 1, 1, 1}},
+    {SOLARIS_PLATFORM, {{12, 4000}, {14, 1000}, {28, 2000}, {30, 500}}, "TCP Data rate", {5, 2.5F}},
+    {LINUX_PLATFORM, {{51, 3}, {52, 4}}, "TCP Connections Aborted", {7}},
+};
+
+TEST(Network, ComputedTracesCombineTheirCounters) {
+  for (const TraceCase& test : TRACE_CASES) {
+    PassFixture fixture(test.platform);
+    KernelCounters& kernel = fixture.context.kernel.primary.emplace();
+    for (const auto& [counter, value] : test.counters) kernel.counters[counter] = value;
+    RunPass(fixture);
+    EXPECT_EQ(fixture.Values(test.title), test.values) << test.title;
   }
 }
 
-TEST_F(NetworkTest, BsdBreakdownsReadTheCounterOfTheirLabel) {
-  PassFixture fixture(HPUX_PLATFORM);
-  FillDistinct(Counters(fixture));
-  Run(fixture);
-  // Urgent packets stand ahead of window probes, against the counters' order.
-  EXPECT_EQ(Elements(fixture, "TCP Sent Packets Breakdown"), (std::vector<int>{16, 18, 20, 22, 21, 23, 24}));
-  std::vector<int> received = Elements(fixture, "TCP Received Packets Breakdown");
-  received.resize(11);  // the twelfth is what the others leave
-  EXPECT_EQ(received, (std::vector<int>{26, 31, 33, 35, 37, 40, 45, 39, 28, 29, 30}));
+// With a square in each counter: the counter that each set shows, and that of the sum of all sets.
+TEST(Network, BreakdownsReadTheCounterOfTheirLabelAndAddUpToTheTotal) {
+  struct Case {
+    const PlatformSpec& platform;
+    const char* title;
+    std::vector<int> counters;
+    int total;  // 0: none of the counters
+  };
+  const Case cases[] = {
+      // Urgent packets stand ahead of window probes, against the counters' order.
+      {HPUX_PLATFORM, "TCP Sent Packets Breakdown", {16, 18, 20, 22, 21, 23, 24}, 0},
+      {HPUX_PLATFORM, "TCP Received Packets Breakdown", {26, 31, 33, 35, 37, 40, 45, 39, 28, 29, 30}, 25},
+      {AIX_PLATFORM, "TCP Received Packets Breakdown", {26}, 25},
+      {TRU64_PLATFORM, "IP Packets Received Breakdown", {}, 54},
+      {SOLARIS_PLATFORM, "TCP Sent Segments Breakdown", {11, 15, 17, 13}, 0},
+      {SOLARIS_PLATFORM, "TCP Received Packets Breakdown", {27, 29, 31, 23, 25}, 0},
+      {SOLARIS_PLATFORM, "TCP  Segment Rate", {10}, 0},
+      {LINUX_PLATFORM, "TCP  Segment Rate", {55}, 0},
+  };
+  for (const Case& test : cases) {
+    PassFixture fixture(test.platform);
+    KernelCounters& kernel = fixture.context.kernel.primary.emplace();
+    for (size_t i = 0; i < kernel.counters.size(); ++i) kernel.counters[i] = static_cast<float>(i * i);
+    RunPass(fixture);
+    const std::vector<float> values = fixture.Values(test.title);
+    ASSERT_GE(values.size(), test.counters.size()) << test.title;
+    for (size_t set = 0; set < test.counters.size(); ++set) {
+      EXPECT_EQ(std::sqrt(values[set]), static_cast<float>(test.counters[set])) << test.title << ' ' << set;
+    }
+    if (test.total == 0) continue;
+    const float sum = std::accumulate(values.begin(), values.end(), 0.0F);
+    EXPECT_EQ(sum, static_cast<float>(test.total * test.total)) << test.title;
+  }
 }
 
-TEST_F(NetworkTest, BsdSentDataHoldTheReceivedOnesAsWell) {
-  PassFixture fixture(AIX_PLATFORM);
-  auto& c = Counters(fixture).counters;
-  c[17] = 4000.0F;  // data bytes
-  c[19] = 1000.0F;  // retransmitted bytes
-  c[27] = 2000.0F;  // in-sequence bytes
-  c[34] = 100.0F;
-  c[36] = 200.0F;
-  c[38] = 700.0F;
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("TCP Data rate", 1), 3.0F);
-  EXPECT_EQ(fixture.Value("TCP Data rate", 0), 8.0F);
-}
-
-TEST_F(NetworkTest, BsdConnectionsTellSuccessFromFailure) {
-  PassFixture fixture(HPUX_PLATFORM);
-  auto& c = Counters(fixture).counters;
-  c[0] = 10.0F;  // attempts
-  c[1] = 6.0F;   // accepts
-  c[2] = 13.0F;  // established
-  c[3] = 2.0F;   // drops
-  c[4] = 1.0F;   // embryonic drops
-  c[5] = 9.0F;   // closed
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("TCP Connections Established", 0), 3.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Established", 1), 7.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Established", 2), 6.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Closed", 0), 2.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Closed", 1), 1.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Closed", 2), 7.0F);
-}
-
-TEST_F(NetworkTest, BsdPacketsSentAreGeneratedAndForwarded) {
-  PassFixture fixture(TRU64_PLATFORM);
-  auto& c = Counters(fixture).counters;
-  c[54] = 100.0F;  // received
-  c[63] = 20.0F;   // forwarded
-  c[64] = 5.0F;    // not forwardable
-  c[67] = 60.0F;   // delivered
-  c[68] = 40.0F;   // generated
-  c[90] = 8.0F;
-  c[98] = 9.0F;
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("IP Packet Rate", 0), 60.0F);
-  EXPECT_EQ(fixture.Value("IP Sent Packets Breakdown", 1), 20.0F);
-  EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 0), 15.0F);
-  EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 3), 60.0F);
-  EXPECT_EQ(fixture.Value("UDP packet Rate", 0), 9.0F);
-  EXPECT_EQ(fixture.Value("UDP packet Rate", 1), 8.0F);
-}
-
-TEST_F(NetworkTest, SolarisOthersAreWhatTheKindsLeave) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  auto& c = Counters(fixture).counters;
-  c[53] = 100.0F;
-  for (size_t kind = 54; kind <= 58; ++kind) c[kind] = 1.0F;
-  c[59] = 80.0F;
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 0), 15.0F);
-  EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 1), 80.0F);
-  EXPECT_EQ(Sum(fixture, "IP Packets Received Breakdown"), 100.0F);
-}
-
-TEST_F(NetworkTest, SolarisBreakdownsReadTheirOwnCounters) {
-  PassFixture fixture(SOLARIS_PLATFORM);
-  FillDistinct(Counters(fixture));
-  Run(fixture);
-  EXPECT_EQ(Elements(fixture, "TCP Sent Segments Breakdown"), (std::vector<int>{11, 15, 17, 13}));
-  EXPECT_EQ(Elements(fixture, "TCP Received Packets Breakdown"), (std::vector<int>{27, 29, 31, 23, 25}));
-  EXPECT_EQ(fixture.Value("TCP Connections Opened", 1), 5.0F * 5.0F);
-  EXPECT_EQ(fixture.Value("TCP Connections Aborted", 1), 7.0F * 7.0F);
-  EXPECT_EQ(fixture.Value("TCP Currently Established Connections"), 8.0F * 8.0F);
-  EXPECT_EQ(fixture.Value("TCP  Segment Rate", 0), 10.0F * 10.0F);
-  EXPECT_EQ(fixture.Value("UDP packet Rate", 0), 118.0F * 118.0F);
-}
-
-TEST_F(NetworkTest, LinuxAbortedConnectionsAreOneSum) {
-  PassFixture fixture(LINUX_PLATFORM);
-  FillDistinct(Counters(fixture));
-  Run(fixture);
-  ASSERT_EQ(fixture.Find("TCP Connections Aborted")->data.nsets(), 1);
-  EXPECT_EQ(fixture.Value("TCP Connections Aborted"), 51.0F * 51.0F + 52.0F * 52.0F);
-  EXPECT_EQ(fixture.Value("TCP  Segment Rate", 0), 55.0F * 55.0F);
-  EXPECT_EQ(fixture.Value("IP Packet Rate", 0), 81.0F);
-  EXPECT_EQ(fixture.Value("UDP packet Rate", 0), 3600.0F);
-}
-
-TEST_F(NetworkTest, MonitorFilesNameTheirRates) {
+TEST(Network, MonitorFilesNameTheirRates) {
   PassFixture fixture(VMR_PLATFORM);
   NetworkRecord& n = fixture.context.network.emplace();
-  n.tcpSegmentsRetransmittedPerSecond = 1.0F;
-  n.tcpSegmentsSentPerSecond = 2.0F;
   n.tcpConnectionsReset = 3.0F;
   n.tcpConnectionsPassive = 7.0F;
   n.tcpConnectionsActive = 8.0F;
@@ -181,19 +120,13 @@ TEST_F(NetworkTest, MonitorFilesNameTheirRates) {
   n.ipForwardedPerSecond = 9.0F;
   n.ipDeliveredPerSecond = 70.0F;
   n.ipSentPerSecond = 50.0F;
-  n.udpSentPerSecond = 6.0F;
-  Run(fixture);
-  EXPECT_EQ(fixture.Value("TCP Packet Rate", 0), 1.0F);
-  EXPECT_EQ(fixture.Value("TCP Packet Rate", 1), 2.0F);
-  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 0), 3.0F);
-  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 1), 7.0F);
-  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 2), 8.0F);
-  EXPECT_EQ(fixture.Value("TCP Connection Transitions", 3), 4.0F);
-  EXPECT_EQ(fixture.Value("IP Packet Rate", 0), 50.0F);
-  EXPECT_EQ(fixture.Value("IP Sent Packets Breakdown", 1), 9.0F);
-  EXPECT_EQ(fixture.Value("IP Packets Received Breakdown", 0), 20.0F);
-  EXPECT_EQ(Sum(fixture, "IP Packets Received Breakdown"), 100.0F);
-  EXPECT_EQ(fixture.Value("UDP packet Rate", 0), 6.0F);
+  RunPass(fixture);
+  EXPECT_EQ(fixture.Values("TCP Connection Transitions"), (std::vector<float>{3, 7, 8, 4}));
+  EXPECT_EQ(fixture.Values("IP Packet Rate")[0], 50.0F);
+  EXPECT_EQ(fixture.Values("IP Sent Packets Breakdown")[1], 9.0F);
+  const std::vector<float> received = fixture.Values("IP Packets Received Breakdown");
+  EXPECT_EQ(received[0], 20.0F);
+  EXPECT_EQ(std::accumulate(received.begin(), received.end(), 0.0F), 100.0F);
 }
 
 }  // namespace

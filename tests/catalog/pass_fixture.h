@@ -23,12 +23,7 @@ class PassFixture : public BuildFixture {
     return found;
   }
 
-  // A value of a graph at the current point, NOTHING where graph, set or point is lacking.
-  float Value(std::string_view title, size_t set = 0) {
-    const std::vector<float> values = Values(title);
-    return set < values.size() ? values[set] : NOTHING;
-  }
-
+  using BuildFixture::Values;
   // The values of a graph's sets at the current point, NOTHING where it lies outside.
   std::vector<float> Values(std::string_view title) {
     std::vector<float> values;

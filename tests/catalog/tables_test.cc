@@ -1,129 +1,74 @@
 // What scripts can name on which platform, and what every table must keep to.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <set>
 #include <string>
 
-#include "catalog/platform.h"
+#include "build_fixture.h"
 #include "catalog/platform_tables.h"
 
 namespace ozmo {
 namespace {
 
-struct Platform {
-  char letter;
-  const PlatformSpec& spec;
+// The vocabulary: the titles that exactly the platforms of these letters have, in the order of ALL_PLATFORMS.
+constexpr std::string_view LETTERS = "AHLSTV";
+const std::pair<std::string, std::vector<std::string>> VOCABULARY[] = {
+    {"AHLSTV",
+     {"Overall CPU Utilization", "Overall CPU Utilization By Mode", "Top 10 Images by CPU Utilization",
+      "CPU Utilization of workload classes", "Top 10 Disks by I/O Operations", "Top 10 Disks by I/O Rate",
+      "Top 10 Disks by Queue Length", "Top 10 Disks by Utilization",
+      "Response Time of Top 10 Disks by I/O Rate", "Memory Utilization", "Process Count",
+      "Process count by workload classes", "UDP packet Rate", "IP Packet Rate"}},
+    {"AHLST",
+     {"Top 10 Users by CPU Utilization", "Overall Disk I/O Operation Rate",
+      "Top Ten File Systems by Disk Space Util", "Memory Allocation", "Overall LAN Packet Rates by Adapter",
+      "Overall LAN Data Rates by Adapter"}},
+    {"HLSTV", {"Overall CPU Utilization By Processor"}},
+    {"AHSTV", {"Pagefault Rate", "IP Sent Packets Breakdown", "IP Packets Received Breakdown"}},
+    {"AHLS", {"Number of Active CPUs"}},
+    {"AHST", {"PageFaults By Type", "TCP Data rate", "TCP Received Packets Breakdown"}},
+    {"HSTV", {"Pagefault I/O"}},
+    {"AHTV", {"TCP Packet Rate"}},
+    {"AHT", {"TCP Sent Packets Breakdown", "TCP Connections Established", "TCP Connections Closed"}},
+    {"AT", {"Top 10 Disks by Space Utilization"}},
+    {"LS", {"TCP  Segment Rate", "TCP Currently Established Connections", "TCP Connections Aborted"}},
+    {"A",
+     {"Overall CPU Utilization By Logical Processor", "Overall CPU Utilization By Core", "Paging In/Out Rate",
+      "Overall Physical CPU Utilization", "Shared Pool CPU Utilization",
+      "Virtual Processor Context Switch Rate", "LPAR Phantom Interrupt Rate"}},
+    {"H", {"Overall Disk Disk Data Rate"}},
+    {"V", {"Disk I/O Operation Rate", "TCP Connection Transitions"}},
+    {"L", {"Process PageFaults By Type", "Pages In/Out"}},
+    {"S", {"TCP Sent Segments Breakdown", "TCP Connections Opened"}},
 };
-const Platform PLATFORMS[] = {{'A', AIX_PLATFORM},     {'H', HPUX_PLATFORM},  {'L', LINUX_PLATFORM},
-                              {'S', SOLARIS_PLATFORM}, {'T', TRU64_PLATFORM}, {'V', VMR_PLATFORM}};
-
-// The vocabulary: each title and the letters of the platforms whose tree leads to it.
-struct Word {
-  const char* title;
-  const char* platforms;
-};
-const Word VOCABULARY[] = {
-    {"Overall CPU Utilization", "AHLSTV"},
-    {"Overall CPU Utilization By Mode", "AHLSTV"},
-    {"Overall CPU Utilization By Logical Processor", "A"},
-    {"Overall CPU Utilization By Core", "A"},
-    {"Number of Active CPUs", "AHLS"},
-    {"Top 10 Images by CPU Utilization", "AHLSTV"},
-    {"Top 10 Users by CPU Utilization", "AHLST"},
-    {"CPU Utilization of workload classes", "AHLSTV"},
-    {"Overall CPU Utilization By Processor", "HLSTV"},
-    {"Overall Disk I/O Operation Rate", "AHLST"},
-    {"Top 10 Disks by I/O Operations", "AHLSTV"},
-    {"Top 10 Disks by I/O Rate", "AHLSTV"},
-    {"Top 10 Disks by Queue Length", "AHLSTV"},
-    {"Top 10 Disks by Utilization", "AHLSTV"},
-    {"Response Time of Top 10 Disks by I/O Rate", "AHLSTV"},
-    {"Top 10 Disks by Space Utilization", "AT"},
-    {"Overall Disk Disk Data Rate", "H"},
-    {"Disk I/O Operation Rate", "V"},
-    {"Top Ten File Systems by Disk Space Util", "AHLST"},
-    {"Memory Utilization", "AHLSTV"},
-    {"Memory Allocation", "AHLST"},
-    {"Pagefault Rate", "AHSTV"},
-    {"PageFaults By Type", "AHST"},
-    {"Paging In/Out Rate", "A"},
-    {"Pagefault I/O", "HSTV"},
-    {"Process PageFaults By Type", "L"},
-    {"Pages In/Out", "L"},
-    {"Process Count", "AHLSTV"},
-    {"Process count by workload classes", "AHLSTV"},
-    {"TCP Packet Rate", "AHTV"},
-    {"TCP Data rate", "AHST"},
-    {"TCP Sent Packets Breakdown", "AHT"},
-    {"TCP Received Packets Breakdown", "AHST"},
-    {"TCP Connections Established", "AHT"},
-    {"TCP Connections Closed", "AHT"},
-    {"UDP packet Rate", "AHLSTV"},
-    {"IP Packet Rate", "AHLSTV"},
-    {"IP Sent Packets Breakdown", "AHSTV"},
-    {"IP Packets Received Breakdown", "AHSTV"},
-    {"TCP  Segment Rate", "LS"},
-    {"TCP Currently Established Connections", "LS"},
-    {"TCP Connections Aborted", "LS"},
-    {"TCP Sent Segments Breakdown", "S"},
-    {"TCP Connections Opened", "S"},
-    {"TCP Connection Transitions", "V"},
-    {"Overall LAN Packet Rates by Adapter", "AHLST"},
-    {"Overall LAN Data Rates by Adapter", "AHLST"},
-    {"Overall Physical CPU Utilization", "A"},
-    {"Shared Pool CPU Utilization", "A"},
-    {"Virtual Processor Context Switch Rate", "A"},
-    {"LPAR Phantom Interrupt Rate", "A"},
-};
-
-// Titles that a platform's rows lead to, with the codes of their rows.
-std::multimap<std::string, std::string> Reachable(GraphCatalog& catalog, const PlatformSpec& spec) {
-  CatalogFromTables(catalog, spec.records(), spec.tree());
-  std::multimap<std::string, std::string> titles;
-  const auto walk = [&](const auto& self, const std::vector<GraphMenuEntry>& table) -> void {
-    for (const GraphMenuEntry& row : table) {
-      if (row.record != nullptr) titles.emplace(row.record->title, row.code);
-      self(self, row.subTable);
-    }
-  };
-  walk(walk, catalog.itemTree);
-  return titles;
-}
 
 TEST(Vocabulary, EachPlatformHasExactlyItsTitlesOnce) {
-  for (const Platform& platform : PLATFORMS) {
+  for (size_t i = 0; i < LETTERS.size(); ++i) {
     std::multiset<std::string> expected;
-    for (const Word& word : VOCABULARY) {
-      if (std::string(word.platforms).find(platform.letter) != std::string::npos) expected.insert(word.title);
+    for (const auto& [letters, titles] : VOCABULARY) {
+      if (letters.find(LETTERS[i]) != std::string::npos) expected.insert(titles.begin(), titles.end());
     }
     GraphCatalog catalog;
+    CatalogFromTables(catalog, ALL_PLATFORMS[i]->records(), ALL_PLATFORMS[i]->tree());
     std::multiset<std::string> reached;
-    for (const auto& [title, code] : Reachable(catalog, platform.spec)) reached.insert(title);
-    EXPECT_EQ(reached, expected) << platform.letter;
+    VisitGraphs(catalog.itemTree, [&](const GraphRecord& record) { reached.insert(record.title); });
+    EXPECT_EQ(reached, expected) << LETTERS[i];
   }
 }
 
-TEST(Vocabulary, EveryGraphRowLeadsToARecord) {
-  for (const Platform& platform : PLATFORMS) {
+TEST(Vocabulary, EachGraphRowLeadsToOneRecord) {
+  for (const PlatformSpec* platform : ALL_PLATFORMS) {
+    std::set<Graph> graphs;
+    for (const RecordText& record : platform->records()) {
+      EXPECT_TRUE(graphs.insert(record.graph).second) << record.title;
+    }
     const auto check = [&](const auto& self, std::span<const RowText> rows) -> void {
       for (const RowText& row : rows) {
-        size_t records = 0;
-        for (const RecordText& record : platform.spec.records()) records += record.graph == row.graph ? 1 : 0;
-        EXPECT_EQ(records, row.kind == RowKind::GRAPH ? 1U : 0U) << platform.letter << ' ' << row.label;
+        EXPECT_EQ(graphs.contains(row.graph), row.kind == RowKind::GRAPH) << row.label;
         self(self, row.rows);
       }
     };
-    check(check, platform.spec.tree());
-  }
-}
-
-TEST(Vocabulary, AGraphStandsOnceInAPlatformsRecords) {
-  for (const Platform& platform : PLATFORMS) {
-    std::set<Graph> seen;
-    for (const RecordText& record : platform.spec.records()) {
-      EXPECT_TRUE(seen.insert(record.graph).second) << platform.letter << ' ' << record.title;
-    }
+    check(check, platform->tree());
   }
 }
 

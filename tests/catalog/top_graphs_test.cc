@@ -10,66 +10,52 @@ namespace {
 
 using testing::ElementsAre;
 using testing::FloatEq;
-
-// One interval at point 1 with overall CPU 80 and processes "a" (share 10) and "b" (share 30) of two users.
-void TakeTwoProcesses(BuildFixture& fixture) {
-  fixture.AddProcessor(0, 80, 0, 20);
-  fixture.AddProcess("ann", "a", 6);
-  fixture.AddProcess("bob", "b", 18);
-  fixture.Take(60);
-}
+using testing::Pointwise;
 
 // ---- Others ----
 
-TEST(TopGraphs, OthersFillUpToTheTotal) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  TakeTwoProcesses(fixture);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("#0  b", "#1  a", "Others"));
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(30, 10, 40));
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 2), ElementsAre(MISSING_POINT, MISSING_POINT, MISSING_POINT));
-  EXPECT_THAT(fixture.Labels(Graph::TOP_USERS), ElementsAre("0. bob", "1. ann", "Others"));
+TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
+  struct Case {
+    const char* rule;
+    const PlatformSpec& platform;
+    double busy;
+    std::vector<float> seconds;  // of the images "a", "b", ...
+    std::vector<std::string> labels;
+    std::vector<float> values;
+  };
+  const Case cases[] = {
+      {"the rest", SOLARIS_PLATFORM, 80, {6, 18}, {"#0  b", "#1  a", "Others"}, {30, 10, 40}},
+      {"rescaled lists have none", HPUX_PLATFORM, 80, {6, 18}, {"#0  b", "#1  a", "Others"}, {60, 20, 0}},
+      {"more than all", SOLARIS_PLATFORM, 5, {6}, {"#0  a", "Others"}, {10, 0}},
+      {"no weight without overall CPU", SOLARIS_PLATFORM, 0, {6}, {"Others"}, {0}},
+      {"without processes", SOLARIS_PLATFORM, 80, {}, {"Others"}, {80}},
+      {"an image that did nothing isn't ranked", SOLARIS_PLATFORM, 80, {0}, {"Others"}, {80}},
+  };
+  for (const Case& test : cases) {
+    BuildFixture fixture(test.platform);
+    for (size_t i = 0; i < test.seconds.size(); ++i) {
+      fixture.AddProcess("ann", std::string(1, static_cast<char>('a' + i)), test.seconds[i]);
+    }
+    fixture.TakeBusy(60, test.busy);
+    FinishGraphs(fixture.state);
+    EXPECT_EQ(fixture.Labels(Graph::TOP_IMAGES), test.labels) << test.rule;
+    EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), Pointwise(FloatEq(), test.values)) << test.rule;
+    EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 2), testing::Each(MISSING_POINT)) << test.rule;
+    if (!test.seconds.empty() && test.labels.size() > 1) {
+      EXPECT_THAT(fixture.Labels(Graph::TOP_USERS), ElementsAre("0. ann", "Others"));
+    }
+  }
 }
 
-TEST(TopGraphs, ATotalOfZeroStaysAsItIs) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 0, 0, 100);
-  fixture.AddProcess("ann", "a", 6);
-  fixture.Take(60);
-  FinishGraphs(fixture.state);
-  EXPECT_EQ(fixture.Sets(Graph::TOP_IMAGES), 1) << "no weight without overall CPU";
-  EXPECT_EQ(fixture.Value(Graph::TOP_IMAGES, 0, 1), 0.0F);
-}
-
-TEST(TopGraphs, WithoutProcessesOthersAreOverallCpu) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 80, 0, 20);
-  fixture.Take(60);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others"));
-  EXPECT_EQ(fixture.Value(Graph::TOP_IMAGES, 0, 1), 80.0F);
-}
-
-TEST(TopGraphs, AnImageThatDidNothingIsNotRankedButAnIdleDiskIs) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 80, 0, 20);
-  fixture.AddProcess("ann", "sleeper", 0);
-  fixture.context.disks.primary.Push().deviceName = "c0t0d0";
-  fixture.Take(60);
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others"));
-  EXPECT_THAT(fixture.Labels(Graph::TOP_DISK_QUEUE), ElementsAre("#0 c0t0d0"));
-}
-
-// ---- Disks ----
+// ---- Disks and file systems ----
 
 struct DiskDay : BuildFixture {
   explicit DiskDay(const PlatformSpec& platform, Seconds span = 3600) : BuildFixture(platform, span) {
-    AddProcessor(0, 80, 0, 20);
     AddDisk("fast", 50, 0.5F);
     AddDisk("slow", 10, 2.0F);
     AddDisk("twin", 10, 1.0F);
-    Take(60);
+    AddDisk("idle", 0, 0.0F);
+    TakeBusy(60, 80);
     FinishGraphs(state);
   }
   void AddDisk(const char* name, float operations, float queue) {
@@ -84,12 +70,12 @@ struct DiskDay : BuildFixture {
 TEST(TopGraphs, ResponseTimesFollowTheOperationsListWithoutRank) {
   DiskDay day(LINUX_PLATFORM);
   EXPECT_THAT(day.Labels(Graph::TOP_DISK_OPERATIONS),
-              ElementsAre("#0  fast", "#1  twin", "#2  slow", "Others"));
-  EXPECT_THAT(day.Labels(Graph::TOP_DISK_RESPONSE), ElementsAre("fast", "twin", "slow"));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_RESPONSE, 1), ElementsAre(10, 100, 200));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_OPERATIONS, 1), ElementsAre(50, 10, 10, 0));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_DATA, 1), ElementsAre(50, 10, 10, 0));
-  EXPECT_THAT(day.Labels(Graph::TOP_DISK_QUEUE), ElementsAre("#0 slow", "#1 twin", "#2 fast"));
+              ElementsAre("#0  fast", "#1  twin", "#2  slow", "#3  idle", "Others"));
+  EXPECT_THAT(day.Labels(Graph::TOP_DISK_RESPONSE), ElementsAre("fast", "twin", "slow", "idle"));
+  EXPECT_THAT(day.Values(Graph::TOP_DISK_RESPONSE, 1), ElementsAre(10, 100, 200, 0));
+  EXPECT_THAT(day.Values(Graph::TOP_DISK_OPERATIONS, 1), ElementsAre(50, 10, 10, 0, 0));
+  EXPECT_THAT(day.Values(Graph::TOP_DISK_DATA, 1), ElementsAre(50, 10, 10, 0, 0));
+  EXPECT_THAT(day.Labels(Graph::TOP_DISK_QUEUE), ElementsAre("#0 slow", "#1 twin", "#2 fast", "#3 idle"));
 }
 
 TEST(TopGraphs, WithoutDetailDiskListsHaveNoSetsAtAll) {
@@ -99,10 +85,7 @@ TEST(TopGraphs, WithoutDetailDiskListsHaveNoSetsAtAll) {
     EXPECT_EQ(day.Sets(graph), 0);
   }
   EXPECT_EQ(day.Value(Graph::DISK_OPERATIONS, 0, 1), 70.0F) << "the overall rates stay";
-  EXPECT_EQ(day.Sets(Graph::TOP_IMAGES), 1);
 }
-
-// ---- File systems ----
 
 TEST(TopGraphs, FileSystemsRankFromOneAndSetTheTopOfTheAxis) {
   BuildFixture fixture(AIX_PLATFORM);
@@ -122,30 +105,30 @@ TEST(TopGraphs, FileSystemsRankFromOneAndSetTheTopOfTheAxis) {
 
 // ---- Monitor text files ----
 
-struct MonitorInterval : BuildFixture {
-  explicit MonitorInterval(double user, double system, double dpc, double interrupt)
-      : BuildFixture(VMR_PLATFORM) {
-    ProcessorRecord& machine = AddProcessor(0, user, system, 0);
-    machine.dpcTime = dpc;
-    machine.interruptTime = interrupt;
-  }
-  void AddImage(const char* name, float percent, float life) {
-    ProcessRecord& process = AddProcess("", name, 0);
-    process.cpuPercent = percent;
-    process.elapsedSeconds = life;
-  }
-};
-
 TEST(TopGraphsVmr, DpcAndInterruptsAreASetOfTheirOwn) {
-  MonitorInterval fixture(30, 20, 4, 6);
-  fixture.context.config->intervalSeconds = 60.0F;
-  fixture.AddImage("a", 30, 60);
-  fixture.AddImage("b", 10, 60);
-  fixture.Take(60);
-  // The shares take all of overall CPU, so nothing is left for "Others".
-  FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("#1  a", "#2  b", "Others", "DPC+Interrupt"));
-  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(37.5F, 12.5F, 0, 10));
+  for (const bool images : {true, false}) {
+    BuildFixture fixture(VMR_PLATFORM);
+    ProcessorRecord& machine = fixture.AddProcessor(0, 30, 20, 0);
+    machine.dpcTime = 4;
+    machine.interruptTime = 6;
+    for (const auto& [name, percent] : {std::pair("a", 30.0F), {"b", 10.0F}}) {
+      if (!images) continue;
+      ProcessRecord& process = fixture.AddProcess("", name, 0);
+      process.cpuPercent = percent;
+      process.elapsedSeconds = 60;
+    }
+    fixture.Take(60);
+    FinishGraphs(fixture.state);
+    const std::vector<float> shares = fixture.Values(Graph::TOP_IMAGES, 1);
+    if (images) {
+      EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES),
+                  ElementsAre("#1  a", "#2  b", "Others", "DPC+Interrupt"));
+      EXPECT_THAT(shares, ElementsAre(37.5F, 12.5F, 0, 10)) << "the shares take all of overall CPU";
+    } else {
+      EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others", "DPC+Interrupt"));
+      EXPECT_THAT(shares, ElementsAre(40, 10));
+    }
+  }
 }
 
 }  // namespace

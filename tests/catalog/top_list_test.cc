@@ -7,74 +7,43 @@ namespace ozmo {
 namespace {
 
 using testing::ElementsAre;
-using testing::FloatEq;
 
 constexpr float MISSING = MISSING_POINT;
 
-struct Ranked {
-  void Add(std::string_view name, float weight) { TopListInsert(list, {name, weight, nullptr}); }
-  std::vector<float> Weights() const {
-    std::vector<float> weights;
-    for (const TopEntry& entry : list) weights.push_back(entry.weight);
-    return weights;
-  }
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const TopEntry& entry : list) names.emplace_back(entry.name);
-    return names;
-  }
-  TopList list;
-};
-
 // ---- Insertion ----
 
-TEST(TopListInsert, FallingWeightsFillNinePlaces) {
-  Ranked ranked;
-  for (float weight = 11; weight >= 1; --weight) ranked.Add("x", weight);
-  EXPECT_THAT(ranked.Weights(), ElementsAre(11, 10, 9, 8, 7, 6, 5, 4, 3));
-}
+struct InsertCase {
+  const char* rule;
+  std::vector<float> added, kept;
+};
+const InsertCase INSERT_CASES[] = {
+    {"falling ones fill nine places", {11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1}, {11, 10, 9, 8, 7, 6, 5, 4, 3}},
+    {"rising ones fill ten", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, {11, 10, 9, 8, 7, 6, 5, 4, 3, 2}},
+    {"a tenth must beat the ninth", {9, 8, 7, 6, 5, 4, 3, 2, 1, 1.5F}, {9, 8, 7, 6, 5, 4, 3, 2, 1.5F, 1}},
+    {"below the ninth nothing beats the tenth",
+     {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 1.5F},
+     {10, 9, 8, 7, 6, 5, 4, 3, 2, 1}},
+    {"above it the tenth goes", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 2.5F}, {10, 9, 8, 7, 6, 5, 4, 3, 2.5F, 2}},
+};
 
-TEST(TopListInsert, RisingWeightsFillTenPlaces) {
-  Ranked ranked;
-  for (float weight = 1; weight <= 11; ++weight) ranked.Add("x", weight);
-  EXPECT_THAT(ranked.Weights(), ElementsAre(11, 10, 9, 8, 7, 6, 5, 4, 3, 2));
-}
-
-TEST(TopListInsert, ATenthEntryMustBeatTheNinth) {
-  Ranked ranked;
-  for (float weight = 90; weight >= 10; weight -= 10) ranked.Add("x", weight);
-  ASSERT_EQ(ranked.list.size(), 9U);
-  ranked.Add("below", 9);
-  EXPECT_EQ(ranked.list.size(), 9U);
-  ranked.Add("above", 11);
-  EXPECT_THAT(ranked.Weights(), ElementsAre(90, 80, 70, 60, 50, 40, 30, 20, 11, 10));
-}
-
-TEST(TopListInsert, TheTenthOfAFullListIsNeverBeatenFromBelowTheNinth) {
-  Ranked ranked;
-  for (float weight = 10; weight <= 100; weight += 10) ranked.Add("x", weight);
-  ASSERT_EQ(ranked.list.size(), 10U);
-  ranked.Add("between ninth and tenth", 15);
-  EXPECT_EQ(ranked.list.back().weight, 10.0F);
-  ranked.Add("above the ninth", 25);
-  EXPECT_THAT(ranked.Weights(), ElementsAre(100, 90, 80, 70, 60, 50, 40, 30, 25, 20));
+TEST(TopListInsert, KeepsNineOrTenPlaces) {
+  for (const InsertCase& test : INSERT_CASES) {
+    TopList list;
+    for (const float weight : test.added) TopListInsert(list, {"x", weight, nullptr});
+    std::vector<float> kept;
+    for (const TopEntry& entry : list) kept.push_back(entry.weight);
+    EXPECT_EQ(kept, test.kept) << test.rule;
+  }
 }
 
 TEST(TopListInsert, AmongEqualsTheNewerGoesInFront) {
-  Ranked ranked;
-  for (const char* name : {"a", "b", "c"}) ranked.Add(name, 5);
-  ranked.Add("low", 1);
-  ranked.Add("high", 9);
-  EXPECT_THAT(ranked.Names(), ElementsAre("high", "c", "b", "a", "low"));
-}
-
-TEST(TopListInsert, ATieWithTheNinthTakesItsPlace) {
-  Ranked ranked;
-  for (float weight = 9; weight >= 1; --weight) ranked.Add("old", weight);
-  ranked.Add("new", 1);
-  EXPECT_EQ(ranked.list.size(), 10U);
-  EXPECT_EQ(ranked.list[8].name, "new");
-  EXPECT_EQ(ranked.list[9].name, "old");
+  TopList list;
+  for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"}) {
+    TopListInsert(list, {name, name[0] == 'a' ? 9.0F : 5.0F, nullptr});
+  }
+  std::string names;
+  for (const TopEntry& entry : list) names += entry.name;
+  EXPECT_EQ(names, "ajihgfedcb");
 }
 
 // ---- Weights ----
@@ -89,9 +58,7 @@ TEST(Weights, NormalizedSumScalesEachShareToOverallCpu) {
   const Series overall = {50, 50, 50, 50};
   const Series shares = {100, 0, MISSING, 25};
   const CpuScale scale{overall, shares, 4};
-  const Series series = {10, 10, 10, 5};
-  EXPECT_FLOAT_EQ(NormalizedSum<float>(series, scale), 5.0F + 10.0F);
-  EXPECT_DOUBLE_EQ(NormalizedSum<double>(series, scale), 15.0);
+  EXPECT_FLOAT_EQ(NormalizedSum<float>({10, 10, 10, 5}, scale), 5.0F + 10.0F);
   EXPECT_FLOAT_EQ(NormalizedSum<float>({MISSING, MISSING, MISSING, MISSING}, scale), 0.0F);
 }
 
@@ -113,35 +80,36 @@ TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
 
 // ---- Names ----
 
-TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWord) {
-  EXPECT_EQ(ImageOfCommand("/usr/bin/ksh -x"), "ksh");
-  EXPECT_EQ(ImageOfCommand("ksh\t/etc/profile"), "ksh");
-  EXPECT_EQ(ImageOfCommand("bin/"), "");
+TEST(NameTrees, NamesComeInByteOrderAndAddUp) {
+  GraphCatalog catalog;
+  catalog.pointCount = 2;
+  NameTrees trees(catalog);
+  for (const char* name : {"b", "a", "B", "\xE4", "ab", "", "b"}) trees.Feed(NameTree::USERS, name, 1, 1.5F);
+  std::vector<std::string> names;
+  for (const auto& [name, series] : trees[NameTree::USERS].names()) names.push_back(name);
+  EXPECT_THAT(names, ElementsAre("", "B", "a", "ab", "b", "\xE4"));
+  EXPECT_THAT(*trees[NameTree::USERS].Find("b"), ElementsAre(MISSING, 3, MISSING));
+  EXPECT_EQ(trees[NameTree::IMAGES].Find("b"), nullptr);
 }
 
-TEST(ImageOfCommand, LosesOneLeadingDash) {
-  EXPECT_EQ(ImageOfCommand("-ksh"), "ksh");
-  EXPECT_EQ(ImageOfCommand("/bin/-sh"), "sh");
-  EXPECT_EQ(ImageOfCommand("--x"), "-x");
-}
-
-TEST(ImageOfCommand, KeepsLeadingBlanksOfACommandWithoutAPath) {
-  EXPECT_EQ(ImageOfCommand("  ksh -x"), "  ksh");
-  EXPECT_EQ(ImageOfCommand("  /bin/ksh -x"), "ksh");
-  EXPECT_EQ(ImageOfCommand(" -ksh"), " -ksh");
-}
-
-TEST(ImageOfCommand, ACommandWithoutAWordIsUnknown) {
-  EXPECT_EQ(ImageOfCommand(""), "<unknown>");
-  EXPECT_EQ(ImageOfCommand("   "), "<unknown>");
-  EXPECT_EQ(ImageOfCommand(" \t "), "<unknown>");
-}
-
-TEST(ImageOfCommand, IsCutAt255Bytes) {
-  EXPECT_EQ(ImageOfCommand(std::string(255, 'a')).size(), 255U);
-  EXPECT_EQ(ImageOfCommand(std::string(300, 'a')).size(), 255U);
-  EXPECT_EQ(ImageOfCommand(std::string(253, 'a') + "/bc"), "b");
-  EXPECT_EQ(ImageOfCommand(std::string(255, ' ') + "x"), "<unknown>");
+TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWordWithoutOneDash) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"/usr/bin/ksh -x", "ksh"},
+      {"ksh\t/etc/profile", "ksh"},
+      {"bin/", ""},
+      {"-ksh", "ksh"},
+      {"/bin/-sh", "sh"},
+      {"--x", "-x"},
+      {"  ksh -x", "  ksh"},  // blanks stay where there is no path
+      {"  /bin/ksh -x", "ksh"},
+      {" -ksh", " -ksh"},
+      {"", "<unknown>"},
+      {" \t ", "<unknown>"},
+      {std::string(300, 'a'), std::string(255, 'a')},  // a command is cut ahead of all else
+      {std::string(253, 'a') + "/bc", "b"},
+      {std::string(255, ' ') + "x", "<unknown>"},
+  };
+  for (const auto& [command, image] : cases) EXPECT_EQ(ImageOfCommand(command), image) << command;
 }
 
 }  // namespace

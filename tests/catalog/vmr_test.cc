@@ -19,29 +19,35 @@ struct Monitor : BuildFixture {
     record.dpcTime = dpc;
     record.interruptTime = interrupt;
   }
-  const std::vector<GraphMenuEntry>& ProcessorRows() {
-    return catalog.RuntimeRow(RowKind::PROCESSORS)->subTable;
-  }
-  ProcessRecord& AddImage(const char* name, float percent, float life) {
+  void AddImage(const char* name, float percent, float life) {
     ProcessRecord& process = AddProcess("", name, 0);
     process.cpuPercent = percent;
     process.elapsedSeconds = life;
-    return process;
+  }
+  const std::vector<GraphMenuEntry>& ProcessorRows() {
+    return catalog.RuntimeRow(RowKind::PROCESSORS)->subTable;
   }
 };
 
 // ---- Processors ----
 
-TEST(VmrProcessors, TheHeadOfTheListIsTheMachine) {
+TEST(VmrProcessors, TheHeadOfTheListIsTheMachineAndEachOtherHasARecordByMode) {
   Monitor monitor;
   monitor.AddLine(0, 10, 5);
-  monitor.AddLine(1, 30, 15);
+  monitor.AddLine(1, 30, 15, 2, 3);
   monitor.AddLine(0, 20, 10, 3, 2);
   monitor.Take(60);
   EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 1), 30.0F);
   EXPECT_THAT(monitor.Values(Graph::CPU_BY_MODE, 1), ElementsAre(20, 5, 3, 2));
   EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-0", "CPU-1"));
   EXPECT_THAT(monitor.Values(Graph::CPU_BY_PROCESSOR, 1), ElementsAre(15, 45));
+  ASSERT_EQ(monitor.ProcessorRows().size(), 2U);
+  for (const GraphMenuEntry& row : monitor.ProcessorRows()) {
+    if (row.record->title != "CPU-1 Utilization by Mode") continue;
+    std::vector<float> values;
+    for (const Series& series : row.record->data.y) values.push_back(PointAt(series, 1));
+    EXPECT_THAT(values, ElementsAre(30, 10, 2, 3));
+  }
 }
 
 TEST(VmrProcessors, AListOfOneHasNoProcessors) {
@@ -53,42 +59,19 @@ TEST(VmrProcessors, AListOfOneHasNoProcessors) {
   EXPECT_TRUE(monitor.ProcessorRows().empty());
 }
 
-TEST(VmrProcessors, ANumberBeyondTheFirstIntervalsCountHasNoSet) {
+TEST(VmrProcessors, ANumberBeyondTheFirstListsCountHasNoSet) {
   Monitor monitor;
-  for (const int cpuId : {7, -1, 0}) monitor.AddLine(cpuId, 10, 0);
+  monitor.Take(-600);  // where one file of a set ends ahead of the span: decides nothing
+  for (const int cpuId : {7, -1, 1, 0}) monitor.AddLine(cpuId, 10, 0);
   monitor.Take(60);
-  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("(none)", "(none)"));
+  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("(none)", "CPU-1", "(none)"));
   monitor.Take(120);  // no lines at all
   EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 2), MISSING_POINT);
 }
 
-TEST(VmrProcessors, AnEmptyIntervalAheadOfTheFirstListDecidesNothing) {
-  Monitor monitor;
-  monitor.Take(-600);  // where one file of a set ends ahead of the span
-  for (const int cpuId : {1, 0, 0}) monitor.AddLine(cpuId, 10, 0);
-  monitor.Take(60);
-  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-0", "CPU-1"));
-}
-
-TEST(VmrProcessors, EachHasARecordByMode) {
-  Monitor monitor;
-  monitor.AddLine(1, 10, 9, 2, 3);
-  monitor.AddLine(0, 0, 0);
-  monitor.Take(60);
-  ASSERT_EQ(monitor.ProcessorRows().size(), 1U);
-  const GraphRecord& record = *monitor.ProcessorRows()[0].record;
-  EXPECT_EQ(record.title, "CPU-1 Utilization by Mode");
-  EXPECT_EQ(record.data.nsets(), 4);
-  std::vector<float> values;
-  for (const Series& series : record.data.y) values.push_back(PointAt(series, 1));
-  EXPECT_THAT(values, ElementsAre(10, 4, 2, 3));
-  EXPECT_EQ(PointAt(record.data.y[0], 2), MISSING_POINT);
-}
-
 TEST(VmrProcessors, The33rdHasNoRecordByMode) {
   Monitor monitor;
-  for (int cpuId = 0; cpuId < 33; ++cpuId) monitor.AddLine(cpuId, 10, 0);
-  monitor.AddLine(0, 10, 0);
+  for (int cpuId = 33; cpuId >= 0; --cpuId) monitor.AddLine(cpuId, 10, 0);
   monitor.Take(60);
   EXPECT_EQ(monitor.ProcessorRows().size(), 32U);
   EXPECT_EQ(monitor.Sets(Graph::CPU_BY_PROCESSOR), 33);
@@ -96,31 +79,24 @@ TEST(VmrProcessors, The33rdHasNoRecordByMode) {
 
 // ---- The collection interval ----
 
-TEST(VmrInterval, IsTheLongestDistanceBetweenTimeStamps) {
+TEST(VmrInterval, IsTheLongestDistanceBetweenTimeStampsUpToTenMinutes) {
+  struct Step {
+    Seconds offset;
+    int minutes;
+    float seconds;
+  };
   Monitor monitor;
   monitor.context.config->intervalSeconds = 90.5F;
-  monitor.Take(60);
-  EXPECT_EQ(monitor.state.intervalMinutes, 1);
-  EXPECT_EQ(monitor.state.intervalSeconds, 90.5F);
-  monitor.Take(60 + 30);
-  EXPECT_EQ(monitor.state.intervalSeconds, 90.0F) << "a whole number from the second interval on";
-  monitor.Take(90 + 240);
-  EXPECT_EQ(monitor.state.intervalMinutes, 4);
-  EXPECT_EQ(monitor.state.intervalSeconds, 240.0F);
-  monitor.Take(330 + 60);
-  EXPECT_EQ(monitor.state.intervalMinutes, 4);
-  monitor.Take(60);
-  EXPECT_EQ(monitor.state.intervalMinutes, 4) << "time went back";
-}
-
-TEST(VmrInterval, IsAtMostTenMinutes) {
-  Monitor monitor;
-  monitor.context.config->intervalSeconds = 900.0F;
-  monitor.Take(60);
-  EXPECT_EQ(monitor.state.intervalMinutes, 10);
-  EXPECT_EQ(monitor.state.intervalSeconds, 600.0F);
-  monitor.Take(3660);
-  EXPECT_EQ(monitor.state.intervalMinutes, 10);
+  for (const Step& step : {Step{60, 1, 90.5F},
+                           {90, 1, 90},  // a whole number from the second interval on
+                           {330, 4, 240},
+                           {390, 4, 240},
+                           {60, 4, 240},  // time went back
+                           {3660, 10, 600}}) {
+    monitor.Take(step.offset);
+    EXPECT_EQ(monitor.state.intervalMinutes, step.minutes) << step.offset;
+    EXPECT_EQ(monitor.state.intervalSeconds, step.seconds) << step.offset;
+  }
 }
 
 TEST(VmrInterval, FifteenMinutesBridgeUpToElevenPoints) {
@@ -147,23 +123,29 @@ TEST(VmrProcesses, SharesAreWeightedByLifeAndAddUpToOverallCpu) {
   monitor.AddImage("", 70, 60);
   monitor.AddLine(0, 30, 20);
   monitor.Take(60);
-  EXPECT_FLOAT_EQ(monitor.Named(NameTree::IMAGES, "long", 1), 20.0F);
-  EXPECT_FLOAT_EQ(monitor.Named(NameTree::IMAGES, "short", 1), 20.0F);
-  EXPECT_FLOAT_EQ(monitor.Named(NameTree::IMAGES, "half", 1), 10.0F);
-  EXPECT_EQ(monitor.Named(NameTree::IMAGES, "Idle", 1), BuildFixture::NOTHING);
+  for (const auto& [name, share] :
+       {std::pair("long", 20.0F), {"short", 20.0F}, {"half", 10.0F}, {"Idle", BuildFixture::NOTHING}}) {
+    EXPECT_FLOAT_EQ(monitor.Image(name, 1), share) << name;
+  }
   EXPECT_FLOAT_EQ(monitor.Value(Graph::PROCESS_COUNT, 0, 1), 1.75F);
   EXPECT_FLOAT_EQ(PointAt(monitor.state.processCpuSum, 1), 50.0F);
   EXPECT_TRUE(monitor.state.trees[NameTree::USERS].names().empty());
-}
-
-TEST(VmrProcesses, ClassesAreNotRescaled) {
-  Monitor monitor;
-  monitor.AddImage("a", 5, 60);
-  monitor.AddLine(0, 30, 20);
-  monitor.Take(60);
   PointStore(monitor.state.processCpuSum, 1, 100.0F);
   FinishGraphs(monitor.state);
-  EXPECT_FLOAT_EQ(monitor.Value(Graph::CLASS_CPU, monitor.ClassPosition("others"), 1), 50.0F);
+  EXPECT_FLOAT_EQ(monitor.Class(Graph::CLASS_CPU, "others", 1), 50.0F) << "classes aren't rescaled";
+}
+
+TEST(VmrProcesses, WithoutWeightSharesAreZeroAndAnIntervalOfNoLengthIsAFloatDivision) {
+  Monitor monitor;
+  monitor.context.config->intervalSeconds = 0.0F;
+  monitor.AddImage("a", 0, 60);
+  monitor.AddLine(0, 30, 20);
+  monitor.Take(60);
+  EXPECT_TRUE(std::isinf(monitor.Value(Graph::PROCESS_COUNT, 0, 1)));
+  monitor.AddImage("b", 0, 60);
+  monitor.AddLine(0, 30, 20);
+  monitor.Take(120);
+  EXPECT_EQ(monitor.Image("b", 2), 0.0F);
 }
 
 }  // namespace
