@@ -248,7 +248,8 @@ int DecodeKernel(Decoding& decoding) {
 template <auto Member>
 void StoreBlocks(FileSystemRecord& fileSystem, const FieldValue& field,
                  const FieldRule<FileSystemRecord>& /*rule*/, Decoding& /*decoding*/) {
-  auto value = ClampTo<int64_t>(static_cast<float>(field.Uint64()));
+  // A number that only an unsigned one could hold is a negative one: what is available can be overdrawn.
+  auto value = ClampTo<int64_t>(static_cast<float>(static_cast<int64_t>(field.Uint64())));
   if (field.divisor >= 1) value /= field.divisor;
   fileSystem.*Member = value;
 }
