@@ -122,12 +122,5 @@ TEST(SeriesDeathTest, TwoGibibytesAreTheLimitOfOneCatalog) {
   EXPECT_EXIT(SeriesRequire(catalog, 2, ALL_VALUES / 2), testing::ExitedWithCode(0), "");
 }
 
-TEST(SeriesDeathTest, ASpanFrom1970OrOfNegativeLengthEndsBeforeAnythingIsMade) {
-  for (const PlatformSpec* platform : ALL_PLATFORMS) {
-    EXPECT_EXIT(BuildFixture(*platform, 1'330'000'000, 0), testing::ExitedWithCode(0), "");
-  }
-  EXPECT_EXIT(BuildFixture(SOLARIS_PLATFORM, -6000), testing::ExitedWithCode(0), "");
-}
-
 }  // namespace
 }  // namespace ozmo

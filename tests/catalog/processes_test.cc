@@ -1,6 +1,5 @@
 #include "catalog/processes.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>

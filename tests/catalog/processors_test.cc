@@ -91,20 +91,5 @@ TEST(Processors, WithAllCountersZeroAProcessorIsIdle) {
   EXPECT_EQ(fixture.state.sums.processorTime, 9.0);
 }
 
-TEST(Processors, ModesAreMeansInTheOrderOfThePlatform) {
-  const auto take = [](BuildFixture&& fixture) {
-    ProcessorRecord& processor = fixture.AddProcessor(0, 20, 30, 35);
-    processor.niceTime = 5;
-    processor.waitTime = 10;
-    fixture.AddProcessor(1, 0, 0, 100);
-    fixture.Take(60);
-    return fixture.Values(Graph::CPU_BY_MODE, 1);
-  };
-  EXPECT_THAT(take(BuildFixture(SOLARIS_PLATFORM)), ElementsAre(10, 15));
-  EXPECT_THAT(take(BuildFixture(LINUX_PLATFORM)), ElementsAre(5, 2.5F, 10, 15));
-  EXPECT_THAT(take(BuildFixture(HPUX_PLATFORM)), ElementsAre(2.5F, 10, 15));
-  EXPECT_THAT(take(BuildFixture(TRU64_PLATFORM)), ElementsAre(2.5F, 10, 15));
-}
-
 }  // namespace
 }  // namespace ozmo

@@ -47,7 +47,7 @@ TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
   }
 }
 
-// ---- Disks and file systems ----
+// ---- Disks ----
 
 struct DiskDay : BuildFixture {
   explicit DiskDay(const PlatformSpec& platform, Seconds span = 3600) : BuildFixture(platform, span) {
@@ -78,57 +78,15 @@ TEST(TopGraphs, ResponseTimesFollowTheOperationsListWithoutRank) {
   EXPECT_THAT(day.Labels(Graph::TOP_DISK_QUEUE), ElementsAre("#0 slow", "#1 twin", "#2 fast", "#3 idle"));
 }
 
-TEST(TopGraphs, WithoutDetailDiskListsHaveNoSetsAtAll) {
-  DiskDay day(HPUX_PLATFORM, 172801);
-  for (const Graph graph : {Graph::TOP_DISK_OPERATIONS, Graph::TOP_DISK_DATA, Graph::TOP_DISK_QUEUE,
-                            Graph::TOP_DISK_RESPONSE, Graph::TOP_FILE_SYSTEMS}) {
-    EXPECT_EQ(day.Sets(graph), 0);
-  }
-  EXPECT_EQ(day.Value(Graph::DISK_OPERATIONS, 0, 1), 70.0F) << "the overall rates stay";
-}
-
-TEST(TopGraphs, FileSystemsRankFromOneAndSetTheTopOfTheAxis) {
-  BuildFixture fixture(AIX_PLATFORM);
-  for (const char* mount : {"/", "/usr"}) {
-    FileSystemRecord& record = fixture.context.fileSystems.primary.Push();
-    record.mountName = mount;
-    record.deviceName = "/dev/hd";
-    record.totalBlocks = 100;
-    record.freeBlocks = record.availableBlocks = 25;
-  }
+TEST(TopGraphsVmr, WithoutImagesOthersAreOverallCpuLessDpcAndInterrupts) {
+  BuildFixture fixture(VMR_PLATFORM);
+  ProcessorRecord& machine = fixture.AddProcessor(0, 30, 20, 0);
+  machine.dpcTime = 4;
+  machine.interruptTime = 6;
   fixture.Take(60);
   FinishGraphs(fixture.state);
-  EXPECT_THAT(fixture.Labels(Graph::TOP_FILE_SYSTEMS),
-              ElementsAre("#1 /usr (on /dev/hd)", "#2 / (on /dev/hd)"));
-  EXPECT_EQ(fixture.Record(Graph::TOP_FILE_SYSTEMS).yMax, 200.0F);
-}
-
-// ---- Monitor text files ----
-
-TEST(TopGraphsVmr, DpcAndInterruptsAreASetOfTheirOwn) {
-  for (const bool images : {true, false}) {
-    BuildFixture fixture(VMR_PLATFORM);
-    ProcessorRecord& machine = fixture.AddProcessor(0, 30, 20, 0);
-    machine.dpcTime = 4;
-    machine.interruptTime = 6;
-    for (const auto& [name, percent] : {std::pair("a", 30.0F), {"b", 10.0F}}) {
-      if (!images) continue;
-      ProcessRecord& process = fixture.AddProcess("", name, 0);
-      process.cpuPercent = percent;
-      process.elapsedSeconds = 60;
-    }
-    fixture.Take(60);
-    FinishGraphs(fixture.state);
-    const std::vector<float> shares = fixture.Values(Graph::TOP_IMAGES, 1);
-    if (images) {
-      EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES),
-                  ElementsAre("#1  a", "#2  b", "Others", "DPC+Interrupt"));
-      EXPECT_THAT(shares, ElementsAre(37.5F, 12.5F, 0, 10)) << "the shares take all of overall CPU";
-    } else {
-      EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others", "DPC+Interrupt"));
-      EXPECT_THAT(shares, ElementsAre(40, 10));
-    }
-  }
+  EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others", "DPC+Interrupt"));
+  EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(40, 10));
 }
 
 }  // namespace

@@ -31,25 +31,6 @@ struct Monitor : BuildFixture {
 
 // ---- Processors ----
 
-TEST(VmrProcessors, TheHeadOfTheListIsTheMachineAndEachOtherHasARecordByMode) {
-  Monitor monitor;
-  monitor.AddLine(0, 10, 5);
-  monitor.AddLine(1, 30, 15, 2, 3);
-  monitor.AddLine(0, 20, 10, 3, 2);
-  monitor.Take(60);
-  EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 1), 30.0F);
-  EXPECT_THAT(monitor.Values(Graph::CPU_BY_MODE, 1), ElementsAre(20, 5, 3, 2));
-  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-0", "CPU-1"));
-  EXPECT_THAT(monitor.Values(Graph::CPU_BY_PROCESSOR, 1), ElementsAre(15, 45));
-  ASSERT_EQ(monitor.ProcessorRows().size(), 2U);
-  for (const GraphMenuEntry& row : monitor.ProcessorRows()) {
-    if (row.record->title != "CPU-1 Utilization by Mode") continue;
-    std::vector<float> values;
-    for (const Series& series : row.record->data.y) values.push_back(PointAt(series, 1));
-    EXPECT_THAT(values, ElementsAre(30, 10, 2, 3));
-  }
-}
-
 TEST(VmrProcessors, AListOfOneHasNoProcessors) {
   Monitor monitor;
   monitor.AddLine(0, 20, 10);
