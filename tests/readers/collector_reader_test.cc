@@ -63,7 +63,7 @@ CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config 
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer, config);
   for (size_t i = 0; i < times.size(); ++i) {
-    WriteTime(writer, times[i]);
+    WriteSolarisTime(writer, times[i]);
     WriteProcessor(writer, 0, static_cast<int64_t>(i + 1));
   }
   return writer;
@@ -78,7 +78,7 @@ TEST_F(CollectorReaderTest, EntryPassFindsNodeAndFirstTimeInTheReadersZone) {
 TEST_F(CollectorReaderTest, EntryPassNeedsConfigurationAheadOfTime) {
   CollectorWriter late(sample::ByteOrder::BIG);
   WriteSolarisLists(late);
-  WriteTime(late, NOON);
+  WriteSolarisTime(late, NOON);
   WriteSolarisConfig(late);
   EXPECT_EQ(Enter(Write(late)), 0);
   EXPECT_EQ(Enter(Write(CollectorWriter(sample::ByteOrder::BIG))), 0);  // no records at all
@@ -91,7 +91,7 @@ TEST_F(CollectorReaderTest, LeadingBlockIsSteppedOver) {
   writer.LeadingBlock("any words\n");
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer);
-  WriteTime(writer, NOON);
+  WriteSolarisTime(writer, NOON);
   EXPECT_EQ(Enter(Write(writer)), 1);
   CollectorWriter endless(sample::ByteOrder::BIG);
   endless.RawBytes("-----BEGIN BLOCK-----\nnever ends\n");
@@ -151,12 +151,12 @@ TEST_F(CollectorReaderTest, UnknownTypeEndsTheIntervalAndTheWalkGoesOnBehindIt) 
   CollectorWriter writer(sample::ByteOrder::BIG);
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer);
-  WriteTime(writer, NOON - 60);
-  WriteTime(writer, NOON);
+  WriteSolarisTime(writer, NOON - 60);
+  WriteSolarisTime(writer, NOON);
   WriteProcessor(writer, 0, 1);
   writer.Record(77, {Int32(0)});
   WriteProcessor(writer, 1, 2);
-  WriteTime(writer, NOON + 600);
+  WriteSolarisTime(writer, NOON + 600);
   ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
   EXPECT_EQ(NextUserTimes(), (Times{1}));
   EXPECT_EQ(NextUserTimes(), (Times{2}));
@@ -176,8 +176,8 @@ TEST_F(CollectorReaderTest, BrokenRecordsEndThePassAndWhatWasReadStands) {
     CollectorWriter writer(sample::ByteOrder::BIG);
     WriteSolarisLists(writer);
     WriteSolarisConfig(writer);
-    WriteTime(writer, NOON - 60);
-    WriteTime(writer, NOON);
+    WriteSolarisTime(writer, NOON - 60);
+    WriteSolarisTime(writer, NOON);
     WriteProcessor(writer, 0, 1);
     return writer;
   };
@@ -212,8 +212,8 @@ TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {
   WriteSolarisLists(writer);
   writer.DivisorList(6, {1, 10, 0});
   WriteSolarisConfig(writer);
-  WriteTime(writer, NOON - 60);
-  WriteTime(writer, NOON);
+  WriteSolarisTime(writer, NOON - 60);
+  WriteSolarisTime(writer, NOON);
   writer.Record(6, {Int32(0), Int64(50), Int64(50), Int64(50), Int64(50)});
   ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
   NextUserTimes();
@@ -228,8 +228,8 @@ TEST_F(CollectorReaderTest, FieldsOutsideTheTableTakeNoBytes) {
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer);
   writer.OrderList(6, {9999, 601, 605});
-  WriteTime(writer, NOON - 60);
-  WriteTime(writer, NOON);
+  WriteSolarisTime(writer, NOON - 60);
+  WriteSolarisTime(writer, NOON);
   writer.Record(6, {Int32(3), Int64(8)});
   ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
   EXPECT_EQ(NextUserTimes(), (Times{8}));
@@ -295,8 +295,8 @@ TEST(ByteOrderTest, BothOrdersDeliverTheSame) {
     CollectorWriter writer(little ? sample::ByteOrder::LITTLE : sample::ByteOrder::BIG);
     WriteSolarisLists(writer);
     WriteSolarisConfig(writer);
-    WriteTime(writer, NOON - 60);
-    WriteTime(writer, NOON);
+    WriteSolarisTime(writer, NOON - 60);
+    WriteSolarisTime(writer, NOON);
     WriteProcessor(writer, 5, 0x100000002);
     const std::string path = directory / (std::string(little ? "qtxsx" : "qtxs") + "_node_2012Feb22.dat_1");
     ASSERT_TRUE(writer.WriteFile(path));

@@ -15,17 +15,13 @@ class HpuxReaderTest : public OneIntervalTest {
 
   void WriteTime(Seconds time) override { writer_.Record(6, {wide_ ? Int64(time) : Int32(time)}); }
 
-  void WriteConfig(const std::string& version, int64_t interval = 60) {
+  void Begin(const std::string& version) override {
     writer_.OrderList(6, {601}).DivisorList(6, {1});
     writer_.OrderList(5, {503, 505, 507, 501, 508, 511, 514}).DivisorList(5, {4, 1, 1, 1, 1, 1, 1});
     writer_.Record(5, {Int64(BEYOND_32_BITS), Text("five"), Text("node"), Text(version), Int32(0),
-                       Text("eleven"), Int32(interval)});
+                       Text("eleven"), Int32(configuredInterval_)});
     wide_ = version.find("_64") != version.npos;
-  }
-
-  void Begin(const std::string& version = "P730", int64_t interval = 60) {
-    WriteConfig(version, interval);
-    WriteSamples(60);
+    WriteSamples();
   }
 
   bool wide_ = false;
@@ -45,29 +41,35 @@ TEST_F(HpuxReaderTest, FileWithoutVersionIsUnsupported) {
 }
 
 TEST_F(HpuxReaderTest, WideVersionsHaveWideStampsAndCounters) {
-  writer_.OrderList(3, {301, 306});
-  Begin("P300_64");
-  writer_.Record(3, {Int64(BEYOND_32_BITS), Int64(60 * BEYOND_32_BITS)});
-  const MemoryRecord& memory = *Deliver().memory.primary;
-  EXPECT_EQ(memory.freeKb, 4294967296.0);
-  EXPECT_EQ(memory.pageInRate, 4294967296.0F);
+  const VmrContext& context =
+      DeliverRecord("P300_64", 3, {301, 306}, {Int64(BEYOND_32_BITS), Int64(60 * BEYOND_32_BITS)});
+  const MemoryRecord& memory = *context.memory.primary;
+  EXPECT_EQ(Figures(memory.freeKb, memory.pageInRate), Figures(BEYOND_32_BITS, BEYOND_32_BITS));
 }
 
-TEST_F(HpuxReaderTest, PageSizeComesWithTheMemoryRecord) {
+TEST_F(HpuxReaderTest, NarrowCountersAreSigned) {
+  EXPECT_EQ(DeliverRecord("my540build", 3, {306}, {Int32(-60)}).memory.primary->pageInRate, -1.0F);
+}
+
+TEST_F(HpuxReaderTest, ConfigurationTextsDontOverlapAndPageSizeComesWithTheMemoryRecord) {
   writer_.OrderList(3, {305, 322, 313, 302}).OrderList(4, {408}).DivisorList(4, {2});
-  Begin();
+  Begin("P730");
   writer_.Record(3, {Int32(8192), Int32(77), Int32(60), Int32(1)});
   writer_.Record(4, {Int32(6)});
   const VmrContext& context = Deliver();
-  EXPECT_EQ(context.config->pageSize, 8192);
-  EXPECT_EQ(context.memory.primary->pageRate311(), 77.0F);
-  EXPECT_EQ(context.memory.primary->pageRate307, 1.0F);
+  const SystemConfig& config = *context.config;
+  EXPECT_EQ(config.configText[5] + config.configText[11] + config.configNode, "fiveelevennode");
+  // The memory is a wide field in a narrow version, in quarters of a kilobyte.
+  EXPECT_EQ(Figures(config.memoryMb, config.pageSize), Figures(1048576, 8192));
+  EXPECT_EQ(Figures(context.memory.primary->pageRate311(), context.memory.primary->pageRate307),
+            Figures(77, 1));
   EXPECT_EQ(context.processes.primary.head().sizeResident, 3 * 8192);
 }
 
 TEST_F(HpuxReaderTest, RepeatedTimeStampTakesTheConfiguredInterval) {
+  configuredInterval_ = 20;
   writer_.OrderList(3, {306});
-  Begin("P730", 20);
+  Begin("P730");
   WriteTime(NOON);
   writer_.Record(3, {Int32(60)});
   EXPECT_EQ(Deliver().memory.primary->pageInRate, 3.0F);
@@ -76,156 +78,147 @@ TEST_F(HpuxReaderTest, RepeatedTimeStampTakesTheConfiguredInterval) {
 // --- Processors ---
 
 TEST_F(HpuxReaderTest, ProcessorTicksBecomeFractionsOfTheInterval) {
-  writer_.OrderList(8, {801, 802, 803, 804, 805, 812}).DivisorList(8, {1, 1, 1, 1, 2, 1});
-  Begin();
-  writer_.Record(8, {Int32(3), Int32(600), Int32(3000), Int32(1200), Int32(2400), Int32(100)});
-  const ProcessorRecord& cpu = Deliver().processors.primary.head();
-  EXPECT_EQ(cpu.cpuId, 3);
-  EXPECT_EQ(cpu.idleTime, 0.1);
-  EXPECT_EQ(cpu.userTime, 0.5);
-  EXPECT_EQ(cpu.waitTime, 0.2);
-  EXPECT_EQ(cpu.systemTime, 0.2);
+  const VmrContext& context = DeliverRecord(
+      "P730", 8, {801, 802, 803, 804, 805, 812},
+      {Int32(3), Int32(600), Int32(3000), Int32(1200), Int32(2400), Int32(100)}, {1, 1, 1, 1, 2, 1});
+  const ProcessorRecord& cpu = context.processors.primary.head();
+  EXPECT_EQ(Figures(cpu.cpuId, cpu.idleTime, cpu.userTime, cpu.waitTime, cpu.systemTime),
+            Figures(3, 0.1, 0.5, 0.2, 0.2));
 }
 
 TEST_F(HpuxReaderTest, ProcessorWithoutTicksPerSecondDividesByZero) {
-  writer_.OrderList(8, {801, 803});
-  Begin();
-  writer_.Record(8, {Int32(0), Int32(5)});
-  const ProcessorRecord& cpu = Deliver().processors.primary.head();
+  const VmrContext& context = DeliverRecord("P730", 8, {801, 803}, {Int32(0), Int32(5)});
+  const ProcessorRecord& cpu = context.processors.primary.head();
   EXPECT_TRUE(std::isinf(cpu.userTime));
   EXPECT_TRUE(std::isnan(cpu.idleTime));
 }
 
+TEST_F(HpuxReaderTest, TicksPerSecondAloneAreNoProcessor) {
+  EXPECT_TRUE(DeliverRecord("P730", 8, {812, 806}, {Int32(100), Int32(1)}).processors.primary.empty());
+}
+
 TEST_F(HpuxReaderTest, TwinProcessorsKeepTheirTicksAndShareTheList) {
   writer_.OrderList(8, {803, 812});
-  Begin();
+  Begin("P730");
   writer_.Record(23, {Int32(3000), Int32(100)});
-  const VmrContext& context = Deliver();
-  EXPECT_TRUE(context.processors.primary.empty());
-  EXPECT_EQ(context.processors.twin.head().userTime, 3000.0);
+  const auto& processors = Deliver().processors;
+  EXPECT_TRUE(processors.primary.empty());
+  EXPECT_EQ(processors.twin.head().userTime, 3000.0);
 }
 
-TEST_F(HpuxReaderTest, DivisorOfNiceTimeLandsOnWaitTime) {
-  writer_.OrderList(1, {105, 104}).DivisorList(1, {2, 3});
-  Begin("V530");
-  writer_.Record(1, {Int32(120), Int32(360)});
-  const ProcessorRecord& cpu = Deliver().overallCpu.primary.head();
-  EXPECT_EQ(cpu.niceTime, 2.0);
-  EXPECT_EQ(cpu.waitTime, 1.0);  // 6 per second, by 3 and by 2
-}
-
+// The divisor of nice time lands on wait time: 6 per second, by 3 and by 2. V520 shares the table of V525.
 TEST_F(HpuxReaderTest, OnlyOldVersionsHaveNiceTime) {
-  writer_.OrderList(1, {105}).DivisorList(1, {2});
-  Begin("P720");
-  writer_.Record(1, {Int32(120)});
-  const VmrContext& context = Deliver();
-  ASSERT_EQ(context.overallCpu.primary.size(), 1U);  // the field counts all the same
-  EXPECT_EQ(context.overallCpu.primary.head().niceTime, 0.0);
-}
-
-TEST_F(HpuxReaderTest, V520HasNoNiceTimeThoughItSharesTheTableOfV525) {
-  writer_.OrderList(1, {105});
-  Begin("V520");
-  writer_.Record(1, {Int32(120)});
-  EXPECT_EQ(Deliver().overallCpu.primary.head().niceTime, 0.0);
+  const struct {
+    const char* version;
+    double nice;
+    double wait;
+  } cases[] = {{"V530", 2, 1}, {"V525", 2, 1}, {"V520", 0, 2}, {"P720", 0, 2}};
+  for (const auto& wanted : cases) {
+    SCOPED_TRACE(wanted.version);
+    StartOver();
+    const VmrContext& context =
+        DeliverRecord(wanted.version, 1, {105, 104}, {Int32(120), Int32(360)}, {2, 3});
+    const ProcessorRecord& cpu = context.overallCpu.primary.head();
+    EXPECT_EQ(Figures(cpu.niceTime, cpu.waitTime), Figures(wanted.nice, wanted.wait));
+  }
 }
 
 // --- Disks ---
 
-class HpuxDiskTest : public HpuxReaderTest {
- protected:
-  // A disk with 10 transfers a second, a tenth of the time busy, and the transfers' whole time.
-  const DiskRecord& DeliverDisk(const std::string& version, int64_t milliseconds, int64_t transfers = 600) {
-    writer_.OrderList(2, {201, 202, 203, 204, 206, 207, 208});
-    Begin(version);
-    writer_.Record(2, {Text("c0t0d0"), Int32(600), Int32(120), Int32(transfers), Int64(milliseconds * 1000),
-                       Int32(99), Int32(600)});
-    return Deliver().disks.primary.head();
+// A disk with 10 transfers a second, a tenth of the time busy, and the transfers' whole time. Wait is what
+// service leaves of the response, which is not below service; old versions have no times.
+TEST_F(HpuxReaderTest, DiskTimesComeFromBusyTimeAndTransfers) {
+  const struct {
+    const char* version;
+    int64_t milliseconds;
+    int64_t transfers;
+    Figures times;  // busy fraction, service, response, wait, queue
+  } cases[] = {{"P730", 9000, 600, Figures(0.1F, 10, 15, 5, 0.15F)},
+               {"P730", 600, 600, Figures(0.1F, 10, 10, 0, 0.1F)},
+               {"P730", 9000, 0, Figures(0, 0, 0, 0, 0)},
+               {"P300", 0, 600, Figures(0, 0, 0, 0, 0)},
+               {"V525", 9000, 600, Figures(0, 0, 0, 0, 0)}};
+  for (const auto& wanted : cases) {
+    SCOPED_TRACE(wanted.version);
+    StartOver();
+    const VmrContext& context =
+        DeliverRecord(wanted.version, 2, {201, 202, 203, 204, 206, 207, 208},
+                      {Text("c0t0d0"), Int32(600), Int32(120), Int32(wanted.transfers),
+                       Int64(wanted.milliseconds * 1000), Int32(99), Int32(600)});
+    const DiskRecord& disk = context.disks.primary.head();
+    EXPECT_EQ(
+        Figures(disk.busyFraction, disk.servicePerIo, disk.responsePerIo, disk.waitPerIo, disk.queueLength),
+        wanted.times);
+    EXPECT_EQ(Figures(disk.ioRate, disk.totalBytesRate), Figures(10, 128));
   }
-};
-
-TEST_F(HpuxDiskTest, WaitIsWhatServiceLeavesOfTheResponse) {
-  const DiskRecord& disk = DeliverDisk("P300", 0);
-  EXPECT_EQ(disk.ioRate, 10.0F);
-  EXPECT_EQ(disk.totalBytesRate, 128.0F);
-  EXPECT_EQ(disk.servicePerIo, 0.0F);  // old figures
-}
-
-TEST_F(HpuxDiskTest, TimesComeFromBusyTimeAndTransfers) {
-  const DiskRecord& disk = DeliverDisk("P730", 9000);
-  EXPECT_FLOAT_EQ(disk.busyFraction, 0.1F);
-  EXPECT_FLOAT_EQ(disk.servicePerIo, 10.0F);
-  EXPECT_FLOAT_EQ(disk.responsePerIo, 15.0F);
-  EXPECT_FLOAT_EQ(disk.waitPerIo, 5.0F);
-  EXPECT_FLOAT_EQ(disk.queueLength, 0.15F);
-}
-
-TEST_F(HpuxDiskTest, DiskWithoutTransfersHasNoTimes) {
-  const DiskRecord& disk = DeliverDisk("P730", 9000, 0);
-  EXPECT_EQ(disk.busyFraction, 0.0F);
-  EXPECT_EQ(disk.servicePerIo, 0.0F);
-  EXPECT_EQ(disk.queueLength, 0.0F);
-}
-
-TEST_F(HpuxDiskTest, OldVersionsHaveNoTimes) {
-  const DiskRecord& disk = DeliverDisk("V525", 9000);
-  EXPECT_EQ(disk.ioRate, 10.0F);
-  EXPECT_EQ(disk.busyFraction, 0.0F);
-  EXPECT_EQ(disk.waitPerIo, 0.0F);
 }
 
 // --- Processes ---
 
+TEST_F(HpuxReaderTest, ProcessFiguresAreDividedAndNotBelowZero) {
+  const VmrContext& context = DeliverRecord(
+      "P730", 4, {404, 406, 407, 412, 413, 414, 415, 417},
+      {Int32(-5), Int32(250), Int32(-250), Int32(1), Int32(2), Int32(3), Int32(600), Text("swapper")},
+      {1, 100, 100, 1, 1, 1, 10, 1});
+  const ProcessRecord& process = context.processes.primary.head();
+  EXPECT_EQ(process.idText + process.name, "-5swapper");
+  EXPECT_EQ(Figures(process.userCpuSeconds, process.systemCpuSeconds, process.elapsedSeconds),
+            Figures(2.5, 0, 60));
+  EXPECT_EQ(Figures(process.values[1], process.values[2]),
+            Figures(3, 2));  // fields 413 and 414 change places
+}
+
 // --- Protocol counters ---
 
-class HpuxCountersTest : public HpuxReaderTest {
- protected:
-  void WriteLists() {
+// The first part leaves a gap. Each part takes the place of the other; the twin of the second doesn't.
+TEST_F(HpuxReaderTest, LaterPartOfTheCountersTakesThePlaceOfTheEarlier) {
+  const std::vector<uint32_t> orders[] = {{7}, {7, 11}, {11, 7}, {7, 22}};
+  for (const auto& types : orders) {
+    SCOPED_TRACE(::testing::PrintToString(types));
+    StartOver();
     writer_.OrderList(7, {701, 753, 755, 764}).OrderList(11, {1001, 1002, 1045, 1048, 1084, 1086, 1100});
+    Begin("P730");
+    for (const uint32_t type : types) {
+      std::vector<EncodedField> fields{Int32(60), Int32(type == 7 ? 60 : 7), Int32(120), Int32(180)};
+      if (type != 7) fields.insert(fields.end(), {Int32(240), Int32(300), Int32(360)});
+      writer_.Record(type, fields);
+    }
+    const auto& kernel = Deliver().kernel;
+    const auto& all = kernel.primary->counters;
+    const bool first = types.back() != 11;
+    EXPECT_EQ(kernel.primary->hasFirstPart, first);
+    EXPECT_EQ(Figures(all[0], all[52], all[54], all[63]), first ? Figures(1, 0, 2, 3) : Figures(0, 0, 0, 0));
+    // Element 68 is a level.
+    EXPECT_EQ(Figures(all[67], all[68], all[115], all[116], all[172], all[154], all[171]),
+              first ? Figures(0, 0, 0, 0, 0, 0, 0) : Figures(1, 7, 2, 3, 4, 5, 6));
+    EXPECT_EQ(types.back() == 22, kernel.twin.has_value() && kernel.twin->counters[67] == 1.0F);
   }
-  void WriteFirstPart() { writer_.Record(7, {Int32(60), Int32(60), Int32(120), Int32(180)}); }
-  void WriteSecondPart(uint32_t type = 11) {
-    writer_.Record(type, {Int32(60), Int32(7), Int32(120), Int32(180), Int32(240), Int32(300), Int32(360)});
-  }
-};
-
-TEST_F(HpuxCountersTest, SecondPartTakesThePlaceOfTheFirst) {
-  WriteLists();
-  Begin();
-  WriteFirstPart();
-  WriteSecondPart();
-  const KernelCounters& kernel = *Deliver().kernel.primary;
-  EXPECT_FALSE(kernel.hasFirstPart);
-  EXPECT_EQ(kernel.counters[0], 0.0F);
-  EXPECT_EQ(kernel.counters[67], 1.0F);
-  EXPECT_EQ(kernel.counters[68], 7.0F);  // a level
-  EXPECT_EQ(kernel.counters[115], 2.0F);
-  EXPECT_EQ(kernel.counters[116], 3.0F);
-  EXPECT_EQ(kernel.counters[172], 4.0F);
-  EXPECT_EQ(kernel.counters[154], 5.0F);
-  EXPECT_EQ(kernel.counters[171], 6.0F);
 }
 
 // --- File systems and adapters ---
 
+TEST_F(HpuxReaderTest, FileSystemNamesItsDeviceFirst) {
+  const VmrContext& context = DeliverRecord(
+      "V530", 9, {901, 902, 904, 905}, {Text("/dev/vg00"), Text("/"), Int32(87), Int32(5)}, {1, 1, 8, 1});
+  const FileSystemRecord& fileSystem = context.fileSystems.primary.head();
+  EXPECT_EQ(fileSystem.deviceName + " " + fileSystem.mountName, "/dev/vg00 /");
+  EXPECT_EQ(Figures(fileSystem.totalBlocks, fileSystem.freeBlocks), Figures(10, 5));
+}
+
 TEST_F(HpuxReaderTest, AdapterErrorsAreDividedTwice) {
-  writer_.OrderList(15, {1501, 1503, 1504, 1507}).DivisorList(15, {1, 2, 2, 2});
-  Begin();
-  writer_.Record(15, {Text("lan0"), Int64(240), Int64(240), Int64(240)});
-  const LanRecord& adapter = Deliver().lans.primary.head();
-  EXPECT_EQ(adapter.bytesInRate, 2.0F);
-  EXPECT_EQ(adapter.errorsInRate, 1.0F);
-  EXPECT_EQ(adapter.errorsOutRate, 2.0F);
+  const VmrContext& context = DeliverRecord("P730", 15, {1501, 1503, 1504, 1507},
+                                            {Text("lan0"), Int64(240), Int64(240), Int64(240)}, {1, 2, 2, 2});
+  const LanRecord& adapter = context.lans.primary.head();
+  EXPECT_EQ(Figures(adapter.bytesInRate, adapter.errorsInRate, adapter.errorsOutRate), Figures(2, 1, 2));
 }
 
 TEST_F(HpuxReaderTest, AdapterErrorsWithDivisorZeroAreUndefined) {
   writer_.OrderList(15, {1501, 1504}).DivisorList(15, {0, 0});
-  Begin();
-  writer_.Record(15, {Text("lan0"), Int64(60)});
-  writer_.Record(15, {Text("lan1"), Int64(0)});
-  const VmrContext& context = Deliver();
-  EXPECT_TRUE(std::isnan(context.lans.primary.head().errorsInRate));
-  EXPECT_TRUE(std::isinf(std::next(context.lans.primary.begin())->errorsInRate));
+  Begin("P730");
+  writer_.Record(15, {Text("lan0"), Int64(60)}).Record(15, {Text("lan1"), Int64(0)});
+  const auto& adapters = Deliver().lans.primary;
+  EXPECT_TRUE(std::isnan(adapters.head().errorsInRate));
+  EXPECT_TRUE(std::isinf(std::next(adapters.begin())->errorsInRate));
 }
 
 }  // namespace

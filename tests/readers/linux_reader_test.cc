@@ -14,22 +14,12 @@ class LinuxReaderTest : public OneIntervalTest {
 
   void WriteTime(Seconds time) override { writer_.Record(9, {wide_ ? Int64(time) : Int32(time)}); }
 
-  void WriteConfig(const std::string& version) {
+  void Begin(const std::string& version) override {
     writer_.OrderList(9, {901}).DivisorList(9, {1});
     writer_.OrderList(5, {504, 505, 507, 513}).DivisorList(5, {1, 1, 1, 1});
     writer_.Record(5, {Text("node"), Text(version), Int32(0), Int32(60)});
     wide_ = version.find("_64") != version.npos;
-  }
-
-  void Begin(const std::string& version, Seconds step = 60) {
-    WriteConfig(version);
-    WriteSamples(step);
-  }
-
-  // Version text and tag of one mind: the newer processor decoders.
-  void BeginNewer(const std::string& version = "P730_64") {
-    writer_.Tag("collector " + version);
-    Begin(version);
+    WriteSamples();
   }
 
   bool wide_ = false;
@@ -37,23 +27,20 @@ class LinuxReaderTest : public OneIntervalTest {
 
 // --- Two version marks ---
 
+// Version text and tag of one mind: the newer processor decoders, which tell seconds per second.
 TEST_F(LinuxReaderTest, NewerProcessorFiguresAreSecondsPerSecond) {
   writer_.OrderList(8, {801, 802, 803, 806, 807}).DivisorList(8, {1, 1, 2, 1, 1});
-  writer_.OrderList(1, {101, 105, 106, 107, 109});
-  BeginNewer();
+  writer_.OrderList(1, {101, 105, 106, 107, 109}).Tag("collector P730_64");
+  Begin("P730_64");
   writer_.Record(8, {Int32(3), Int64(3000), Int64(3000), Int64(250), Int64(600)});
   writer_.Record(1, {Int64(3000), Int64(600), Int64(60), Int64(120), Int64(700)});
   const VmrContext& context = Deliver();
   const ProcessorRecord& cpu = context.processors.primary.head();
-  EXPECT_EQ(cpu.cpuId, 3);
-  EXPECT_DOUBLE_EQ(cpu.userTime, 0.5);  // whatever field 806 says
-  EXPECT_DOUBLE_EQ(cpu.niceTime, 0.25);
-  EXPECT_DOUBLE_EQ(cpu.waitTime, 0.1);
+  // Whatever field 806 says.
+  EXPECT_EQ(Figures(cpu.cpuId, cpu.userTime, cpu.niceTime, cpu.waitTime), Figures(3, 0.5, 0.25, 0.1));
   const ProcessorRecord& overall = context.overallCpu.primary.head();
-  EXPECT_DOUBLE_EQ(overall.userTime, 0.5);
-  EXPECT_DOUBLE_EQ(overall.eventRateSum, 3.0);
-  EXPECT_DOUBLE_EQ(overall.extraSecondsA, 7.0);
-  EXPECT_DOUBLE_EQ(overall.extraSecondsB, 7.0);
+  EXPECT_EQ(Figures(overall.userTime, overall.eventRateSum, overall.extraSecondsA, overall.extraSecondsB),
+            Figures(0.5, 3, 7, 7));
 }
 
 TEST_F(LinuxReaderTest, FileWithoutTagHasOldProcessorFigures) {
@@ -62,27 +49,34 @@ TEST_F(LinuxReaderTest, FileWithoutTagHasOldProcessorFigures) {
   writer_.Record(8, {Int32(0), Int64(3000), Int64(600)});
   writer_.Record(1, {Int64(3000), Int64(600)});
   const VmrContext& context = Deliver();
-  EXPECT_DOUBLE_EQ(context.processors.primary.head().userTime, 0.5);
-  EXPECT_EQ(context.processors.primary.head().waitTime, 0.0);
-  EXPECT_DOUBLE_EQ(context.overallCpu.primary.head().userTime, 50.0);  // ticks per second
-  EXPECT_EQ(context.overallCpu.primary.head().waitTime, 0.0);
+  const ProcessorRecord& cpu = context.processors.primary.head();
+  const ProcessorRecord& overall = context.overallCpu.primary.head();
+  EXPECT_EQ(Figures(cpu.userTime, cpu.waitTime, overall.userTime, overall.waitTime),
+            Figures(0.5, 0, 50, 0));  // the machine as a whole in ticks per second
 }
 
 TEST_F(LinuxReaderTest, NewerDecodersOnTheOldestTable) {
-  writer_.OrderList(8, {801, 802});
   writer_.Tag("P730");
-  Begin("P300");
-  writer_.Record(8, {Int32(0), Int32(3000)});
-  EXPECT_DOUBLE_EQ(Deliver().processors.primary.head().userTime, 0.5);
+  const VmrContext& context = DeliverRecord("P300", 8, {801, 802}, {Int32(0), Int32(3000)});
+  EXPECT_EQ(context.processors.primary.head().userTime, 0.5);
+}
+
+TEST_F(LinuxReaderTest, TwinProcessorsKnowNoIntervalButToTheOlderDecoder) {
+  for (const bool newer : {true, false}) {
+    StartOver();
+    writer_.OrderList(8, {801, 802});
+    if (newer) writer_.Tag("collector P730_64");
+    Begin("P730_64");
+    writer_.Record(23, {Int32(0), Int64(3000)});
+    EXPECT_EQ(Deliver().processors.twin.head().userTime, newer ? 30.0 : 0.5);
+  }
 }
 
 TEST_F(LinuxReaderTest, EmptyTwinProcessorCostsTheBaseItsHead) {
   writer_.OrderList(8, {801});
   Begin("P730");
-  writer_.Record(8, {Int32(0)});
-  writer_.Record(8, {Int32(1)});
-  writer_.OrderList(23, {807});  // no field that the older decoder knows
-  writer_.Record(23, {Int64(1)});
+  writer_.Record(8, {Int32(0)}).Record(8, {Int32(1)});
+  writer_.OrderList(23, {807}).Record(23, {Int64(1)});  // no field that the older decoder knows
   const auto& processors = Deliver().processors.primary;
   ASSERT_EQ(processors.size(), 1U);
   EXPECT_EQ(processors.head().cpuId, 0);
@@ -91,22 +85,17 @@ TEST_F(LinuxReaderTest, EmptyTwinProcessorCostsTheBaseItsHead) {
 // --- Version texts ---
 
 TEST_F(LinuxReaderTest, VersionTextsThatHoldMore) {
-  writer_.OrderList(3, {302});
-  Begin("P730_64 build 7");
-  writer_.Record(3, {Int64(int64_t{1} << 33)});
-  EXPECT_EQ(Deliver().memory.primary->freeKb, 8589934592.0);
+  const VmrContext& context = DeliverRecord("P730_64 build 7", 3, {302}, {Int64(int64_t{1} << 33)});
+  EXPECT_EQ(context.memory.primary->freeKb, 8589934592.0);
 }
 
 TEST_F(LinuxReaderTest, VersionWith540IsTheOldestAndNarrow) {
-  writer_.OrderList(2, {201, 202});
-  writer_.OrderList(3, {302});
+  writer_.OrderList(2, {201, 202}).OrderList(3, {302});
   Begin("v1.540-b");
-  writer_.Record(2, {Text("sda"), Int32(120), Int32(60), Int32(-60), Int32(0)});
-  writer_.Record(3, {Int32(-5)});
+  writer_.Record(2, {Text("sda"), Int32(120), Int32(60), Int32(-60), Int32(0)}).Record(3, {Int32(-5)});
   const VmrContext& context = Deliver();
-  EXPECT_FLOAT_EQ(context.disks.primary.head().ioRate, 3.0F);
-  EXPECT_FLOAT_EQ(context.disks.primary.head().totalBytesRate, -1.0F);
-  EXPECT_EQ(context.memory.primary->freeKb, -5.0);
+  const DiskRecord& disk = context.disks.primary.head();
+  EXPECT_EQ(Figures(disk.ioRate, disk.totalBytesRate, context.memory.primary->freeKb), Figures(3, -1, -5));
 }
 
 TEST_F(LinuxReaderTest, UnknownVersionEndsTheProcess) {
@@ -138,38 +127,27 @@ TEST_F(LinuxReaderTest, DiskStandsInTableOrderWhateverItsListSays) {
                      Int64(900), Int64(1), Int64(30'000), Int64(90'000)});
   const DiskRecord& disk = Deliver().disks.primary.head();
   EXPECT_EQ(disk.deviceName, "sda");
-  EXPECT_FLOAT_EQ(disk.readRate, 2.0F);
-  EXPECT_FLOAT_EQ(disk.readMergedRate, 1.0F);
-  EXPECT_FLOAT_EQ(disk.readBytesRate, 51.2F);  // sectors
-  EXPECT_FLOAT_EQ(disk.totalBytesRate, 153.6F);
-  EXPECT_FLOAT_EQ(disk.ioRate, 3.0F);
-  EXPECT_FLOAT_EQ(disk.busyFraction, 0.5F);
-  EXPECT_FLOAT_EQ(disk.queueLength, 1.5F);
-  EXPECT_FLOAT_EQ(disk.waitPerIo, 1800.0F / (60.0F * 3.0F));
-  EXPECT_FLOAT_EQ(disk.servicePerIo, 0.5F * 10.0F / 3.0F);
+  // Bytes are counted in sectors.
+  EXPECT_EQ(Figures(disk.readRate, disk.readMergedRate, disk.readBytesRate, disk.totalBytesRate),
+            Figures(2, 1, 51.2F, 153.6F));
+  EXPECT_EQ(Figures(disk.ioRate, disk.busyFraction, disk.queueLength, disk.waitPerIo, disk.servicePerIo),
+            Figures(3, 0.5, 1.5, 10, 5.0F / 3));
 }
 
 TEST_F(LinuxReaderTest, TwinDisksGoByTheListAndKeepTheOldFigures) {
-  writer_.OrderList(18, {203, 201});
-  Begin("P730");
-  writer_.Record(18, {Int32(120), Text("sda")});
-  const DiskRecord& disk = Deliver().disks.twin.head();
-  EXPECT_EQ(disk.deviceName, "sda");
-  EXPECT_FLOAT_EQ(disk.ioRate, 2.0F);
+  const VmrContext& context = DeliverRecord("P730", 18, {203, 201}, {Int32(120), Text("sda")});
+  EXPECT_EQ(context.disks.twin.head().deviceName, "sda");
+  EXPECT_EQ(context.disks.twin.head().ioRate, 2.0F);
 }
 
 TEST_F(LinuxReaderTest, DiskCountersBeyondTheMarkCountAsWrapped) {
   Begin("P720");
-  const auto disk = [](int64_t reads, int64_t readSectors) {
-    return std::vector<EncodedField>{Text("sda"), Int64(reads), Int64(0), Int64(readSectors)};
-  };
-  writer_.Record(2, disk(0x80000000, 0x80000001));
-  writer_.Record(2, disk(0x80000001, 0));
+  writer_.Record(2, {Text("sda"), Int64(0x80000000), Int64(0), Int64(0x80000001)});
+  writer_.Record(2, {Text("sda"), Int64(0x80000001), Int64(0), Int64(0)});
   const auto& disks = Deliver().disks.primary;
-  EXPECT_FLOAT_EQ(disks.head().readRate, 6442450945.0F / 60.0F);
   const DiskRecord& first = *std::next(disks.begin());
-  EXPECT_FLOAT_EQ(first.readRate, 2147483648.0F / 60.0F);
-  EXPECT_FLOAT_EQ(first.readBytesRate, 6442450945.0F * 512.0F / 60.0F);
+  EXPECT_EQ(Figures(disks.head().readRate, first.readRate, first.readBytesRate),
+            Figures(6442450945.0 / 60, 2147483648.0 / 60, 6442450945.0 * 512 / 60));
 }
 
 // --- Intervals ---
@@ -207,24 +185,44 @@ TEST_F(LinuxReaderTest, MissingConfiguredIntervalIsAMinute) {
   WriteSamples(30);
   writer_.Record(3, {Int32(60)});
   const VmrContext& context = Deliver();
-  EXPECT_FLOAT_EQ(context.config->intervalSeconds, 60.0F);
-  EXPECT_EQ(context.config->pageSize, 4096);
-  EXPECT_FLOAT_EQ(context.config->memoryMb, 4096.0F);
-  EXPECT_FLOAT_EQ(context.memory.primary->pageInRate, 2.0F);  // by the measured interval
+  const SystemConfig& config = *context.config;
+  EXPECT_EQ(Figures(config.intervalSeconds, config.pageSize, config.memoryMb), Figures(60, 4096, 4096));
+  EXPECT_EQ(context.memory.primary->pageInRate, 2.0F);  // by the measured interval
 }
 
 // --- The other records ---
 
+TEST_F(LinuxReaderTest, ProcessTimesAndSizes) {
+  const VmrContext& context = DeliverRecord(
+      "P730", 4, {402, 407, 408, 414, 420, 421, 411, 413},
+      {Int32(77), Int32(250), Int32(-100), Int32(9), Int32(2'097'152), Int32(3), Int32(0), Text("ann")},
+      {1, 5, 1, 1, 1, 1, 1, 1});
+  const ProcessRecord& process = context.processes.primary.head();
+  EXPECT_EQ(process.name, "");  // no field 412
+  EXPECT_EQ(Figures(process.userCpuSeconds, process.systemCpuSeconds, process.minorFaults),
+            Figures(2.5, 0, 9));
+  EXPECT_EQ(Figures(process.sizeVirtual, process.sizeResident, process.elapsedSeconds),
+            Figures(2048, 12, 60));
+}
+
+TEST_F(LinuxReaderTest, UncountedFieldsMakeNoProcess) {
+  EXPECT_TRUE(DeliverRecord("P300", 4, {409, 416}, {Int32(1), Int32(2)}).processes.primary.empty());
+}
+
 TEST_F(LinuxReaderTest, ProtocolSettingsStayAndTheLevelOfConnectionsIsDivided) {
-  writer_.OrderList(11, {1102, 1103, 1148, 1149, 1154}).DivisorList(11, {1, 10, 1, 1, 1});
-  Begin("P720");
-  writer_.Record(11, {Int32(64), Int32(120), Int32(-1), Int32(120), Int32(120)});
-  const auto& counters = Deliver().kernel.primary->counters;
-  EXPECT_EQ(counters[1], 64.0F);
-  EXPECT_EQ(counters[2], 2.0F);
-  EXPECT_EQ(counters[47], -1.0F);
-  EXPECT_EQ(counters[48], 2.0F);
-  EXPECT_EQ(counters[53], 2.0F);
+  const VmrContext& context =
+      DeliverRecord("P720", 11, {1102, 1103, 1148, 1149, 1154},
+                    {Int32(64), Int32(120), Int32(-1), Int32(120), Int32(120)}, {1, 10, 1, 1, 1});
+  const auto& all = context.kernel.primary->counters;
+  EXPECT_EQ(Figures(all[1], all[2], all[47], all[48], all[53]), Figures(64, 2, -1, 2, 2));
+}
+
+TEST_F(LinuxReaderTest, FileSystemBlocksAreDividedAsWholeNumbers) {
+  const VmrContext& context =
+      DeliverRecord("P720_64", 14, {1401, 1402, 1404, 1405, 1406},
+                    {Text("/dev/sda1"), Text("/"), Int64(101), Int64(41), Int64(30)}, {1, 1, 2, 2, 0});
+  const FileSystemRecord& blocks = context.fileSystems.primary.head();
+  EXPECT_EQ(Figures(blocks.totalBlocks, blocks.freeBlocks, blocks.availableBlocks), Figures(50, 20, 30));
 }
 
 TEST_F(LinuxReaderTest, ListThatArrivedLastServesBaseAndTwin) {

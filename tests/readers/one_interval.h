@@ -3,12 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <algorithm>
+#include <cmath>
+#include <ostream>
 #include <string>
+#include <vector>
 
 #include "readers/collector_reader.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
+#include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 #include "tools/collector_writer.h"
 
@@ -22,19 +26,41 @@ using sample::Text;
 
 constexpr Seconds NOON = 1329912000;
 
-// A test derives from it with its format's time and configuration record, and writes to `writer_`: its
-// definition lists, Begin, its records. Samples stand `step` seconds apart.
-class OneIntervalTest : public ::testing::Test {
- protected:
-  OneIntervalTest(const CollectorFormat& format, sample::ByteOrder order, std::string fileName)
-      : writer_(order), reader_(format, runtime_), path_(directory_ / fileName) {
-    setenv("TZ", "UTC", 1);
-    tzset();
+// Numbers side by side, compared as closely as floats tell them apart.
+class Figures {
+ public:
+  template <typename... Numbers>
+  explicit Figures(Numbers... numbers) : numbers_{static_cast<double>(numbers)...} {}
+
+  friend bool operator==(const Figures& left, const Figures& right) {
+    return std::equal(left.numbers_.begin(), left.numbers_.end(), right.numbers_.begin(),
+                      right.numbers_.end(), Same);
+  }
+  friend void PrintTo(const Figures& figures, std::ostream* out) {
+    *out << ::testing::PrintToString(figures.numbers_);
   }
 
-  virtual void WriteTime(Seconds time) = 0;
+ private:
+  static bool Same(double left, double right) {
+    if (std::isnan(left) || std::isnan(right)) return std::isnan(left) == std::isnan(right);
+    return left == right || std::abs(left - right) < 3e-7 * std::abs(left);
+  }
 
-  void WriteSamples(Seconds step) {
+  std::vector<double> numbers_;
+};
+
+// A test derives from it with its format's time and head, and writes to `writer_`: its definition lists,
+// Begin, its records.
+class OneIntervalTest : public ::testing::Test {
+ protected:
+  OneIntervalTest(const CollectorFormat& format, sample::ByteOrder order, const std::string& fileName)
+      : order_(order), writer_(order), reader_(format, runtime_), path_(directory_ / fileName) {}
+
+  virtual void WriteTime(Seconds time) = 0;
+  // The lists of configuration and time, the configuration, and samples up to noon.
+  virtual void Begin(const std::string& version) = 0;
+
+  void WriteSamples(Seconds step = 60) {
     WriteTime(NOON - step);
     WriteTime(NOON);
   }
@@ -46,6 +72,7 @@ class OneIntervalTest : public ::testing::Test {
 
   const VmrContext& Deliver() {
     WriteTime(NOON + 600);
+    reader_.Close(context_);
     EXPECT_EQ(EntryPass(), 1);
     context_.periodStart = NOON;
     context_.periodEnd = NOON + 3600;
@@ -54,7 +81,25 @@ class OneIntervalTest : public ::testing::Test {
     return context_;
   }
 
+  // An interval that holds one record.
+  const VmrContext& DeliverRecord(const std::string& version, uint32_t type,
+                                  const std::vector<int32_t>& order, const std::vector<EncodedField>& fields,
+                                  const std::vector<int32_t>& divisors = {}) {
+    writer_.OrderList(type, order).DivisorList(type, divisors);
+    Begin(version);
+    writer_.Record(type, fields);
+    return Deliver();
+  }
+
+  // Forgets the file and what was delivered of it.
+  void StartOver() {
+    writer_ = CollectorWriter(order_);
+    context_ = VmrContext();
+  }
+
+  ScopedVariable zone_{"TZ", "UTC"};
   TempDirectory directory_;
+  sample::ByteOrder order_;
   CollectorWriter writer_;
   Runtime runtime_;
   CollectorReader reader_;
@@ -62,6 +107,7 @@ class OneIntervalTest : public ::testing::Test {
   std::string path_;
   std::string node_;
   Seconds firstRecordTime_ = 0;
+  int64_t configuredInterval_ = 60;
 };
 
 }  // namespace ozmo::testing

@@ -30,7 +30,7 @@ inline void WriteSolarisConfig(CollectorWriter& writer, const SolarisConfig& con
                     Int64(int64_t{1024} * 1024), Int32(2)});
 }
 
-inline void WriteTime(CollectorWriter& writer, int64_t seconds) { writer.Record(7, {Int32(seconds)}); }
+inline void WriteSolarisTime(CollectorWriter& writer, int64_t seconds) { writer.Record(7, {Int32(seconds)}); }
 
 inline void WriteProcessor(CollectorWriter& writer, int64_t cpuId, int64_t user, int64_t idle = 0) {
   writer.Record(6, {Int32(cpuId), Int64(user), Int64(0), Int64(idle), Int64(0)});

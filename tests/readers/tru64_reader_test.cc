@@ -1,5 +1,6 @@
 // What the Tru64 decoders leave in the context, where a rule has a trap; and files of no kind at all.
 #include <random>
+#include <utility>
 
 #include "tests/readers/one_interval.h"
 
@@ -8,22 +9,16 @@ namespace {
 
 class Tru64ReaderTest : public OneIntervalTest {
  protected:
-  Tru64ReaderTest() : OneIntervalTest(TRU64_FORMAT, sample::ByteOrder::LITTLE, "node_2012Feb22.dat1") {
-    path_ = directory_ / "node_2012Feb22.dat_1";
-  }
+  Tru64ReaderTest() : OneIntervalTest(TRU64_FORMAT, sample::ByteOrder::LITTLE, "node_2012Feb22.dat_1") {}
 
   void WriteTime(Seconds time) override { writer_.Record(9, {Int32(time)}); }
 
-  void WriteLists() {
+  void Begin(const std::string& version) override {
     writer_.OrderList(9, {901}).DivisorList(9, {1});
     writer_.OrderList(5, {501, 504, 505, 507, 508, 509, 513}).DivisorList(5, {2, 1, 1, 1, 1, 1, 1});
-  }
-
-  void Begin(const std::string& version = "P730", int64_t interval = 60) {
-    WriteLists();
     writer_.Record(5, {Int32(4096000), Text("node"), Text(version), Int32(0), Text("OSF1"), Text("V5.01"),
-                       Int32(interval)});
-    WriteSamples(60);
+                       Int32(configuredInterval_)});
+    WriteSamples();
   }
 
   // The entry pass over a file that holds these bytes.
@@ -46,10 +41,14 @@ TEST_F(Tru64ReaderTest, VersionIsToldAndTheMachineMarked) {
   EXPECT_TRUE(context.config->isOsf1V5);
 }
 
+// Old version texts are compared whole.
 TEST_F(Tru64ReaderTest, UnknownVersionEndsTheProcess) {
-  Begin("V525");
-  EXPECT_EXIT(EntryPass(), ::testing::ExitedWithCode(1),
-              "^\nERROR : Unrecognized Data Collector Version V525\n$");
+  for (const std::string version : {"V525", "V5051"}) {
+    StartOver();
+    Begin(version);
+    EXPECT_EXIT(EntryPass(), ::testing::ExitedWithCode(1),
+                "^\nERROR : Unrecognized Data Collector Version " + version + "\n$");
+  }
 }
 
 TEST_F(Tru64ReaderTest, V505HasNoFileSystems) {
@@ -64,135 +63,128 @@ TEST_F(Tru64ReaderTest, V505HasNoFileSystems) {
 }
 
 TEST_F(Tru64ReaderTest, ConfiguredIntervalOfZeroReadsAsAMinute) {
-  Begin("P730", 0);
+  configuredInterval_ = 0;
+  Begin("P730");
   EXPECT_EQ(Deliver().config->intervalSeconds, 60.0F);
 }
 
 // --- Processors ---
 
 TEST_F(Tru64ReaderTest, ProcessorTicksBecomePercent) {
-  writer_.OrderList(8, {801, 804, 805, 806, 807, 808, 809}).DivisorList(8, {9, 9, 9, 9, 9, 9, 9});
-  Begin();
-  writer_.Record(8, {Int32(2), Int64(600), Int64(3000), Int64(1200), Int64(300), Int64(900), Int32(100)});
-  const ProcessorRecord& cpu = Deliver().processors.primary.head();
-  EXPECT_EQ(cpu.cpuId, 2);
-  EXPECT_EQ(cpu.niceTime, 10.0);
-  EXPECT_EQ(cpu.userTime, 50.0);
-  EXPECT_EQ(cpu.systemTime, 20.0);
-  EXPECT_EQ(cpu.waitTime + cpu.idleTime, 20.0);
+  const VmrContext& context =
+      DeliverRecord("P730", 8, {801, 804, 805, 806, 807, 808, 809},
+                    {Int32(2), Int64(600), Int64(3000), Int64(1200), Int64(300), Int64(900), Int32(100)},
+                    {9, 9, 9, 9, 9, 9, 9});
+  const ProcessorRecord& cpu = context.processors.primary.head();
+  EXPECT_EQ(Figures(cpu.cpuId, cpu.niceTime, cpu.userTime, cpu.systemTime, cpu.waitTime + cpu.idleTime),
+            Figures(2, 10, 50, 20, 20));
 }
 
 TEST_F(Tru64ReaderTest, ProcessorWithoutTicksPerSecondIsDropped) {
   writer_.OrderList(8, {801, 805, 809});
-  Begin();
-  writer_.Record(8, {Int32(0), Int64(3000), Int32(100)});
-  writer_.Record(8, {Int32(1), Int64(3000), Int32(0)});
+  Begin("P730");
+  writer_.Record(8, {Int32(0), Int64(3000), Int32(100)}).Record(8, {Int32(1), Int64(3000), Int32(0)});
   writer_.Record(23, {Int32(1), Int64(3000)});
-  const VmrContext& context = Deliver();
-  ASSERT_EQ(context.processors.primary.size(), 1U);
-  EXPECT_EQ(context.processors.primary.head().cpuId, 0);
-  EXPECT_TRUE(context.processors.twin.empty());
+  const auto& processors = Deliver().processors;
+  ASSERT_EQ(processors.primary.size(), 1U);
+  EXPECT_EQ(processors.primary.head().cpuId, 0);
+  EXPECT_TRUE(processors.twin.empty());
 }
 
 // --- Disks ---
 
-class Tru64DiskTest : public Tru64ReaderTest {
- protected:
-  const DiskRecord& DeliverDisk(int64_t operations) {
+// Queue length is worked out; a disk without operations has no times; the newest alias counts.
+TEST_F(Tru64ReaderTest, DiskTimesAndAlias) {
+  for (const int64_t operations : {600, 0}) {
+    StartOver();
     writer_.OrderList(2, {201, 202, 203, 204, 205, 206, 207}).DivisorList(2, {1, 1, 1, 1, 2, 1, 1});
     writer_.OrderList(7, {701, 702});
-    Begin();
-    writer_.Record(7, {Text("dsk0"), Text("old")});
-    writer_.Record(7, {Text("dsk0"), Text("new")});
-    writer_.Record(7, {Text("dsk1"), Text("other")});
+    Begin("P730");
+    for (const auto& [device, alias] : {std::pair("dsk0", "old"), {"dsk0", "new"}, {"dsk1", "other"}}) {
+      writer_.Record(7, {Text(device), Text(alias)});
+    }
     writer_.Record(2,
                    {Text("dsk0"), Int64(operations), Int64(6000), Int64(77), Int64(60), Int64(20), Int64(1)});
-    return Deliver().disks.primary.head();
+    const DiskRecord& disk = Deliver().disks.primary.head();
+    EXPECT_EQ(disk.displayName, "new");
+    EXPECT_EQ(disk.totalBytesRate, 100.0F);
+    EXPECT_EQ(Figures(disk.ioRate, disk.waitPerIo, disk.servicePerIo, disk.responsePerIo, disk.busyFraction,
+                      disk.queueLength),
+              operations != 0 ? Figures(10, 30, 20, 50, 0.2F, 0.5) : Figures(0, 0, 0, 0, 0, 0));
   }
-};
-
-TEST_F(Tru64DiskTest, QueueLengthIsWorkedOut) {
-  const DiskRecord& disk = DeliverDisk(600);
-  EXPECT_EQ(disk.ioRate, 10.0F);
-  EXPECT_EQ(disk.totalBytesRate, 100.0F);
-  EXPECT_EQ(disk.waitPerIo, 30.0F);
-  EXPECT_EQ(disk.servicePerIo, 20.0F);
-  EXPECT_EQ(disk.responsePerIo, 50.0F);
-  EXPECT_FLOAT_EQ(disk.busyFraction, 0.2F);
-  EXPECT_FLOAT_EQ(disk.queueLength, 0.5F);
 }
-
-TEST_F(Tru64DiskTest, DiskWithoutOperationsHasNoTimes) {
-  const DiskRecord& disk = DeliverDisk(0);
-  EXPECT_EQ(disk.totalBytesRate, 100.0F);
-  EXPECT_EQ(disk.waitPerIo, 0.0F);
-  EXPECT_EQ(disk.servicePerIo, 0.0F);
-  EXPECT_EQ(disk.responsePerIo, 0.0F);
-  EXPECT_EQ(disk.busyFraction, 0.0F);
-  EXPECT_EQ(disk.queueLength, 0.0F);
-}
-
-TEST_F(Tru64DiskTest, NewestAliasCounts) { EXPECT_EQ(DeliverDisk(600).displayName, "new"); }
 
 // --- Memory ---
 
 TEST_F(Tru64ReaderTest, WiredPagesSumOverTheRecordsOfAnInterval) {
   writer_.OrderList(3, {309, 310, 313, 314, 334}).DivisorList(3, {5, 5, 5, 5, 5});
-  Begin();
+  Begin("P730");
   writer_.Record(3, {Int64(8192), Int64(100), Int64(40), Int64(120), Int64(180)});
   writer_.Record(3, {Int64(8192), Int64(90), Int64(2), Int64(60), Int64(180)});
   const VmrContext& context = Deliver();
   const MemoryRecord& memory = *context.memory.primary;
-  EXPECT_EQ(memory.tru64FreePages, 90.0F);
-  EXPECT_EQ(memory.tru64WiredPages, 42.0F);
-  EXPECT_EQ(memory.tru64FaultRates[0], 1.0F);
-  EXPECT_EQ(memory.tru64PageWriteRate, 3.0F);
-  EXPECT_EQ(context.config->pageSize, 8192);
+  EXPECT_EQ(Figures(memory.tru64FreePages, memory.tru64WiredPages, memory.tru64FaultRates[0],
+                    memory.tru64PageWriteRate, context.config->pageSize),
+            Figures(90, 42, 1, 3, 8192));
 }
 
 // --- Processes ---
 
 TEST_F(Tru64ReaderTest, NewVersionsCountProcessorTimeInMicroseconds) {
-  writer_.OrderList(4, {411, 407, 408, 409}).DivisorList(4, {1, 1, 2, 60});
-  Begin("P720");
-  writer_.Record(4, {Text("init"), Int64(2500000), Int64(3000000), Int64(120)});
-  const ProcessRecord& process = Deliver().processes.primary.head();
+  const VmrContext& context =
+      DeliverRecord("P720", 4, {411, 407, 408, 409},
+                    {Text("init"), Int64(2500000), Int64(3000000), Int64(120)}, {1, 1, 2, 60});
+  const ProcessRecord& process = context.processes.primary.head();
   EXPECT_EQ(process.name, "init");
-  EXPECT_EQ(process.userCpuSeconds, 2.5F);
-  EXPECT_EQ(process.systemCpuSeconds, 1.5F);
-  EXPECT_EQ(process.rates[0], 2.0F);
-  EXPECT_EQ(process.elapsedSeconds, 60.0F);  // of the configuration
+  EXPECT_EQ(
+      Figures(process.userCpuSeconds, process.systemCpuSeconds, process.rates[0], process.elapsedSeconds),
+      Figures(2.5, 1.5, 2, 60));
 }
 
+// Whatever divisor the file tells.
 TEST_F(Tru64ReaderTest, OldVersionsCountProcessorTimeInHundredths) {
-  writer_.OrderList(4, {407, 416, 421}).DivisorList(4, {7, 1, 1});
-  Begin("V510");
-  writer_.Record(4, {Int64(250), Int64(4096), Text("extra")});
-  const ProcessRecord& process = Deliver().processes.primary.head();
-  EXPECT_EQ(process.userCpuSeconds, 2.5F);  // whatever divisor the file tells
-  EXPECT_EQ(process.values[0], 4);
+  const VmrContext& context =
+      DeliverRecord("V510", 4, {407, 416, 421}, {Int64(250), Int64(4096), Text("extra")}, {7, 1, 1});
+  const ProcessRecord& process = context.processes.primary.head();
+  EXPECT_EQ(Figures(process.userCpuSeconds, process.values[0]), Figures(2.5, 4));
   EXPECT_EQ(process.extraText, "extra");
 }
 
 TEST_F(Tru64ReaderTest, ProcessWithoutACountedFieldGoesBackToThePool) {
   writer_.OrderList(4, {411, 402}).OrderList(21, {411, 402});
-  Begin();
-  writer_.Record(4, {Text("first"), Int32(7)});
-  writer_.Record(4, {});
+  Begin("P730");
+  writer_.Record(4, {Text("first"), Int32(7)}).Record(4, {});
   EXPECT_EQ(Deliver().processes.primary.size(), 1U);
 }
 
 // --- The others ---
 
+TEST_F(Tru64ReaderTest, FileSystemTextsAreCutAndNoDivisorActs) {
+  const std::string longest(32, 'm');
+  const VmrContext& context =
+      DeliverRecord("P300", 12, {1201, 1202, 1203, 1204},
+                    {Text(longest + "m"), Text("usr"), Int32(512), Int32(100)}, {1, 1, 2, 2});
+  const FileSystemRecord& fileSystem = context.fileSystems.primary.head();
+  EXPECT_EQ(fileSystem.mountName + fileSystem.deviceName, longest + "usr");
+  EXPECT_EQ(Figures(fileSystem.blockSize, fileSystem.totalBlocks), Figures(512, 100));
+}
+
+TEST_F(Tru64ReaderTest, AdapterRatesTakeNoDivisorAndTwinsTheListOfTheirBase) {
+  writer_.OrderList(15, {1501, 1502, 1508}).DivisorList(15, {1, 10, 10});
+  Begin("P730");
+  writer_.Record(25, {Text("tu0"), Int64(600), Int64(60)});
+  const LanRecord& adapter = Deliver().lans.twin.head();
+  EXPECT_EQ(Figures(adapter.packetsInRate, adapter.collisionRate), Figures(10, 1));
+}
+
 // --- Files of no kind ---
 
 TEST_F(Tru64ReaderTest, GarbageEndsWithoutAResult) {
-  EXPECT_EQ(EntryPassOver(""), 0);
-  EXPECT_EQ(EntryPassOver("seven b"), 0);
-  EXPECT_EQ(EntryPassOver("#!/bin/sh\necho hello\n"), 0);
-  EXPECT_EQ(EntryPassOver(std::string(100000, '\0')), 0);
-  EXPECT_EQ(EntryPassOver(std::string(100000, '\xff')), 0);
-  EXPECT_EQ(EntryPassOver(std::string("\x08\0\0\0\0\0\0\x80", 8)), 0);  // a negative type
+  const std::string negativeType("\x08\0\0\0\0\0\0\x80", 8);
+  for (const std::string& bytes : {std::string(), std::string("seven b"), std::string(100000, '\0'),
+                                   std::string(100000, '\xff'), negativeType}) {
+    EXPECT_EQ(EntryPassOver(bytes), 0);
+  }
   EXPECT_EQ(reader_.EntryPass(directory_.path(), node_, firstRecordTime_), 0);
 }
 
@@ -200,7 +192,7 @@ TEST_F(Tru64ReaderTest, GarbageEndsWithoutAResult) {
 // unknown one rightly ends the process.
 TEST_F(Tru64ReaderTest, DamagedFilesEndTheWalk) {
   writer_.OrderList(8, {801, 805, 809}).OrderList(2, {201, 202}).OrderList(4, {411, 407});
-  Begin();
+  Begin("P730");
   const size_t head = writer_.Bytes().size();
   for (int i = 1; i < 20; ++i) {
     writer_.Record(8, {Int32(0), Int64(3000), Int32(100)});
