@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <vector>
 
 #include "readers/formats.h"
 #include "runtime/runtime.h"
 #include "tests/readers/solaris_file.h"
+#include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
@@ -18,11 +18,6 @@ constexpr Seconds NOON = 1329912000;  // 22-Feb-2012 12:00:00 UTC
 
 class CollectorReaderTest : public ::testing::Test {
  protected:
-  CollectorReaderTest() {
-    setenv("TZ", "UTC", 1);
-    tzset();
-  }
-
   std::string Write(const CollectorWriter& writer, int number = 1) {
     const std::string path = directory_ / ("qtxs_node_2012Feb22.dat_" + std::to_string(number));
     EXPECT_TRUE(writer.WriteFile(path));
@@ -47,6 +42,7 @@ class CollectorReaderTest : public ::testing::Test {
     return times;
   }
 
+  ScopedVariable zone_{"TZ", "UTC"};
   TempDirectory directory_;
   Runtime runtime_;
   CollectorReader reader_{SOLARIS_FORMAT, runtime_};
@@ -69,33 +65,21 @@ CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config 
   return writer;
 }
 
+// Ready for the records of noon.
+CollectorWriter Beginning(sample::ByteOrder order = sample::ByteOrder::BIG) {
+  CollectorWriter writer(order);
+  WriteSolarisLists(writer);
+  WriteSolarisConfig(writer);
+  WriteSolarisTime(writer, NOON - 60);
+  WriteSolarisTime(writer, NOON);
+  return writer;
+}
+
 TEST_F(CollectorReaderTest, EntryPassFindsNodeAndFirstTimeInTheReadersZone) {
   EXPECT_EQ(Enter(Write(Samples({NOON}, {.utcOffset = -18000}))), 1);
   EXPECT_EQ(node_, "node");
   EXPECT_EQ(first_, NOON - 18000);
-}
-
-TEST_F(CollectorReaderTest, EntryPassNeedsConfigurationAheadOfTime) {
-  CollectorWriter late(sample::ByteOrder::BIG);
-  WriteSolarisLists(late);
-  WriteSolarisTime(late, NOON);
-  WriteSolarisConfig(late);
-  EXPECT_EQ(Enter(Write(late)), 0);
-  EXPECT_EQ(Enter(Write(CollectorWriter(sample::ByteOrder::BIG))), 0);  // no records at all
-  EXPECT_EQ(Enter(directory_ / "missing"), 0);
   EXPECT_EQ(Enter(Write(Samples({NOON}, {.version = ""}))), 0);
-}
-
-TEST_F(CollectorReaderTest, LeadingBlockIsSteppedOver) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
-  writer.LeadingBlock("any words\n");
-  WriteSolarisLists(writer);
-  WriteSolarisConfig(writer);
-  WriteSolarisTime(writer, NOON);
-  EXPECT_EQ(Enter(Write(writer)), 1);
-  CollectorWriter endless(sample::ByteOrder::BIG);
-  endless.RawBytes("-----BEGIN BLOCK-----\nnever ends\n");
-  EXPECT_EQ(Enter(Write(endless)), 0);
 }
 
 TEST_F(CollectorReaderTest, WindowTakesTheRecordsBehindTheStampThatEndedTheLast) {
@@ -147,100 +131,35 @@ TEST_F(CollectorReaderTest, RepeatedTimeStampGivesTheDefaultInterval) {
   EXPECT_EQ(reader_.state().intervalSeconds, 120);
 }
 
-TEST_F(CollectorReaderTest, UnknownTypeEndsTheIntervalAndTheWalkGoesOnBehindIt) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
-  WriteSolarisLists(writer);
-  WriteSolarisConfig(writer);
-  WriteSolarisTime(writer, NOON - 60);
-  WriteSolarisTime(writer, NOON);
-  WriteProcessor(writer, 0, 1);
-  writer.Record(77, {Int32(0)});
-  WriteProcessor(writer, 1, 2);
-  WriteSolarisTime(writer, NOON + 600);
+// A record that ends in the middle of a field keeps the fields ahead of it. A list that is no multiple of
+// four bytes loses the odd ones. Fields outside the table take no bytes.
+TEST_F(CollectorReaderTest, OddRecordsKeepWhatTheyHold) {
+  CollectorWriter writer = Beginning();
+  writer.Record(6, {Int32(1), Int64(7), Int32(0)});
+  writer.Record(600, {Int32(601), Int32(605), sample::Raw("ab")}).Record(6, {Int32(1), Int64(9)});
+  writer.OrderList(6, {9999, 601, 605}).Record(6, {Int32(3), Int64(8)});
+  WriteSolarisTime(writer, NOON + 120);
   ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
-  EXPECT_EQ(NextUserTimes(), (Times{1}));
-  EXPECT_EQ(NextUserTimes(), (Times{2}));
-}
-
-TEST_F(CollectorReaderTest, BrokenRecordsEndThePassAndWhatWasReadStands) {
-  const auto walk = [&](CollectorWriter& writer) {
-    VmrContext fresh;
-    std::swap(context_, fresh);
-    EXPECT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
-    Times times = NextUserTimes();
-    const Times read(times);
-    reader_.Close(context_);
-    return read;
-  };
-  const auto beginning = [] {
-    CollectorWriter writer(sample::ByteOrder::BIG);
-    WriteSolarisLists(writer);
-    WriteSolarisConfig(writer);
-    WriteSolarisTime(writer, NOON - 60);
-    WriteSolarisTime(writer, NOON);
-    WriteProcessor(writer, 0, 1);
-    return writer;
-  };
-
-  CollectorWriter shortLength = beginning();
-  shortLength.RecordWithLength(7, 6, {});
-  EXPECT_EQ(walk(shortLength), (Times{1}));
-
-  CollectorWriter beyondEnd = beginning();
-  beyondEnd.RecordWithLength(0xFFFFFFFF, 6, {Int32(1), Int64(2)});
-  EXPECT_EQ(walk(beyondEnd), (Times{1}));
-
-  CollectorWriter cutTail = beginning();
-  WriteProcessor(cutTail, 1, 2);
-  cutTail.CutTail(3);
-  EXPECT_EQ(walk(cutTail), (Times{1}));
-
-  // A record that ends in the middle of a field keeps the fields ahead of it.
-  CollectorWriter cutField = beginning();
-  cutField.Record(6, {Int32(1), Int64(7), Int32(0)});
-  EXPECT_EQ(walk(cutField), (Times{7, 1}));
-
-  // A list that is no multiple of four bytes loses the odd ones.
-  CollectorWriter oddList = beginning();
-  oddList.Record(600, {Int32(601), Int32(605), sample::Raw("ab")});
-  oddList.Record(6, {Int32(1), Int64(9)});
-  EXPECT_EQ(walk(oddList), (Times{9, 1}));
-}
-
-TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
-  WriteSolarisLists(writer);
-  writer.DivisorList(6, {1, 10, 0});
-  WriteSolarisConfig(writer);
-  WriteSolarisTime(writer, NOON - 60);
-  WriteSolarisTime(writer, NOON);
-  writer.Record(6, {Int32(0), Int64(50), Int64(50), Int64(50), Int64(50)});
-  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
-  NextUserTimes();
-  const ProcessorRecord& processor = context_.processors.primary.head();
-  EXPECT_EQ(processor.userTime, 5.0);
-  EXPECT_EQ(processor.systemTime, 50.0);  // divisor 0
-  EXPECT_EQ(processor.idleTime, 50.0);    // beyond the list
-}
-
-TEST_F(CollectorReaderTest, FieldsOutsideTheTableTakeNoBytes) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
-  WriteSolarisLists(writer);
-  WriteSolarisConfig(writer);
-  writer.OrderList(6, {9999, 601, 605});
-  WriteSolarisTime(writer, NOON - 60);
-  WriteSolarisTime(writer, NOON);
-  writer.Record(6, {Int32(3), Int64(8)});
-  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
-  EXPECT_EQ(NextUserTimes(), (Times{8}));
+  EXPECT_EQ(NextUserTimes(), (Times{8, 9, 7}));
   EXPECT_EQ(context_.processors.primary.head().cpuId, 3);
 }
 
-TEST_F(CollectorReaderTest, DaySetStopsAtTheFirstMissingNumber) {
-  Write(Samples({NOON - 60, NOON}), 1);
-  Write(Samples({NOON + 3600}), 2);
-  Write(Samples({NOON + 7200}), 4);
-  EXPECT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 7200), 2);
+TEST_F(CollectorReaderTest, RecordBeyondTheEndEndsThePassAndWhatWasReadStands) {
+  CollectorWriter writer = Beginning();
+  WriteProcessor(writer, 0, 1);
+  writer.RecordWithLength(0xFFFFFFFF, 6, {Int32(1), Int64(2)});
+  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{1}));
+}
+
+TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {
+  CollectorWriter writer = Beginning();
+  writer.DivisorList(6, {1, 10, 0}).Record(6, {Int32(0), Int64(50), Int64(50), Int64(50), Int64(50)});
+  ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{5}));
+  const ProcessorRecord& processor = context_.processors.primary.head();
+  EXPECT_EQ(processor.systemTime, 50.0);  // divisor 0
+  EXPECT_EQ(processor.idleTime, 50.0);    // beyond the list
 }
 
 TEST_F(CollectorReaderTest, FileSetNeedsADirectoryAndASeriesName) {
@@ -289,30 +208,16 @@ TEST_F(CollectorReaderTest, TimeFarOutsideTheCalendarEndsTheWindow) {
   }
 }
 
-TEST(ByteOrderTest, BothOrdersDeliverTheSame) {
+TEST_F(CollectorReaderTest, NameTellsTheByteOrder) {
   for (const bool little : {false, true}) {
-    TempDirectory directory;
-    CollectorWriter writer(little ? sample::ByteOrder::LITTLE : sample::ByteOrder::BIG);
-    WriteSolarisLists(writer);
-    WriteSolarisConfig(writer);
-    WriteSolarisTime(writer, NOON - 60);
-    WriteSolarisTime(writer, NOON);
+    CollectorWriter writer = Beginning(little ? sample::ByteOrder::LITTLE : sample::ByteOrder::BIG);
     WriteProcessor(writer, 5, 0x100000002);
-    const std::string path = directory / (std::string(little ? "qtxsx" : "qtxs") + "_node_2012Feb22.dat_1");
+    const std::string path = directory_ / (std::string(little ? "qtxsx" : "qtxs") + "_node_2012Feb22.dat_1");
     ASSERT_TRUE(writer.WriteFile(path));
-    Runtime runtime;
-    CollectorReader reader(SOLARIS_FORMAT, runtime);
-    VmrContext context;
-    std::string node;
-    Seconds first = 0;
-    ASSERT_EQ(reader.EntryPass(path, node, first), 1);
-    context.periodStart = NOON;
-    context.periodEnd = NOON + 3600;
-    ASSERT_EQ(reader.Open(context), 1);
-    reader.Next(context);
-    ASSERT_EQ(context.processors.primary.size(), 1U);
-    EXPECT_EQ(context.processors.primary.head().cpuId, 5);
-    EXPECT_EQ(context.processors.primary.head().userTime, 4294967298.0);
+    ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
+    EXPECT_EQ(NextUserTimes(), (Times{4294967298.0}));
+    EXPECT_EQ(context_.processors.primary.head().cpuId, 5);
+    reader_.Close(context_);
   }
 }
 

@@ -1,8 +1,6 @@
 // What the Linux decoders leave in the context, where a rule has a trap.
 #include <unistd.h>
 
-#include <cmath>
-
 #include "tests/readers/one_interval.h"
 
 namespace ozmo::testing {
@@ -41,18 +39,6 @@ TEST_F(LinuxReaderTest, NewerProcessorFiguresAreSecondsPerSecond) {
   const ProcessorRecord& overall = context.overallCpu.primary.head();
   EXPECT_EQ(Figures(overall.userTime, overall.eventRateSum, overall.extraSecondsA, overall.extraSecondsB),
             Figures(0.5, 3, 7, 7));
-}
-
-TEST_F(LinuxReaderTest, FileWithoutTagHasOldProcessorFigures) {
-  writer_.OrderList(8, {801, 802, 807}).OrderList(1, {101, 105});
-  Begin("P730_64");
-  writer_.Record(8, {Int32(0), Int64(3000), Int64(600)});
-  writer_.Record(1, {Int64(3000), Int64(600)});
-  const VmrContext& context = Deliver();
-  const ProcessorRecord& cpu = context.processors.primary.head();
-  const ProcessorRecord& overall = context.overallCpu.primary.head();
-  EXPECT_EQ(Figures(cpu.userTime, cpu.waitTime, overall.userTime, overall.waitTime),
-            Figures(0.5, 0, 50, 0));  // the machine as a whole in ticks per second
 }
 
 TEST_F(LinuxReaderTest, NewerDecodersOnTheOldestTable) {
@@ -151,23 +137,6 @@ TEST_F(LinuxReaderTest, DiskCountersBeyondTheMarkCountAsWrapped) {
 }
 
 // --- Intervals ---
-
-TEST_F(LinuxReaderTest, RepeatedTimeStampLeavesNoIntervalAndTheReaderGoesOn) {
-  writer_.OrderList(8, {801, 802, 803}).OrderList(3, {308});
-  Begin("P730");
-  WriteTime(NOON);
-  writer_.Record(8, {Int32(0), Int64(3000), Int64(0)});
-  writer_.Record(3, {Int32(60)});
-  WriteTime(NOON + 60);
-  writer_.Record(8, {Int32(1), Int64(3000), Int64(0)});
-  const VmrContext& context = Deliver();
-  ASSERT_EQ(context.processors.primary.size(), 2U);
-  EXPECT_DOUBLE_EQ(context.processors.primary.head().userTime, 0.5);
-  const ProcessorRecord& cpu = *std::next(context.processors.primary.begin());
-  EXPECT_TRUE(std::isinf(cpu.userTime));
-  EXPECT_TRUE(std::isnan(cpu.niceTime));
-  EXPECT_TRUE(std::isinf(context.memory.primary->pageInRate));
-}
 
 TEST_F(LinuxReaderTest, FallingTimeStampLeavesANegativeInterval) {
   writer_.OrderList(3, {308});

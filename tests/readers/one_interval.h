@@ -3,15 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "readers/collector_reader.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
+#include "tests/readers/figures.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 #include "tools/collector_writer.h"
@@ -25,29 +23,6 @@ using sample::Int64;
 using sample::Text;
 
 constexpr Seconds NOON = 1329912000;
-
-// Numbers side by side, compared as closely as floats tell them apart.
-class Figures {
- public:
-  template <typename... Numbers>
-  explicit Figures(Numbers... numbers) : numbers_{static_cast<double>(numbers)...} {}
-
-  friend bool operator==(const Figures& left, const Figures& right) {
-    return std::equal(left.numbers_.begin(), left.numbers_.end(), right.numbers_.begin(),
-                      right.numbers_.end(), Same);
-  }
-  friend void PrintTo(const Figures& figures, std::ostream* out) {
-    *out << ::testing::PrintToString(figures.numbers_);
-  }
-
- private:
-  static bool Same(double left, double right) {
-    if (std::isnan(left) || std::isnan(right)) return std::isnan(left) == std::isnan(right);
-    return left == right || std::abs(left - right) < 3e-7 * std::abs(left);
-  }
-
-  std::vector<double> numbers_;
-};
 
 // A test derives from it with its format's time and head, and writes to `writer_`: its definition lists,
 // Begin, its records.

@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "readers/data_reader.h"
 #include "runtime/runtime.h"
+#include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 #include "tools/sample_day.h"
 
@@ -46,24 +48,39 @@ std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
 class SampleFiles : public ::testing::Test {
  protected:
   SampleFiles() {
-    setenv("TZ", "UTC", 1);
-    tzset();
+    options_.directory = directory_.path();
+    options_.startHour = 9;
+    options_.hours = 1;
+    options_.intervalSeconds = 300;
   }
 
+  // Delivers the hour's intervals of the one file that was written; the number of them.
+  int Walk(ReaderKind kind, const sample::SampleResult& written,
+           const std::function<void(const VmrContext&)>& look) {
+    EXPECT_EQ(written.error, "");
+    DataReader reader(kind, runtime_);
+    VmrContext context;
+    Seconds first = 0;
+    context.dataPath = written.files.at(0);
+    EXPECT_EQ(reader.EntryPass(context.dataPath, context.nodeName, first), 1);
+    EXPECT_EQ(context.nodeName, "node");
+    EXPECT_EQ(first, NINE);
+    context.periodStart = NINE;
+    context.periodEnd = NINE + 3600;
+    EXPECT_EQ(reader.Open(context), 1);
+    int intervals = 0;
+    for (; reader.Next(context) == 1; ++intervals) look(context);
+    reader.Close(context);
+    return intervals;
+  }
+
+  ScopedVariable zone_{"TZ", "UTC"};
   TempDirectory directory_;
   Runtime runtime_;
+  sample::SampleOptions options_;
 };
 
 class SampleFilesTest : public SampleFiles, public ::testing::WithParamInterface<Case> {};
-
-sample::SampleOptions NineOClock(const TempDirectory& directory) {
-  sample::SampleOptions options;
-  options.directory = directory.path();
-  options.startHour = 9;
-  options.hours = 1;
-  options.intervalSeconds = 300;
-  return options;
-}
 
 bool IsPlain(const std::string& name) {
   for (char character : name) {
@@ -132,37 +149,19 @@ void ExpectFileSystemsAndAdapters(const VmrContext& context, const Case& wanted)
 
 TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   const Kind& kind = *GetParam().kind;
-  sample::SampleOptions options = NineOClock(directory_);
-  options.version = GetParam().version;
-  const sample::SampleResult written = kind.write(options);
-  ASSERT_EQ(written.error, "");
-  ASSERT_EQ(written.files.size(), 1U);
-
-  DataReader reader(kind.reader, runtime_);
-  VmrContext context;
-  Seconds first = 0;
-  ASSERT_EQ(reader.EntryPass(written.files[0], context.nodeName, first), 1);
-  EXPECT_EQ(context.nodeName, "node");
-  EXPECT_EQ(first, NINE);
-
-  context.dataPath = written.files[0];
-  context.periodStart = NINE;
-  context.periodEnd = NINE + 3600;
-  ASSERT_EQ(reader.Open(context), 1);
-  int intervals = 0;
-  while (reader.Next(context) == 1) {
+  options_.version = GetParam().version;
+  bool first = true;  // the first window is closed at both ends and holds two samples
+  const int intervals = Walk(kind.reader, kind.write(options_), [&](const VmrContext& context) {
     ASSERT_TRUE(context.config.has_value());
-    // The first window is closed at both ends and holds two samples.
-    if (++intervals == 1) continue;
+    if (std::exchange(first, false)) return;
     ExpectProcessors(context, kind);
-    ExpectProcesses(context, kind, options.intervalSeconds);
+    ExpectProcesses(context, kind, options_.intervalSeconds);
     ExpectDisks(context);
     ExpectFileSystemsAndAdapters(context, GetParam());
     EXPECT_TRUE(context.memory.primary.has_value());
     EXPECT_TRUE(context.kernel.primary.has_value());
-  }
+  });
   EXPECT_GE(intervals, 9);
-  reader.Close(context);
 }
 
 constexpr Case CASES[] = {
@@ -181,64 +180,35 @@ constexpr Case CASES[] = {
     {&TRU64, "V505", false, false},
 };
 
-// What one file shows of every interval, as far as it can differ between two byte orders.
-std::vector<double> Figures(ReaderKind kind, const std::string& path, Runtime& runtime) {
-  DataReader reader(kind, runtime);
-  VmrContext context;
-  Seconds first = 0;
-  std::vector<double> figures;
-  if (reader.EntryPass(path, context.nodeName, first) != 1) return figures;
-  context.dataPath = path;
-  context.periodStart = first;
-  context.periodEnd = first + 3600;
-  reader.Open(context);
-  while (reader.Next(context) == 1) {
-    for (const ProcessorRecord& cpu : context.processors.primary) figures.push_back(cpu.userTime);
-    for (const ProcessRecord& process : context.processes.primary) figures.push_back(process.userCpuSeconds);
-    for (const LanRecord& adapter : context.lans.primary) figures.push_back(adapter.bytesInRate);
-    figures.push_back(context.kernel.primary->counters[53]);
-  }
-  return figures;
-}
-
 TEST_F(SampleFiles, ByteOrderChangesNoFigure) {
-  sample::SampleOptions options = NineOClock(directory_);
-  const std::string big = sample::WriteSolarisSample(options).files.at(0);
-  options.littleEndian = true;
-  const std::string little = sample::WriteSolarisSample(options).files.at(0);
-  const std::vector<double> figures = Figures(ReaderKind::SOLARIS, big, runtime_);
-  EXPECT_GT(figures.size(), 500U);
-  EXPECT_EQ(figures, Figures(ReaderKind::SOLARIS, little, runtime_));
+  std::vector<double> figures[2];
+  for (const bool little : {false, true}) {
+    options_.littleEndian = little;
+    std::vector<double>& all = figures[little ? 1 : 0];
+    Walk(ReaderKind::SOLARIS, sample::WriteSolarisSample(options_), [&](const VmrContext& context) {
+      for (const ProcessorRecord& cpu : context.processors.primary) all.push_back(cpu.userTime);
+      for (const ProcessRecord& process : context.processes.primary) all.push_back(process.userCpuSeconds);
+      for (const LanRecord& adapter : context.lans.primary) all.push_back(adapter.bytesInRate);
+      all.push_back(context.kernel.primary->counters[53]);
+    });
+  }
+  EXPECT_GT(figures[0].size(), 500U);
+  EXPECT_EQ(figures[0], figures[1]);
 }
 
 TEST_F(SampleFiles, MonitorFilesNameTheMachineAndItsParts) {
-  const std::string path = sample::WriteVmrSample(NineOClock(directory_)).files.at(0);
-  DataReader reader(ReaderKind::VMR, runtime_);
-  VmrContext context;
-  Seconds first = 0;
-  ASSERT_EQ(reader.EntryPass(path, context.nodeName, first), 1);
-  EXPECT_EQ(context.nodeName, "node");
-  EXPECT_EQ(first, NINE);
-  context.dataPath = path;
-  context.periodStart = NINE;
-  context.periodEnd = NINE + 3600;
-  ASSERT_EQ(reader.Open(context), 1);
-  int intervals = 0;
-  while (reader.Next(context) == 1) {
-    ++intervals;
-    // The machine as a whole is the head of the list and the mean of the others.
-    ASSERT_EQ(context.processors.primary.size(), 5U);
-    double mean = 0;
-    for (const ProcessorRecord& cpu : context.processors.primary) mean += cpu.userTime / 4;
-    EXPECT_NEAR(mean - context.processors.primary.head().userTime / 4,
-                context.processors.primary.head().userTime, 0.01);
-    EXPECT_EQ(context.disks.primary.size(), 6U);
-    EXPECT_GT(context.processes.primary.size(), 15U);
-    ASSERT_TRUE(context.memory.primary.has_value());
-    EXPECT_LT(context.memory.primary->freePages, context.config->memoryMb * 256);
-    ASSERT_TRUE(context.network.has_value());
-    EXPECT_GT(context.network->ipReceivedPerSecond, context.network->udpReceivedPerSecond);
-  }
+  const int intervals =
+      Walk(ReaderKind::VMR, sample::WriteVmrSample(options_), [](const VmrContext& context) {
+        // The machine as a whole is the head of the list and the mean of the others.
+        ASSERT_EQ(context.processors.primary.size(), 5U);
+        double sum = 0;
+        for (const ProcessorRecord& cpu : context.processors.primary) sum += cpu.userTime;
+        EXPECT_NEAR(context.processors.primary.head().userTime, sum / 5, 0.01);
+        EXPECT_EQ(context.disks.primary.size(), 6U);
+        EXPECT_GT(context.processes.primary.size(), 15U);
+        EXPECT_LT(context.memory.primary->freePages, context.config->memoryMb * 256);
+        EXPECT_GT(context.network->ipReceivedPerSecond, context.network->udpReceivedPerSecond);
+      });
   EXPECT_GE(intervals, 10);
 }
 

@@ -135,13 +135,6 @@ TEST_F(SolarisReaderTest, PooledProcessesKeepWhatTheyHeld) {
 
 // --- The other records ---
 
-TEST_F(SolarisReaderTest, KernelRatesAreWholeNumbersAndLevelsAreNot) {
-  const VmrContext& context =
-      DeliverRecord("P730", 8, {801, 805, 806, 809}, {Int32(7), Int32(119), Int32(-119), Int32(7)});
-  const auto& all = context.kernel.primary->counters;
-  EXPECT_EQ(Figures(all[0], all[4], all[5], all[8]), Figures(7, 1, -1, 7));
-}
-
 TEST_F(SolarisReaderTest, AdapterBytesWithTheWrapMark) {
   const VmrContext& context =
       DeliverRecord("P730", 15, {1501, 1502, 1503}, {Text("hme0"), Int64(120), Int64(int64_t{0x8000} << 32)});

@@ -1,6 +1,5 @@
 // What the Tru64 decoders leave in the context, where a rule has a trap; and files of no kind at all.
 #include <random>
-#include <utility>
 
 #include "tests/readers/one_interval.h"
 
@@ -68,18 +67,6 @@ TEST_F(Tru64ReaderTest, ConfiguredIntervalOfZeroReadsAsAMinute) {
   EXPECT_EQ(Deliver().config->intervalSeconds, 60.0F);
 }
 
-// --- Processors ---
-
-TEST_F(Tru64ReaderTest, ProcessorTicksBecomePercent) {
-  const VmrContext& context =
-      DeliverRecord("P730", 8, {801, 804, 805, 806, 807, 808, 809},
-                    {Int32(2), Int64(600), Int64(3000), Int64(1200), Int64(300), Int64(900), Int32(100)},
-                    {9, 9, 9, 9, 9, 9, 9});
-  const ProcessorRecord& cpu = context.processors.primary.head();
-  EXPECT_EQ(Figures(cpu.cpuId, cpu.niceTime, cpu.userTime, cpu.systemTime, cpu.waitTime + cpu.idleTime),
-            Figures(2, 10, 50, 20, 20));
-}
-
 TEST_F(Tru64ReaderTest, ProcessorWithoutTicksPerSecondIsDropped) {
   writer_.OrderList(8, {801, 805, 809});
   Begin("P730");
@@ -89,43 +76,6 @@ TEST_F(Tru64ReaderTest, ProcessorWithoutTicksPerSecondIsDropped) {
   ASSERT_EQ(processors.primary.size(), 1U);
   EXPECT_EQ(processors.primary.head().cpuId, 0);
   EXPECT_TRUE(processors.twin.empty());
-}
-
-// --- Disks ---
-
-// Queue length is worked out; a disk without operations has no times; the newest alias counts.
-TEST_F(Tru64ReaderTest, DiskTimesAndAlias) {
-  for (const int64_t operations : {600, 0}) {
-    StartOver();
-    writer_.OrderList(2, {201, 202, 203, 204, 205, 206, 207}).DivisorList(2, {1, 1, 1, 1, 2, 1, 1});
-    writer_.OrderList(7, {701, 702});
-    Begin("P730");
-    for (const auto& [device, alias] : {std::pair("dsk0", "old"), {"dsk0", "new"}, {"dsk1", "other"}}) {
-      writer_.Record(7, {Text(device), Text(alias)});
-    }
-    writer_.Record(2,
-                   {Text("dsk0"), Int64(operations), Int64(6000), Int64(77), Int64(60), Int64(20), Int64(1)});
-    const DiskRecord& disk = Deliver().disks.primary.head();
-    EXPECT_EQ(disk.displayName, "new");
-    EXPECT_EQ(disk.totalBytesRate, 100.0F);
-    EXPECT_EQ(Figures(disk.ioRate, disk.waitPerIo, disk.servicePerIo, disk.responsePerIo, disk.busyFraction,
-                      disk.queueLength),
-              operations != 0 ? Figures(10, 30, 20, 50, 0.2F, 0.5) : Figures(0, 0, 0, 0, 0, 0));
-  }
-}
-
-// --- Memory ---
-
-TEST_F(Tru64ReaderTest, WiredPagesSumOverTheRecordsOfAnInterval) {
-  writer_.OrderList(3, {309, 310, 313, 314, 334}).DivisorList(3, {5, 5, 5, 5, 5});
-  Begin("P730");
-  writer_.Record(3, {Int64(8192), Int64(100), Int64(40), Int64(120), Int64(180)});
-  writer_.Record(3, {Int64(8192), Int64(90), Int64(2), Int64(60), Int64(180)});
-  const VmrContext& context = Deliver();
-  const MemoryRecord& memory = *context.memory.primary;
-  EXPECT_EQ(Figures(memory.tru64FreePages, memory.tru64WiredPages, memory.tru64FaultRates[0],
-                    memory.tru64PageWriteRate, context.config->pageSize),
-            Figures(90, 42, 1, 3, 8192));
 }
 
 // --- Processes ---

@@ -37,8 +37,7 @@ TEST(CollectorWriterTest, ListsStandUnderMultiplesOfTheirRecord) {
 TEST(CollectorWriterTest, TextIsCutWhereItsLengthByteEnds) {
   CollectorWriter writer(ByteOrder::BIG);
   writer.Record(2, {Text(std::string(300, 'x'))});
-  EXPECT_EQ(writer.Bytes().size(), 8U + 1U + 255U);
-  EXPECT_EQ(writer.Bytes()[8], '\xFF');
+  EXPECT_EQ(writer.Bytes().substr(8), '\xFF' + std::string(255, 'x'));
 }
 
 TEST(CollectorWriterTest, DefectsAreWrittenAsNamed) {
