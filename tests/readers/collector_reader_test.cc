@@ -172,16 +172,6 @@ TEST_F(CollectorReaderTest, FileSetNeedsADirectoryAndASeriesName) {
   EXPECT_EQ(result_, -1);
 }
 
-// The last interval of each file meets the file's end and is lost; the walk goes on in the next file.
-TEST_F(CollectorReaderTest, WalkGoesThroughTheFilesOfTheSet) {
-  Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120}), 1);
-  Write(Samples({NOON + 600, NOON + 660, NOON + 720, NOON + 780}), 2);
-  ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
-  std::vector<Seconds> ends;
-  while (reader_.Next(context_) >= 1 && ends.size() < 10) ends.push_back(context_.periodEnd);
-  EXPECT_EQ(ends, (std::vector<Seconds>{NOON + 60, NOON + 720}));
-}
-
 TEST_F(CollectorReaderTest, FileThatEndsAheadOfTheWindowIsPassedOverSilently) {
   Write(Samples({NOON - 720, NOON - 660, NOON - 600}), 1);
   Write(Samples({NOON - 60, NOON, NOON + 60, NOON + 120}), 2);

@@ -5,8 +5,9 @@
 #include <unistd.h>
 
 #include <cmath>
-#include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <string>
 #include <vector>
 
 #include "runtime/runtime.h"

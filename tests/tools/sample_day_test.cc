@@ -1,25 +1,16 @@
-// Layout texts, the cutting of a span into files, and what a simulated host must keep true.
+// Layouts, the cutting of a span into files, and what a simulated host must keep true.
 #include "tools/sample_day.h"
 
 #include <gtest/gtest.h>
 
-#include <tuple>
+#include <string>
+#include <vector>
 
 #include "tools/layouts.h"
 #include "tools/workload_model.h"
 
 namespace ozmo::sample {
 namespace {
-
-TEST(LayoutTest, FieldsAreSpelledOutWithUnitAndDivisor) {
-  const std::vector<FieldLayout> fields = ExpandFields("421:t 401-403:4*100 5:8*2/10");
-  ASSERT_EQ(fields.size(), 5U);
-  EXPECT_EQ(fields[0].encoding, Encoding::TEXT);
-  EXPECT_EQ(fields[3].encoding, Encoding::INT32);
-  EXPECT_EQ(fields[4].encoding, Encoding::INT64);
-  EXPECT_EQ(std::tuple(fields[3].fieldId, fields[3].unit, fields[3].divisor), std::tuple(403, 100, 1));
-  EXPECT_EQ(std::tuple(fields[4].fieldId, fields[4].unit, fields[4].divisor), std::tuple(5, 2, 10));
-}
 
 TEST(LayoutTest, TwinsFollowTheirBasesAndTakeTheirFields) {
   static constexpr RecordLayout RECORDS[] = {
