@@ -9,7 +9,7 @@
 
 #include "readers/collector_reader.h"
 #include "readers/file_kind.h"
-#include "readers/vmr_reader.h"
+#include "readers/vmr/reader.h"
 
 namespace ozmo {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "build_fixture.h"
-#include "catalog/aix_partition.h"
+#include "catalog/aix/partition.h"
 
 namespace ozmo {
 namespace {

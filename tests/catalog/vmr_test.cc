@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "build_fixture.h"
-#include "catalog/vmr_passes.h"
+#include "catalog/vmr/passes.h"
 
 namespace ozmo {
 namespace {

@@ -1,6 +1,4 @@
 // Monitor text files: lines, head, the walk through samples and files, and what the row handlers deliver.
-#include "readers/vmr_reader.h"
-
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -10,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "readers/vmr/reader.h"
 #include "runtime/runtime.h"
 #include "tests/readers/figures.h"
 #include "tests/support/environment.h"

@@ -1,0 +1,137 @@
+#include "catalog/aix/partition.h"
+
+#include <algorithm>
+
+#include "catalog/memory.h"
+
+namespace ozmo {
+namespace {
+
+constexpr double MAX_RATE = 1e9;  // a higher rate is a counter gone bad
+
+// Elements of PartitionRecord::lparValue, in the order of the performance library's partition structure.
+enum LparElement : size_t {
+  CAPPED = 4,
+  SHARED_MODE = 5,
+  POOL_VISIBLE = 6,
+  DONATING = 7,
+  ENTITLED = 14,
+  ONLINE = 18,
+  POOL_SIZE = 32,
+  PHANTOM = 34,
+  INVOLUNTARY = 35,
+  VOLUNTARY = 36,
+  TIME_IN_MODE = 39,  // of four
+  DONATED_TIME = 43,
+  SPARE_1 = 44,
+  SPARE_2 = 46,
+  SPARE_3 = 48
+};
+
+// Physical processors, and what of them was given away.
+struct PhysicalUse {
+  double used = 0.0;
+  double donated = 0.0;
+  double entitled = 0.0;
+};
+
+PhysicalUse PhysicalUseOf(const PartitionRecord& partition) {
+  const auto& value = partition.lparValue;
+  PhysicalUse use;
+  use.entitled = value[ENTITLED];
+  const double all =
+      value[TIME_IN_MODE] + value[TIME_IN_MODE + 1] + value[TIME_IN_MODE + 2] + value[TIME_IN_MODE + 3];
+  if (!(all > 0.0)) return use;
+  const double timebase = partition.lparTicks == 0 ? 1.0 : static_cast<double>(partition.lparTicks);
+  double sum = all;
+  if (value[DONATING] != 0.0) sum += value[SPARE_1] + value[SPARE_2] + value[SPARE_3];
+  if (value[CAPPED] != 0.0) {
+    if (!(use.entitled > 0.0)) use.entitled = 1.0;
+    use.donated = value[DONATED_TIME] / timebase;
+  }
+  use.used = sum / timebase;
+  return use;
+}
+
+void SetTop(BuildState& state, Graph graph, double yMax) {
+  if (GraphRecord* record = state.catalog.Find(graph)) record->yMax = static_cast<float>(yMax);
+}
+
+void StoreEntitlement(BuildState& state, Graph graph, double entitled, double yMax, bool sharedMode) {
+  StoreSets(state, graph, {entitled});
+  SetTop(state, graph, yMax);
+  if (GraphRecord* record = state.catalog.Find(graph)) record->SetColour(0, sharedMode ? "Red" : "Blue");
+}
+
+// Whether the processor of a set was busy at any point.
+bool EverBusy(const Series& series, int points) {
+  const size_t count = std::min(series.size(), static_cast<size_t>(std::max(points, 0)));
+  return std::any_of(series.begin(), series.begin() + static_cast<std::ptrdiff_t>(count),
+                     [](float value) { return value > 0.0F; });
+}
+
+void EraseSet(GraphRecord& record, size_t set) {
+  const auto offset = static_cast<std::ptrdiff_t>(set);
+  if (set < record.data.y.size()) record.data.y.erase(record.data.y.begin() + offset);
+  if (set < record.traceLabels.size()) record.traceLabels.erase(record.traceLabels.begin() + offset);
+}
+
+void ScaleSets(GraphCatalog& catalog, Graph graph, float ratio) {
+  GraphRecord* record = catalog.Find(graph);
+  if (record == nullptr) return;
+  for (Series& series : record->data.y) {
+    const size_t count = std::min(series.size(), static_cast<size_t>(std::max(catalog.pointCount, 0)));
+    for (size_t p = 0; p < count; ++p) series[p] *= ratio;
+  }
+}
+
+}  // namespace
+
+double PartitionOnline(const PartitionRecord& partition) { return partition.lparValue[ONLINE]; }
+
+void AddPartition(BuildState& state, const VmrContext& context) {
+  if (!context.partition) return;
+  const auto& value = context.partition->lparValue;
+  const PhysicalUse use = PhysicalUseOf(*context.partition);
+  const bool sharedMode = value[SHARED_MODE] != 0.0;
+  StoreSets(state, Graph::PHYSICAL_CPU, {use.used});
+  SetTop(state, Graph::PHYSICAL_CPU, value[ONLINE]);
+  StoreEntitlement(state, Graph::ENTITLEMENT, use.entitled, value[ONLINE], sharedMode);
+  StoreEntitlement(state, Graph::POOL_ENTITLEMENT, use.entitled, value[POOL_SIZE], sharedMode);
+
+  const bool visible = value[POOL_VISIBLE] != 0.0;
+  const double others = visible ? value[POOL_SIZE] - use.donated - use.used : 0.0;
+  const double unused = visible ? use.donated : value[POOL_SIZE] - use.used;
+  StoreSets(state, Graph::SHARED_POOL, {others, unused, use.used});
+  SetTop(state, Graph::SHARED_POOL, value[POOL_SIZE]);
+
+  if (value[VOLUNTARY] + value[INVOLUNTARY] < MAX_RATE) {
+    StoreSets(state, Graph::CONTEXT_SWITCHES, {value[VOLUNTARY], value[INVOLUNTARY]});
+  }
+  if (value[PHANTOM] < MAX_RATE) StoreSets(state, Graph::PHANTOM_INTERRUPTS, {value[PHANTOM]});
+}
+
+void RemoveIdleProcessors(BuildState& state) {
+  GraphCatalog& catalog = state.catalog;
+  GraphRecord* busy = catalog.Find(Graph::CPU_BY_PROCESSOR);
+  GraphRecord* active = catalog.Find(Graph::ACTIVE_CPUS);
+  if (busy == nullptr || active == nullptr) return;
+  const int before = busy->data.nsets();
+  // From the last set on, so that the numbers of those still to be looked at stay.
+  for (int set = std::min(before, state.sums.cpuSeen); set-- > 0;) {
+    const size_t index = static_cast<size_t>(set);
+    if (EverBusy(busy->data.y[index], catalog.pointCount)) continue;
+    EraseSet(*busy, index);
+    EraseSet(*active, index);
+  }
+  const int after = busy->data.nsets();
+  if (after == before) return;
+  // With no processor left this is a division by zero, and its result goes into the series.
+  const float ratio = static_cast<float>(before) / static_cast<float>(after);
+  for (Graph graph :
+       {Graph::OVERALL_CPU, Graph::CPU_BY_MODE, Graph::TOP_IMAGES, Graph::TOP_USERS, Graph::CLASS_CPU}) {
+    ScaleSets(catalog, graph, ratio);
+  }
+}
+
+}  // namespace ozmo

@@ -1,0 +1,333 @@
+// AIX collector files: qtxa_, big-endian.
+//
+// The version text chooses nothing but the record table and the width of counters: the decoders are the same
+// for all versions, and an unknown version leaves the reader with the newest table.
+#include <algorithm>
+#include <functional>
+#include <string_view>
+
+#include "readers/aix/decoders.h"
+#include "readers/aix/layouts.h"
+#include "readers/config_decoder.h"
+#include "readers/formats.h"
+#include "readers/shared_decoders.h"
+
+namespace ozmo {
+namespace {
+
+ByteOrder AixByteOrder(std::string_view /*path*/) { return ByteOrder::BIG; }
+
+// --- The machine's processors as a whole, types 1 and 17 ---
+
+using CpuRule = FieldRule<ProcessorRecord>;
+
+template <auto Member>
+constexpr CpuRule CpuRate(int32_t fieldId) {
+  return {fieldId, To<Member>, Form::WIDE, Per::INTERVAL};
+}
+template <size_t Index>
+constexpr CpuRule EventRate(int32_t fieldId) {
+  return {fieldId, ToElement<&ProcessorRecord::eventRates, Index>, Form::WIDE, Per::INTERVAL};
+}
+template <size_t Index>
+constexpr CpuRule LoadAverage(int32_t fieldId) {
+  return {fieldId,       ToElement<&ProcessorRecord::loadAverage, Index>,
+          Form::WIDE,    Per::RECORD,
+          Divide::NEVER, Sign::ANY,
+          65536.0};
+}
+
+// Unlike those of single processors these times stay what the collector counted per second.
+int AixDecodeCpuOverall(Decoding& decoding) {
+  static const RuleTable<ProcessorRecord> rules{
+      CpuRate<&ProcessorRecord::userTime>(101),
+      CpuRate<&ProcessorRecord::systemTime>(102),
+      CpuRate<&ProcessorRecord::idleTime>(103),
+      CpuRate<&ProcessorRecord::waitTime>(104),
+      EventRate<0>(105),
+      EventRate<1>(106),
+      EventRate<2>(107),
+      EventRate<3>(108),
+      EventRate<4>(109),
+      {110, To<&ProcessorRecord::extraSecondsA>, Form::WIDE, Per::RECORD, Divide::NEVER, Sign::ANY, 100.0},
+      CpuRate<&ProcessorRecord::extraSecondsB>(111),
+      LoadAverage<0>(112),
+      LoadAverage<1>(113),
+      LoadAverage<2>(114),
+      EventRate<5>(115),
+  };
+  return DecodeToList(rules, decoding.context.overallCpu, decoding);
+}
+
+// --- Logical processors, types 8 and 23 ---
+
+constexpr int32_t CPU_ID_FIELD = 801;
+
+// The field that tells the processor; null unless it stands ahead of the record's other fields, which are
+// lost without it.
+const FieldValue* FindCpuId(std::span<const FieldValue> fields) {
+  const auto id = std::find_if(fields.begin(), fields.end(), [](const FieldValue& field) {
+    return field.fieldId == CPU_ID_FIELD && field.data != nullptr;
+  });
+  if (id == fields.end()) return nullptr;
+  const bool isFirst = std::none_of(fields.begin(), fields.end(), [&](const FieldValue& field) {
+    return field.data != nullptr && std::less<>{}(field.data, id->data);
+  });
+  return isFirst ? &*id : nullptr;
+}
+
+// More processors than any machine has: a file that names ever new ones must not cost a search of them all.
+constexpr size_t MAX_PROCESSORS = 4096;
+
+// The list's record of that processor, or a new one: records of one number merge. Null when the list is full.
+ProcessorRecord* FindOrPush(RecordList<ProcessorRecord>& list, int32_t cpuId) {
+  const auto known =
+      std::find_if(list.begin(), list.end(), [&](const ProcessorRecord& cpu) { return cpu.cpuId == cpuId; });
+  if (known != list.end()) return &*known;
+  if (list.size() >= MAX_PROCESSORS) return nullptr;
+  ProcessorRecord& cpu = list.Push();
+  cpu.cpuId = cpuId;
+  return &cpu;
+}
+
+// Times become fractions of what the processor did in all.
+void NormaliseTimes(ProcessorRecord& cpu) {
+  const double sum = cpu.userTime + cpu.systemTime + cpu.waitTime + cpu.idleTime;
+  if (!(sum > 0.0)) return;
+  cpu.userTime /= sum;
+  cpu.systemTime /= sum;
+  cpu.waitTime /= sum;
+  cpu.idleTime /= sum;
+}
+
+int AixDecodeCpu(Decoding& decoding) {
+  static const RuleTable<ProcessorRecord> rules{
+      {CPU_ID_FIELD, To<&ProcessorRecord::cpuId>},
+      CpuRate<&ProcessorRecord::userTime>(802),
+      CpuRate<&ProcessorRecord::systemTime>(803),
+      CpuRate<&ProcessorRecord::idleTime>(804),
+      CpuRate<&ProcessorRecord::waitTime>(805),
+      {811, To<&ProcessorRecord::coreValueA>, Form::WIDE},
+      EventRate<5>(812),
+      {813, To<&ProcessorRecord::coreValueB>, Form::WIDE},
+  };
+  const FieldValue* id = FindCpuId(decoding.fields);
+  if (id == nullptr) return 0;
+  ProcessorRecord* cpu = FindOrPush(decoding.context.processors.Of(decoding.isTwin), id->Int32());
+  if (cpu == nullptr) return 0;
+  const int counted = ApplyRules(rules, *cpu, decoding);
+  NormaliseTimes(*cpu);
+  return counted;
+}
+
+// --- Memory, types 3, 12 and 19 ---
+
+using MemoryRule = FieldRule<MemoryRecord>;
+
+template <auto Member>
+constexpr MemoryRule PageRate(int32_t fieldId) {
+  return {fieldId, To<Member>, Form::INT32, Per::INTERVAL};
+}
+template <size_t Index>
+constexpr MemoryRule WidePageRate(int32_t fieldId) {
+  return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::WIDE, Per::INTERVAL};
+}
+
+// The base record and the record of further figures fill one and the same MemoryRecord, whichever comes
+// first; a twin always starts a new one.
+int AixDecodeMemory(Decoding& decoding) {
+  static const RuleTable<MemoryRecord> rules{
+      {301, To<&MemoryRecord::freeKb>},
+      {302, To<&MemoryRecord::memoryValue302>},
+      {303, To<&MemoryRecord::memoryValue303>},
+      PageRate<&MemoryRecord::pageInRate>(304),
+      PageRate<&MemoryRecord::pageOutRate>(305),
+      PageRate<&MemoryRecord::pageRate306>(306),
+      PageRate<&MemoryRecord::pageRate307>(307),
+      PageRate<&MemoryRecord::pageRate308>(308),
+      PageRate<&MemoryRecord::pageRate309>(309),
+      {310, StoreMachinePageSize},
+      WidePageRate<20>(311),
+      WidePageRate<21>(312),
+      {313, nullptr},
+      {314, nullptr},
+      {315, nullptr},
+      {316, nullptr},
+  };
+  if (decoding.isTwin) decoding.context.memory.twin.reset();
+  return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
+}
+
+// Pages to megabytes: value * 4096 / 1024 / 1024, whatever page size field 310 has brought.
+template <size_t Index>
+constexpr MemoryRule Megabytes(int32_t fieldId) {
+  return {
+      fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY,
+      256.0};
+}
+template <size_t Index>
+constexpr MemoryRule VmRate(int32_t fieldId) {
+  return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::UINT64, Per::INTERVAL};
+}
+template <size_t Index>
+constexpr MemoryRule Raw(int32_t fieldId) {
+  return {fieldId, ToElement<&MemoryRecord::vmRaw, Index>, Form::UINT64};
+}
+
+int AixDecodeMoreMemory(Decoding& decoding) {
+  static const RuleTable<MemoryRecord> rules{
+      Megabytes<0>(1),   Megabytes<21>(2),  Megabytes<1>(3),  Megabytes<2>(4),   Megabytes<3>(5),
+      Megabytes<4>(6),   Megabytes<20>(7),  Megabytes<18>(8), Megabytes<19>(9),  VmRate<5>(10),
+      VmRate<6>(11),     VmRate<7>(12),     VmRate<8>(13),    VmRate<9>(14),     VmRate<10>(15),
+      VmRate<13>(16),    VmRate<11>(17),    VmRate<12>(18),   Megabytes<14>(19), Megabytes<15>(20),
+      Megabytes<16>(21), Megabytes<17>(22), Raw<0>(23),       Raw<1>(24),        Raw<2>(25),
+      Raw<3>(26),
+  };
+  return DecodeToSlot(rules, decoding.context.memory.primary, decoding);
+}
+
+// --- Processes, types 4 and 21 ---
+
+using ProcessRule = FieldRule<ProcessRecord>;
+
+template <auto Member>
+constexpr ProcessRule CpuSeconds(int32_t fieldId) {
+  return {fieldId, To<Member>, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE};
+}
+constexpr ProcessRule ProcessRate(int32_t fieldId, ProcessRule::Store store) {
+  return {fieldId, store,        Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE,
+          1.0,     COUNTER_LIMIT};
+}
+
+void StoreSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule, Decoding& decoding) {
+  process.values[1] = Convert<int64_t>(field, rule, decoding.state);
+  process.sizeResident = std::max<int64_t>(process.values[1], 0);
+}
+
+int AixDecodeProcess(Decoding& decoding) {
+  static const RuleTable<ProcessRecord> rules{
+      {401, nullptr},
+      {402, To<&ProcessRecord::processId>},
+      {403, nullptr},
+      {404, StoreProcessIdText},
+      {405, To<&ProcessRecord::processIdB>},
+      CpuSeconds<&ProcessRecord::userCpuSeconds>(407),
+      CpuSeconds<&ProcessRecord::systemCpuSeconds>(408),
+      ProcessRate(409, ToElement<&ProcessRecord::rates, 0>),
+      ProcessRate(410, ToElement<&ProcessRecord::rates, 1>),
+      ProcessRate(411, To<&ProcessRecord::minorFaults>),
+      ProcessRate(412, To<&ProcessRecord::majorFaults>),
+      {413, ToElement<&ProcessRecord::values, 0>, Form::WIDE},
+      {414, StoreSize, Form::WIDE},
+      {415, ToElement<&ProcessRecord::values, 2>, Form::WIDE},
+      {416, ToElement<&ProcessRecord::rates, 2>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1,
+       Sign::NOT_NEGATIVE},
+      {417, To<&ProcessRecord::elapsedSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
+      {418, ToElement<&ProcessRecord::values, 3>},
+      {419, To<&ProcessRecord::userName>},
+      {420, To<&ProcessRecord::name>},
+  };
+  ProcessRecord& process = ContextPushProcess(decoding.context, decoding.isTwin);
+  const int counted = ApplyRules(rules, process, decoding);
+  if (process.name == "wait") {  // the kernel's idle process consumes nothing
+    process.userCpuSeconds = 0.0F;
+    process.systemCpuSeconds = 0.0F;
+  }
+  if (decoding.context.config) process.elapsedSeconds = decoding.context.config->intervalSeconds;
+  if (counted == 0) decoding.context.processes.Of(decoding.isTwin).PopHead();
+  return counted;
+}
+
+// --- Configuration, type 5 ---
+
+int AixDecodeConfig(Decoding& decoding) {
+  static const RuleTable<SystemConfig> rules{
+      {501, To<&SystemConfig::versionText>},
+      {502, ToElement<&SystemConfig::configText, 2>},
+      {503, StoreMemoryMb, Form::NATURAL},
+      {504, ToElement<&SystemConfig::configText, 4>},
+      {505, ToElement<&SystemConfig::configText, 5>},
+      {506, To<&SystemConfig::cpuCount>},
+      {507, To<&SystemConfig::configNode>},
+      {509, ToElement<&SystemConfig::configText, 9>},
+      {510, ToElement<&SystemConfig::configText, 10>},
+      {511, ToElement<&SystemConfig::configText, 5>},  // over the text of field 505
+      {514, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
+      {515, To<&SystemConfig::intervalMillis>},
+  };
+  return DecodeConfigRecord(rules, decoding);
+}
+
+// --- Protocol counters, types 7 and 22 ---
+
+constexpr CounterRange COUNTERS[] = {
+    {701, 723, 0},  {724, 730, 24}, {731, 731, 31}, {732, 740, 32}, {741, 741, 31},  // over field 731
+    {742, 745, 42}, {754, 773, 54}, {774, 777, 75}, {789, 797, 90},
+};
+
+int AixDecodeNetStats(Decoding& decoding) {
+  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.kernel.Of(decoding.isTwin), decoding);
+}
+
+// --- File systems, types 9 and 24; LAN adapters, types 15 and 25 ---
+
+int AixDecodeFileSystem(Decoding& decoding) {
+  static const RuleTable<FileSystemRecord> rules = FileSystemRules(902, 901, 903);
+  return DecodeToList(rules, decoding.context.fileSystems, decoding);
+}
+
+int AixDecodeLan(Decoding& decoding) {
+  static const RuleTable<LanRecord> rules = LanRules(Divide::AT_LEAST_1, COUNTER_LIMIT);
+  return DecodeToList(rules, decoding.context.lans, decoding);
+}
+
+// --- The format ---
+
+// The partition's twin, type 31, has a layout and no decoder: it is read and dropped.
+constexpr DecoderRow DECODERS[] = {
+    {1, false, AixDecodeCpuOverall},  {17, true, AixDecodeCpuOverall}, {2, false, AixDecodeDisk},
+    {18, true, AixDecodeDisk},        {3, false, AixDecodeMemory},     {19, true, AixDecodeMemory},
+    {12, false, AixDecodeMoreMemory}, {4, false, AixDecodeProcess},    {21, true, AixDecodeProcess},
+    {5, false, AixDecodeConfig},      {7, false, AixDecodeNetStats},   {22, true, AixDecodeNetStats},
+    {8, false, AixDecodeCpu},         {23, true, AixDecodeCpu},        {9, false, AixDecodeFileSystem},
+    {24, true, AixDecodeFileSystem},  {13, false, DecodeLoadItem},     {29, true, DecodeLoadItem},
+    {14, false, AixDecodeLpar},       {15, false, AixDecodeLan},       {25, true, AixDecodeLan},
+    {16, false, DecodeSummary},       {26, true, DecodeSummary},
+};
+
+constexpr VersionRule VERSIONS[] = {
+    {VersionMatch::EQUALS, "P910_64", &AIX_P910_64, FlagChange::SET},
+    {VersionMatch::EQUALS, "P910", &AIX_P910, FlagChange::CLEAR},
+    {VersionMatch::EQUALS, "P730_64", &AIX_P730_64, FlagChange::SET},
+    {VersionMatch::EQUALS, "P730", &AIX_P730, FlagChange::CLEAR},
+    {VersionMatch::EQUALS, "P720_64", &AIX_P720_64, FlagChange::SET},
+    {VersionMatch::EQUALS, "P720", &AIX_P720, FlagChange::CLEAR},
+    {VersionMatch::EQUALS, "P300_64", &AIX_P300_64, FlagChange::SET},
+    {VersionMatch::EQUALS, "P300", &AIX_P300, FlagChange::CLEAR},
+    {VersionMatch::EQUALS, "540", &AIX_P300, FlagChange::CLEAR},
+};
+
+}  // namespace
+
+const CollectorFormat AIX_FORMAT{
+    .name = "AIX",
+    .byteOrderOf = AixByteOrder,
+    .timeRecord = 6,
+    .timeField = 601,
+    .entryFields = {.version = 501, .nodeName = 507, .utcOffset = 508, .dstFlag = 512, .interval = 514},
+    .intervalBelowOneIsDefault = true,
+    .configuredIntervalIsDefault = true,
+    .missingVersionIsUnsupported = true,
+    .keepsTag = false,
+    .entryTable = &AIX_P910,
+    .versions = VERSIONS,
+    .versionTexts = {.notice = VersionNotice::NONE,
+                     .file = {},
+                     .version = {},
+                     .unknown = "\nUnrecognized data collector version %s\n",
+                     .unknownOnStandardError = false,
+                     .unknownEndsProcess = false},
+    .decoders = DECODERS,
+};
+
+}  // namespace ozmo

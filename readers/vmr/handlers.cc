@@ -1,0 +1,285 @@
+#include "readers/vmr/handlers.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+#include "readers/field_rules.h"
+
+namespace ozmo {
+namespace {
+
+constexpr float PAGE_SIZE = 4096.0F;
+constexpr std::string_view TOTAL_INSTANCE = "_Total";
+
+// One value of a data row.
+struct CounterValue {
+  float sum;
+  int32_t samples;
+  VmrRows& rows;
+
+  float Mean() const { return sum / static_cast<float>(samples); }
+};
+
+template <class Record>
+struct CounterRule {
+  int32_t counter;
+  void (*store)(Record& record, const CounterValue& value);
+};
+
+// --- Store functions for the rules ---
+
+template <auto Member>
+using RecordOf = typename MemberOf<decltype(Member)>::Record;
+
+template <auto Member>
+void Mean(RecordOf<Member>& record, const CounterValue& value) {
+  record.*Member = value.Mean();
+}
+
+template <auto Member>
+void MeanPages(RecordOf<Member>& record, const CounterValue& value) {
+  record.*Member = value.Mean() / PAGE_SIZE;
+}
+
+// In whole numbers; only for objects whose rows have at least one sample.
+template <auto Member>
+void WholeMean(RecordOf<Member>& record, const CounterValue& value) {
+  using Integer = typename MemberOf<decltype(Member)>::Type;
+  record.*Member = ClampTo<Integer>(value.sum) / static_cast<Integer>(value.samples);
+}
+
+// The change of a running total. A total of 0 is no base for a change; one that went back gives a negative
+// change.
+template <auto Member, size_t Index>
+void Change(RecordOf<Member>& record, const CounterValue& value) {
+  double& previous = value.rows.previousConnections[Index];
+  const float total = value.Mean();
+  record.*Member = previous != 0.0 ? static_cast<float>(total - previous) : 0.0F;
+  previous = total;
+}
+
+// The rules over the row's values. A row shorter than its counter row goes on with empty values.
+template <class Record, size_t Count>
+void ApplyCounters(const CounterRule<Record> (&rules)[Count], Record& record, VmrRows& rows, int32_t samples,
+                   const VmrLine& line) {
+  for (size_t i = 0; i < rows.counters.size(); ++i) {
+    const auto* rule = std::find_if(std::begin(rules), std::end(rules), [&](const CounterRule<Record>& row) {
+      return row.counter == rows.counters[i];
+    });
+    if (rule == std::end(rules)) continue;
+    rule->store(record, {line.Number(i + 1), samples, rows});
+  }
+}
+
+// Samples of an object without instances.
+int32_t ObjectSamples(const VmrRows& rows) { return rows.objectSamples < 0 ? 1 : rows.objectSamples; }
+
+// The one record of an interval: made by the first row that needs it.
+template <class Record>
+Record& OneOf(std::optional<Record>& slot) {
+  return slot ? *slot : slot.emplace();
+}
+
+// --- Processor, object 238 ---
+
+void StoreIdle(ProcessorRecord& processor, const CounterValue& value) {
+  processor.idleTime = 100.0 - static_cast<double>(value.Mean());
+}
+
+// The instance of all processors reads as number 0 and stays.
+void VmrStoreProcessor(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<ProcessorRecord> RULES[] = {
+      {6, StoreIdle},
+      {142, Mean<&ProcessorRecord::userTime>},
+      {144, Mean<&ProcessorRecord::systemTime>},
+      {696, Mean<&ProcessorRecord::dpcTime>},
+      {698, Mean<&ProcessorRecord::interruptTime>},
+  };
+  ProcessorRecord& processor = context.processors.primary.Push();
+  processor.cpuId = VmrInteger(rows.instanceName.c_str());
+  ApplyCounters(RULES, processor, rows, rows.instanceSamples, line);
+}
+
+// --- Physical disk, object 234 ---
+
+std::string DiskName(std::string instance) {
+  std::erase(instance, ':');
+  std::replace(instance.begin(), instance.end(), ' ', '-');
+  return "DISK" + instance;
+}
+
+void StoreQueueLength(DiskRecord& disk, const CounterValue& value) {
+  disk.queueLength = static_cast<float>(value.Mean() / 1e7);
+}
+
+// The counter tells the idle part.
+void StoreBusyFraction(DiskRecord& disk, const CounterValue& value) {
+  disk.busyFraction = static_cast<float>(1.0 - value.Mean() / 100.0);
+}
+
+void VmrStoreDisk(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<DiskRecord> RULES[] = {
+      {214, Mean<&DiskRecord::readRate>},
+      {216, Mean<&DiskRecord::writeRate>},
+      {220, Mean<&DiskRecord::readBytesRate>},
+      {222, Mean<&DiskRecord::writeBytesRate>},
+      {1400, StoreQueueLength},
+      {1482, StoreBusyFraction},
+  };
+  constexpr float MILLISECONDS = 1000.0F;
+  if (rows.instanceName == TOTAL_INSTANCE) return;
+  DiskRecord& disk = context.disks.primary.Push();
+  disk.deviceName = DiskName(rows.instanceName);
+  ApplyCounters(RULES, disk, rows, rows.instanceSamples, line);
+  disk.ioRate = disk.readRate + disk.writeRate;
+  disk.totalBytesRate = disk.readBytesRate + disk.writeBytesRate;
+  if (disk.ioRate > 0.0F) {
+    disk.servicePerIo = disk.busyFraction * MILLISECONDS / disk.ioRate;
+    disk.waitPerIo = disk.queueLength * MILLISECONDS / disk.ioRate;
+  }
+  ContextFindAlias(context, disk);
+}
+
+// --- Process, object 230 ---
+
+// How long the process lived of the interval, by its share of the samples; the counter's own value isn't
+// used.
+void StoreElapsed(ProcessRecord& process, const CounterValue& value) {
+  const auto interval = static_cast<float>(value.rows.intervalSeconds);
+  const float elapsed =
+      static_cast<float>(value.samples) * interval / static_cast<float>(value.rows.samplesPerInterval);
+  process.elapsedSeconds = elapsed < interval ? elapsed : interval;
+}
+
+void VmrStoreProcess(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<ProcessRecord> RULES[] = {
+      {6, Mean<&ProcessRecord::cpuPercent>},
+      {28, Mean<&ProcessRecord::pageFaultsPerSecond>},
+      {142, Mean<&ProcessRecord::userCpuSeconds>},
+      {144, Mean<&ProcessRecord::systemCpuSeconds>},
+      {174, WholeMean<&ProcessRecord::sizeVirtual>},
+      {180, WholeMean<&ProcessRecord::sizeResident>},
+      {682, WholeMean<&ProcessRecord::priority>},
+      {684, StoreElapsed},
+      {784, WholeMean<&ProcessRecord::processId>},
+      {1412, Mean<&ProcessRecord::ioReadsPerSecond>},
+      {1414, Mean<&ProcessRecord::ioWritesPerSecond>},
+      {1420, Mean<&ProcessRecord::ioReadBytesPerSecond>},
+      {1422, Mean<&ProcessRecord::ioWriteBytesPerSecond>},
+  };
+  if (rows.instanceName == TOTAL_INSTANCE) return;
+  ProcessRecord& process = ContextPushProcess(context, false);
+  process.name = rows.instanceName;
+  if (rows.instanceSamples > 0) ApplyCounters(RULES, process, rows, rows.instanceSamples, line);
+}
+
+// --- Memory, object 4 ---
+
+// Worked out by ourselves where the host doesn't tell it.
+void StoreCommittedPercent(MemoryRecord& memory, const CounterValue& value) {
+  memory.committedPercent = value.Mean();
+  if (memory.committedPercent == 0.0F && memory.commitLimitPages > 0.0F) {
+    memory.committedPercent = 100.0F * memory.committedPages / memory.commitLimitPages;
+  }
+}
+
+void VmrStoreMemory(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<MemoryRecord> RULES[] = {
+      {24, MeanPages<&MemoryRecord::freePages>},
+      {26, MeanPages<&MemoryRecord::committedPages>},
+      {28, Mean<&MemoryRecord::pageFaultsPerSecond>},
+      {30, MeanPages<&MemoryRecord::commitLimitPages>},
+      {32, Mean<&MemoryRecord::copyOnWriteFaultsPerSecond>},
+      {34, Mean<&MemoryRecord::transitionFaultsPerSecond>},
+      {36, Mean<&MemoryRecord::cacheFaultsPerSecond>},
+      {38, Mean<&MemoryRecord::demandZeroFaultsPerSecond>},
+      {40, Mean<&MemoryRecord::pagesPerSecond>},
+      {42, Mean<&MemoryRecord::pageReadsPerSecond>},
+      {48, Mean<&MemoryRecord::pagesOutPerSecond>},
+      {50, Mean<&MemoryRecord::pageWritesPerSecond>},
+      {56, MeanPages<&MemoryRecord::pagedPoolPages>},
+      {58, MeanPages<&MemoryRecord::nonPagedPoolPages>},
+      {66, MeanPages<&MemoryRecord::kernelPages>},
+      {70, MeanPages<&MemoryRecord::kernelPart1Pages>},
+      {74, MeanPages<&MemoryRecord::kernelPart2Pages>},
+      {76, MeanPages<&MemoryRecord::kernelPart3Pages>},
+      {818, MeanPages<&MemoryRecord::cachePages>},
+      {822, Mean<&MemoryRecord::transitionRepurposedPerSecond>},
+      {1406, StoreCommittedPercent},
+  };
+  MemoryRecord& memory = OneOf(context.memory.primary);
+  ApplyCounters(RULES, memory, rows, ObjectSamples(rows), line);
+  memory.kernelPages += memory.kernelPart1Pages + memory.kernelPart2Pages + memory.kernelPart3Pages;
+}
+
+// --- Network protocols, objects 546, 638 and 658: one record for all ---
+
+void VmrStoreIp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<NetworkRecord> RULES[] = {
+      {438, Mean<&NetworkRecord::ipDatagramsPerSecond>},
+      {446, Mean<&NetworkRecord::ipReceivedPerSecond>},
+      {552, Mean<&NetworkRecord::ipHeaderErrors>},
+      {554, Mean<&NetworkRecord::ipAddressErrors>},
+      {556, Mean<&NetworkRecord::ipForwardedPerSecond>},
+      {558, Mean<&NetworkRecord::ipUnknownProtocol>},
+      {560, Mean<&NetworkRecord::ipReceivedDiscarded>},
+      {562, Mean<&NetworkRecord::ipDeliveredPerSecond>},
+      {442, Mean<&NetworkRecord::ipSentPerSecond>},
+      {566, Mean<&NetworkRecord::ipOutboundDiscarded>},
+      {568, Mean<&NetworkRecord::ipOutboundNoRoute>},
+      {570, Mean<&NetworkRecord::ipFragmentsReceivedPerSecond>},
+      {572, Mean<&NetworkRecord::ipReassembledPerSecond>},
+      {574, Mean<&NetworkRecord::ipReassemblyFailures>},
+      {576, Mean<&NetworkRecord::ipFragmentedPerSecond>},
+      {578, Mean<&NetworkRecord::ipFragmentationFailures>},
+      {580, Mean<&NetworkRecord::ipFragmentsCreatedPerSecond>},
+  };
+  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+}
+
+void VmrStoreTcp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<NetworkRecord> RULES[] = {
+      {640, Mean<&NetworkRecord::tcpSegmentsPerSecond>},
+      {642, Mean<&NetworkRecord::tcpConnectionsEstablished>},
+      {644, Change<&NetworkRecord::tcpConnectionsActive, 0>},
+      {646, Change<&NetworkRecord::tcpConnectionsPassive, 1>},
+      {648, Change<&NetworkRecord::tcpConnectionFailures, 2>},
+      {650, Change<&NetworkRecord::tcpConnectionsReset, 3>},
+      {652, Mean<&NetworkRecord::tcpSegmentsReceivedPerSecond>},
+      {654, Mean<&NetworkRecord::tcpSegmentsSentPerSecond>},
+      {656, Mean<&NetworkRecord::tcpSegmentsRetransmittedPerSecond>},
+  };
+  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+}
+
+void VmrStoreUdp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  static constexpr CounterRule<NetworkRecord> RULES[] = {
+      {438, Mean<&NetworkRecord::udpDatagramsPerSecond>}, {446, Mean<&NetworkRecord::udpReceivedPerSecond>},
+      {664, Mean<&NetworkRecord::udpNoPortPerSecond>},    {666, Mean<&NetworkRecord::udpReceivedErrors>},
+      {442, Mean<&NetworkRecord::udpSentPerSecond>},
+  };
+  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+}
+
+// --- Objects ---
+
+struct ObjectRow {
+  int32_t objectId;
+  void (*store)(VmrContext& context, VmrRows& rows, const VmrLine& line);
+};
+
+constexpr ObjectRow OBJECTS[] = {
+    {4, VmrStoreMemory}, {230, VmrStoreProcess}, {234, VmrStoreDisk}, {238, VmrStoreProcessor},
+    {546, VmrStoreIp},   {638, VmrStoreTcp},     {658, VmrStoreUdp},
+};
+
+}  // namespace
+
+void VmrStoreRow(VmrContext& context, VmrRows& rows, const VmrLine& line) {
+  for (const ObjectRow& object : OBJECTS) {
+    if (object.objectId == rows.objectId) object.store(context, rows, line);
+  }
+}
+
+}  // namespace ozmo

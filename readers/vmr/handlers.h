@@ -1,0 +1,36 @@
+// What a data row of a monitor text file puts into the interval's records.
+//
+// Objects and counters go by their performance counter title numbers on the monitored host. A row's value is
+// a sum over samples; most members take its mean. Counters and objects that aren't in our tables are passed
+// over.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "readers/vmr/file.h"
+#include "readers/vmr_context.h"
+
+namespace ozmo {
+
+inline constexpr int32_t NO_VMR_OBJECT = -1;
+
+// What the head of the file and the rows ahead of a data row say of it. Rows stay in effect until replaced.
+struct VmrRows {
+  int32_t intervalSeconds = 0;
+  int32_t samplesPerInterval = 0;
+  int32_t objectId = NO_VMR_OBJECT;
+  int32_t objectSamples = 0;
+  std::string instanceName;
+  int32_t instanceSamples = 0;
+  std::vector<int32_t> counters;  // the name of each value of a data row
+  // Running totals of the TCP connection counters at the last sample.
+  std::array<double, 4> previousConnections{};
+};
+
+// Gives a data row to the handler of the object in effect; a row of another object is dropped.
+void VmrStoreRow(VmrContext& context, VmrRows& rows, const VmrLine& line);
+
+}  // namespace ozmo

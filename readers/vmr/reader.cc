@@ -1,0 +1,262 @@
+#include "readers/vmr/reader.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+#include "readers/file_set.h"
+#include "runtime/text.h"
+
+namespace ozmo {
+namespace {
+
+constexpr Seconds SECONDS_PER_MINUTE = 60;
+constexpr int32_t PAGE_SIZE = 4096;
+constexpr std::string_view TIME_ROW = "1";
+
+// The paths that are to be expected of a node, day by day, up to the first number of a day that the
+// directory doesn't hold.
+std::vector<std::string> NodeFileSet(const std::string& dataPath, const std::string& nodeName, Seconds start,
+                                     Seconds end) {
+  const std::string directory = DirectoryOf(dataPath);
+  std::vector<std::string> listed = ListDirectory(directory);
+  std::erase_if(listed, [](const std::string& name) {
+    const size_t dot = name.rfind('.');
+    return dot == std::string::npos || LowerText(name.substr(dot)) != ".vmr";
+  });
+  std::vector<std::string> files;
+  if (listed.empty()) return files;
+
+  const auto isListed = [&](const std::string& path) {
+    return std::any_of(listed.begin(), listed.end(), [&](const std::string& name) {
+      return path.find(name) != std::string::npos || name.find(path) != std::string::npos;
+    });
+  };
+  const std::string series = directory + "/qtx_" + nodeName + "_";
+  for (const std::string& day : DayList(start, end, "%Y%b%d")) {
+    // No day has more files than the directory has names: a name may be found in every path.
+    for (size_t n = 1; n <= listed.size(); ++n) {
+      std::string path = series;
+      path.append(day).append("_").append(std::to_string(n)).append(".vmr");
+      if (!isListed(path)) break;
+      files.push_back(std::move(path));
+    }
+  }
+  return files;
+}
+
+// A year or month counted from another start; far values stay in range.
+int CountedFrom(int32_t value, int32_t start) {
+  return static_cast<int>(std::max<int64_t>(int64_t{value} - start, std::numeric_limits<int>::min()));
+}
+
+// Memory sizes that miss what the system keeps for itself.
+int32_t WholeMemorySize(int32_t megabytes) {
+  if (megabytes == 1023) return 1024;
+  if (megabytes == 511) return 512;
+  return megabytes;
+}
+
+}  // namespace
+
+// --- The four operations ---
+
+int VmrReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
+  if (OpenFile(path, nullptr) != READER_DONE) return READER_NOTHING;
+  nodeName = header_.nodeName;
+  firstRecordTime = header_.startTime;
+  return READER_DONE;
+}
+
+int VmrReader::Open(VmrContext& context) {
+  if (!opened_) {
+    opened_ = true;
+    context.nodeName = header_.nodeName;
+    context.dataPath = header_.filePath;
+    context.utcOffset = DEFAULT_UTC_OFFSET;  // these files tell none, and their times are local
+    context.dstFlag = header_.dstFlag;
+    file_.Close();
+    rows_.previousConnections = {};
+  }
+  spanStart_ = context.periodStart / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
+  spanEnd_ = context.periodEnd / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
+  fileSet_ = NodeFileSet(context.dataPath, context.nodeName, context.periodStart, context.periodEnd);
+  cursor_ = 0;
+  return static_cast<int>(fileSet_.size());
+}
+
+int VmrReader::Next(VmrContext& context) {
+  ContextFree(context);
+  if (fileSet_.empty()) return READER_END_OF_FILE;
+  if (!file_.IsOpen()) {
+    const int result = OpenCurrentFile(context);
+    if (result == READER_OUTSIDE_WINDOW) return result;
+    if (result != READER_DONE) return MoveCursor(result);
+  }
+  const int result = context.periodEnd <= spanEnd_ ? ReadSample(context) : READER_NOTHING;
+  return result == READER_DONE ? result : MoveCursor(result);
+}
+
+int VmrReader::Close(VmrContext& context) {
+  ContextFreeDeep(context);
+  opened_ = false;
+  fileSet_.clear();
+  return READER_DONE;
+}
+
+int VmrReader::OpenCurrentFile(VmrContext& context) {
+  context.dataPath = fileSet_[cursor_];
+  const int opened = OpenFile(context.dataPath, &context);
+  if (opened != READER_DONE) return opened;
+  context.periodStart = header_.startTime;
+  if (header_.startTime > spanEnd_) return READER_OUTSIDE_WINDOW;
+  while (context.periodStart < spanStart_) {
+    const int result = SkipSample(context);
+    if (result != READER_DONE) return result;
+  }
+  return READER_DONE;
+}
+
+int VmrReader::MoveCursor(int result) {
+  if (cursor_ + 1 >= fileSet_.size()) return result;
+  ++cursor_;
+  return READER_DONE;
+}
+
+// --- The head of a file ---
+
+int VmrReader::OpenFile(const std::string& path, VmrContext* context) {
+  file_.Open(path);
+  while (file_.ReadLine()) {
+    const VmrLine& line = file_.line();
+    if (line.Is("<HEADER>")) {
+      ReadHeader(line, path);
+    } else if (line.Is("<META>")) {
+      if (!SkipBlock("<ENDMETA>")) return READER_END_OF_FILE;
+    } else if (line.Is("<CONFIG>")) {
+      if (!ReadConfigBlock(context)) return READER_END_OF_FILE;
+    } else if (line.Is(TIME_ROW)) {
+      if (context == nullptr) return READER_DONE;
+      sampleTime_ = TimeOfRow(line);
+      SetPeriod(*context, sampleTime_);
+      return READER_DONE;
+    }
+  }
+  return READER_END_OF_FILE;
+}
+
+void VmrReader::ReadHeader(const VmrLine& line, const std::string& path) {
+  constexpr int32_t SHORTEST_PERIOD = 1000;  // milliseconds
+  const int32_t samplingPeriod = line.Integer(5);
+  if (samplingPeriod < SHORTEST_PERIOD) {
+    std::fprintf(stderr, "Sampling period of %d milliseconds, at least %d expected, in file %s\n",
+                 samplingPeriod, SHORTEST_PERIOD, path.c_str());
+    std::fflush(nullptr);
+    std::exit(EXIT_FAILURE);
+  }
+  header_.nodeName = line.Field(3);
+  header_.filePath = path;
+  rows_.intervalSeconds = line.Integer(4);
+  rows_.samplesPerInterval = rows_.intervalSeconds / (samplingPeriod / SHORTEST_PERIOD);
+  header_.dstFlag = line.Integer(12);
+
+  header_.date = {};
+  header_.date.tm_year = CountedFrom(line.Integer(7), 1900);
+  header_.date.tm_mon = CountedFrom(line.Integer(8), 1);
+  header_.date.tm_mday = line.Integer(9);
+  header_.date.tm_hour = line.Integer(10);
+  header_.date.tm_min = line.Integer(11);
+  header_.date.tm_isdst = header_.dstFlag;
+  std::tm start = header_.date;  // mktime writes its corrections back
+  header_.startTime = std::mktime(&start);
+}
+
+bool VmrReader::SkipBlock(std::string_view endMark) {
+  while (file_.ReadLine()) {
+    if (file_.line().Is(endMark)) return true;
+  }
+  return false;
+}
+
+bool VmrReader::ReadConfigBlock(VmrContext* context) {
+  while (file_.ReadLine()) {
+    const VmrLine& line = file_.line();
+    if (line.Is("<ENDCONFIG>")) return true;
+    if (context != nullptr && (line.Is("7") || line.Is("<SYS>"))) ReadSystemLine(line, *context);
+  }
+  return false;
+}
+
+void VmrReader::ReadSystemLine(const VmrLine& line, VmrContext& context) const {
+  if (!context.config) context.config.emplace();
+  SystemConfig& config = *context.config;
+  config.configNode = line.Field(1);
+  config.configText[0] = line.Field(2);
+  config.configText[1] = line.Field(3);
+  config.configText[6] = line.Field(6);
+  config.cpuCount = line.Integer(9);
+  config.memoryMb = static_cast<float>(WholeMemorySize(line.Integer(10)));
+  config.intervalSeconds = static_cast<float>(rows_.intervalSeconds);
+  config.pageSize = PAGE_SIZE;
+}
+
+// --- Samples ---
+
+// The rows up to the next time row belong to the time row that was read before them.
+int VmrReader::ReadSample(VmrContext& context) {
+  SetPeriod(context, sampleTime_);
+  while (file_.ReadLine()) {
+    if (file_.line().Is(TIME_ROW)) {
+      sampleTime_ = TimeOfRow(file_.line());
+      return READER_DONE;
+    }
+    ActOnRow(context);
+  }
+  return READER_END_OF_FILE;
+}
+
+int VmrReader::SkipSample(VmrContext& context) {
+  if (!SkipBlock(TIME_ROW)) return READER_END_OF_FILE;
+  sampleTime_ = TimeOfRow(file_.line());
+  SetPeriod(context, sampleTime_);
+  return READER_DONE;
+}
+
+void VmrReader::ActOnRow(VmrContext& context) {
+  const VmrLine& line = file_.line();
+  if (line.Is("6")) {
+    VmrStoreRow(context, rows_, line);
+  } else if (line.Is("4")) {
+    rows_.instanceName = line.Field(1);
+    rows_.instanceSamples = line.Integer(2);
+  } else if (line.Is("5")) {
+    rows_.counters.clear();
+    for (size_t i = 1; i < line.FieldCount(); ++i) rows_.counters.push_back(line.Integer(i));
+  } else if (line.Is("2")) {
+    rows_.objectId = line.Integer(1);
+    rows_.objectSamples = line.FieldCount() > 2 ? line.Integer(2) : rows_.samplesPerInterval;
+  } else if (line.Is("3")) {
+    rows_.objectId = NO_VMR_OBJECT;
+    rows_.instanceName.clear();
+  } else if (!line.Is("9")) {
+    std::fputs("Corrupt File\n", stdout);
+    std::fflush(nullptr);
+    std::exit(EXIT_FAILURE);
+  }
+}
+
+Seconds VmrReader::TimeOfRow(const VmrLine& line) const {
+  std::tm time = header_.date;
+  time.tm_hour = line.Integer(2);
+  time.tm_min = line.Integer(3);
+  time.tm_sec = line.Integer(4);
+  return std::mktime(&time);
+}
+
+void VmrReader::SetPeriod(VmrContext& context, Seconds end) const {
+  context.periodEnd = end;
+  context.periodStart = end - rows_.intervalSeconds;
+}
+
+}  // namespace ozmo

@@ -1,0 +1,78 @@
+// The reader of monitor text files, which hold samples of performance objects as lines of text.
+//
+// A file begins with a head: the header line with node, interval and date, blocks that tell the machine. The
+// head ends with the first time row. A sample is a time row and the rows behind it, up to the next time row:
+// for each object an object row, a counter row, and a data row, for objects with instances one instance row
+// and one data row each.
+//
+// The files of a node lie in one directory, qtx_<node>_<date>_<n>.vmr, with n counted from 1 for each day.
+#pragma once
+
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "readers/reader_status.h"
+#include "readers/vmr/file.h"
+#include "readers/vmr/handlers.h"
+#include "readers/vmr_context.h"
+
+namespace ozmo {
+
+struct Runtime;
+
+class VmrReader {
+ public:
+  // This reader has no message of the message file to give.
+  explicit VmrReader(Runtime& /*runtime*/) {}
+
+  // Reads the head of a file: 1 and both outputs filled, else 0.
+  int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
+  // Number of files in the set of the context's span.
+  int Open(VmrContext& context);
+  // 1: the context holds the next sample, and its period end that sample's time. 0, -1 or
+  // READER_OUTSIDE_WINDOW: no more.
+  int Next(VmrContext& context);
+  int Close(VmrContext& context);
+
+ private:
+  // What the header line says of its file.
+  struct Header {
+    std::string nodeName;
+    std::string filePath;
+    int32_t dstFlag = 0;
+    std::tm date{};  // base of the file's time rows
+    Seconds startTime = 0;
+  };
+
+  // The head of a file, up to its first time row. Without a context only the header line is looked at.
+  int OpenFile(const std::string& path, VmrContext* context);
+  void ReadHeader(const VmrLine& line, const std::string& path);
+  // Both pass the lines of a block; false when the file ends inside it.
+  bool SkipBlock(std::string_view endMark);
+  bool ReadConfigBlock(VmrContext* context);
+  void ReadSystemLine(const VmrLine& line, VmrContext& context) const;
+
+  int ReadSample(VmrContext& context);
+  int SkipSample(VmrContext& context);
+  void ActOnRow(VmrContext& context);
+  Seconds TimeOfRow(const VmrLine& line) const;
+  void SetPeriod(VmrContext& context, Seconds end) const;
+
+  // Opens the set's current file and goes to the first sample of the span.
+  int OpenCurrentFile(VmrContext& context);
+  // The next file of the set makes a walk go on, whatever the result in the last one.
+  int MoveCursor(int result);
+
+  VmrFile file_;
+  Header header_;
+  VmrRows rows_;
+  Seconds sampleTime_ = 0;  // of the time row read last
+  bool opened_ = false;
+  Seconds spanStart_ = 0;
+  Seconds spanEnd_ = 0;
+  std::vector<std::string> fileSet_;
+  size_t cursor_ = 0;
+};
+
+}  // namespace ozmo
