@@ -16,7 +16,9 @@ namespace ozmo {
 
 // One trace of a layer. The points, at least GraphJob::pointCount of them, belong to the catalog.
 struct OverlayTrace {
-  std::optional<std::string> label;  // absent: nothing is written where the label would stand
+  // Absent for a set that was counted on and never seen: a table heads its column "(null)", a plot's key
+  // shows the box without a text.
+  std::optional<std::string> label;
   std::optional<std::string>
       colour;  // a libplot colour name; absent where the record has no style for the set
   const float* series = nullptr;
