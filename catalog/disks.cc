@@ -57,7 +57,7 @@ void SetTimes(DiskFigures& figures, const DiskRecord& disk, bool timesMeasured) 
 
 void SetSpace(DiskFigures& figures, const DiskRecord& disk) {
   // A whole-number quotient: 0 unless the disk is entirely free.
-  const int32_t quotient = disk.size > 0 ? disk.free / disk.size : 0;
+  const uint32_t quotient = disk.size > 0 ? disk.free / disk.size : 0;
   figures.space = static_cast<float>(quotient);
   figures.freeGb = static_cast<float>(disk.free / BYTES_PER_GB);
   const int64_t used = int64_t{disk.size} - disk.free;

@@ -288,8 +288,10 @@ void CollectorReader::StoreTag(const uint8_t* payload, size_t size) {
     state_.collectorTag.clear();
     return;
   }
-  const size_t length = std::min<size_t>(payload[0], size - 1);
-  state_.collectorTag.assign(reinterpret_cast<const char*>(payload + 1), length);
+  // A length byte that tells more than there is: the text is what there is.
+  const std::string_view text(reinterpret_cast<const char*>(payload + 1),
+                              std::min<size_t>(payload[0], size - 1));
+  state_.collectorTag = text.substr(0, text.find('\0'));
 }
 
 void CollectorReader::ChooseVersion(std::string_view version) {

@@ -23,6 +23,13 @@ inline uint32_t LoadUint32(const uint8_t* bytes, ByteOrder order) {
   return uint32_t{bytes[3]} | uint32_t{bytes[2]} << 8 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[0]} << 24;
 }
 
+// A text behind its length byte. It ends at its first NUL byte, where it has one: collectors fill up with
+// them.
+inline std::string_view LoadText(const uint8_t* bytes) {
+  const std::string_view text(reinterpret_cast<const char*>(bytes + 1), bytes[0]);
+  return text.substr(0, text.find('\0'));
+}
+
 struct FieldValue {
   int32_t fieldId = 0;
   int32_t divisor = NOT_FOUND_ID;
@@ -57,10 +64,7 @@ struct FieldValue {
            static_cast<double>(static_cast<int32_t>(Low()));
   }
 
-  std::string_view Text() const {
-    if (size != FieldSize::TEXT) return {};
-    return {reinterpret_cast<const char*>(data + 1), static_cast<size_t>(data[0])};
-  }
+  std::string_view Text() const { return size == FieldSize::TEXT ? LoadText(data) : std::string_view(); }
 };
 
 }  // namespace ozmo

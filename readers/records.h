@@ -66,8 +66,8 @@ struct DiskRecord {
   float queueLength = 0.0F;
   float waitPerIo = 0.0F;
   float servicePerIo = 0.0F;
-  int32_t size = 0;  // bytes, 32 bits as the space graphs take them
-  int32_t free = 0;
+  uint32_t size = 0;  // bytes
+  uint32_t free = 0;
 };
 
 // One for an interval. Each format has its own set of figures.
@@ -244,9 +244,9 @@ struct SystemSummary {
 struct PartitionRecord {
   std::string lparName;
   std::array<double, 52> lparValue{};
-  int64_t lparRaw = 0;
+  uint64_t lparRaw = 0;
   double lparRate = 0.0;
-  int64_t lparTicks = 0;  // timebase
+  uint64_t lparTicks = 0;  // timebase
 };
 
 // Protocol rates of a monitor text file, one member a counter.

@@ -70,8 +70,8 @@ void FinishNewDisk(const DiskFigures& figures, double interval, DiskRecord& disk
 
 void FinishDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
   disk.deviceName = figures.name;
-  disk.size = ClampTo<int32_t>(figures.sizeValueA);
-  disk.free = ClampTo<int32_t>(figures.sizeValueB);
+  disk.size = ClampTo<uint32_t>(figures.sizeValueA);
+  disk.free = ClampTo<uint32_t>(figures.sizeValueB);
   if (figures.badCounter) return;
   if (figures.oldTransfers > 0.0) {
     FinishOldDisk(figures, interval, disk);

@@ -127,14 +127,12 @@ TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
 }
 
 TEST(DiskFigures, SpaceIsAWholeNumberQuotientThatBrokenSizesDoNoHarm) {
-  constexpr int32_t GB = 1 << 30;
-  constexpr int32_t LEAST = std::numeric_limits<int32_t>::min();
-  constexpr int32_t MOST = std::numeric_limits<int32_t>::max();
+  constexpr uint32_t GB = 1U << 30U;
   struct Case {
-    int32_t size, free;
+    uint32_t size, free;
     float space, usedGb;
   };
-  for (const Case& test : {Case{GB, GB - 1, 0, 0}, {GB, GB, 1, 0}, {0, LEAST, 0, 2}, {MOST, LEAST, -1, 4}}) {
+  for (const Case& test : {Case{GB, GB - 1, 0, 0}, {GB, GB, 1, 0}, {0, 3 * GB, 0, -3}, {GB, 3 * GB, 3, -2}}) {
     DiskRecord disk;
     disk.size = test.size;
     disk.free = test.free;

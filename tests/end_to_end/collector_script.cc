@@ -28,6 +28,14 @@ FieldWord ReadFieldWord(const std::string& word) {
   return field;
 }
 
+// Each "\0" of a text stands for a NUL byte.
+std::string WithNulBytes(std::string text) {
+  for (size_t at = text.find("\\0"); at != std::string::npos; at = text.find("\\0", at)) {
+    text.replace(at, 2, 1, '\0');
+  }
+  return text;
+}
+
 class ScriptWriter {
  public:
   ScriptWriter(sample::ByteOrder order, int64_t midnight) : writer_(order), midnight_(midnight) {}
@@ -53,7 +61,7 @@ class ScriptWriter {
   std::map<uint32_t, std::vector<FieldWord>> layouts_;  // by record type: the order statement's fields
 };
 
-// Decimal, or a time of the case's day: @HH:MM or @HH:MM:SS.
+// Decimal, up to the largest of 8 bytes without a sign, or a time of the case's day: @HH:MM or @HH:MM:SS.
 int64_t ScriptWriter::Number(const std::string& text) {
   long hours = 0;
   long minutes = 0;
@@ -61,14 +69,15 @@ int64_t ScriptWriter::Number(const std::string& text) {
   if (std::sscanf(text.c_str(), "@%ld:%ld:%ld", &hours, &minutes, &seconds) >= 2) {
     return midnight_ + hours * 3600 + minutes * 60 + seconds;
   }
-  int64_t number = 0;
-  const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isNegative = text.starts_with('-');
+  uint64_t number = 0;
+  const auto [end, code] = std::from_chars(text.data() + isNegative, text.data() + text.size(), number);
   if (code != std::errc() || end != text.data() + text.size()) Fail("not a number: " + text);
-  return number;
+  return static_cast<int64_t>(isNegative ? -number : number);
 }
 
 EncodedField ScriptWriter::Encode(const std::string& size, const std::string& value) {
-  if (size == "text") return sample::Text(value);
+  if (size == "text") return sample::Text(WithNulBytes(value));
   if (size == "8") return sample::Int64(value.empty() ? 0 : Number(value));
   if (!size.empty() && size != "4") Fail("not a size: " + size);
   return sample::Int32(value.empty() ? 0 : Number(value));
@@ -136,7 +145,7 @@ void ScriptWriter::Apply(const Statement& statement) {
     return WriteRecord(statement, static_cast<uint32_t>(Number(statement.words[0])));
   }
   if (statement.keyword == "tag") {
-    writer_.Tag(statement.words[0]);
+    writer_.Tag(WithNulBytes(statement.words[0]));
   } else if (statement.keyword == "cut") {
     writer_.CutTail(static_cast<size_t>(Number(statement.words[0])));
   } else if (statement.keyword == "raw") {
