@@ -7,7 +7,7 @@
 namespace ozmo {
 namespace {
 
-constexpr const char* DEFAULT_ROOT = "/usr/local/veltrix";
+constexpr const char* DEFAULT_ROOT = OZMO_LIBRARY_DIRECTORY;  // as configured for the installation
 
 std::string WithSlash(std::string directory) {
   if (!directory.ends_with('/')) directory += '/';

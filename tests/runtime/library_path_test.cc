@@ -35,7 +35,7 @@ TEST(LibraryDirectory, KeepsTheFirstValueItFound) {
 TEST(LibraryDirectory, FallsBackToTheDefaultRoot) {
   const ScopedVariable library("VELTRIX_LIBRARY", std::nullopt);
   Runtime runtime;
-  EXPECT_EQ(LibraryPathGet(runtime), "/usr/local/veltrix/");
+  EXPECT_EQ(LibraryPathGet(runtime), OZMO_LIBRARY_DIRECTORY "/");
 }
 
 TEST(VersionText, LeavesOutABlankPatchLetterAndMarksOtherLetters) {
