@@ -39,6 +39,12 @@ void CreateSeries(BuildState& state, int64_t points) {
   }
 }
 
+void NoteInterval(WalkExtent& extent, int point) {
+  const bool first = extent.intervals++ == 0;
+  extent.firstPoint = first ? point : std::min(extent.firstPoint, point);
+  extent.lastPoint = first ? point : std::max(extent.lastPoint, point);
+}
+
 void RunPasses(BuildState& state, const VmrContext& context) {
   const PlatformSpec& platform = state.platform;
   const Pass passes[] = {platform.processors, platform.memory,
@@ -86,6 +92,7 @@ bool TakeInterval(BuildState& state, const VmrContext& context) {
   if (point == state.lastPoint) return false;
   if (platform.dropsBeyondEnd && point > state.catalog.pointCount) return false;
   state.point = state.lastPoint = point;
+  NoteInterval(state.catalog.extent, point);
   state.sums = {};
   RunPasses(state, context);
   return true;

@@ -35,6 +35,7 @@ void Walk(BuildState& state, DataReader& reader, VmrContext& context, Runtime& r
     const int result = ReaderNext(reader, context);
     if (result == state.platform.skippedResult) continue;
     if (result < 1) return;
+    if (runtime.progressSink) runtime.progressSink(context.periodEnd);
     if (TakeInterval(state, context)) Announce(state, context, runtime);
   }
 }

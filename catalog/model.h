@@ -62,9 +62,17 @@ std::span<const char* const> Palette();
 // Sets that a record has room for where processors make them.
 inline constexpr int MAX_SETS = 128;
 
+// What a walk found in a span: tells an idle host from a file without data.
+struct WalkExtent {
+  int intervals = 0;   // used
+  int firstPoint = 0;  // the lowest that an interval fell on
+  int lastPoint = 0;   // the highest
+};
+
 struct GraphCatalog {
   Seconds spanStart = 0;
   Seconds spanEnd = 0;
+  WalkExtent extent;
   int pointCount = 0;                               // minute points: the span in minutes plus 2
   std::vector<std::optional<GraphRecord>> records;  // by Graph; absent where the platform has no such graph
   std::deque<GraphRecord> runtimeRecords;           // of disks, adapters, processors: addresses are stable

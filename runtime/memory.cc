@@ -18,6 +18,7 @@ constexpr size_t RESERVE_SIZE = 65536;  // what the message itself needs when no
 struct FailureState {
   Runtime* runtime = nullptr;
   void* reserve = nullptr;
+  int exitStatus = 0;
   bool failing = false;
 };
 
@@ -39,13 +40,15 @@ void* Allocate(size_t size, size_t alignment = 0) {
 
 }  // namespace
 
-void MemAttach(Runtime& runtime) {
+void MemAttach(Runtime& runtime, int exitStatus) {
   failureState.runtime = &runtime;
+  failureState.exitStatus = exitStatus;
   if (failureState.reserve == nullptr) failureState.reserve = std::malloc(RESERVE_SIZE);
 }
 
 void MemDetach() {
   failureState.runtime = nullptr;
+  failureState.exitStatus = 0;
   std::free(failureState.reserve);
   failureState.reserve = nullptr;
 }
@@ -60,7 +63,7 @@ void MemFail(int64_t size) {
   } else {
     std::fprintf(stderr, "Cannot allocate %d bytes\n", shownSize);
   }
-  std::exit(0);
+  std::exit(failureState.exitStatus);
 }
 
 }  // namespace ozmo

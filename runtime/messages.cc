@@ -67,10 +67,14 @@ std::optional<MessageEntry> FindEntry(std::istream& file, const std::string& cod
   return std::nullopt;
 }
 
-void MessageDeliver(std::string text, Severity severity) {
+void MessageDeliver(const Runtime& runtime, std::string text, Severity severity) {
   text.erase(std::remove(text.begin(), text.end(), NO_PRINT), text.end());
-  text += '\n';
   const bool isProblem = severity == Severity::WARNING || severity == Severity::ERROR;
+  if (runtime.messageSink) {
+    runtime.messageSink(text, isProblem);
+    return;
+  }
+  text += '\n';
   std::fputs(text.c_str(), isProblem ? stderr : stdout);
 }
 
@@ -89,12 +93,12 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
       LibraryDirectory(runtime, "veltrix") + "db/" + identity.filePrefix + "messages.msg";
   std::ifstream file(path);
   if (!file) {
-    MessageDeliver("Cannot open message file: " + path, Severity::WARNING);
+    MessageDeliver(runtime, "Cannot open message file: " + path, Severity::WARNING);
     return 0;
   }
   const std::optional<MessageEntry> entry = FindEntry(file, code);
   if (!entry) {
-    MessageDeliver("Cannot find error message " + code, Severity::WARNING);
+    MessageDeliver(runtime, "Cannot find error message " + code, Severity::WARNING);
     return 0;
   }
 
@@ -105,7 +109,8 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
     severity = row.severity;
     head = MessagePrefix(identity) + "-" + entry->severityWord + NO_PRINT + " " + NO_PRINT;
   }
-  MessageDeliver(FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}), severity);
+  MessageDeliver(runtime, FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}),
+                 severity);
   return 1;
 }
 

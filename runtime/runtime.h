@@ -3,14 +3,26 @@
 // A Runtime is made once at the top of a run and passed by reference to whoever prints messages.
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "runtime/identity.h"
 #include "runtime/library_path.h"
+#include "runtime/times.h"
 
 namespace ozmo {
+
+// Takes a message that is ready to be shown, without a line feed. A problem is a warning or an error.
+using MessageSink = std::function<void(const std::string& text, bool isProblem)>;
+
+// Is told the time stamp of each interval that a walk comes to.
+using ProgressSink = std::function<void(Seconds)>;
 
 struct Runtime {
   ProductIdentity identity = ProductIdentityInit();
   LibraryDirectoryCache library;
+  MessageSink messageSink;    // empty: problems go to standard error, other messages to standard output
+  ProgressSink progressSink;  // empty: nobody looks
 };
 
 }  // namespace ozmo
