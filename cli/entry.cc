@@ -62,6 +62,8 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
 }  // namespace
 
 int RunEntry(int argc, char* const argv[]) {
+  // By lines also into a pipe or file, so that a line on standard error stands behind what was printed ahead.
+  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   Runtime runtime;
   MemAttach(runtime);
   LibraryPathGet(runtime);  // the directory that the variables name now holds for the whole run
