@@ -10,7 +10,7 @@
 #include <string>
 
 #include "readers/file_kind.h"
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 namespace ozmo::bench {
 

@@ -6,10 +6,10 @@
 #include <random>
 #include <string>
 
+#include "sample/collector_writer.h"
+#include "sample/day.h"
 #include "tests/end_to_end/process.h"
 #include "tests/support/temp_directory.h"
-#include "tools/collector_writer.h"
-#include "tools/sample_day.h"
 
 namespace ozmo {
 namespace {

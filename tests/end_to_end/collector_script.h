@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "sample/collector_writer.h"
 #include "tests/end_to_end/case_file.h"
-#include "tools/collector_writer.h"
 
 namespace ozmo {
 

@@ -9,10 +9,10 @@
 #include "readers/collector_reader.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
+#include "sample/collector_writer.h"
 #include "tests/readers/figures.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
-#include "tools/collector_writer.h"
 
 namespace ozmo::testing {
 

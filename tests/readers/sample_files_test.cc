@@ -11,9 +11,9 @@
 
 #include "readers/data_reader.h"
 #include "runtime/runtime.h"
+#include "sample/day.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
-#include "tools/sample_day.h"
 
 namespace ozmo::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/collector_writer.h"
+#include "sample/collector_writer.h"
 
 namespace ozmo::testing {
 

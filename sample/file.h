@@ -14,8 +14,8 @@
 #include <variant>
 #include <vector>
 
-#include "tools/collector_writer.h"
-#include "tools/layouts.h"
+#include "sample/collector_writer.h"
+#include "sample/layouts.h"
 
 namespace ozmo::sample {
 

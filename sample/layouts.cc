@@ -1,4 +1,4 @@
-#include "tools/layouts.h"
+#include "sample/layouts.h"
 
 #include <algorithm>
 #include <charconv>

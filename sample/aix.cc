@@ -1,8 +1,8 @@
 // An AIX partition: a database host with eight logical processors, two of which stay folded, virtual
 // SCSI adapters among the disk records, and a part of its entitlement given away.
 
-#include "tools/bsd_counters.h"
-#include "tools/sample_day.h"
+#include "sample/bsd_counters.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {

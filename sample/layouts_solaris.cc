@@ -1,6 +1,6 @@
 // Solaris collector: big-endian, or little-endian under the other file prefix.
 
-#include "tools/layouts.h"
+#include "sample/layouts.h"
 
 namespace ozmo::sample {
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {

@@ -1,6 +1,6 @@
 // A Linux host: a build and application server. Its disk list has partitions beside the disks.
 
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {

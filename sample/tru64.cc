@@ -1,7 +1,7 @@
 // A Tru64 host: a scientific computing server. Its files have a prefix that no reader claims.
 
-#include "tools/bsd_counters.h"
-#include "tools/sample_day.h"
+#include "sample/bsd_counters.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {

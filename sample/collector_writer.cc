@@ -1,4 +1,4 @@
-#include "tools/collector_writer.h"
+#include "sample/collector_writer.h"
 
 #include <algorithm>
 #include <fstream>

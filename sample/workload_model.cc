@@ -1,9 +1,9 @@
-#include "tools/workload_model.h"
+#include "sample/workload_model.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "tools/noise.h"
+#include "sample/noise.h"
 
 namespace ozmo::sample {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "tools/sample_file.h"
+#include "sample/file.h"
 
 #include <algorithm>
 #include <cmath>

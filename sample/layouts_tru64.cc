@@ -1,6 +1,6 @@
 // Tru64 collector: little-endian.
 
-#include "tools/layouts.h"
+#include "sample/layouts.h"
 
 namespace ozmo::sample {
 namespace {

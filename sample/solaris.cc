@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {

@@ -1,13 +1,12 @@
 // Layouts, the cutting of a span into files, and what a simulated host must keep true.
-#include "tools/sample_day.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "tools/layouts.h"
-#include "tools/workload_model.h"
+#include "sample/day.h"
+#include "sample/layouts.h"
+#include "sample/workload_model.h"
 
 namespace ozmo::sample {
 namespace {

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/layouts.h"
-#include "tools/sample_file.h"
-#include "tools/workload_model.h"
+#include "sample/file.h"
+#include "sample/layouts.h"
+#include "sample/workload_model.h"
 
 namespace ozmo::sample {
 

@@ -18,7 +18,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/collector_writer.h"
+#include "sample/collector_writer.h"
 
 namespace ozmo::sample {
 

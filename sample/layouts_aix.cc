@@ -1,6 +1,6 @@
 // AIX collector: big-endian.
 
-#include "tools/layouts.h"
+#include "sample/layouts.h"
 
 namespace ozmo::sample {
 namespace {

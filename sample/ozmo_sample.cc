@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/sample_day.h"
+#include "sample/day.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tools/bsd_counters.h"
+#include "sample/bsd_counters.h"
 
 namespace ozmo::sample {
 namespace {

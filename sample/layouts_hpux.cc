@@ -1,6 +1,6 @@
 // HP-UX collector: big-endian.
 
-#include "tools/layouts.h"
+#include "sample/layouts.h"
 
 namespace ozmo::sample {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "tools/workload_model.h"
+#include "sample/workload_model.h"
 
 namespace ozmo::sample {
 

@@ -1,7 +1,7 @@
 // An HP-UX host: a database and file server.
 
-#include "tools/bsd_counters.h"
-#include "tools/sample_day.h"
+#include "sample/bsd_counters.h"
+#include "sample/day.h"
 
 namespace ozmo::sample {
 namespace {
