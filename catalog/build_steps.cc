@@ -32,7 +32,9 @@ void CreateSeries(BuildState& state, int64_t points) {
   catalog.pointCount = static_cast<int>(points);
   CreateFixedSeries(catalog, records);
   CreateClassSeries(state);
+  // No trace of a graph: it starts at 0, which shows where an overlay has fewer points than the main graph.
   catalog.overlayScratch = SeriesNew(catalog);
+  std::fill(catalog.overlayScratch.begin(), catalog.overlayScratch.end(), 0.0F);
   state.processCpuSum = SeriesNew(catalog);
   if (!state.platform.processSpec.sumStartsMissing) {
     std::fill(state.processCpuSum.begin(), state.processCpuSum.end(), 0.0F);
@@ -86,8 +88,8 @@ int PointOf(PointRule rule, Seconds start, Seconds timeStamp) {
 
 bool TakeInterval(BuildState& state, const VmrContext& context) {
   const PlatformSpec& platform = state.platform;
-  if (platform.usesInterval != nullptr && !platform.usesInterval(context)) return true;
   if (platform.measureInterval != nullptr) platform.measureInterval(state, context);
+  if (!platform.usesInterval(context)) return true;
   const int point = PointOf(platform.pointRule, state.catalog.spanStart, context.periodEnd);
   if (point == state.lastPoint) return false;
   if (platform.dropsBeyondEnd && point > state.catalog.pointCount) return false;

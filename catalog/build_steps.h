@@ -9,8 +9,9 @@ namespace ozmo {
 // Makes records, tree and missing series for the span. The classes of the state are loaded by then.
 void StartCatalog(BuildState& state, Seconds start, Seconds end);
 
-// Works one interval into the catalog. False: the interval was dropped, because it falls on the point of the
-// one before (the first counts, and point 0 never does) or behind the span.
+// Works one interval into the catalog; one that the platform doesn't use stores nothing and moves no point.
+// False: the interval was dropped, because it falls on the point of the one before (the first counts, and
+// point 0 never does) or behind the span.
 bool TakeInterval(BuildState& state, const VmrContext& context);
 
 // Ranks names, finishes the classes and what else the platform has to finish.

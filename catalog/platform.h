@@ -75,6 +75,9 @@ struct ProcessSpec {
   bool classesRescaled = true;       // the class series by NormalizeProcessSeries
 };
 
+// Whether the interval brought any processor.
+bool HasProcessors(const VmrContext& context);
+
 // A pass over one part of an interval's records.
 using Pass = void (*)(BuildState& state, const VmrContext& context);
 
@@ -91,8 +94,9 @@ struct PlatformSpec {
   Seconds detailLimit = 0;  // a longer span has no disks and file systems in detail; 0: no limit
   const char* secondClassFile = nullptr;
 
-  // Null: every interval counts.
-  bool (*usesInterval)(const VmrContext& context) = nullptr;
+  // Whether an interval counts. One without processor data doesn't: nothing of it is stored, and its minute
+  // stays free for a later one.
+  bool (*usesInterval)(const VmrContext& context) = HasProcessors;
   // Null: the first interval's configuration tells it.
   Pass measureInterval = nullptr;
 

@@ -9,9 +9,6 @@ namespace ozmo {
 // means over the processors; otherwise the platform has machine-wide figures and stores them itself.
 void AddProcessors(BuildState& state, const VmrContext& context);
 
-// Whether the interval brought any processor.
-bool HasProcessors(const VmrContext& context);
-
 // Sets and stores overall CPU of the interval, limited to 0 to 100.
 void StoreOverallCpu(BuildState& state, double percent);
 

@@ -28,6 +28,11 @@ void AddAixProcessors(BuildState& state, const VmrContext& context) {
             {machine.waitTime * factor, machine.userTime * factor, machine.systemTime * factor});
 }
 
+// The machine-wide record stands for the processors where an interval brings no more.
+bool HasProcessorsOrMachine(const VmrContext& context) {
+  return HasProcessors(context) || !context.overallCpu.primary.empty();
+}
+
 struct MemoryUse {
   double realMb = 0.0;
   double freeMb = 0.0;
@@ -102,6 +107,7 @@ const PlatformSpec AIX_PLATFORM = {
     .pointRule = PointRule::NEAREST_MINUTE,
     .gapExtra = 1,
     .walksWithoutOpen = true,
+    .usesInterval = HasProcessorsOrMachine,
     .processors = AddAixProcessors,
     .memory = AddMemory,
     .disks = AddDisks,

@@ -46,7 +46,6 @@ const PlatformSpec HPUX_PLATFORM = {
     .tree = HpuxTree,
     .gapExtra = 1,
     .detailLimit = TWO_DAYS,
-    .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
     .disks = AddDisks,

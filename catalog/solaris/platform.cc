@@ -47,7 +47,6 @@ const PlatformSpec SOLARIS_PLATFORM = {
     .records = SolarisRecords,
     .tree = SolarisTree,
     .gapExtra = 1,
-    .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
     .disks = AddDisks,

@@ -110,8 +110,6 @@ void MeasureVmrInterval(BuildState& state, const VmrContext& context) {
 
 void AddVmrProcessors(BuildState& state, const VmrContext& context) {
   const RecordList<ProcessorRecord>& processors = context.processors.primary;
-  if (processors.empty()) return;
-  // The first interval that tells how many there are; where one file of a set ends, an interval is empty.
   if (!state.processorsMade) {
     const int count = std::min(static_cast<int>(processors.size()) - 1, MAX_SETS);
     if (GraphRecord* record = state.catalog.Find(Graph::CPU_BY_PROCESSOR)) {

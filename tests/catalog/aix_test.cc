@@ -30,13 +30,13 @@ TEST(AixPartition, AxesAndTheEntitlementFollowThePartition) {
     partition.lparValue[32] = 8;
     partition.lparTicks = 100;
     partition.lparValue[39] = 50;
-    fixture.Take(60);
+    fixture.TakeBusy(60, 10);
     EXPECT_EQ(fixture.Value(Graph::PHYSICAL_CPU, 0, 1), 0.5F);
     EXPECT_EQ(fixture.Record(Graph::PHYSICAL_CPU).yMax, 4.0F);
     EXPECT_EQ(fixture.Record(Graph::POOL_ENTITLEMENT).yMax, 8.0F);
     EXPECT_EQ(fixture.Value(Graph::ENTITLEMENT, 0, 1), capped ? 1.0F : 1.5F);
     EXPECT_EQ(fixture.Record(Graph::ENTITLEMENT).Colour(0), capped ? "Red" : "Blue");
-    fixture.Take(120);
+    fixture.TakeBusy(120, 10);
     EXPECT_EQ(fixture.Value(Graph::PHYSICAL_CPU, 0, 2), MISSING_POINT) << "without a record";
   }
 }
