@@ -53,11 +53,12 @@ std::string LayoutTable(const CollectorFormat& format) {
     for (const RecordLayout& row : table->rows) {
       std::string head = std::to_string(row.recordType);
       if (row.listType != row.recordType) head += ", lists of " + std::to_string(row.listType);
-      const std::string fields = "`" + FieldsText(row.fields) + "`" + (row.positional ? ", in this order" : "");
+      const std::string fields =
+          "`" + FieldsText(row.fields) + "`" + (row.positional ? ", in this order" : "");
       const std::string key = head + " | " + fields;
       auto& layouts = types[row.recordType];
-      const auto known =
-          std::find_if(layouts.begin(), layouts.end(), [&](const auto& layout) { return layout.first == key; });
+      const auto known = std::find_if(layouts.begin(), layouts.end(),
+                                      [&](const auto& layout) { return layout.first == key; });
       if (known == layouts.end()) {
         layouts.emplace_back(key, table->name);
       } else {
