@@ -1,10 +1,11 @@
 // Layouts, the cutting of a span into files, and what a simulated host must keep true.
+#include "sample/day.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "sample/day.h"
 #include "sample/layouts.h"
 #include "sample/workload_model.h"
 
