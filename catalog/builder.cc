@@ -1,6 +1,7 @@
 #include "catalog/builder.h"
 
 #include "catalog/build_steps.h"
+#include "catalog/platforms.h"
 #include "runtime/messages.h"
 #include "runtime/times.h"
 
@@ -42,9 +43,9 @@ void Walk(BuildState& state, DataReader& reader, VmrContext& context, Runtime& r
 
 }  // namespace
 
-std::unique_ptr<GraphCatalog> BuildCatalog(const PlatformSpec& platform, DataReader& reader,
-                                           const RunRequest& request, WorkloadClassList& classes,
-                                           Runtime& runtime) {
+std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest& request,
+                                           WorkloadClassList& classes, Runtime& runtime) {
+  const PlatformSpec& platform = PlatformOf(reader.kind());
   auto catalog = std::make_unique<GraphCatalog>();
   VmrContext context;
   context.periodStart = TimeToSeconds(request.beginTime);
@@ -59,36 +60,6 @@ std::unique_ptr<GraphCatalog> BuildCatalog(const PlatformSpec& platform, DataRea
   ReaderClose(reader, context);
   FinishSeries(state);
   return catalog;
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogSolaris(DataReader& reader, const RunRequest& request,
-                                                  WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(SOLARIS_PLATFORM, reader, request, classes, runtime);
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogHpux(DataReader& reader, const RunRequest& request,
-                                               WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(HPUX_PLATFORM, reader, request, classes, runtime);
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogAix(DataReader& reader, const RunRequest& request,
-                                              WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(AIX_PLATFORM, reader, request, classes, runtime);
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogLinux(DataReader& reader, const RunRequest& request,
-                                                WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(LINUX_PLATFORM, reader, request, classes, runtime);
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogTru64(DataReader& reader, const RunRequest& request,
-                                                WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(TRU64_PLATFORM, reader, request, classes, runtime);
-}
-
-std::unique_ptr<GraphCatalog> BuildCatalogVmr(DataReader& reader, const RunRequest& request,
-                                              WorkloadClassList& classes, Runtime& runtime) {
-  return BuildCatalog(VMR_PLATFORM, reader, request, classes, runtime);
 }
 
 }  // namespace ozmo

@@ -122,13 +122,6 @@ struct PlatformSpec {
   void (*finish)(BuildState& state) = nullptr;
 };
 
-extern const PlatformSpec SOLARIS_PLATFORM;
-extern const PlatformSpec LINUX_PLATFORM;
-extern const PlatformSpec AIX_PLATFORM;
-extern const PlatformSpec HPUX_PLATFORM;
-extern const PlatformSpec TRU64_PLATFORM;
-extern const PlatformSpec VMR_PLATFORM;
-
 // The configuration of the walk; all members 0 where the file told none.
 const SystemConfig& ConfigOf(const VmrContext& context);
 

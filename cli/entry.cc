@@ -16,16 +16,6 @@ namespace {
 constexpr int RUN_DONE_STATUS = 1;
 constexpr int NO_DATA_FILE_STATUS = 2;
 
-// Monitor text files and files of no known name have no flag of their own.
-ReaderFlags FlagsOf(ReaderKind kind) {
-  ReaderFlags flags;
-  flags.solarisMode = kind == ReaderKind::SOLARIS;
-  flags.hpuxMode = kind == ReaderKind::HPUX;
-  flags.aixMode = kind == ReaderKind::AIX;
-  flags.linuxMode = kind == ReaderKind::LINUX;
-  return flags;
-}
-
 // Takes the node name from the data file. A file that can't tell one is no reason to stop: the builder comes
 // to the same file again.
 void MakeFirstPass(DataReader& reader, RunRequest& request) {
@@ -40,22 +30,19 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
   RunRequest request;
   ParseCommandLine(argc, argv, request);
 
-  ReaderFlags flags;
   std::optional<DataReader> reader;
   if ((request.requestFlags & REQUEST_VMRUNIX) != 0) {
     if (!request.vmrUnixFile) {  // sixteen -mw options add up to the bit of -vmrunix
       std::fputs("ozmo_graph: no data file\n", stderr);
       return NO_DATA_FILE_STATUS;
     }
-    const ReaderKind kind = ReaderKindOf(*request.vmrUnixFile);
-    flags = FlagsOf(kind);
-    reader.emplace(kind, runtime);
+    reader.emplace(ReaderKindOf(*request.vmrUnixFile), runtime);
     MakeFirstPass(*reader, request);
   }
 
   UserResources resources;
   UserResourcesRead(resources, runtime, ".yxrc");
-  BuildGraphJob(request, flags, reader ? &*reader : nullptr, runtime);
+  BuildGraphJob(request, reader ? &*reader : nullptr, runtime);
   return RUN_DONE_STATUS;
 }
 

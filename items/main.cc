@@ -30,7 +30,6 @@ struct Platform {
   std::string_view name;
   std::string_view note;
   sample::SampleResult (*write)(const sample::SampleOptions& options);
-  const PlatformSpec& spec;
 };
 
 constexpr std::string_view NO_LONG_DETAIL =
@@ -38,12 +37,12 @@ constexpr std::string_view NO_LONG_DETAIL =
     "systems.";
 
 const Platform PLATFORMS[] = {
-    {"solaris", "Solaris", "", sample::WriteSolarisSample, SOLARIS_PLATFORM},
-    {"linux", "Linux", "", sample::WriteLinuxSample, LINUX_PLATFORM},
-    {"aix", "AIX", "", sample::WriteAixSample, AIX_PLATFORM},
-    {"hpux", "HP-UX", NO_LONG_DETAIL, sample::WriteHpuxSample, HPUX_PLATFORM},
-    {"tru64", "Tru64", "", sample::WriteTru64Sample, TRU64_PLATFORM},
-    {"vmr", "Monitor text files", "", sample::WriteVmrSample, VMR_PLATFORM},
+    {"solaris", "Solaris", "", sample::WriteSolarisSample},
+    {"linux", "Linux", "", sample::WriteLinuxSample},
+    {"aix", "AIX", "", sample::WriteAixSample},
+    {"hpux", "HP-UX", NO_LONG_DETAIL, sample::WriteHpuxSample},
+    {"tru64", "Tru64", "", sample::WriteTru64Sample},
+    {"vmr", "Monitor text files", "", sample::WriteVmrSample},
 };
 
 constexpr std::string_view INTRODUCTION = R"(# Items
@@ -99,7 +98,7 @@ std::unique_ptr<GraphCatalog> CatalogOf(const Platform& platform, const std::fil
   request.beginTime = TimeLocal(first);
   request.endTime = TimeLocal(first + 3600);
   WorkloadClassList classes;
-  return BuildCatalog(platform.spec, reader, request, classes, runtime);
+  return BuildCatalog(reader, request, classes, runtime);
 }
 
 struct Item {

@@ -6,7 +6,6 @@
 #include "output/export_csv.h"
 #include "output/plot_driver.h"
 #include "output/selection.h"
-#include "readers/file_kind.h"
 #include "runtime/messages.h"
 #include "workload/workload.h"
 
@@ -16,37 +15,14 @@ namespace {
 constexpr double DEFAULT_WIDTH_INCHES = 11.0;
 constexpr double DEFAULT_HEIGHT_INCHES = 8.5;
 
-using CatalogBuilder = std::unique_ptr<GraphCatalog> (*)(DataReader&, const RunRequest&, WorkloadClassList&,
-                                                         Runtime&);
-
-struct BuilderRow {
-  bool ReaderFlags::*flag;
-  CatalogBuilder build;
-};
-
-constexpr BuilderRow BUILDERS[] = {
-    {&ReaderFlags::solarisMode, BuildCatalogSolaris},
-    {&ReaderFlags::hpuxMode, BuildCatalogHpux},
-    {&ReaderFlags::aixMode, BuildCatalogAix},
-    {&ReaderFlags::linuxMode, BuildCatalogLinux},
-};
-
-// The two kinds without a flag are told apart by name.
-CatalogBuilder ChooseBuilder(const ReaderFlags& flags, const std::string& path) {
-  for (const BuilderRow& row : BUILDERS) {
-    if (flags.*row.flag) return row.build;
-  }
-  return IsVmrName(path) ? BuildCatalogVmr : BuildCatalogTru64;
-}
-
 void Report(Runtime& runtime, const char* text) { MessageEmit(runtime, "UNDEFINED", {text}); }
 
 // A job always has both sizes: one that is missing drops the other.
-void ApplyDefaultSize(RunRequest& request) {
-  if (request.width != 0.0 && request.height != 0.0) return;
-  request.width = DEFAULT_WIDTH_INCHES;
-  request.height = DEFAULT_HEIGHT_INCHES;
-  request.sizeUnit = SizeUnit::INCHES;
+void SetSize(GraphJob& job, const RunRequest& request) {
+  const bool isGiven = request.width != 0.0 && request.height != 0.0;
+  job.width = isGiven ? request.width : DEFAULT_WIDTH_INCHES;
+  job.height = isGiven ? request.height : DEFAULT_HEIGHT_INCHES;
+  job.sizeUnit = isGiven ? request.sizeUnit : SizeUnit::INCHES;
 }
 
 GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int pointCount) {
@@ -54,23 +30,20 @@ GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int poin
   job.graphType = request.graphType;
   job.startTime = catalog.spanStart;
   job.endTime = catalog.spanStart + Seconds{pointCount} * 60 - 60;
-  job.sizeUnit = request.sizeUnit;
   job.pointCount = pointCount;
-  job.width = request.width;
-  job.height = request.height;
+  SetSize(job, request);
   job.graphFile = request.graphFile.value_or("");
   job.hostName = request.hostName;
   return job;
 }
 
 // The job that the request asks for; reports what can't be found and answers nothing then.
-std::optional<GraphJob> SelectGraph(RunRequest& request, GraphCatalog& catalog, Runtime& runtime) {
+std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& catalog, Runtime& runtime) {
   GraphRecord* record = FindGraphRecord(catalog.itemTree, request.itemName.value_or(""));
   if (record == nullptr || record->data.nsets() == 0) {
     Report(runtime, "Specified main graph not found.");
     return std::nullopt;
   }
-  ApplyDefaultSize(request);
   GraphJob job = JobFor(request, catalog, record->data.npoints);
   job.mainOverlay = PrepareMainOverlay(*record);
   if (request.overlayName) {
@@ -100,20 +73,15 @@ void WriteGraph(const GraphJob& job, Runtime& runtime) {
 
 }  // namespace
 
-void BuildGraphJob(RunRequest& request, const ReaderFlags& flags, DataReader* reader, Runtime& runtime) {
+void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime) {
   // There is nothing behind -mw: it is accepted, and nothing is built or reported.
   if ((request.requestFlags & REQUEST_MW) != 0) return;
-
-  WorkloadClassList classes;
-  std::unique_ptr<GraphCatalog> catalog;
-  if ((request.requestFlags & REQUEST_VMRUNIX) != 0 && reader != nullptr) {
-    const CatalogBuilder build = ChooseBuilder(flags, request.vmrUnixFile.value_or(""));
-    catalog = build(*reader, request, classes, runtime);
-  }
-  if (catalog == nullptr) {
+  if (reader == nullptr) {
     Report(runtime, "Data not found.");
     return;
   }
+  WorkloadClassList classes;
+  const std::unique_ptr<GraphCatalog> catalog = BuildCatalog(*reader, request, classes, runtime);
   if (const std::optional<GraphJob> job = SelectGraph(request, *catalog, runtime)) WriteGraph(*job, runtime);
 }
 

@@ -9,10 +9,9 @@ class DataReader;
 struct Runtime;
 
 // Builds the catalog of the request's data file, selects the graph of -item and the trace of -overlay and
-// writes them as the request says. Failures are reported here and nothing is answered. A request without
-// both sizes comes back with the default size.
+// writes them as the request says. Failures are reported here and nothing is answered.
 //
 // `reader` is the data file's, null when the request has none.
-void BuildGraphJob(RunRequest& request, const ReaderFlags& flags, DataReader* reader, Runtime& runtime);
+void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime);
 
 }  // namespace ozmo

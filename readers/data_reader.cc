@@ -13,7 +13,7 @@ std::variant<CollectorReader, VmrReader> MakeReader(ReaderKind kind, Runtime& ru
 
 }  // namespace
 
-DataReader::DataReader(ReaderKind kind, Runtime& runtime) : reader_(MakeReader(kind, runtime)) {}
+DataReader::DataReader(ReaderKind kind, Runtime& runtime) : kind_(kind), reader_(MakeReader(kind, runtime)) {}
 
 int DataReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
   return std::visit([&](auto& reader) { return reader.EntryPass(path, nodeName, firstRecordTime); }, reader_);

@@ -18,6 +18,7 @@ struct Runtime;
 class DataReader {
  public:
   DataReader(ReaderKind kind, Runtime& runtime);
+  ReaderKind kind() const { return kind_; }
 
   // One cheap pass over a file for its node name and first time stamp: 1 and both outputs filled, else 0.
   int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
@@ -28,6 +29,7 @@ class DataReader {
   int Close(VmrContext& context);
 
  private:
+  ReaderKind kind_;
   std::variant<CollectorReader, VmrReader> reader_;
 };
 

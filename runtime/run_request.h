@@ -36,12 +36,4 @@ struct RunRequest {
   std::optional<std::string> overlayName;  // "graph name@trace label"
 };
 
-// Which reader family was chosen by the file's name. All false: a .vmr file or a file with no known name.
-struct ReaderFlags {
-  bool solarisMode = false;
-  bool hpuxMode = false;
-  bool aixMode = false;
-  bool linuxMode = false;
-};
-
 }  // namespace ozmo

@@ -1,6 +1,5 @@
 // AIX: machine-wide CPU figures, two forms of memory figures, the partition's graphs, and idle logical
 // processors that are taken out of the catalog at the end.
-#include "catalog/platform.h"
 
 #include "catalog/adapters.h"
 #include "catalog/aix/partition.h"
@@ -9,6 +8,7 @@
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 

@@ -1,5 +1,4 @@
 // HP-UX: page counts and three kinds of faults; long spans have no disks and file systems in detail.
-#include "catalog/platform.h"
 
 #include "catalog/adapters.h"
 #include "catalog/disks.h"
@@ -7,6 +6,7 @@
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 

@@ -1,5 +1,4 @@
 // Linux: memory in kilobytes, page faults from the processes, and a "<NoProc>" for what no process takes.
-#include "catalog/platform.h"
 
 #include "catalog/adapters.h"
 #include "catalog/disks.h"
@@ -7,6 +6,7 @@
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 

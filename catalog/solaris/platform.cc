@@ -1,5 +1,4 @@
 // Solaris: mode means over the processors, free pages, eight kinds of page faults.
-#include "catalog/platform.h"
 
 #include "catalog/adapters.h"
 #include "catalog/disks.h"
@@ -7,6 +6,7 @@
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 

@@ -1,12 +1,12 @@
 // Tru64: page counts of six uses and six kinds of faults; the first interval makes the processors' sets; no
 // adapter pass.
-#include "catalog/platform.h"
 
 #include "catalog/disks.h"
 #include "catalog/file_systems.h"
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 

@@ -1,11 +1,11 @@
 // Monitor text files: the machine as a whole heads the processor list, the collection interval is measured
 // from the time stamps, and process shares are weighted by how long a process lived.
-#include "catalog/platform.h"
 
 #include "catalog/disks.h"
 #include "catalog/memory.h"
 #include "catalog/network.h"
 #include "catalog/platform_tables.h"
+#include "catalog/platforms.h"
 #include "catalog/vmr/passes.h"
 
 namespace ozmo {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "catalog/build_steps.h"
+#include "catalog/platforms.h"
 
 namespace ozmo {
 

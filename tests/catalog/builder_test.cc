@@ -27,12 +27,12 @@ struct Build {
     time.tm_hour = 9;
     request.endTime = time;
   }
-  auto Catalog(const PlatformSpec& platform, ReaderKind kind) {
+  auto Catalog(ReaderKind kind) {
     DataReader reader(kind, runtime);
-    return BuildCatalog(platform, reader, request, classes, runtime);
+    return BuildCatalog(reader, request, classes, runtime);
   }
-  std::vector<std::string> Classes(const PlatformSpec& platform, ReaderKind kind) {
-    const auto catalog = Catalog(platform, kind);
+  std::vector<std::string> Classes(ReaderKind kind) {
+    const auto catalog = Catalog(kind);
     const GraphRecord& record = *catalog->Find(Graph::CLASS_CPU);
     std::vector<std::string> names;
     for (int set = 0; set < record.data.nsets(); ++set) names.push_back(record.Label(set).value_or(""));
@@ -51,10 +51,8 @@ struct Build {
 };
 
 TEST(BuildCatalog, WithNothingToReadIsACatalogOfZeros) {
-  for (const auto& [platform, kind] : {std::pair(&SOLARIS_PLATFORM, ReaderKind::SOLARIS),
-                                       {&AIX_PLATFORM, ReaderKind::AIX},
-                                       {&VMR_PLATFORM, ReaderKind::VMR}}) {
-    const auto catalog = Build().Catalog(*platform, kind);
+  for (const ReaderKind kind : {ReaderKind::SOLARIS, ReaderKind::AIX, ReaderKind::VMR}) {
+    const auto catalog = Build().Catalog(kind);
     EXPECT_EQ(catalog->pointCount, 62);
     EXPECT_EQ(catalog->overlayScratch.size(), 63U);
     EXPECT_THAT(catalog->Find(Graph::OVERALL_CPU)->data.y, ElementsAre(Each(0.0F)));
@@ -64,19 +62,19 @@ TEST(BuildCatalog, WithNothingToReadIsACatalogOfZeros) {
 TEST(BuildCatalog, ClassesComeFromTheFileInTheWorkingDirectory) {
   Build build;
   build.WriteClassFile("veltrix.memory", "second choice");
-  EXPECT_EQ(build.Classes(SOLARIS_PLATFORM, ReaderKind::SOLARIS).size(), 5U) << "only Linux tries this one";
+  EXPECT_EQ(build.Classes(ReaderKind::SOLARIS).size(), 5U) << "only Linux tries this one";
   build.WriteClassFile("QTX.memory", "too late");
-  EXPECT_EQ(build.Classes(SOLARIS_PLATFORM, ReaderKind::SOLARIS).size(), 5U) << "classes stay for the run";
+  EXPECT_EQ(build.Classes(ReaderKind::SOLARIS).size(), 5U) << "classes stay for the run";
 }
 
 TEST(BuildCatalog, LinuxTriesTwoClassFilesInOrder) {
   Build second;
   second.WriteClassFile("veltrix.memory", "second choice");
-  EXPECT_THAT(second.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("second choice"));
+  EXPECT_THAT(second.Classes(ReaderKind::LINUX), ElementsAre("second choice"));
   Build first;
   first.WriteClassFile("veltrix.memory", "second choice");
   first.WriteClassFile("QTX.memory", "mine");
-  EXPECT_THAT(first.Classes(LINUX_PLATFORM, ReaderKind::LINUX), ElementsAre("mine"));
+  EXPECT_THAT(first.Classes(ReaderKind::LINUX), ElementsAre("mine"));
 }
 
 }  // namespace
