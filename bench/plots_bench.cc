@@ -35,8 +35,8 @@ class StackedGraph {
     job_.mainOverlay.yTitle = "%CPU Utilization";
     job_.mainOverlay.yMax = 110.0;
     for (int trace = 0; trace < TRACES; ++trace) {
-      job_.mainOverlay.traces.push_back({"#" + std::to_string(trace) + " image", colours[trace % 5],
-                                         series_[static_cast<size_t>(trace)].data()});
+      job_.mainOverlay.traces.push_back(
+          {"#" + std::to_string(trace) + " image", colours[trace % 5], series_[static_cast<size_t>(trace)]});
     }
     job_.graphType = type;
     job_.startTime = START;

@@ -21,8 +21,9 @@ constexpr int NO_DATA_FILE_STATUS = 2;
 void MakeFirstPass(DataReader& reader, RunRequest& request) {
   std::string nodeName;
   Seconds firstRecordTime = 0;
-  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, firstRecordTime) == 1)
+  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, firstRecordTime) == 1) {
     request.hostName = nodeName;
+  }
 }
 
 // Everything behind the banner. Answers the exit status.

@@ -79,7 +79,8 @@ const UnitRow* CutUnit(std::string& value) {
   return nullptr;
 }
 
-// A number without a unit always goes to the width, that of -height too: scripts know no other way.
+// A number without a unit always goes to the width, that of -height too: a call of "-height 6" alone has one
+// size of the two and so gets the default size.
 void SetSize(RunRequest& request, double& size, std::string& value) {
   const UnitRow* row = CutUnit(value);
   const double number = std::atof(value.c_str());

@@ -1,5 +1,5 @@
-// The command line. The parser is a sequence of tests over the words and its quirks are part of the contract
-// with the scripts that call the tool: see ParseCommandLine.
+// The command line. The parser is a sequence of tests over the words, and calls are written for the order of
+// the tests and for what follows from it: see ParseCommandLine.
 #pragma once
 
 #include <string_view>

@@ -1,6 +1,5 @@
 #include "output/axes.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -8,10 +7,10 @@
 
 #include "output/grapher_messages.h"
 #include "output/number_text.h"
+#include "runtime/numbers.h"
 #include "runtime/times.h"
 
 namespace ozmo {
-
 namespace {
 
 // An axis with as many subticks as this has none.
@@ -43,14 +42,13 @@ struct TickSpan {
 // The ticks between the limits, and those that rounding has put just beyond them.
 TickSpan TicksBetween(double min, double max, double spacing) {
   const double tolerance = (max - min) * LIMIT_TOLERANCE;
-  return {ToInt(std::ceil((min - tolerance) / spacing)), ToInt(std::floor((max + tolerance) / spacing))};
+  return {ClampTo<int>(std::ceil((min - tolerance) / spacing)),
+          ClampTo<int>(std::floor((max + tolerance) / spacing))};
 }
 
 double TenToThe(int exponent) {
   double power = 1.0;
-  for (int n = std::abs(exponent); n > 0; --n) {
-    power *= 10.0;
-  }
+  for (int n = std::abs(exponent); n > 0; --n) power *= 10.0;
   return exponent < 0 ? 1.0 / power : power;
 }
 
@@ -84,9 +82,7 @@ int DecimalsIn(const std::string& number) {
 }
 
 std::string ScientificLabel(double spacing, double value) {
-  if (value == 0.0) {
-    return "0";
-  }
+  if (value == 0.0) return "0";
   const std::string text = NumberText("%e", value);
   const size_t mark = text.find('e');
   const double mantissa = std::strtod(text.substr(0, mark).c_str(), nullptr);
@@ -111,33 +107,23 @@ AxisSpacing AxisTrialSpacing(double min, double max) {
   const double exponent = std::floor(std::log10(trial));
   const double mantissa = trial * std::pow(10.0, -exponent);
   for (const SpacingStep& step : SPACING_STEPS) {
-    if (step.below > mantissa) {
-      return {step.factor * std::pow(10.0, exponent), step.type};
-    }
+    if (step.below > mantissa) return {step.factor * std::pow(10.0, exponent), step.type};
   }
   return {10.0 * std::pow(10.0, exponent), SpacingType::ONE};
 }
 
 SpacingType AxisSpacingType(double spacing) {
-  const double base = TenToThe(ToInt(std::floor(std::log10(spacing))));
+  const double base = TenToThe(ClampTo<int>(std::floor(std::log10(spacing))));
   const double tolerance = 0.000001 * base;
   const auto isMultiple = [&](double factor) { return std::abs(spacing - factor * base) < tolerance; };
-  if (isMultiple(1.0)) {
-    return SpacingType::ONE;
-  }
-  if (isMultiple(2.0)) {
-    return SpacingType::TWO;
-  }
-  if (isMultiple(2.5)) {
-    return SpacingType::TWO_AND_A_HALF;
-  }
+  if (isMultiple(1.0)) return SpacingType::ONE;
+  if (isMultiple(2.0)) return SpacingType::TWO;
+  if (isMultiple(2.5)) return SpacingType::TWO_AND_A_HALF;
   return isMultiple(5.0) ? SpacingType::FIVE : SpacingType::OTHER;
 }
 
 AxisState AxisPrepare(const AxisLimits& limits) {
-  if (limits.min > limits.max) {
-    GrapherFail("min > max for axis, not allowed");
-  }
+  if (limits.min > limits.max) GrapherFail("min > max for axis, not allowed");
   const AxisSpacing spacing = limits.spacingGiven
                                   ? AxisSpacing{limits.spacing, AxisSpacingType(limits.spacing)}
                                   : AxisTrialSpacing(limits.min, limits.max);
@@ -165,10 +151,6 @@ std::string AxisValueLabel(const AxisState& axis, const AxisMap& map, double val
 
 std::string AxisTimeLabel(double value) { return ClockText(value); }
 
-std::string ClockText(double value) {
-  // Far beyond any calendar, and well inside 64 bits.
-  constexpr double farthest = 9.0e18;
-  return TimeFormat(static_cast<Seconds>(std::clamp(value, -farthest, farthest)), "%H:%M");
-}
+std::string ClockText(double value) { return TimeFormat(ClampTo<Seconds>(value), "%H:%M"); }
 
 }  // namespace ozmo

@@ -3,12 +3,11 @@
 #include <cstdio>
 #include <string>
 
-#include "output/stream.h"
 #include "runtime/messages.h"
+#include "runtime/stream.h"
 #include "runtime/times.h"
 
 namespace ozmo {
-
 namespace {
 
 constexpr Seconds POINT_SECONDS = 60;
@@ -33,12 +32,8 @@ void WriteColumnHead(std::FILE* stream, const OverlayTrace& trace) {
 
 void WriteColumnHeads(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "Time");
-  for (const OverlayTrace& trace : job.mainOverlay.traces) {
-    WriteColumnHead(stream, trace);
-  }
-  if (job.additionalOverlay) {
-    WriteColumnHead(stream, job.additionalOverlay->traces.front());
-  }
+  for (const OverlayTrace& trace : job.mainOverlay.traces) WriteColumnHead(stream, trace);
+  if (job.additionalOverlay) WriteColumnHead(stream, job.additionalOverlay->traces.front());
   std::fprintf(stream, "\n");
 }
 
@@ -46,8 +41,10 @@ void WriteValue(std::FILE* stream, float value) {
   std::fprintf(stream, ",  %6.2f", static_cast<double>(value));
 }
 
-void WritePoint(std::FILE* stream, const GraphJob& job, int point) {
-  std::fprintf(stream, "%s", TimeFormat(job.startTime + point * POINT_SECONDS, "%m/%d/%Y %H:%M:%S").c_str());
+void WritePoint(std::FILE* stream, const GraphJob& job, size_t point) {
+  std::fprintf(
+      stream, "%s",
+      TimeFormat(job.startTime + static_cast<Seconds>(point) * POINT_SECONDS, "%m/%d/%Y %H:%M:%S").c_str());
   const std::vector<OverlayTrace>& traces = job.mainOverlay.traces;
   for (size_t set = 0; set < traces.size(); ++set) {
     const float sum = traces[set].series[point];
@@ -55,9 +52,7 @@ void WritePoint(std::FILE* stream, const GraphJob& job, int point) {
     const bool last = set + 1 == traces.size();
     WriteValue(stream, last ? sum : sum - traces[set + 1].series[point]);
   }
-  if (job.additionalOverlay) {
-    WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
-  }
+  if (job.additionalOverlay) WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
   std::fprintf(stream, "\n");
 }
 
@@ -72,7 +67,7 @@ int ExportCsv(const GraphJob& job, Runtime& runtime) {
   WriteHead(stream.get(), job);
   WriteColumnHeads(stream.get(), job);
   for (int point = 0; point < job.pointCount; ++point) {
-    WritePoint(stream.get(), job, point);
+    WritePoint(stream.get(), job, static_cast<size_t>(point));
   }
   return 1;
 }

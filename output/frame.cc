@@ -9,7 +9,6 @@
 #include "output/libplot.h"
 
 namespace ozmo {
-
 namespace {
 
 // An axis with fewer labels than this is hard to read.
@@ -46,9 +45,7 @@ void ForEachTick(const AxisMap& map, int first, int last, double spacing, Draw d
   const double tolerance = map.inputRange * LIMIT_TOLERANCE;
   for (int64_t number = first; number <= last; ++number) {
     const double value = static_cast<double>(number) * spacing;
-    if (value >= map.inputMin - tolerance && value <= map.inputMax + tolerance) {
-      draw(value);
-    }
+    if (value >= map.inputMin - tolerance && value <= map.inputMax + tolerance) draw(value);
   }
 }
 
@@ -154,9 +151,7 @@ void DrawDottedLine(double x0, double y0, double x1, double y1) {
 void DrawXAxis(Grapher& grapher, const FrameBox& box) {
   if (grapher.settings.gridStyle != 0 && !grapher.xAxis.omitTicks) {
     DrawXTicks(grapher, box);
-    if (grapher.xAxis.haveSubticks) {
-      DrawXSubticks(grapher, box);
-    }
+    if (grapher.xAxis.haveSubticks) DrawXSubticks(grapher, box);
   }
   if (HasBothSigns(grapher.xMap)) {
     const double x = AxisToDevice(grapher.xMap, 0.0);
@@ -167,9 +162,7 @@ void DrawXAxis(Grapher& grapher, const FrameBox& box) {
 void DrawYAxis(Grapher& grapher, const FrameBox& box) {
   if (grapher.settings.gridStyle != 0 && !grapher.yAxis.omitTicks) {
     DrawYTicks(grapher, box);
-    if (grapher.yAxis.haveSubticks) {
-      DrawYSubticks(grapher, box);
-    }
+    if (grapher.yAxis.haveSubticks) DrawYSubticks(grapher, box);
   }
   if (HasBothSigns(grapher.yMap)) {
     const double y = AxisToDevice(grapher.yMap, 0.0);
@@ -179,9 +172,7 @@ void DrawYAxis(Grapher& grapher, const FrameBox& box) {
 
 void DrawYTitle(const Grapher& grapher, const FrameBox& box) {
   const AxisState& axis = grapher.yAxis;
-  if (axis.title.empty()) {
-    return;
-  }
+  if (axis.title.empty()) return;
   pl_fontname(axis.font.c_str());
   const double size = pl_ffontsize(box.smallerSide * axis.fontSize);
   const double offset = 0.5 * size + LabelOffset(grapher, box) + axis.maxLabelWidth * 1.15;
@@ -215,9 +206,7 @@ FrameBox FrameBoxOf(const Grapher& grapher) {
 
 std::string PeriodText(Seconds start, double span) {
   for (const PeriodForm& form : PERIOD_FORMS) {
-    if (span <= form.spanMax) {
-      return TimeFormat(start, form.format);
-    }
+    if (span <= form.spanMax) return TimeFormat(start, form.format);
   }
   return TimeFormat(start, "%Y");
 }
@@ -229,9 +218,7 @@ void GrapherDrawFrame(Grapher& grapher, const GraphJob& job, bool blankOut) {
   pl_pencolorname(settings.frameColour.c_str());
   pl_flinewidth(settings.frameLineWidth * DEVICE_SIZE);
   pl_linemod("solid");
-  if (blankOut) {
-    DrawBlankBox(grapher, box);
-  }
+  if (blankOut) DrawBlankBox(grapher, box);
   if (settings.gridStyle != 0 && !grapher.yAxis.switchAxisEnd && !settings.title.empty()) {
     DrawTitles(grapher, box, PeriodText(job.startTime, static_cast<double>(job.endTime - job.startTime)));
   }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,14 +15,14 @@
 
 namespace ozmo {
 
-// One trace of a layer. The points, at least GraphJob::pointCount of them, belong to the catalog.
+// One trace of a layer.
 struct OverlayTrace {
   // Absent for a set that was counted on and never seen: a table heads its column "(null)", a plot's key
   // shows the box without a text.
   std::optional<std::string> label;
-  std::optional<std::string>
-      colour;  // a libplot colour name; absent where the record has no style for the set
-  const float* series = nullptr;
+  // A libplot colour name; absent where the record has no style for the set.
+  std::optional<std::string> colour;
+  std::span<const float> series;  // GraphJob::pointCount points, which belong to the catalog
 };
 
 // One plotted layer: the graph of -item, or the single trace of -overlay.
@@ -32,6 +33,12 @@ struct Overlay {
   double yMax = 0.0;  // top of the y axis
   std::vector<OverlayTrace> traces;
 };
+
+// A y axis goes somewhat higher than its values.
+inline constexpr double AXIS_HEADROOM = 1.1;
+
+// The top of a y axis for values up to `peak`; 1 where nothing rises above 0.
+inline double AxisTopOf(float peak) { return peak > 0.0F ? AXIS_HEADROOM * static_cast<double>(peak) : 1.0; }
 
 struct GraphJob {
   Overlay mainOverlay;

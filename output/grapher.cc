@@ -8,7 +8,6 @@
 #include "output/libplot.h"
 
 namespace ozmo {
-
 namespace {
 
 // Puts the limits into rising order and apart. Returns whether they came in falling order.
@@ -28,12 +27,8 @@ bool SettleLimits(AxisLimits& limits, const std::string& axisName) {
 }
 
 void SettleSpacing(AxisLimits& limits) {
-  if (!limits.spacingGiven) {
-    return;
-  }
-  if (limits.spacing == 0.0) {
-    GrapherFail("zero spacing between ticks on an axis");
-  }
+  if (!limits.spacingGiven) return;
+  if (limits.spacing == 0.0) GrapherFail("zero spacing between ticks on an axis");
   limits.spacing = std::abs(limits.spacing);
 }
 

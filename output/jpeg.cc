@@ -14,7 +14,6 @@
 // clang-format on
 
 namespace ozmo {
-
 namespace {
 
 constexpr const char* JPEG_NAME = "cjpeg";
@@ -94,9 +93,7 @@ int JpegFromTemp(const std::string& graphFile) {
   errors.trace_level = 0;
 
   const Stream input = TempMapOpen();
-  if (!input) {
-    JpegInputFail();
-  }
+  if (!input) JpegInputFail();
   const Stream output(std::fopen(graphFile.c_str(), "wb"));
   if (!output) {
     std::fprintf(stderr, "%s: can't open %s\n", JPEG_NAME, graphFile.c_str());
@@ -116,9 +113,7 @@ void JpegInputFail() {
 
 int JpegFinish(const std::string& graphFile) {
   JpegFromTemp(graphFile);
-  if (TempMapDelete() < 0) {
-    std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
-  }
+  if (TempMapDelete() < 0) std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
   return 0;
 }
 

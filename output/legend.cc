@@ -7,14 +7,12 @@
 #include "output/frame.h"
 #include "output/grapher_messages.h"
 #include "output/libplot.h"
-#include "output/number_text.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
-
 namespace {
 
 constexpr int ROWS_OF_WIDE_CELLS = 6;
-constexpr const char* OVERLAY_COLOUR = "orange";
 constexpr const char* TEXT_COLOUR = "black";
 
 // The place of one key, in device units: x grows by shares of the device, y falls by `drop` a row.
@@ -41,9 +39,7 @@ void SetPenAndFill(const char* name) {
 void DrawLabel(const LegendPlace& place, double x, double y, const std::optional<std::string>& label) {
   SetPenAndFill(TEXT_COLOUR);
   pl_fmove(place.X(x), place.Y(y));
-  if (label) {
-    pl_alabel('l', 'b', label->c_str());
-  }
+  if (label) pl_alabel('l', 'b', label->c_str());
 }
 
 void DrawBoxKey(const LegendPlace& place, const OverlayTrace& trace) {
@@ -67,9 +63,7 @@ size_t LongestLabel(const GraphJob& job) {
     longest = std::max(longest, trace.label ? trace.label->size() : 0);
   };
   std::for_each(job.mainOverlay.traces.begin(), job.mainOverlay.traces.end(), measure);
-  if (job.additionalOverlay) {
-    measure(job.additionalOverlay->traces.front());
-  }
+  if (job.additionalOverlay) measure(job.additionalOverlay->traces.front());
   return longest;
 }
 
@@ -78,10 +72,8 @@ size_t LongestLabel(const GraphJob& job) {
 LegendLayout LegendPlan(int fontSize, size_t longest, int count) {
   const double labelSize = static_cast<double>(fontSize) * static_cast<double>(longest);
   LegendLayout layout;
-  layout.columns = ToInt(DEVICE_SIZE / (labelSize * 0.7));
-  if (layout.columns <= 0) {
-    return {};
-  }
+  layout.columns = ClampTo<int>(DEVICE_SIZE / (labelSize * 0.7));
+  if (layout.columns <= 0) return {};
   if (count < layout.columns) {
     layout.cell = 1.0 / layout.columns;
     layout.left = 0.53 - count * layout.cell / 2.0;
@@ -89,7 +81,7 @@ LegendLayout LegendPlan(int fontSize, size_t longest, int count) {
     layout.cell = 0.94 / layout.columns;
     layout.left = 0.06;
   } else {
-    layout.columns = ToInt(DEVICE_SIZE * 1.067 / (labelSize * 0.6));
+    layout.columns = ClampTo<int>(DEVICE_SIZE * 1.067 / (labelSize * 0.6));
     layout.cell = 1.0 / layout.columns;
     layout.left = 0.01;
   }
@@ -98,15 +90,13 @@ LegendLayout LegendPlan(int fontSize, size_t longest, int count) {
 
 void GrapherDrawLegend(const Grapher& grapher, const GraphJob& job) {
   pl_fontname("HersheySans");
-  const int fontSize = ToInt(pl_ffontsize(0.025 * FrameBoxOf(grapher).smallerSide));
+  const int fontSize = ClampTo<int>(pl_ffontsize(0.025 * FrameBoxOf(grapher).smallerSide));
 
   const std::vector<OverlayTrace>& traces = job.mainOverlay.traces;
   const int traceCount = static_cast<int>(traces.size());
   const LegendLayout layout =
       LegendPlan(fontSize, LongestLabel(job), traceCount + (job.additionalOverlay ? 1 : 0));
-  if (layout.columns == 0) {
-    GrapherFail("a trace label is too long for the key");
-  }
+  if (layout.columns == 0) GrapherFail("a trace label is too long for the key");
   for (int index = 0; index < traceCount; ++index) {
     DrawBoxKey(PlaceOf(layout, fontSize, index), traces[static_cast<size_t>(index)]);
   }

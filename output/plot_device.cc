@@ -9,11 +9,10 @@
 #include "output/grapher_messages.h"
 #include "output/jpeg.h"
 #include "output/libplot.h"
-#include "output/number_text.h"
 #include "output/temp_map.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
-
 namespace {
 
 constexpr mode_t FILE_CREATION_MASK = 9;  // decimal
@@ -50,15 +49,11 @@ Stream OpenPlotFile(const GraphJob& job) {
   umask(FILE_CREATION_MASK);
   if (job.graphType == GraphType::JPEG) {
     Stream map = TempMapCreate();
-    if (!map) {
-      JpegInputFail();
-    }
+    if (!map) JpegInputFail();
     return map;
   }
   Stream file(std::fopen(job.graphFile.c_str(), "w"));
-  if (!file) {
-    GrapherFail("could not open output file " + job.graphFile);
-  }
+  if (!file) GrapherFail("could not open output file " + job.graphFile);
   return file;
 }
 
@@ -73,7 +68,7 @@ BitmapSize BitmapSizeOf(const GraphJob& job) {
   const double unit = DotsInUnit(job);
   // Sizes pass through single precision before they are cut.
   const auto dots = [unit](double size) {
-    return ToInt(static_cast<double>(static_cast<float>(unit * size)));
+    return ClampTo<int>(static_cast<double>(static_cast<float>(unit * size)));
   };
   return {dots(job.width), dots(job.height)};
 }
@@ -84,21 +79,13 @@ void GrapherSetBitmapSize(const BitmapSize& size) {
 }
 
 int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings) {
-  if (settings.backgroundColour) {
-    SetParameter("BG_COLOR", *settings.backgroundColour);
-  }
-  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job))) {
-    return -1;
-  }
+  if (settings.backgroundColour) SetParameter("BG_COLOR", *settings.backgroundColour);
+  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job))) return -1;
   device.stream = OpenPlotFile(job);
   device.handle = pl_newpl(PlotterFormOf(job.graphType).type, nullptr, device.stream.get(), stderr);
-  if (device.handle < 0) {
-    return -1;
-  }
+  if (device.handle < 0) return -1;
   pl_selectpl(device.handle);
-  if (pl_openpl() < 0) {
-    return -1;
-  }
+  if (pl_openpl() < 0) return -1;
   pl_erase();
   pl_fspace(0.0, 0.0, DEVICE_SIZE, DEVICE_SIZE);
   return 0;

@@ -4,7 +4,7 @@
 
 #include "output/graph_job.h"
 #include "output/plot_settings.h"
-#include "output/stream.h"
+#include "runtime/stream.h"
 
 namespace ozmo {
 

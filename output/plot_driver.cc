@@ -15,7 +15,6 @@
 #include "output/trace_drawing.h"
 
 namespace ozmo {
-
 namespace {
 
 // Seconds between the ticks of the time axis: the first that makes fewer than TIME_TICKS_MAX parts.
@@ -23,79 +22,74 @@ constexpr std::array<double, 10> TIME_SPACINGS = {300.0,   600.0,   1800.0,  360
                                                   10800.0, 21600.0, 43200.0, 86400.0, 604800.0};
 constexpr double TIME_TICKS_MAX = 9.0;
 
-struct PlotRun {
-  const GraphJob& job;
+// A layer that is ready to be drawn.
+struct PlotPass {
   PlotSettings settings;
-  PlotLimits given;    // what is known of the limits ahead of a pass
-  PlotLimits working;  // those of the present pass
-  PointReader reader;
+  PlotLimits limits;
   PointArray points;
-  Grapher grapher;
-  PlotDevice device;
-  bool opened = false;
-
-  explicit PlotRun(const GraphJob& graphJob) : job(graphJob) {}
 };
 
 // The top of the y axis. One that no axis can have, from an infinite value in the data, is worked out again
 // from the values that are drawn.
-double TopOf(const Overlay& overlay, int pointCount) {
-  if (std::isfinite(overlay.yMax)) {
-    return overlay.yMax;
-  }
+double TopOf(const Overlay& layer) {
+  if (std::isfinite(layer.yMax)) return layer.yMax;
   float peak = 0.0F;
-  for (int point = 0; point < pointCount; ++point) {
-    const float value = overlay.traces.front().series[point];
-    if (std::isfinite(value)) {
-      peak = std::max(peak, value);
-    }
+  for (float value : layer.traces.front().series) {
+    if (std::isfinite(value)) peak = std::max(peak, value);
   }
-  return peak > 0.0F ? 1.1 * static_cast<double>(peak) : 1.0;
+  return AxisTopOf(peak);
 }
 
-void TakeYLimits(PlotRun& run, const Overlay& overlay) {
-  run.given.y.min = overlay.yMin;
-  run.given.y.max = TopOf(overlay, run.job.pointCount);
-  run.given.y.maxGiven = true;
+// What is known ahead of the points: where time ends, and how high the values go.
+PlotLimits LimitsOf(const GraphJob& job, const Overlay& layer) {
+  PlotLimits limits;
+  limits.x.max = static_cast<double>(job.endTime);
+  limits.x.maxGiven = true;
+  limits.y.min = layer.yMin;
+  limits.y.max = TopOf(layer);
+  limits.y.maxGiven = true;
+  return limits;
 }
 
-void TakeColours(PlotRun& run) {
-  const std::vector<OverlayTrace>& traces = run.job.mainOverlay.traces;
-  for (size_t row = 0; row < std::min(traces.size(), run.settings.colours.size()); ++row) {
-    run.settings.colours[row] = traces[row].colour;
+PointArray PointsOf(const Overlay& layer, const PlotSettings& settings, int pointCount) {
+  PointArray points;
+  points.reserve(layer.traces.size() * static_cast<size_t>(std::max(pointCount, 0)));
+  PointReader reader = PointReaderNew(settings);
+  for (const OverlayTrace& trace : layer.traces) {
+    if (!points.empty()) PointReaderAlter(reader, settings, {});
+    PointReadTrace(reader, trace.series, points);
   }
+  return points;
 }
 
-PlotRun StartRun(const GraphJob& job) {
-  PlotRun run(job);
-  run.settings.firstX = static_cast<double>(job.startTime);
-  run.settings.title = job.mainOverlay.title;
-  run.settings.yTitle = job.mainOverlay.yTitle;
-  TakeColours(run);
-  run.given.x.max = static_cast<double>(job.endTime);
-  run.given.x.maxGiven = true;
-  TakeYLimits(run, job.mainOverlay);
-  return run;
+PlotPass PassOf(const GraphJob& job, const Overlay& layer, PlotSettings settings) {
+  PointArray points = PointsOf(layer, settings, job.pointCount);
+  return {std::move(settings), LimitsOf(job, layer), std::move(points)};
 }
 
-void ChangeToOverlay(PlotRun& run) {
-  const Overlay& overlay = *run.job.additionalOverlay;
-  run.settings.blankOutFraction = 0.0;
-  run.settings.switchXAxisEnd = !run.settings.switchXAxisEnd;
-  run.settings.fillFraction = -1.0;
-  run.settings.yTitle = overlay.yTitle;
-  run.settings.symbol = 0;
-  run.settings.colours[0] = "orange";
-  TakeYLimits(run, overlay);
+// Traces are filled areas, in the colours of the table by their number.
+PlotSettings MainSettings(const GraphJob& job) {
+  const Overlay& layer = job.mainOverlay;
+  PlotSettings settings;
+  settings.firstX = static_cast<double>(job.startTime);
+  settings.title = layer.title;
+  settings.yTitle = layer.yTitle;
+  for (size_t row = 0; row < std::min(layer.traces.size(), settings.colours.size()); ++row) {
+    settings.colours[row] = layer.traces[row].colour;
+  }
+  return settings;
 }
 
-void StartGraph(PlotRun& run) {
-  const size_t pointCount = static_cast<size_t>(std::max(run.job.pointCount, 0));
-  const size_t traceCount = run.job.mainOverlay.traces.size();
-  run.working = run.given;
-  run.points =
-      PointArrayNew(run.job.additionalOverlay ? pointCount * (traceCount + 1) : pointCount * traceCount + 1);
-  run.reader = PointReaderNew(run.settings);
+// A line over the areas of the main layer, which must not be wiped out, with an axis of its own at the right.
+PlotSettings OverlaySettings(const GraphJob& job) {
+  PlotSettings settings = MainSettings(job);
+  settings.blankOutFraction = 0.0;
+  settings.switchXAxisEnd = !settings.switchXAxisEnd;
+  settings.fillFraction = -1.0;
+  settings.yTitle = job.additionalOverlay->yTitle;
+  settings.symbol = 0;
+  settings.colours[0] = OVERLAY_COLOUR;
+  return settings;
 }
 
 double TimeSpacing(double span) {
@@ -104,87 +98,67 @@ double TimeSpacing(double span) {
   return found == TIME_SPACINGS.end() ? TIME_SPACINGS.back() : *found;
 }
 
-// Gives the x axis of the last pass its final form.
-void SetTimeAxis(PlotRun& run) {
-  AxisLimits& x = run.working.x;
-  ArrayBounds(run.points, x, run.working.y);
-  x.min = static_cast<double>(run.job.startTime);
-  x.max = static_cast<double>(run.job.endTime);
+// From the first to the last minute of the job, with ticks at round clock times.
+void SetTimeAxis(const GraphJob& job, AxisLimits& x) {
+  x.min = static_cast<double>(job.startTime);
+  x.max = static_cast<double>(job.endTime);
   x.minGiven = true;
   x.maxGiven = true;
   x.spacing = TimeSpacing(x.max - x.min);
   x.spacingGiven = true;
 }
 
-// Draws what has been read. Returns 0, or 1 when there is no plot to draw on.
-int DrawPass(PlotRun& run, bool withLegend) {
-  const bool firstPass = !run.opened;
-  GrapherSetParameters(run.grapher, run.settings, run.working);
-  if (firstPass) {
-    if (GrapherOpen(run.device, run.job, run.settings) < 0) {
-      GrapherError("couldn't open plot device");
-      return 1;
-    }
-    run.opened = true;
-  }
+void DrawPass(Grapher& grapher, const GraphJob& job, const PlotPass& pass, bool isMain) {
   pl_savestate();
   pl_fconcat(1.0, 0.0, 0.0, 1.0, 0.0, 0.0);
-  GrapherDrawFrame(run.grapher, run.job, !firstPass);
-  GrapherPlotPoints(run.grapher, run.points);
-  if (withLegend) {
-    GrapherDrawLegend(run.grapher, run.job);
-  }
-  run.points = {};
+  GrapherDrawFrame(grapher, job, !isMain);
+  GrapherPlotPoints(grapher, pass.points);
+  if (isMain) GrapherDrawLegend(grapher, job);
   pl_restorestate();
+}
+
+// Opens the page and draws the graph of the job with the whole key. Under an overlay the x axis is left to
+// what the points say: the time axis belongs to the layer on top. Returns 0, or 1 when there is no page to
+// draw on.
+int DrawMainLayer(Grapher& grapher, PlotDevice& device, const GraphJob& job) {
+  PlotPass pass = PassOf(job, job.mainOverlay, MainSettings(job));
+  ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
+  if (!job.additionalOverlay) SetTimeAxis(job, pass.limits.x);
+  GrapherSetParameters(grapher, pass.settings, pass.limits);
+  if (GrapherOpen(device, job, pass.settings) < 0) {
+    GrapherError("couldn't open plot device");
+    return 1;
+  }
+  DrawPass(grapher, job, pass, true);
   return 0;
 }
 
-// The main graph under an overlay: its x axis is left to what the points say.
-int DrawMainPass(PlotRun& run) {
-  ArrayBounds(run.points, run.working.x, run.working.y);
-  return DrawPass(run, true);
+void DrawOverlayLayer(Grapher& grapher, const GraphJob& job) {
+  PlotPass pass = PassOf(job, *job.additionalOverlay, OverlaySettings(job));
+  ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
+  SetTimeAxis(job, pass.limits.x);
+  GrapherSetParameters(grapher, pass.settings, pass.limits);
+  DrawPass(grapher, job, pass, false);
 }
 
-int DrawLastPass(PlotRun& run) {
-  SetTimeAxis(run);
-  return DrawPass(run, !run.job.additionalOverlay);
-}
-
-int FinishPlot(PlotRun& run) {
-  if (GrapherClose(run.device) < 0) {
+int FinishPlot(PlotDevice& device, const GraphJob& job) {
+  if (GrapherClose(device) < 0) {
     GrapherError("could not close plot device");
     return 1;
   }
-  if (run.job.graphType == GraphType::JPEG) {
-    JpegFinish(run.job.graphFile);
-  }
+  if (job.graphType == GraphType::JPEG) JpegFinish(job.graphFile);
   return 0;
 }
 
 }  // namespace
 
 int PlotGraphJob(const GraphJob& job) {
-  PlotRun run = StartRun(job);
   GrapherSetBitmapSize(BitmapSizeOf(job));
-
-  const size_t traceCount = job.mainOverlay.traces.size();
-  const size_t traceTotal = traceCount + (job.additionalOverlay ? 1 : 0);
-  for (size_t trace = 0; trace < traceTotal; ++trace) {
-    const bool overlay = trace == traceCount;
-    if (overlay) {
-      if (DrawMainPass(run) != 0) {
-        return 1;
-      }
-      ChangeToOverlay(run);
-    }
-    if (trace == 0 || overlay) {
-      StartGraph(run);
-    } else {
-      PointReaderAlter(run.reader, run.settings, {});
-    }
-    PointReadTrace(run.reader, job, run.points, trace);
-  }
-  return DrawLastPass(run) != 0 ? 1 : FinishPlot(run);
+  Grapher grapher;
+  PlotDevice device;
+  if (DrawMainLayer(grapher, device, job) != 0) return 1;
+  if (job.additionalOverlay) DrawOverlayLayer(grapher, job);
+  return FinishPlot(device, job);
 }
 
 }  // namespace ozmo

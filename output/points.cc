@@ -1,24 +1,14 @@
 #include "output/points.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <utility>
 
 namespace ozmo {
-
 namespace {
-
-// No array of the machine is larger.
-constexpr size_t POINTS_MAX = PTRDIFF_MAX / sizeof(PlotPoint);
-
-[[noreturn]] void PointStorageFail(const char* text) {
-  std::perror(text);
-  std::exit(1);
-}
 
 // The limits that points are measured against, and those that they widen.
 struct Bounds {
@@ -30,9 +20,7 @@ struct Bounds {
 
   explicit Bounds(const AxisLimits& axisLimits)
       : limits(axisLimits), filterMin(axisLimits.min), filterMax(axisLimits.max) {
-    if (limits.minGiven && limits.maxGiven && filterMin > filterMax) {
-      std::swap(filterMin, filterMax);
-    }
+    if (limits.minGiven && limits.maxGiven && filterMin > filterMax) std::swap(filterMin, filterMax);
   }
 
   bool Holds(double value) const {
@@ -47,22 +35,11 @@ struct Bounds {
 };
 
 void WriteBounds(AxisLimits& limits, double min, double max) {
-  if (!limits.minGiven) {
-    limits.min = min;
-  }
-  if (!limits.maxGiven) {
-    limits.max = max;
-  }
+  if (!limits.minGiven) limits.min = min;
+  if (!limits.maxGiven) limits.max = max;
 }
 
 void WriteEmptyBounds(AxisLimits& limits) { WriteBounds(limits, 0.0, limits.minGiven ? limits.min : 0.0); }
-
-const OverlayTrace& TraceOf(const GraphJob& job, size_t trace) {
-  if (trace == job.mainOverlay.traces.size() && job.additionalOverlay) {
-    return job.additionalOverlay->traces.front();
-  }
-  return job.mainOverlay.traces[trace];
-}
 
 PlotPoint NextPoint(PointReader& reader, float value) {
   const PlotSettings& settings = reader.settings;
@@ -85,33 +62,16 @@ PlotPoint NextPoint(PointReader& reader, float value) {
 
 }  // namespace
 
-PointArray PointArrayNew(size_t capacity) {
-  PointArray array;
-  array.capacity = std::max<size_t>(capacity, 1);
-  if (array.capacity > POINTS_MAX) {
-    errno = ENOMEM;
-    PointStorageFail("malloc failed");
+void* GrapherAllocate(size_t size) {
+  void* const storage = std::malloc(std::max<size_t>(size, 1));
+  if (storage == nullptr) {
+    std::perror("malloc failed");
+    std::exit(1);
   }
-  array.points.reset(static_cast<PlotPoint*>(std::malloc(array.capacity * sizeof(PlotPoint))));
-  if (!array.points) {
-    PointStorageFail("malloc failed");
-  }
-  return array;
+  return storage;
 }
 
-void PointArrayAdd(PointArray& array, const PlotPoint& point) {
-  if (array.count == array.capacity) {
-    const size_t capacity = array.capacity * 2;
-    void* const points = std::realloc(array.points.get(), capacity * sizeof(PlotPoint));
-    if (points == nullptr) {
-      PointStorageFail("realloc failed");
-    }
-    static_cast<void>(array.points.release());  // realloc has taken the old block
-    array.points.reset(static_cast<PlotPoint*>(points));
-    array.capacity = capacity;
-  }
-  array.points[array.count++] = point;
-}
+void GrapherFree(void* storage) { std::free(storage); }
 
 PointReader PointReaderNew(const PlotSettings& settings) {
   PointReader reader;
@@ -122,9 +82,7 @@ PointReader PointReaderNew(const PlotSettings& settings) {
 
 void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const PointReaderChanges& changes) {
   const auto take = [](bool changed, auto& target, const auto& source) {
-    if (changed) {
-      target = source;
-    }
+    if (changed) target = source;
   };
   PlotSettings& own = reader.settings;
   own.automaticAbscissa = settings.automaticAbscissa;
@@ -141,27 +99,20 @@ void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const P
   reader.needBreak = true;
 }
 
-void PointReadTrace(PointReader& reader, const GraphJob& job, PointArray& array, size_t trace) {
-  const float* const series = TraceOf(job, trace).series;
-  for (int point = 0; point < job.pointCount; ++point) {
-    PointArrayAdd(array, NextPoint(reader, series[point]));
-  }
+void PointReadTrace(PointReader& reader, std::span<const float> series, PointArray& array) {
+  for (float value : series) array.push_back(NextPoint(reader, value));
   PointReaderEndTrace(reader);
 }
 
 void PointReaderEndTrace(PointReader& reader) {
   PlotSettings& settings = reader.settings;
   reader.needBreak = true;
-  if (settings.automaticBump) {
-    settings.lineMode += settings.lineMode < 1 ? -1 : 1;
-  }
-  if (settings.automaticAbscissa) {
-    reader.nextX = settings.firstX;
-  }
+  if (settings.automaticBump) settings.lineMode += settings.lineMode < 1 ? -1 : 1;
+  if (settings.automaticAbscissa) reader.nextX = settings.firstX;
 }
 
 void ArrayBounds(const PointArray& array, AxisLimits& x, AxisLimits& y) {
-  if (array.count == 0) {
+  if (array.empty()) {
     WriteEmptyBounds(x);
     WriteEmptyBounds(y);
     return;
@@ -169,12 +120,11 @@ void ArrayBounds(const PointArray& array, AxisLimits& x, AxisLimits& y) {
   Bounds xBounds(x);
   Bounds yBounds(y);
   bool taken = false;
-  for (const PlotPoint* point = array.begin(); point != array.end() - 1; ++point) {
-    if (xBounds.Holds(point->x) && yBounds.Holds(point->y)) {
-      xBounds.Widen(point->x);
-      yBounds.Widen(point->y);
-      taken = true;
-    }
+  for (const PlotPoint& point : std::span(array).first(array.size() - 1)) {
+    if (!xBounds.Holds(point.x) || !yBounds.Holds(point.y)) continue;
+    xBounds.Widen(point.x);
+    yBounds.Widen(point.y);
+    taken = true;
   }
   WriteBounds(x, taken ? xBounds.min : 0.0, taken ? xBounds.max : 0.0);
   WriteBounds(y, taken ? yBounds.min : 0.0, taken ? yBounds.max : 0.0);

@@ -1,12 +1,11 @@
-// The points of a pass: every point of every trace, each with its whole appearance, so that drawing is one
+// The points of a layer: every point of every trace, each with its whole appearance, so that drawing is one
 // walk over an array.
 #pragma once
 
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
+#include <span>
+#include <vector>
 
-#include "output/graph_job.h"
 #include "output/plot_settings.h"
 
 namespace ozmo {
@@ -24,29 +23,32 @@ struct PlotPoint {
   double fillFraction;  // 1.0: filled; negative: not filled
 };
 
-struct PointDeleter {
-  void operator()(PlotPoint* points) const { std::free(points); }
+// Storage for `size` bytes. The grapher tells for itself what it can't have: "malloc failed" by perror, and
+// the process ends with status 1.
+void* GrapherAllocate(size_t size);
+void GrapherFree(void* storage);
+
+template <class Value>
+struct GrapherAllocator {
+  using value_type = Value;
+
+  GrapherAllocator() = default;
+  template <class Other>
+  explicit GrapherAllocator(const GrapherAllocator<Other>& /*other*/) {}
+
+  Value* allocate(size_t count) { return static_cast<Value*>(GrapherAllocate(count * sizeof(Value))); }
+  void deallocate(Value* values, size_t /*count*/) { GrapherFree(values); }
+
+  bool operator==(const GrapherAllocator& /*other*/) const { return true; }
 };
 
-// Grows by doubling. It is the one array of the tool whose size no catalog limit bounds, so storage that
-// can't be had is told by perror and ends the process with status 1.
-struct PointArray {
-  std::unique_ptr<PlotPoint[], PointDeleter> points;
-  size_t capacity = 0;
-  size_t count = 0;
+using PointArray = std::vector<PlotPoint, GrapherAllocator<PlotPoint>>;
 
-  const PlotPoint* begin() const { return points.get(); }
-  const PlotPoint* end() const { return points.get() + count; }
-};
-
-PointArray PointArrayNew(size_t capacity);
-void PointArrayAdd(PointArray& array, const PlotPoint& point);
-
-// Turns traces into points. Its settings run on from trace to trace of a pass.
+// Turns traces into points. Its settings run on from trace to trace of a layer.
 struct PointReader {
   PlotSettings settings;
   double nextX = 0.0;
-  bool firstTrace = true;  // no point of the pass has been read yet
+  bool firstTrace = true;  // no point of the layer has been read yet
   bool needBreak = true;   // the next point starts a polyline
 };
 
@@ -61,15 +63,14 @@ struct PointReaderChanges {
   bool useColor = false;
 };
 
-// A reader at the start of a pass.
+// A reader at the start of a layer.
 PointReader PointReaderNew(const PlotSettings& settings);
 
-// Sets the reader to the start of another trace of the same pass.
+// Sets the reader to the start of another trace of the same layer.
 void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const PointReaderChanges& changes);
 
-// Appends the pointCount points of a trace and ends the trace. The number behind the last trace of the main
-// layer stands for the overlay.
-void PointReadTrace(PointReader& reader, const GraphJob& job, PointArray& array, size_t trace);
+// Appends the points of a trace and ends the trace.
+void PointReadTrace(PointReader& reader, std::span<const float> series, PointArray& array);
 
 // Back to the first x, and on to the next line mode.
 void PointReaderEndTrace(PointReader& reader);

@@ -1,7 +1,6 @@
 #include "output/portable_map.h"
 
 namespace ozmo {
-
 namespace {
 
 constexpr uint32_t SAMPLE_MAX = 255;
@@ -36,28 +35,18 @@ int NextCharacter(std::FILE* input) {
 // Takes the one character behind the number with it.
 MapStatus ReadNumber(std::FILE* input, uint32_t& number) {
   int character = NextCharacter(input);
-  while (IsBlank(character)) {
-    character = NextCharacter(input);
-  }
-  if (character == EOF) {
-    return MapStatus::END_OF_INPUT;
-  }
-  if (!IsDigit(character)) {
-    return MapStatus::NONNUMERIC;
-  }
+  while (IsBlank(character)) character = NextCharacter(input);
+  if (character == EOF) return MapStatus::END_OF_INPUT;
+  if (!IsDigit(character)) return MapStatus::NONNUMERIC;
   number = 0;
   for (; IsDigit(character); character = NextCharacter(input)) {
-    if (number < NUMBER_MAX) {
-      number = number * 10 + static_cast<uint32_t>(character - '0');
-    }
+    if (number < NUMBER_MAX) number = number * 10 + static_cast<uint32_t>(character - '0');
   }
   return MapStatus::OK;
 }
 
 MapStatus ReadForm(PortableMap& map) {
-  if (std::getc(map.input) != 'P') {
-    return MapStatus::NOT_A_MAP;
-  }
+  if (std::getc(map.input) != 'P') return MapStatus::NOT_A_MAP;
   const int letter = std::getc(map.input);
   for (const MapForm& form : MAP_FORMS) {
     if (form.letter == letter) {
@@ -70,9 +59,7 @@ MapStatus ReadForm(PortableMap& map) {
 }
 
 MapStatus ScaleSample(const PortableMap& map, uint32_t value, uint8_t& sample) {
-  if (value > map.maximum) {
-    return MapStatus::NOT_A_MAP;
-  }
+  if (value > map.maximum) return MapStatus::NOT_A_MAP;
   sample = map.scale[value];
   return MapStatus::OK;
 }
@@ -81,12 +68,8 @@ MapStatus ReadTextRow(PortableMap& map, std::vector<uint8_t>& row) {
   for (uint8_t& sample : row) {
     uint32_t value = 0;
     MapStatus status = ReadNumber(map.input, value);
-    if (status == MapStatus::OK) {
-      status = ScaleSample(map, value, sample);
-    }
-    if (status != MapStatus::OK) {
-      return status;
-    }
+    if (status == MapStatus::OK) status = ScaleSample(map, value, sample);
+    if (status != MapStatus::OK) return status;
   }
   return MapStatus::OK;
 }
@@ -96,32 +79,22 @@ bool ReadBytes(std::FILE* input, std::vector<uint8_t>& bytes) {
 }
 
 MapStatus ReadRawRow(PortableMap& map, std::vector<uint8_t>& row) {
-  if (!ReadBytes(map.input, row)) {
-    return MapStatus::END_OF_INPUT;
-  }
-  if (map.maximum == SAMPLE_MAX) {
-    return MapStatus::OK;
-  }
+  if (!ReadBytes(map.input, row)) return MapStatus::END_OF_INPUT;
+  if (map.maximum == SAMPLE_MAX) return MapStatus::OK;
   for (uint8_t& sample : row) {
     const MapStatus status = ScaleSample(map, sample, sample);
-    if (status != MapStatus::OK) {
-      return status;
-    }
+    if (status != MapStatus::OK) return status;
   }
   return MapStatus::OK;
 }
 
 MapStatus ReadWideRow(PortableMap& map, std::vector<uint8_t>& row) {
   map.bytes.resize(row.size() * 2);
-  if (!ReadBytes(map.input, map.bytes)) {
-    return MapStatus::END_OF_INPUT;
-  }
+  if (!ReadBytes(map.input, map.bytes)) return MapStatus::END_OF_INPUT;
   for (size_t n = 0; n < row.size(); ++n) {
     const uint32_t value = map.bytes[2 * n] + (uint32_t{map.bytes[2 * n + 1]} << 8);
     const MapStatus status = ScaleSample(map, value, row[n]);
-    if (status != MapStatus::OK) {
-      return status;
-    }
+    if (status != MapStatus::OK) return status;
   }
   return MapStatus::OK;
 }
@@ -138,14 +111,10 @@ void FillScale(PortableMap& map) {
 MapStatus MapReadHeader(PortableMap& map, std::FILE* input) {
   map.input = input;
   const MapStatus form = ReadForm(map);
-  if (form != MapStatus::OK) {
-    return form;
-  }
+  if (form != MapStatus::OK) return form;
   for (uint32_t* number : {&map.width, &map.height, &map.maximum}) {
     const MapStatus status = ReadNumber(input, *number);
-    if (status != MapStatus::OK) {
-      return status;
-    }
+    if (status != MapStatus::OK) return status;
   }
   if (map.width == 0 || map.height == 0 || map.maximum == 0 || map.maximum > TWO_BYTE_SAMPLE_MAX) {
     return MapStatus::NOT_A_MAP;
@@ -155,9 +124,7 @@ MapStatus MapReadHeader(PortableMap& map, std::FILE* input) {
 }
 
 MapStatus MapReadRow(PortableMap& map, std::vector<uint8_t>& row) {
-  if (!map.raw) {
-    return ReadTextRow(map, row);
-  }
+  if (!map.raw) return ReadTextRow(map, row);
   return map.maximum > SAMPLE_MAX ? ReadWideRow(map, row) : ReadRawRow(map, row);
 }
 

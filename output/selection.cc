@@ -7,9 +7,6 @@
 namespace ozmo {
 namespace {
 
-constexpr double HEADROOM = 1.1;
-constexpr double EMPTY_TOP = 1.0;
-
 std::string PlainName(std::string_view name) {
   std::string plain;
   plain.reserve(name.size());
@@ -38,11 +35,13 @@ void ClearEnds(Series& series, int npoints) {
   series[static_cast<size_t>(npoints) - 1] = 0.0F;
 }
 
+std::span<const float> PointsOf(const Series& series, int npoints) {
+  return std::span(series).first(std::min(static_cast<size_t>(std::max(npoints, 0)), series.size()));
+}
+
 // The top of the y axis. `isFixed` tells whether `fixedTop` counts.
 double TopOf(bool isFixed, float fixedTop, float peak) {
-  if (isFixed) return HEADROOM * static_cast<double>(fixedTop);
-  if (peak > 0.0F) return HEADROOM * static_cast<double>(peak);
-  return EMPTY_TOP;
+  return isFixed ? AXIS_HEADROOM * static_cast<double>(fixedTop) : AxisTopOf(peak);
 }
 
 Overlay LayerOf(const GraphRecord& record) {
@@ -94,7 +93,7 @@ Overlay PrepareMainOverlay(GraphRecord& record) {
   for (int set = 0; set < data.nsets(); ++set) {
     Series& series = data.y[static_cast<size_t>(set)];
     ClearEnds(series, data.npoints);
-    overlay.traces.push_back({record.Label(set), record.Colour(set), series.data()});
+    overlay.traces.push_back({record.Label(set), record.Colour(set), PointsOf(series, data.npoints)});
   }
   return overlay;
 }
@@ -117,7 +116,8 @@ OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRec
   if (set < 0) return {{}, "Specified overlay trace not found."};
 
   TakeOutOfStack(other->data, set, catalog.overlayScratch);
-  overlay.traces.push_back({other->Label(set), mainRecord.Colour(set), catalog.overlayScratch.data()});
+  overlay.traces.push_back(
+      {other->Label(set), mainRecord.Colour(set), PointsOf(catalog.overlayScratch, mainRecord.data.npoints)});
   return {overlay, nullptr};
 }
 

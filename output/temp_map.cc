@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 namespace ozmo {
-
 namespace {
 
 constexpr const char* TEMP_MAP_NAME = "/tmp/temp.ppm";
@@ -18,23 +17,13 @@ bool IsOurs(int file) {
          status.st_nlink == 1;
 }
 
-Stream StreamOf(int file, const char* mode) {
-  Stream stream(fdopen(file, mode));
-  if (!stream) {
-    close(file);
-  }
-  return stream;
-}
-
 }  // namespace
 
 Stream TempMapCreate() {
   // Cut to nothing only once it is known to be ours. Without O_NONBLOCK a pipe of this name would hang us.
   const int file =
       open(TEMP_MAP_NAME, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, TEMP_MAP_MODE);
-  if (file < 0) {
-    return nullptr;
-  }
+  if (file < 0) return nullptr;
   if (!IsOurs(file) || ftruncate(file, 0) != 0) {
     close(file);
     return nullptr;
@@ -44,9 +33,7 @@ Stream TempMapCreate() {
 
 Stream TempMapOpen() {
   const int file = open(TEMP_MAP_NAME, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) {
-    return nullptr;
-  }
+  if (file < 0) return nullptr;
   if (!IsOurs(file)) {
     close(file);
     return nullptr;

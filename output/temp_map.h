@@ -3,7 +3,7 @@
 // file is neither followed nor overwritten nor read.
 #pragma once
 
-#include "output/stream.h"
+#include "runtime/stream.h"
 
 namespace ozmo {
 

@@ -4,10 +4,9 @@
 #include <cmath>
 
 #include "output/libplot.h"
-#include "output/number_text.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
-
 namespace {
 
 // An empty name gives libplot's default, which is solid.
@@ -68,9 +67,7 @@ int GrapherClipLine(const Grapher& grapher, double& x0, double& y0, double& x1, 
   int code1 = GrapherClipCode(grapher, x1, y1);
   int result = CLIP_ACCEPTED;
   for (int moves = 0; (code0 | code1) != 0; ++moves) {
-    if ((code0 & code1) != 0 || moves == CLIP_MOVES_MAX) {
-      return CLIP_REJECTED;
-    }
+    if ((code0 & code1) != 0 || moves == CLIP_MOVES_MAX) return CLIP_REJECTED;
     if (code0 != 0) {
       MoveToLimit(grapher, code0, x0, y0, x1, y1);
       code0 = GrapherClipCode(grapher, x0, y0);
@@ -101,7 +98,7 @@ void GrapherSetLineStyle(const Grapher& grapher, int mode, bool useColor) {
 }
 
 int GrapherFillType(double fillFraction) {
-  return fillFraction < 0.0 ? 0 : ToInt(std::round(FILL_LEVELS * (1.0 - fillFraction))) + 1;
+  return fillFraction < 0.0 ? 0 : ClampTo<int>(std::round(FILL_LEVELS * (1.0 - fillFraction))) + 1;
 }
 
 void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point) {
@@ -129,17 +126,13 @@ void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point) {
   if (penUp || (firstMoved && secondMoved) || grapher.firstPointOfPolyline) {
     MoveTo(grapher, point.x, point.y);
   } else {
-    if (firstMoved) {
-      MoveTo(grapher, x0, y0);
-    }
+    if (firstMoved) MoveTo(grapher, x0, y0);
     ContinueTo(grapher, x1, y1);
   }
   grapher.firstPointOfPolyline = false;
-  if (secondMoved) {
-    return;
-  }
+  if (secondMoved) return;
   if (point.lineMode > 0) {
-    // The place of error bars, of which this tool has none; recorded plots show the pair for each point.
+    // Error bars would stand between these two; minute values have none.
     pl_savestate();
     pl_restorestate();
   }
@@ -149,9 +142,7 @@ void GrapherPlotPoints(Grapher& grapher, const PointArray& array) {
   bool startLost = false;  // the point that was to start the polyline has been left out
   for (PlotPoint point : array) {
     startLost = startLost || !point.pendown;
-    if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
-      continue;
-    }
+    if (!std::isfinite(point.x) || !std::isfinite(point.y)) continue;
     point.pendown = !startLost;
     GrapherPlotPoint(grapher, point);
     startLost = false;

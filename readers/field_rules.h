@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <initializer_list>
 #include <limits>
@@ -20,6 +19,7 @@
 #include <vector>
 
 #include "readers/collector_format.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
 
@@ -56,17 +56,6 @@ inline int64_t ValueAsInteger(const FieldValue& field, Form form, const ReaderSt
   const bool wide = form == Form::UINT64 || (form == Form::WIDE && state.wideCounters) ||
                     ((form == Form::NATURAL || form == Form::SIGNED_HALVES) && field.size == FieldSize::INT8);
   return wide ? static_cast<int64_t>(field.Uint64()) : field.Int32();
-}
-
-// A whole number of a value that may lie anywhere: out of range goes to the nearest end, not a number to 0.
-template <class Integer>
-Integer ClampTo(double value) {
-  if (std::isnan(value)) return 0;
-  const double low = static_cast<double>(std::numeric_limits<Integer>::min());
-  const double high = static_cast<double>(std::numeric_limits<Integer>::max());
-  if (value <= low) return std::numeric_limits<Integer>::min();
-  if (value >= high) return std::numeric_limits<Integer>::max();
-  return static_cast<Integer>(value);
 }
 
 template <class Record>

@@ -110,8 +110,9 @@ class FormatScanner {
 };
 
 std::string FormatText(const Conversion& conversion, std::string text) {
-  if (conversion.precision >= 0)
+  if (conversion.precision >= 0) {
     text.resize(std::min(text.size(), static_cast<size_t>(conversion.precision)));
+  }
   const auto width = static_cast<size_t>(conversion.width);
   if (text.size() >= width) return text;
   const std::string padding(width - text.size(), ' ');
@@ -154,8 +155,9 @@ std::string FormatInteger(const Conversion& conversion, long long number) {
     return FormatNumber(conversion, std::string(1, conversion.type), static_cast<double>(number));
   }
   if (conversion.type == 'c') return FormatText(conversion, std::string(1, static_cast<char>(number)));
-  if (conversion.type == 'p')
+  if (conversion.type == 'p') {
     return FormatNumber(conversion, "#llx", static_cast<unsigned long long>(number));
+  }
   return FormatText(conversion, std::to_string(number));
 }
 

@@ -1,13 +1,13 @@
 #include "runtime/messages.h"
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
 #include <string_view>
 
 #include "runtime/message_format.h"
 #include "runtime/runtime.h"
 #include "runtime/text.h"
+#include "runtime/text_file.h"
 
 namespace ozmo {
 namespace {
@@ -32,6 +32,7 @@ struct MessageEntry {
 };
 
 constexpr std::string_view BLANKS = " \t";
+constexpr size_t LONGEST_LINE = 1023;
 
 // The characters up to a delimiter, a tab or the end of the line; the delimiter is stepped over.
 std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
@@ -53,9 +54,9 @@ std::string_view TakeQuotedText(std::string_view& rest) {
   return TakeUpTo(rest, '"');
 }
 
-std::optional<MessageEntry> FindEntry(std::istream& file, const std::string& code) {
+std::optional<MessageEntry> FindEntry(std::FILE* file, const std::string& code) {
   std::string line;
-  while (std::getline(file, line)) {
+  while (TextFileReadLine(file, LONGEST_LINE, line)) {
     if (line.ends_with('\r')) line.pop_back();
     std::string_view rest = line;
     if (UpperText(TakeToken(rest)) != code) continue;
@@ -91,12 +92,12 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
   const ProductIdentity& identity = runtime.identity;
   const std::string path =
       LibraryDirectory(runtime, "veltrix") + "db/" + identity.filePrefix + "messages.msg";
-  std::ifstream file(path);
+  const Stream file = TextFileOpen(path);
   if (!file) {
     MessageDeliver(runtime, "Cannot open message file: " + path, Severity::WARNING);
     return 0;
   }
-  const std::optional<MessageEntry> entry = FindEntry(file, code);
+  const std::optional<MessageEntry> entry = FindEntry(file.get(), code);
   if (!entry) {
     MessageDeliver(runtime, "Cannot find error message " + code, Severity::WARNING);
     return 0;

@@ -2,17 +2,18 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 
 #include "runtime/messages.h"
+#include "runtime/numbers.h"
 #include "runtime/runtime.h"
 #include "runtime/text.h"
+#include "runtime/text_file.h"
 
 namespace ozmo {
 namespace {
 
-constexpr size_t LINE_SIZE = 256;  // with the closing zero; a longer line goes on as one more line
+constexpr size_t LONGEST_LINE = 255;
 constexpr std::string_view BLANKS = " \t\r\n\v\f";
 
 enum class VariableRule {
@@ -67,9 +68,7 @@ int32_t ParseNumber(const std::string& text) {
 }
 
 int32_t ParseCutFloat(const std::string& text) {
-  const double number = std::strtod(text.c_str(), nullptr);
-  if (!(number > INT32_MIN)) return INT32_MIN;  // not a number comes here too
-  return number < INT32_MAX ? static_cast<int32_t>(number) : INT32_MAX;
+  return ClampTo<int32_t>(std::strtod(text.c_str(), nullptr));
 }
 
 // Cuts off and answers what stands behind the last `mark`; absent, and nothing cut, if there is none.
@@ -133,8 +132,6 @@ void ApplyVariable(UserSettings& settings, Runtime& runtime, const EnvironmentRo
   }
 }
 
-FileStream OpenForReading(const std::string& path) { return {std::fopen(path.c_str(), "r"), std::fclose}; }
-
 }  // namespace
 
 std::optional<ResourceLine> ParseResourceLine(std::string_view line) {
@@ -145,8 +142,9 @@ std::optional<ResourceLine> ParseResourceLine(std::string_view line) {
   ResourceLine parsed;
   parsed.key = LowerText(*key);
   parsed.value = *value;
-  if (const std::optional<std::string_view> group = CutBehindLast(line, '.'))
+  if (const std::optional<std::string_view> group = CutBehindLast(line, '.')) {
     parsed.group = LowerText(*group);
+  }
   return parsed;
 }
 
@@ -175,28 +173,28 @@ void UserResourceDefaults(UserResources& resources, Runtime& runtime) {
   UserResourceEnvironment(resources, runtime);
 }
 
-FileStream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std::string& envName) {
-  FileStream file = OpenForReading(name);
+Stream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std::string& envName) {
+  Stream file = TextFileOpen(name);
   if (file) return file;
   const char* directory = std::getenv(envName.c_str());
   if (directory == nullptr) directory = std::getenv("HOME");
   if (directory != nullptr) {
     std::string path = directory;
     if (!path.ends_with('/')) path += '/';
-    file = OpenForReading(path + name);
+    file = TextFileOpen(path + name);
     if (file) return file;
   }
-  return OpenForReading(LibraryDirectory(runtime, "veltrix") + name);
+  return TextFileOpen(LibraryDirectory(runtime, "veltrix") + name);
 }
 
 int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name) {
   if (!resources.initialised) UserResourceDefaults(resources, runtime);
-  const FileStream file = UserResourceFileOpen(runtime, name, name);
+  const Stream file = UserResourceFileOpen(runtime, name, name);
   if (!file) return 0;
 
-  std::array<char, LINE_SIZE> buffer;
-  while (std::fgets(buffer.data(), buffer.size(), file.get()) != nullptr) {
-    const std::optional<ResourceLine> line = ParseResourceLine(buffer.data());
+  std::string text;
+  while (TextFileReadLine(file.get(), LONGEST_LINE, text)) {
+    const std::optional<ResourceLine> line = ParseResourceLine(text.c_str());
     if (!line) continue;
     const ResourceRow* row = UserResourceLookup(line->group, line->key);
     if (row != nullptr) UserResourceSet(resources.settings, *row, line->value);

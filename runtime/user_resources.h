@@ -7,12 +7,11 @@
 // The one resource that acts on this tool's run is YX_DEFAULT: it changes the working directory.
 #pragma once
 
-#include <cstdio>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "runtime/stream.h"
 #include "runtime/user_settings.h"
 
 namespace ozmo {
@@ -36,11 +35,9 @@ void UserResourceDefaults(UserResources& resources, Runtime& runtime);
 // INVLD_DIR, and the run goes on.
 void UserResourceEnvironment(UserResources& resources, Runtime& runtime);
 
-using FileStream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
 // Opens `name` in the current directory, else in the directory of the variable `envName` or HOME, else in the
 // library directory. Null if there is none.
-FileStream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std::string& envName);
+Stream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std::string& envName);
 
 // One line of the file, cut in its parts; keys and groups in lower case.
 struct ResourceLine {

@@ -9,12 +9,11 @@
 // A definition is a keyword, a number that is not used, and a value; it acts on the class that the last
 // class_name started. With version 1 a value stands in double quotes and may hold blanks; in older files it
 // is one bare word. Lines that start with ";" or "/*" are comments.
-#include <cstdio>
 #include <cstdlib>
-#include <limits>
-#include <memory>
 
+#include "runtime/numbers.h"
 #include "runtime/text.h"
+#include "runtime/text_file.h"
 #include "workload/workload.h"
 
 namespace ozmo {
@@ -58,12 +57,6 @@ int ProcessTypeOf(const std::string& text) {
   return OTHER_PROCESS_TYPE;
 }
 
-int IntegerOf(double number) {
-  if (!(number > std::numeric_limits<int>::min())) return number < 0.0 ? std::numeric_limits<int>::min() : 0;
-  if (number >= std::numeric_limits<int>::max()) return std::numeric_limits<int>::max();
-  return static_cast<int>(number);
-}
-
 void StartClass(WorkloadClassList& list, const Value& value) {
   list.classes.emplace_back().name = value.text;
 }
@@ -78,7 +71,7 @@ void SetType(WorkloadClassList& list, const Value& value) {
 
 void SetCatchAll(WorkloadClassList& list, const Value& value) {
   WorkloadClass& last = list.classes.back();
-  last.catchAll = IntegerOf(value.number);
+  last.catchAll = ClampTo<int>(value.number);
   if (last.catchAll > 0) list.catchAllClass = list.classes.size() - 1;
 }
 
@@ -101,22 +94,9 @@ constexpr Keyword KEYWORDS[] = {
     {"class_node", 10, &WorkloadClass::node},
 };
 
-using FilePointer = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-// One line without its end, or as much of it as a line may hold: the rest comes as the next one. False at the
-// end of the file.
-bool ReadPiece(std::FILE* file, std::string& line) {
-  line.clear();
-  int c = 0;
-  while (line.size() < LONGEST_LINE && (c = std::getc(file)) != EOF && c != '\n') {
-    line += static_cast<char>(c);
-  }
-  return c != EOF || !line.empty();
-}
-
 // The next line that isn't empty, its non-printable characters, tabs included, made blanks.
 bool ReadLine(std::FILE* file, std::string& line) {
-  while (ReadPiece(file, line)) {
+  while (TextFileReadLine(file, LONGEST_LINE, line)) {
     if (line.ends_with('\r')) line.pop_back();
     for (char& c : line) {
       if (c < ' ' || c > '~') c = ' ';
@@ -167,7 +147,7 @@ void ApplyDefinition(WorkloadClassList& list, std::string_view line, long versio
 int WorkloadLoad(WorkloadClassList& list, const std::string& path) {
   list.classes.clear();
   list.catchAllClass.reset();
-  const FilePointer file(std::fopen(path.c_str(), "r"), std::fclose);
+  const Stream file = TextFileOpen(path);
   std::string line;
   if (!file || !ReadLine(file.get(), line)) return 0;
   const long version = VersionOf(line);

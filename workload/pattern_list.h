@@ -40,7 +40,8 @@ enum class MatchMode {
 // 1 if an item matches `text` or the list is empty, else 0.
 //
 // The items are tried in order. A "*abc" item that meets a text no longer than "abc" answers 0 for the
-// whole list, and the items behind it are not tried: existing class files count on it.
+// whole list, and the items behind it are not tried: short names fall through to a later class, and class
+// files put such items last where they don't want that.
 int WorkloadMatchList(std::string_view text, const PatternList& patterns, MatchMode mode = MatchMode::WHOLE,
                       bool ignoreCase = false);
 

@@ -185,7 +185,7 @@ TEST_F(PlotDriver, AFallenFirstPointLowersTheOverlayAxis) {
 TEST_F(PlotDriver, ATopThatIsNoNumberIsTakenFromTheValuesDrawn) {
   PlotJob graph = Band(11);
   graph.job.mainOverlay.yMax = INFINITY;
-  const_cast<float*>(graph.job.mainOverlay.traces[0].series)[3] = INFINITY;
+  const_cast<float&>(graph.job.mainOverlay.traces[0].series[3]) = INFINITY;
   EXPECT_EQ(Plot(graph), 0);
   EXPECT_EQ(errors_, "");
   EXPECT_THAT(Recording().calls, Contains("alabel r c '60'"));  // below 1.1 * 55

@@ -57,7 +57,7 @@ class PlotJob {
       trace.colour = colour;
       trace.label = colour;
     }
-    trace.series = series_.back()->data();
+    trace.series = *series_.back();
     return trace;
   }
 

@@ -4,22 +4,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdint>
-
-#include "tests/output/plot_job.h"
+#include <utility>
+#include <vector>
 
 namespace ozmo {
 namespace {
 
-using testing::PlotJob;
-
 PointArray ArrayOf(const std::vector<std::pair<double, double>>& points) {
-  PointArray array = PointArrayNew(1);
+  PointArray array;
   for (const auto& [x, y] : points) {
-    PlotPoint point = {};
+    PlotPoint& point = array.emplace_back();
     point.x = x;
     point.y = y;
-    PointArrayAdd(array, point);
   }
   return array;
 }
@@ -73,41 +69,27 @@ TEST(ArrayBounds, WithoutAPointTheyAreZero) {
 TEST(ArrayBounds, InAnEmptyArrayAnUnsetMaximumTakesTheMinimum) {
   AxisLimits x{.min = 4.0, .minGiven = true};
   AxisLimits y{.min = 7.0, .max = 8.0};
-  ArrayBounds(PointArrayNew(0), x, y);
+  ArrayBounds(PointArray(), x, y);
   EXPECT_EQ(x.max, 4.0);
   EXPECT_EQ(y.min, 0.0);
   EXPECT_EQ(y.max, 0.0);
 }
 
 TEST(PointReader, EachTraceStartsAtTheFirstXWithAPenUpAndTheNextLineMode) {
-  PlotJob graph(2);
-  graph.AddTrace("red", {1.0F, 2.0F});
-  graph.AddTrace("blue", {3.0F, 4.0F});
   PlotSettings settings;
   settings.firstX = 1000.0;
   PointReader reader = PointReaderNew(settings);
-  PointArray array = PointArrayNew(1);  // grows twice
-  PointReadTrace(reader, graph.job, array, 0);
+  PointArray array;
+  PointReadTrace(reader, std::vector{1.0F, 2.0F}, array);
   PointReaderAlter(reader, settings, {});
-  PointReadTrace(reader, graph.job, array, 1);
+  PointReadTrace(reader, std::vector{3.0F, 4.0F}, array);
 
-  ASSERT_EQ(array.count, 4U);
   std::vector<std::vector<double>> seen;
   for (const PlotPoint& point : array) {
     seen.push_back({point.x, point.y, point.pendown ? 1.0 : 0.0, static_cast<double>(point.lineMode)});
   }
   using Rows = std::vector<std::vector<double>>;
   EXPECT_EQ(seen, (Rows{{1000, 1, 0, 1}, {1060, 2, 1, 1}, {1000, 3, 0, 2}, {1060, 4, 1, 2}}));
-}
-
-TEST(PointReader, TheNumberBehindTheLastTraceIsTheOverlay) {
-  PlotJob graph(1);
-  graph.AddTrace("red", {1.0F});
-  graph.SetOverlay(10.0, {9.0F});
-  PointReader reader = PointReaderNew({});
-  PointArray array = PointArrayNew(4);
-  PointReadTrace(reader, graph.job, array, 1);
-  EXPECT_EQ(array.begin()->y, 9.0);
 }
 
 }  // namespace

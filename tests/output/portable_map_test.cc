@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "output/stream.h"
+#include "runtime/stream.h"
 
 namespace ozmo {
 namespace {

@@ -34,7 +34,7 @@ class Selection : public testing::Test {
   static GraphMenuEntry Group(const std::string& label, std::vector<GraphMenuEntry> rows) {
     return {"GROUP", label, nullptr, std::move(rows)};
   }
-  static Series Points(const OverlayTrace& trace) { return Series(trace.series, trace.series + POINTS); }
+  static Series Points(const OverlayTrace& trace) { return {trace.series.begin(), trace.series.end()}; }
 
   GraphCatalog catalog_;
   GraphRecord* load_;

@@ -31,16 +31,16 @@ class TraceDrawing : public ::testing::Test {
 
   // Draws the points as one trace and answers the moves and continuations.
   Calls Draw(const std::vector<std::pair<double, double>>& points) {
-    PointArray array = PointArrayNew(1);
+    PointArray array;
     for (const auto& [x, y] : points) {
       PlotPoint point = {};
       point.x = x;
       point.y = y;
-      point.pendown = array.count != 0;
+      point.pendown = !array.empty();
       point.useColor = true;
       point.lineMode = 1;
       point.fillFraction = 1.0;
-      PointArrayAdd(array, point);
+      array.push_back(point);
     }
     GrapherPlotPoints(grapher_, array);
     Calls path;

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "output/stream.h"
+#include "runtime/stream.h"
 
 // clang-format off
 #include <jpeglib.h>
