@@ -236,7 +236,8 @@ void WritePlatform(std::ostream& out, const Platform& platform, const std::vecto
   }
 }
 
-// The document, and the titles for the completion of the shell: platform, tab, title.
+// The document, and the titles for the completion of the shell: platform, title and those traces whose labels
+// don't come from the data file, behind tabs.
 void WriteLists(const std::filesystem::path& directory) {
   const std::filesystem::path samples = directory / "item_samples";
   std::ofstream document(directory / "items.md");
@@ -248,8 +249,12 @@ void WriteLists(const std::filesystem::path& directory) {
     const ItemList list(*catalog);
     WritePlatform(document, platform, list.items(), used);
     for (const Item& item : list.items()) {
-      if (item.isStatic && item.isReached && !item.labels.empty())
-        titles << platform.word << '\t' << item.title << '\n';
+      if (!item.isStatic || !item.isReached || item.labels.empty()) continue;
+      titles << platform.word << '\t' << item.title;
+      if (FindDescription(item.title, platform.word)->traces.empty()) {
+        for (const std::string& label : item.labels) titles << '\t' << OneBlank(label);
+      }
+      titles << '\n';
     }
   }
   std::filesystem::remove_all(samples);
