@@ -10,7 +10,7 @@
 #include <string>
 
 #include "readers/file_kind.h"
-#include "sample/day.h"
+#include "sample/kinds.h"
 
 namespace ozmo::bench {
 
@@ -25,12 +25,12 @@ class SampleDays {
     std::string name = (std::filesystem::temp_directory_path() / "ozmo_bench_XXXXXX").string();
     directory_ = mkdtemp(name.data());
     options.directory = directory_.string();
-    Write(ReaderKind::SOLARIS, sample::WriteSolarisSample(options));
-    Write(ReaderKind::LINUX, sample::WriteLinuxSample(options));
-    Write(ReaderKind::AIX, sample::WriteAixSample(options));
-    Write(ReaderKind::HPUX, sample::WriteHpuxSample(options));
-    Write(ReaderKind::TRU64, sample::WriteTru64Sample(options));
-    Write(ReaderKind::VMR, sample::WriteVmrSample(options));
+    Write(ReaderKind::SOLARIS, "solaris", options);
+    Write(ReaderKind::LINUX, "linux", options);
+    Write(ReaderKind::AIX, "aix", options);
+    Write(ReaderKind::HPUX, "hpux", options);
+    Write(ReaderKind::TRU64, "tru64", options);
+    Write(ReaderKind::VMR, "vmr", options);
   }
   ~SampleDays() {
     std::error_code ignored;
@@ -42,7 +42,8 @@ class SampleDays {
   const SampleDay& Of(ReaderKind kind) const { return days_.at(kind); }
 
  private:
-  void Write(ReaderKind kind, const sample::SampleResult& result) {
+  void Write(ReaderKind kind, const char* name, const sample::SampleOptions& options) {
+    const sample::SampleResult result = sample::WriteSample(*sample::FindSampleKind(name), options);
     SampleDay& day = days_[kind];
     if (result.files.empty()) return;
     day.firstFile = result.files.front();

@@ -20,7 +20,7 @@
 #include "output/selection.h"
 #include "readers/data_reader.h"
 #include "runtime/times.h"
-#include "sample/day.h"
+#include "sample/kinds.h"
 
 namespace ozmo::items {
 namespace {
@@ -29,7 +29,6 @@ struct Platform {
   std::string_view word;  // in the list for the shell, and for ozmo_sample
   std::string_view name;
   std::string_view note;
-  sample::SampleResult (*write)(const sample::SampleOptions& options);
 };
 
 constexpr std::string_view NO_LONG_DETAIL =
@@ -37,12 +36,8 @@ constexpr std::string_view NO_LONG_DETAIL =
     "systems.";
 
 const Platform PLATFORMS[] = {
-    {"solaris", "Solaris", "", sample::WriteSolarisSample},
-    {"linux", "Linux", "", sample::WriteLinuxSample},
-    {"aix", "AIX", "", sample::WriteAixSample},
-    {"hpux", "HP-UX", NO_LONG_DETAIL, sample::WriteHpuxSample},
-    {"tru64", "Tru64", "", sample::WriteTru64Sample},
-    {"vmr", "Monitor text files", "", sample::WriteVmrSample},
+    {"solaris", "Solaris", ""},        {"linux", "Linux", ""}, {"aix", "AIX", ""},
+    {"hpux", "HP-UX", NO_LONG_DETAIL}, {"tru64", "Tru64", ""}, {"vmr", "Monitor text files", ""},
 };
 
 constexpr std::string_view INTRODUCTION = R"(# Items
@@ -84,9 +79,9 @@ std::unique_ptr<GraphCatalog> CatalogOf(const Platform& platform, const std::fil
   sample::SampleOptions options;
   options.directory = (directory / platform.word).string();
   options.hours = 1;
-  std::filesystem::create_directories(options.directory);
-  const sample::SampleResult written = platform.write(options);
-  if (written.files.empty()) Fail(written.error);
+  options.replace = true;
+  const sample::SampleResult written = sample::WriteSample(*sample::FindSampleKind(platform.word), options);
+  if (!written.error.empty()) Fail(written.error);
 
   Runtime runtime;
   RunRequest request;

@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "sample/workload_model.h"
+#include "sample/host_model.h"
 
 namespace ozmo::sample {
 

@@ -1,7 +1,8 @@
 #include "sample/collector_writer.h"
 
 #include <algorithm>
-#include <fstream>
+#include <cerrno>
+#include <cstdio>
 
 namespace ozmo::sample {
 namespace {
@@ -105,10 +106,16 @@ void CollectorWriter::PutField(const EncodedField& field) {
 }
 
 bool WriteWholeFile(const std::string& path, std::string_view bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  return file.good();
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  if (file == nullptr) return false;
+  const bool isWritten =
+      std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() && std::fflush(file) == 0;
+  const int reason = errno;
+  if (std::fclose(file) == 0 && isWritten) return true;
+  const int closeReason = errno;
+  std::remove(path.c_str());
+  errno = isWritten ? closeReason : reason;
+  return false;
 }
 
 }  // namespace ozmo::sample

@@ -6,7 +6,7 @@
 // R * 10 the divisors of these fields, position by position. Record 99 is a mark with a text.
 //
 // The writer knows nothing else of any platform: which records and fields there are is told by
-// whoever writes (layouts.h for the sample files, a test for its own case). It shares no code with
+// whoever writes (a kind of sample files by its layouts, a test for its own case). It shares no code with
 // the readers, so that a slip on one side does not hide one on the other.
 //
 //   CollectorWriter writer(ByteOrder::BIG);
@@ -67,7 +67,7 @@ class CollectorWriter {
   CollectorWriter& CutTail(size_t byteCount);
 
   const std::string& Bytes() const { return bytes_; }
-  // False when the file can't be written whole.
+  // As WriteWholeFile.
   bool WriteFile(const std::string& path) const;
 
  private:
@@ -78,7 +78,8 @@ class CollectorWriter {
   std::string bytes_;
 };
 
-// Writes `bytes` to a new file at `path`; false when that can't be done whole.
+// Writes `bytes` to the file at `path`. False when that can't be done whole: errno tells why, and a part is
+// removed.
 bool WriteWholeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace ozmo::sample

@@ -47,10 +47,10 @@ std::vector<FieldLayout> ExpandFields(std::string_view fields) {
   return expanded;
 }
 
-std::vector<ExpandedRecord> ExpandLayout(const CollectorLayout& layout, uint32_t versionBit) {
+std::vector<ExpandedRecord> ExpandLayout(std::span<const RecordLayout> layout, uint32_t versionBit) {
   std::vector<ExpandedRecord> bases;
   std::vector<ExpandedRecord> twins;
-  for (const RecordLayout& row : layout.records) {
+  for (const RecordLayout& row : layout) {
     if ((row.versions & versionBit) != 0) {
       std::vector<ExpandedRecord>& list = row.twinOf == 0 ? bases : twins;
       list.push_back({row.recordType, row.twinOf, ExpandFields(row.fields)});
@@ -67,13 +67,13 @@ std::vector<ExpandedRecord> ExpandLayout(const CollectorLayout& layout, uint32_t
   return bases;
 }
 
-const VersionLayout* FindVersion(const CollectorLayout& layout, std::string_view text) {
-  for (const VersionLayout& version : layout.versions) {
+const VersionLayout* FindVersion(std::span<const VersionLayout> versions, std::string_view text) {
+  for (const VersionLayout& version : versions) {
     if (text == version.text) {
       return &version;
     }
   }
-  for (const VersionLayout& version : layout.versions) {
+  for (const VersionLayout& version : versions) {
     if (text.find(version.text) != std::string_view::npos) {
       return &version;
     }

@@ -1,4 +1,4 @@
-// Record layouts of the collectors, as the sample files use them.
+// Record layouts of the collectors, as the sample files use them: a table in the file of each kind.
 //
 // A layout is a table, one row a record. The fields of a row are written as text, in file order:
 // single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes). Behind a "*" may
@@ -34,12 +34,6 @@ struct VersionLayout {
   uint32_t versionBit;
 };
 
-struct CollectorLayout {
-  // Newest first; the first one is what a sample file has by default.
-  std::span<const VersionLayout> versions;
-  std::span<const RecordLayout> records;
-};
-
 struct FieldLayout {
   int32_t fieldId;
   Encoding encoding;
@@ -58,17 +52,10 @@ std::vector<FieldLayout> ExpandFields(std::string_view fields);
 
 // The records of one version: the base records first, then the twins. That order matters to files
 // in which a twin shares the definition lists of its base with other fields.
-std::vector<ExpandedRecord> ExpandLayout(const CollectorLayout& layout, uint32_t versionBit);
+std::vector<ExpandedRecord> ExpandLayout(std::span<const RecordLayout> layout, uint32_t versionBit);
 
 // The version that a text asks for: the equal one, else the first one the text holds. Null for an
 // unknown text.
-const VersionLayout* FindVersion(const CollectorLayout& layout, std::string_view text);
-
-// One table a platform.
-const CollectorLayout& SolarisLayout();
-const CollectorLayout& LinuxLayout();
-const CollectorLayout& AixLayout();
-const CollectorLayout& HpuxLayout();
-const CollectorLayout& Tru64Layout();
+const VersionLayout* FindVersion(std::span<const VersionLayout> versions, std::string_view text);
 
 }  // namespace ozmo::sample

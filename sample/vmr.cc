@@ -8,39 +8,67 @@
 #include <string>
 #include <vector>
 
-#include "sample/day.h"
+#include "sample/kinds.h"
 
 namespace ozmo::sample {
 namespace {
 
+// The server of an office: mail from nine on, a lull at lunch, a virus scan behind it, and backups late in
+// the evening, longer ones at weekends.
+constexpr Work WORKS[] = {
+    {Shift::DAY, Days::WORKDAYS, 8.4, 11.9, 0.8, 0.5},
+    {Shift::DAY, Days::WORKDAYS, 13.0, 16.9, 0.8, 0.4},
+    {Shift::NIGHT, Days::ALL, 12.5, 13.3, 0.15, 0.35},
+    {Shift::NIGHT, Days::WORKDAYS, 22.5, 24.2, 0.2, 0.45},
+    {Shift::NIGHT, Days::WEEKEND, 20.0, 27.0, 0.3, 0.5},
+};
+
 constexpr ProgramDescription PROGRAMS[] = {
-    {"System", "SYSTEM", 1, 0.8, 0, 1, Shift::ALWAYS},
-    {"svchost", "SYSTEM", 6, 0.5, 0, 22, Shift::ALWAYS},
-    {"lsass", "SYSTEM", 1, 0.2, 0, 12, Shift::ALWAYS},
-    {"services", "SYSTEM", 1, 0.1, 0, 7, Shift::ALWAYS},
-    {"sqlservr", "SQL", 1, 9.0, 0, 900, Shift::ALWAYS},
-    {"w3wp", "IIS", 4, 5.0, 0, 180, Shift::ALWAYS},
-    {"w3wp", "IIS", 4, 4.0, 90, 120, Shift::OFFICE},
-    {"store", "EXCHANGE", 1, 7.0, 0, 700, Shift::ALWAYS},
-    {"EXCEL", "tomas", 3, 2.0, 70, 60, Shift::OFFICE},
-    {"explorer", "tomas", 4, 0.4, 240, 25, Shift::OFFICE},
-    {"msbuild", "leila", 3, 6.0, 5, 80, Shift::OFFICE},
-    {"cl", "leila", 4, 6.5, 3, 50, Shift::OFFICE},
-    {"powershell", "leila", 2, 2.5, 20, 45, Shift::OFFICE},
+    {"System", "SYSTEM", 1, 0.8, 0, 1},
+    {"svchost", "SYSTEM", 6, 0.5, 0, 22},
+    {"lsass", "SYSTEM", 1, 0.2, 0, 12},
+    {"services", "SYSTEM", 1, 0.1, 0, 7},
+    {"snmp", "SYSTEM", 1, 0.2, 0, 6},
+    {"sqlservr", "SQL", 1, 9.0, 0, 900},
+    {"store", "EXCHANGE", 1, 7.0, 0, 700},
+    {"w3wp", "IIS", 4, 5.0, 0, 120},
+    {"w3wp", "IIS", 4, 4.0, 90, 120, Shift::DAY},
+    {"EXCEL", "tomas", 3, 2.0, 70, 60, Shift::DAY},
+    {"OUTLOOK", "tomas", 3, 1.2, 180, 70, Shift::DAY},
+    {"explorer", "tomas", 4, 0.4, 240, 25, Shift::DAY},
+    {"msbuild", "leila", 3, 6.0, 5, 80, Shift::DAY},
+    {"cl", "leila", 4, 6.5, 3, 50, Shift::DAY},
+    {"powershell", "leila", 2, 2.5, 20, 45, Shift::DAY},
     {"ntbackup", "BACKUP", 2, 8.0, 90, 30, Shift::NIGHT},
-    {"rtvscan", "SYSTEM", 1, 5.0, 120, 70, Shift::NIGHT},
-    {"snmp", "SYSTEM", 1, 0.2, 0, 6, Shift::ALWAYS},
+    {"rtvscan", "SYSTEM", 1, 9.0, 15, 70, Shift::NIGHT},
 };
 
 constexpr DiskDescription DISKS[] = {
-    {"0 C:", 70, 0.55, 5.0, 16, 70000},  {"1 D:", 110, 0.75, 4.0, 8, 140000},
-    {"2 E:", 85, 0.70, 4.5, 32, 280000}, {"3 F: G:", 40, 0.60, 6.0, 32, 280000},
-    {"4 L:", 55, 0.05, 3.0, 16, 140000}, {"5 X:", 10, 0.40, 9.0, 128, 900000},
+    {"0 C:", 70, 0.55, 5.0, 16, 70000},
+    {"1 D:", 140, 0.75, 4.0, 8, 140000, Shift::DAY},
+    {"2 E:", 85, 0.70, 6.5, 32, 280000},
+    {"3 F: G:", 60, 0.60, 6.0, 32, 280000, Shift::DAY},
+    {"4 L:", 55, 0.05, 3.0, 16, 140000, Shift::DAY},
+    {"5 X:", 70, 0.10, 9.0, 128, 900000, Shift::NIGHT},
 };
 
-constexpr AdapterDescription ADAPTERS[] = {{"lan", 9000, 0}};
+constexpr AdapterDescription ADAPTERS[] = {{"lan", 9000}};
 
-constexpr HostDescription HOST{4, 0, 8192, PROGRAMS, DISKS, {}, ADAPTERS};
+constexpr HostDescription HOST{.name = "OFFICE",
+                               .processors = 2,
+                               .memoryMb = 4096,
+                               .second = 21,
+                               .idleLoad = 0.08,
+                               .systemShare = 0.32,
+                               .waitShare = 0.2,
+                               .cacheShare = 0.45,
+                               .pagesPerSecond = 70,
+                               .opensPerSecond = 30,
+                               .works = WORKS,
+                               .programs = PROGRAMS,
+                               .disks = DISKS,
+                               .fileSystems = {},
+                               .adapters = ADAPTERS};
 
 // What an object or one of its instances shows at a sample: counter title number and mean.
 struct CounterValue {
@@ -246,25 +274,27 @@ void AppendNetwork(std::string& out, const HostSample& sample, int sampleCount, 
 int SecondOfDay(int64_t time) { return static_cast<int>(time % 86400); }
 
 // The head: who measured what since when, and the configuration with its system line.
-std::string Head(const SampleOptions& options, const DayFile& dayFile) {
+std::string Head(const SampleContext& context, const DayFile& dayFile) {
+  const SampleOptions& options = context.options;
   const int period = 1000 * (options.intervalSeconds / SamplesPerInterval(options));
   const int start = SecondOfDay(dayFile.times.front());
   std::array<char, 160> numbers{};
   std::snprintf(numbers.data(), numbers.size(), "%d~%d~~%d~%u~%u~%d~%d~0\n", options.intervalSeconds, period,
                 static_cast<int>(dayFile.date.year()), static_cast<unsigned>(dayFile.date.month()),
                 static_cast<unsigned>(dayFile.date.day()), start / 3600, start / 60 % 60);
-  return "<HEADER>~~~" + options.node + "~" + numbers.data() + "<META>\nsample\n<ENDMETA>\n<CONFIG>\n7~" +
-         options.node + "~Windows Server~5.2~~~x86~~~" + std::to_string(HOST.processors) + "~" +
+  return "<HEADER>~~~" + context.node + "~" + numbers.data() + "<META>\nsample\n<ENDMETA>\n<CONFIG>\n7~" +
+         context.node + "~Windows Server~5.2~~~x86~~~" + std::to_string(HOST.processors) + "~" +
          std::to_string(HOST.memoryMb) + "\n<ENDCONFIG>\n";
 }
 
-std::string FileText(const SampleOptions& options, const HostDescription& host, const DayFile& dayFile) {
+std::string FileText(const SampleContext& context, const DayFile& dayFile) {
+  const SampleOptions& options = context.options;
   const int sampleCount = SamplesPerInterval(options);
   ConnectionTotals totals;
-  std::string out = Head(options, dayFile);
-  for (int64_t time : dayFile.times) {
+  std::string out = Head(context, dayFile);
+  for (const int64_t time : dayFile.times) {
     const HostSample sample =
-        SampleHost(host, static_cast<uint64_t>(options.seed), time, options.intervalSeconds);
+        SampleHost(context.host, static_cast<uint64_t>(options.seed), time, options.intervalSeconds);
     const int second = SecondOfDay(time);
     out += "1~~" + std::to_string(second / 3600) + "~" + std::to_string(second / 60 % 60) + "~" +
            std::to_string(second % 60) + "\n";
@@ -279,19 +309,12 @@ std::string FileText(const SampleOptions& options, const HostDescription& host, 
 
 }  // namespace
 
-SampleResult WriteVmrSample(const SampleOptions& options) {
-  const ScaledHost host(HOST, options.scale);
-  SampleResult result;
-  for (const DayFile& dayFile : CutIntoFiles(options)) {
-    const std::string path = options.directory + "/qtx_" + options.node + "_" + FileDate(dayFile.date) + "_" +
-                             std::to_string(dayFile.number) + ".vmr";
-    if (!WriteWholeFile(path, FileText(options, host.Description(), dayFile))) {
-      result.error = "can't write " + path;
-      return result;
-    }
-    result.files.push_back(path);
-  }
-  return result;
-}
+const SampleKind VMR_KIND{.name = "vmr",
+                          .host = HOST,
+                          .versions = {},
+                          .filePrefix = "qtx_",
+                          .numberMark = "_",
+                          .suffix = ".vmr",
+                          .fileBytes = FileText};
 
 }  // namespace ozmo::sample

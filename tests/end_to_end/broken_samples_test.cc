@@ -7,7 +7,7 @@
 #include <string>
 
 #include "sample/collector_writer.h"
-#include "sample/day.h"
+#include "sample/kinds.h"
 #include "tests/end_to_end/process.h"
 #include "tests/support/temp_directory.h"
 
@@ -16,17 +16,6 @@ namespace {
 
 constexpr int ROUNDS = 24;
 constexpr const char* TOOL = OZMO_BINARY_DIR "/ozmo_graph";
-
-struct Kind {
-  const char* name;
-  sample::SampleResult (*write)(const sample::SampleOptions& options);
-};
-
-constexpr Kind KINDS[] = {
-    {"Solaris", sample::WriteSolarisSample}, {"Linux", sample::WriteLinuxSample},
-    {"Aix", sample::WriteAixSample},         {"Hpux", sample::WriteHpuxSample},
-    {"Tru64", sample::WriteTru64Sample},     {"Vmr", sample::WriteVmrSample},
-};
 
 class Damage {
  public:
@@ -60,7 +49,7 @@ class Damage {
   std::mt19937 random_;
 };
 
-class BrokenSamples : public ::testing::TestWithParam<Kind> {};
+class BrokenSamples : public ::testing::TestWithParam<const sample::SampleKind*> {};
 
 TEST_P(BrokenSamples, EndByThemselves) {
   const testing::TempDirectory directory;
@@ -69,7 +58,7 @@ TEST_P(BrokenSamples, EndByThemselves) {
   options.hours = 1;
   options.intervalSeconds = 300;
   options.startHour = 8;
-  const sample::SampleResult sample = GetParam().write(options);
+  const sample::SampleResult sample = sample::WriteSample(*GetParam(), options);
   ASSERT_EQ(sample.files.size(), 1U) << sample.error;
   const std::string whole = ReadWholeFile(sample.files[0]);
 
@@ -92,8 +81,8 @@ TEST_P(BrokenSamples, EndByThemselves) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, BrokenSamples, ::testing::ValuesIn(KINDS),
-                         [](const auto& parameter) { return std::string(parameter.param.name); });
+INSTANTIATE_TEST_SUITE_P(Kinds, BrokenSamples, ::testing::ValuesIn(sample::SampleKinds()),
+                         [](const auto& parameter) { return std::string(parameter.param->name); });
 
 }  // namespace
 }  // namespace ozmo

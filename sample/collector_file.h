@@ -6,12 +6,10 @@
 // text. A record that the version hasn't got is left out.
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <variant>
+#include <type_traits>
 #include <vector>
 
 #include "sample/collector_writer.h"
@@ -19,41 +17,35 @@
 
 namespace ozmo::sample {
 
-class FieldValues {
- public:
-  // Numbers are figures of the model; the layout knows the unit that the file counts in.
-  FieldValues& Set(int32_t fieldId, double number);
-  FieldValues& Set(int32_t fieldId, std::string_view text);
-  template <std::integral Integer>
-  FieldValues& Set(int32_t fieldId, Integer number) {
-    values_.emplace_back(fieldId, static_cast<double>(number));
-    return *this;
-  }
+// A number is a figure of the model: the layout knows the unit that the file counts in. A text has to outlive
+// the call that it is for.
+struct FieldValue {
+  template <typename Number>
+  requires std::is_arithmetic_v<Number> FieldValue(int32_t id, Number figure)
+      : fieldId(id), number(static_cast<double>(figure)) {}
+  FieldValue(int32_t id, std::string_view words) : fieldId(id), text(words) {}
 
-  double Number(int32_t fieldId) const;
-  std::string_view TextOf(int32_t fieldId) const;
-
- private:
-  using Value = std::variant<double, std::string>;
-  const Value* Find(int32_t fieldId) const;
-
-  std::vector<std::pair<int32_t, Value>> values_;
+  int32_t fieldId;
+  double number = 0;
+  std::string_view text;
 };
 
-class SampleFile {
+using FieldValues = std::vector<FieldValue>;
+
+class CollectorFile {
  public:
-  SampleFile(ByteOrder order, std::vector<ExpandedRecord> records);
+  CollectorFile(ByteOrder order, std::vector<ExpandedRecord> records);
 
   // All order lists, then all divisor lists.
   void WriteDefinitions();
   // A mark with a text: record 99.
-  void WriteTag(std::string_view text);
+  void WriteTag(std::string_view text) { writer_.Tag(text); }
   // Starts a sample: the time record.
-  void BeginSample(uint32_t timeRecord, const FieldValues& time);
+  void BeginSample(uint32_t timeRecord, int32_t timeField, int64_t time);
   // Writes the record, and behind it its twin if this is the first such record of the sample.
   void Write(uint32_t recordType, const FieldValues& values);
 
-  bool Save(const std::string& path) const { return writer_.WriteFile(path); }
+  const std::string& Bytes() const { return writer_.Bytes(); }
 
  private:
   void WriteRow(const ExpandedRecord& row, const FieldValues& values);

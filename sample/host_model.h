@@ -1,11 +1,12 @@
-// The simulated day of one host, free of any platform.
+// The simulated days of one host, free of any platform.
 //
-// A host is described by constant tables: programs, disks, file systems, adapters. SampleHost()
-// tells what that host did in the interval that ends at a given second. There is no state: every
-// figure is worked out from the description, the seed and the time, so any part of a day can be
-// made by itself and the same seed gives the same day.
+// A host is described by constant tables: when it works, programs, disks, file systems, adapters.
+// SampleHost() tells what that host did in the interval that ends at a given second. There is no state: every
+// figure is worked out from the description, the seed and the time, so any part of a day can be made by
+// itself and the same seed gives the same day.
 //
-// Units: times in seconds, sizes as the names say, counts are what happened in the interval.
+// Units: times in seconds on the host's clock, sizes as the names say, counts are what happened in the
+// interval.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +17,21 @@
 
 namespace ozmo::sample {
 
-// When a program's processes run.
-enum class Shift { ALWAYS, OFFICE, NIGHT };
+// Work that people wait for, and work that is put off. Of both: programs, disks and adapters that serve
+// either.
+enum class Shift { BOTH, DAY, NIGHT };
+
+enum class Days { ALL, WORKDAYS, WEEKEND };
+
+// A stretch of work: it rises around `from`, falls around `to`, and takes `slope` hours to either.
+struct Work {
+  Shift shift;
+  Days days;    // on which it begins
+  double from;  // hour
+  double to;    // hour; above 24 on the next day
+  double slope;
+  double height;  // what it adds to the host's load, 0 to 1
+};
 
 struct ProgramDescription {
   std::string_view image;
@@ -26,7 +40,7 @@ struct ProgramDescription {
   double weight;    // share of the processor time against the others
   int lifeMinutes;  // 0: such a process lives for good
   int residentMb;
-  Shift shift;
+  Shift shift = Shift::BOTH;  // of short lives: when there are any
 };
 
 struct DiskDescription {
@@ -36,30 +50,45 @@ struct DiskDescription {
   double serviceMs;
   double kbPerOp;
   int sizeMb;
+  Shift shift = Shift::BOTH;
+  bool isRaw = false;  // without a volume: all of it counts as free
 };
 
+// Fills from `used` by `swing`, is tidied up, and fills again, every `cycleHours`.
 struct FileSystemDescription {
   std::string_view mount;
   std::string_view device;
   int sizeMb;
-  double used;    // share at midnight
-  double growth;  // what the day adds
+  double used;
+  double swing = 0;
+  double cycleHours = 24;
 };
 
 struct AdapterDescription {
   std::string_view name;
   double kbPerSecond;  // at full load
-  double errorsPerHour;
+  double errorsPerHour = 0;
+  Shift shift = Shift::BOTH;
 };
 
 struct HostDescription {
+  std::string_view name;
   int processors;
-  int foldedProcessors;  // of these, the last ones never run
+  int foldedProcessors = 0;  // of these, the last ones never run
   int memoryMb;
+  int second;             // of a minute, at which the collector looks
+  double idleLoad;        // with nothing to do
+  double systemShare;     // of the busy time
+  double waitShare;       // of the idle time, at most
+  double cacheShare;      // of the memory that the processes leave
+  double pagesPerSecond;  // at full load
+  double opensPerSecond;  // TCP connections, at full load
+  std::span<const Work> works;
   std::span<const ProgramDescription> programs;
   std::span<const DiskDescription> disks;
   std::span<const FileSystemDescription> fileSystems;
   std::span<const AdapterDescription> adapters;
+  int scale = 1;  // multiplies the process slots
 };
 
 // Processor time; the five add up to the interval.
@@ -191,7 +220,7 @@ struct HostSample {
 
 HostSample SampleHost(const HostDescription& host, uint64_t seed, int64_t wallTime, int intervalSeconds);
 
-// How busy the host is at a time of day, 0 to 1: two humps in office hours, one batch run at night.
-double LoadAt(uint64_t seed, int64_t wallTime);
+// How busy the host is at a time, 0 to 1.
+double LoadAt(const HostDescription& host, uint64_t seed, int64_t wallTime);
 
 }  // namespace ozmo::sample
