@@ -87,7 +87,7 @@ constexpr int PAGE_BYTES = 4096;
 // folded.
 constexpr int PHYSICAL_PROCESSORS = 4;
 constexpr int LOGICAL_PROCESSORS = 8;
-constexpr int POOL_PROCESSORS = 16;
+constexpr int POOL_PROCESSORS = 8;
 // The kernel's idle process, one a logical processor.
 constexpr std::string_view IDLE_PROCESS = "wait";
 
