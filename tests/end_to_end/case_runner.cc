@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "tests/end_to_end/collector_script.h"
+#include "tests/end_to_end/csv_expectation.h"
 
 namespace ozmo {
 namespace {
@@ -35,6 +36,39 @@ std::string Unhex(const std::string& word) {
   return bytes;
 }
 
+constexpr const char* TOOL_TIME = "%d-%b-%Y:%H:%M:%S";
+
+// Seconds since 1970 of a time as the tool takes it, in UTC.
+int64_t SecondsOf(const std::string& time) {
+  std::tm parts{};
+  return strptime(time.c_str(), TOOL_TIME, &parts) != nullptr ? timegm(&parts) : 0;
+}
+
+// The host that a data file is named after.
+std::string HostOf(const std::string& file) {
+  std::string name = fs::path(file).filename();
+  if (name.starts_with("qtx")) name.erase(0, name.find('_') + 1);
+  return name.substr(0, name.find('_'));
+}
+
+// Words of the form name=value, to be taken one by one.
+class NamedWords {
+ public:
+  template <class Iterator>
+  NamedWords(Iterator word, Iterator end) {
+    for (; word != end; ++word) values_[word->substr(0, word->find('='))] = word->substr(word->find('=') + 1);
+  }
+  std::string Take(const std::string& name, const std::string& usual) {
+    const auto value = values_.extract(name);
+    return value.empty() ? usual : value.mapped();
+  }
+  // The name of one that nobody has taken.
+  std::string Left() const { return values_.empty() ? "" : values_.begin()->first; }
+
+ private:
+  std::map<std::string, std::string> values_;
+};
+
 // The first of `wanted` that doesn't follow the ones ahead of it in `text`, other lines between them allowed.
 std::optional<std::string> FirstMissing(const std::string& text, const std::vector<std::string>& wanted) {
   size_t position = 0;
@@ -56,6 +90,9 @@ const CaseRunner::Action CaseRunner::ACTIONS[] = {
     {"text", 1, &CaseRunner::TextFile},
     {"file", 2, &CaseRunner::File},
     {"copy", 3, &CaseRunner::Copy},
+    {"records", 1, &CaseRunner::Records},
+    {"span", 2, &CaseRunner::Span},
+    {"csv", 1, &CaseRunner::Csv},
     {"run", 0, &CaseRunner::RunTool},
     {"exit", 1, &CaseRunner::Exit, true},
     {"stdout", 0, &CaseRunner::Stdout, true},
@@ -95,7 +132,7 @@ void CaseRunner::Run() {
     for (std::string& line : statement.text) ReplaceAll(line, "{DIR}", files_);
     if (IsCollectorStatement(statement)) {
       if (openScript_ == nullptr) return Fail(statement, "no file is open for this record");
-      openScript_->push_back(statement);
+      AddRecord(statement);
       continue;
     }
     if (closeScript_) closeScript_();
@@ -157,6 +194,7 @@ void CaseRunner::WriteCollector(const Statement& statement, const std::string& n
 
 void CaseRunner::File(const Statement& statement) {
   const std::string name = statement.words[0];
+  lastFile_ = name;
   openScript_ = &scripts_[name];
   openScript_->clear();
   closeScript_ = [this, statement, name] {
@@ -169,6 +207,7 @@ void CaseRunner::Copy(const Statement& statement) {
   const auto source = scripts_.find(statement.words[0]);
   if (source == scripts_.end()) return Fail(statement, "no such file to copy");
   const std::string name = statement.words[1];
+  lastFile_ = name;
   scripts_[name] = source->second;
   openScript_ = &scripts_[name];
   closeScript_ = [this, statement, name] {
@@ -176,14 +215,90 @@ void CaseRunner::Copy(const Statement& statement) {
   };
 }
 
-void CaseRunner::RunTool(const Statement& statement) {
+void CaseRunner::Records(const Statement& statement) {
+  openScript_ = &groups_[statement.words[0]];
+  openScript_->clear();
+}
+
+// Adds a statement to the open file. An "include" stands for all that have its name, of the case or of a file
+// beside it.
+void CaseRunner::AddRecord(const Statement& statement) {
+  if (statement.keyword != "include") return openScript_->push_back(statement);
+  if (statement.words.empty()) return Fail(statement, "a word is missing");
+  const std::string& name = statement.words[0];
+  auto group = groups_.find(name);
+  if (group == groups_.end()) {
+    const fs::path file = fs::path(path_).replace_filename(name + ".records");
+    group = groups_.emplace(name, ReadCaseFile(file)).first;
+  }
+  if (group->second.empty()) Fail(statement, "no records of that name");
+  for (const Statement& line : group->second) AddRecord(line);
+}
+
+void CaseRunner::RunTool(const Statement& statement) { RunWith(statement, statement.words); }
+
+void CaseRunner::RunWith(const Statement& statement, const std::vector<std::string>& words) {
   FinishRun();
   std::vector<std::string> arguments = {OZMO_BINARY_DIR "/ozmo_graph"};
-  arguments.insert(arguments.end(), statement.words.begin(), statement.words.end());
+  arguments.insert(arguments.end(), words.begin(), words.end());
   result_ = RunProcess(arguments, environment_, files_, directory_);
   run_ = statement;
   exitChecked_ = false;
   stderrChecked_ = false;
+}
+
+// Times of the day, or of any day as the tool takes them.
+void CaseRunner::Span(const Statement& statement) {
+  span_ = statement.words;
+  for (std::string& time : span_) {
+    if (time.find('-') != std::string::npos) continue;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    if (std::sscanf(time.c_str(), "%d:%d:%d", &hour, &minute, &second) < 2)
+      return Fail(statement, "not a time");
+    const std::time_t seconds = midnight_ + hour * 3600 + minute * 60 + second;
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    char text[40];
+    std::strftime(text, sizeof text, TOOL_TIME, &parts);
+    time = text;
+  }
+}
+
+// Runs the tool for a CSV file and compares all of it, the graph's path being the case's own.
+void CaseRunner::Csv(const Statement& statement) {
+  if (span_.size() < 2) return Fail(statement, "no span");
+  if (statement.text.empty()) return Fail(statement, "no columns");
+  const std::string& item = statement.words[0];
+  const auto options = std::find_if(statement.words.begin() + 1, statement.words.end(),
+                                    [](const std::string& word) { return word.starts_with('-'); });
+  NamedWords given(statement.words.begin() + 1, options);
+  const std::string file = given.Take("file", lastFile_);
+  const std::string overlay = given.Take("overlay", "");
+  const std::string output = PathOf((fs::path(given.Take("in", "")) / "graph.csv").string());
+  const std::string first = span_[0];
+  const std::string last = span_[1];
+
+  std::vector<std::string> words = {"-vmrunix", file.starts_with('/') ? file : "./" + file};
+  words.insert(words.end(),
+               {"-begin", first, "-end", last, "-item", item, "-graph_file", "graph.csv", "-type", "csv"});
+  if (!overlay.empty()) words.insert(words.end(), {"-overlay", overlay});
+  words.insert(words.end(), options, statement.words.end());
+  fs::remove(output);
+  RunWith(statement, words);
+
+  const CsvText expected =
+      WriteCsv({.host = given.Take("host", HostOf(file)),
+                .title = given.Take("title", item),
+                .overlayTitle = overlay.substr(0, overlay.find('@')),
+                .first = SecondsOf(first) / 60 * 60,
+                .last = SecondsOf(last) / 60 * 60 + 60 * std::stoi(given.Take("late", "2")),
+                .columns = statement.text[0],
+                .rows = {statement.text.begin() + 1, statement.text.end()}});
+  if (!given.Left().empty()) Fail(statement, "unknown word " + given.Left());
+  if (!expected.error.empty()) Fail(statement, expected.error);
+  EXPECT_EQ(expected.text, ReadWholeFile(output)) << path_ << ":" << statement.line;
 }
 
 // What holds for a run unless the case says otherwise: exit status 1 and nothing on standard error.

@@ -41,6 +41,10 @@ class CaseRunner {
   void TextFile(const Statement& statement);
   void File(const Statement& statement);
   void Copy(const Statement& statement);
+  void Records(const Statement& statement);
+  void AddRecord(const Statement& statement);
+  void Span(const Statement& statement);
+  void Csv(const Statement& statement);
   void RunTool(const Statement& statement);
   void Exit(const Statement& statement);
   void Stdout(const Statement& statement);
@@ -56,6 +60,7 @@ class CaseRunner {
   void WriteFile(const std::string& name, const std::string& bytes);
   void WriteCollector(const Statement& statement, const std::string& name, const std::string& order,
                       const std::vector<Statement>& script);
+  void RunWith(const Statement& statement, const std::vector<std::string>& words);
   void FinishRun();
   void ExpectText(const Statement& statement, const std::string& actual);
   void ExpectBeginning(const Statement& statement, const std::string& actual, const std::string& wanted);
@@ -68,7 +73,10 @@ class CaseRunner {
   std::string files_;
   std::map<std::string, std::string> environment_;
   int64_t midnight_ = 0;
+  std::vector<std::string> span_;                          // begin and end as the tool takes them
   std::map<std::string, std::vector<Statement>> scripts_;  // of the collector files so far, by name
+  std::map<std::string, std::vector<Statement>> groups_;   // of records, by name
+  std::string lastFile_;                                   // of the collector files
   std::vector<Statement>* openScript_ = nullptr;
   std::function<void()> closeScript_;
 

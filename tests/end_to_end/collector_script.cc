@@ -162,7 +162,8 @@ void ScriptWriter::Apply(const Statement& statement) {
 }  // namespace
 
 bool IsCollectorStatement(const Statement& statement) {
-  for (const char* keyword : {"order", "divisors", "record", "length", "tag", "cut", "raw", "block"}) {
+  for (const char* keyword :
+       {"order", "divisors", "record", "length", "tag", "cut", "raw", "block", "include"}) {
     if (statement.keyword == keyword) return true;
   }
   return false;

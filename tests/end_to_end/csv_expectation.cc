@@ -1,0 +1,56 @@
+#include "tests/end_to_end/csv_expectation.h"
+
+#include <algorithm>
+#include <ctime>
+#include <sstream>
+
+namespace ozmo {
+namespace {
+
+std::string TimeText(int64_t time, const char* format) {
+  const std::time_t seconds = time;
+  std::tm parts{};
+  gmtime_r(&seconds, &parts);
+  char text[80];
+  std::strftime(text, sizeof text, format, &parts);
+  return text;
+}
+
+// A value as it stands in its column, with what separates it from the one ahead.
+std::string Cell(const std::string& value) {
+  return ",  " + std::string(value.size() < 6 ? 6 - value.size() : 0, ' ') + value;
+}
+
+}  // namespace
+
+CsvText WriteCsv(const CsvExpectation& expectation) {
+  constexpr const char* PERIOD = "%a %b %d %H:%M UTC %Y";
+  std::string text = "Veltrix Export Graph V9.2\nTime Period: From " + TimeText(expectation.first, PERIOD) +
+                     " To " + TimeText(expectation.last, PERIOD) + "\nHost Name: " + expectation.host +
+                     ",\nMain Overlay: " + expectation.title + "\nAdditional Overlay: " +
+                     (expectation.overlayTitle.empty() ? "(null)" : expectation.overlayTitle) + "\n" +
+                     expectation.columns + "\n";
+  std::string zeros;
+  for (size_t at = 0; (at = expectation.columns.find(",  ", at)) != std::string::npos; ++at)
+    zeros += Cell("0.00");
+
+  auto row = expectation.rows.begin();
+  for (int64_t time = expectation.first; time <= expectation.last; time += 60) {
+    text += TimeText(time, "%m/%d/%Y %H:%M:00");
+    std::string values = zeros;
+    if (row != expectation.rows.end()) {
+      std::istringstream words(*row);
+      std::string minute;
+      words >> minute;
+      if (minute == TimeText(time, "%H:%M") || minute == TimeText(time, "%d:%H:%M")) {
+        values.clear();
+        for (std::string value; words >> value;) values += Cell(value);
+        ++row;
+      }
+    }
+    text += values + "\n";
+  }
+  return {text, row == expectation.rows.end() ? "" : "no such minute, or out of order: " + *row};
+}
+
+}  // namespace ozmo
