@@ -24,11 +24,11 @@ struct SampleContext {
 struct SampleKind {
   std::string_view name;
   const HostDescription& host;
-  std::span<const VersionLayout> versions;   // the host's own first; none: a text file
-  std::string_view filePrefix;               // with its "_"
-  std::string_view numberMark = ".dat_";     // between the date and the number of the file
-  std::string_view suffix = "";              // behind the number
-  std::string_view littleEndianPrefix = "";  // of files in the other byte order; empty: there are none
+  std::span<const VersionLayout> versions;  // the host's own first; none: a text file
+  std::string_view filePrefix;              // with its "_"
+  std::string_view numberMark = ".dat_";    // between the date and the number of the file
+  std::string_view suffix{};                // behind the number
+  std::string_view littleEndianPrefix{};    // of files in the other byte order; empty: there are none
   std::string (*fileBytes)(const SampleContext& context, const DayFile& file);
 };
 

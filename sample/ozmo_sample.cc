@@ -73,6 +73,8 @@ constexpr TextOption TEXT_OPTIONS[] = {
     {"version", &SampleOptions::version},
 };
 
+constexpr int END_OF_OPTIONS = -1;
+
 // What getopt_long answers: these, or the place of the option in its table.
 enum Letter { DATE = 256, LIST, HELP_TEXT, LITTLE_ENDIAN_NUMBERS, FORCE = 'f', NUMBERS = 512, TEXTS = 1024 };
 
@@ -122,6 +124,27 @@ std::string TakeDate(const char* text, SampleOptions& options) {
   return std::string("--date takes a day from 1971 to 2037 as 2012-02-22, and not \"") + text + "\"";
 }
 
+// Takes what getopt_long has met; answers what is wrong with it.
+std::string TakeOption(int letter, const char* word, SampleOptions& options) {
+  switch (letter) {
+    case '?':
+      return std::string("unknown option ") + word;
+    case ':':
+      return std::string(word) + " takes a value";
+    case DATE:
+      return TakeDate(optarg, options);
+    case LITTLE_ENDIAN_NUMBERS:
+      options.littleEndian = true;
+      return "";
+    case FORCE:
+      options.replace = true;
+      return "";
+    default:
+      return letter >= TEXTS ? TakeText(TEXT_OPTIONS[letter - TEXTS], optarg, options)
+                             : TakeNumber(NUMBER_OPTIONS[letter - NUMBERS], optarg, options);
+  }
+}
+
 int UsageError(const std::string& reason) {
   std::fprintf(stderr, "ozmo_sample: %s\nozmo_sample --help tells more.\n", reason.c_str());
   return USAGE;
@@ -169,30 +192,15 @@ int main(int argc, char** argv) {
   }
   const std::vector<option> longOptions = LongOptions();
   SampleOptions options;
-  std::string wrong;
   opterr = 0;
-  for (int letter = 0; wrong.empty();) {
-    letter = getopt_long(argc, argv, ":f", longOptions.data(), nullptr);
-    if (letter == -1) break;
+  for (;;) {
+    const int letter = getopt_long(argc, argv, ":f", longOptions.data(), nullptr);
+    if (letter == END_OF_OPTIONS) break;
     if (letter == HELP_TEXT) return ShowHelp();
     if (letter == LIST) return ListKinds();
-    if (letter == '?') {
-      wrong = std::string("unknown option ") + argv[optind - 1];
-    } else if (letter == ':') {
-      wrong = std::string(argv[optind - 1]) + " takes a value";
-    } else if (letter == DATE) {
-      wrong = TakeDate(optarg, options);
-    } else if (letter == LITTLE_ENDIAN_NUMBERS) {
-      options.littleEndian = true;
-    } else if (letter == FORCE) {
-      options.replace = true;
-    } else if (letter >= TEXTS) {
-      wrong = TakeText(TEXT_OPTIONS[letter - TEXTS], optarg, options);
-    } else {
-      wrong = TakeNumber(NUMBER_OPTIONS[letter - NUMBERS], optarg, options);
-    }
+    const std::string wrong = TakeOption(letter, argv[optind - 1], options);
+    if (!wrong.empty()) return UsageError(wrong);
   }
-  if (!wrong.empty()) return UsageError(wrong);
   if (argc - optind != 2) return UsageError("a kind and a directory are wanted, and nothing else");
   options.directory = argv[optind + 1];
   return Write(argv[optind], options);
