@@ -116,10 +116,19 @@ void To(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& f
   }
 }
 
+// To a member of double precision, through single precision.
+template <auto Member>
+void ToRounded(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& field,
+               const FieldRule<typename MemberOf<decltype(Member)>::Record>& rule, Decoding& decoding) {
+  record.*Member = static_cast<double>(Convert<float>(field, rule, decoding.state));
+}
+
 template <auto Member, size_t Index>
 void ToElement(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& field,
                const FieldRule<typename MemberOf<decltype(Member)>::Record>& rule, Decoding& decoding) {
-  using Type = typename MemberOf<decltype(Member)>::Type::value_type;
+  using Array = typename MemberOf<decltype(Member)>::Type;
+  using Type = typename Array::value_type;
+  static_assert(Index < std::tuple_size_v<Array>);
   if constexpr (std::is_same_v<Type, std::string>) {
     (record.*Member)[Index] = field.Text();
   } else {

@@ -70,84 +70,18 @@ struct DiskRecord {
   uint32_t free = 0;
 };
 
-// One for an interval. Each format has its own set of figures.
+// One for an interval. A format fills the members that it brings; a member means the same in all of them.
 struct MemoryRecord {
-  // Linux, AIX, HP-UX
-  double freeKb = 0.0;
-  float pageInRate = 0.0F;
-  float pageOutRate = 0.0F;
-  float swapInRate = 0.0F;
-  float swapOutRate = 0.0F;
-
-  // Linux
-  double sharedKb = 0.0;
-  float buffersKb = 0.0F;
-  float cacheKb = 0.0F;
-  float memoryValue306 = 0.0F;
-  float memoryValue307 = 0.0F;
-
-  // AIX, HP-UX
-  float memoryValue302 = 0.0F;
-  float memoryValue303 = 0.0F;
-  float memoryValue304 = 0.0F;
-  float pageRate306 = 0.0F;
-  float pageRate307 = 0.0F;
-  float pageRate308 = 0.0F;
-  float pageRate309 = 0.0F;
-  float pageRate326 = 0.0F;
-  float pageRate327 = 0.0F;
-  // Elements 20 and 21 are the store of pageRate311 and pageRate312 as well: an AIX file that brings both
-  // writes over them.
-  std::array<float, 22> vmValue{};
-  std::array<int64_t, 4> vmRaw{};
-  float pageRate311() const { return vmValue[20]; }
-  float pageRate312() const { return vmValue[21]; }
-
-  // Solaris and monitor text files
+  // Levels, in pages of the machine. Monitor text files have pages of 4096 bytes.
   double freePages = 0.0;
-
-  // Solaris
-  double memoryField301 = 0.0;
-  double memoryField302 = 0.0;
-  std::array<float, 6> memoryField304to309{};
-  float pageInsPerSecond = 0.0F;
-  float pageOutsPerSecond = 0.0F;
-  float rate329 = 0.0F;
-  float rate330 = 0.0F;
-  float majorFaultsPerSecond = 0.0F;
-  float copyOnWriteFaultsPerSecond = 0.0F;  // also of monitor text files
-  float protectionFaultsPerSecond = 0.0F;
-  float softLockFaultsPerSecond = 0.0F;
-  float kernelAsFaultsPerSecond = 0.0F;
-  float zeroFillFaultsPerSecond = 0.0F;
-  float hatFaultsPerSecond = 0.0F;
-  float asFaultsPerSecond = 0.0F;
-  float swapInsPerSecond = 0.0F;
-  float swapOutsPerSecond = 0.0F;
-
-  // Tru64, in pages and faults per second
-  float tru64FreePages = 0.0F;
-  float tru64ActivePages = 0.0F;
-  float tru64InactivePages = 0.0F;
-  float tru64WiredPages = 0.0F;
-  float tru64BufferCachePages = 0.0F;
-  std::array<float, 6> tru64FaultRates{};  // kernel, COW, COW steals, ZFOD, KZFOD, UBC
-  float tru64PageReadRate = 0.0F;
-  float tru64PageWriteRate = 0.0F;
-  float tru64PageSize = 0.0F;
-  std::array<float, 8> tru64Values301to308{};
-
-  // Monitor text files; sizes in pages of 4096 bytes
+  float activePages = 0.0F;
+  float inactivePages = 0.0F;
+  float wiredPages = 0.0F;
+  float bufferCachePages = 0.0F;
+  float processPages = 0.0F;
+  float filePages = 0.0F;
   float committedPages = 0.0F;
-  float pageFaultsPerSecond = 0.0F;
   float commitLimitPages = 0.0F;
-  float transitionFaultsPerSecond = 0.0F;
-  float cacheFaultsPerSecond = 0.0F;
-  float demandZeroFaultsPerSecond = 0.0F;
-  float pagesPerSecond = 0.0F;
-  float pageReadsPerSecond = 0.0F;
-  float pagesOutPerSecond = 0.0F;
-  float pageWritesPerSecond = 0.0F;
   float pagedPoolPages = 0.0F;
   float nonPagedPoolPages = 0.0F;
   double kernelPages = 0.0;
@@ -155,8 +89,54 @@ struct MemoryRecord {
   float kernelPart2Pages = 0.0F;
   float kernelPart3Pages = 0.0F;
   double cachePages = 0.0;
-  float transitionRepurposedPerSecond = 0.0F;
+
+  // Levels in kilobytes
+  double freeKb = 0.0;
+  double sharedKb = 0.0;
+  float buffersKb = 0.0F;
+  float cacheKb = 0.0F;
+
+  // Levels in megabytes
+  float realMb = 0.0F;
+  float freeMb = 0.0F;
+  float processMb = 0.0F;
+  float fileMb = 0.0F;
+  float systemMb = 0.0F;
+
   float committedPercent = 0.0F;
+
+  // Page-ins and the like per second, in the collector's own unit
+  float pageInRate = 0.0F;
+  float pageOutRate = 0.0F;
+  float swapInRate = 0.0F;
+  float swapOutRate = 0.0F;
+  float pageReadRate = 0.0F;
+  float pageWriteRate = 0.0F;
+  float pageRate = 0.0F;  // of all pages to and from disk
+
+  // Page faults per second: of all kinds, and by kind
+  float pageFaultRate = 0.0F;
+  float majorFaultRate = 0.0F;
+  float copyOnWriteFaultRate = 0.0F;
+  float copyOnWriteStealRate = 0.0F;
+  float zeroFillFaultRate = 0.0F;
+  float kernelZeroFillFaultRate = 0.0F;
+  float execFillFaultRate = 0.0F;
+  float protectionFaultRate = 0.0F;
+  float softLockFaultRate = 0.0F;
+  float kernelFaultRate = 0.0F;
+  float kernelAddressFaultRate = 0.0F;
+  float addressFaultRate = 0.0F;
+  float translationFaultRate = 0.0F;
+  float bufferCacheFaultRate = 0.0F;
+  float transitionFaultRate = 0.0F;
+  float transitionRepurposedRate = 0.0F;
+  float cacheFaultRate = 0.0F;
+  float demandZeroFaultRate = 0.0F;
+
+  // Figures that nothing reads: by field number less 300, and of further memory records by field number.
+  std::array<double, 42> unread{};
+  std::array<double, 27> unreadMore{};
 };
 
 // One process. Records come from a pool and keep what they held: a field that a file doesn't carry shows
@@ -190,8 +170,9 @@ struct ProcessRecord {
   int32_t priority = 0;
 };
 
-// Numbered protocol counters of binary formats (`counters`), or the named rates of monitor text files.
-struct KernelCounters {
+// The protocol counters of a binary file, per second where they aren't levels. Which element is which counter
+// is told beside each format, as are the names of the elements.
+struct ProtocolCounters {
   std::array<float, 174> counters{};
   bool hasFirstPart = false;  // HP-UX: made by the record type of the first part
 };
@@ -240,13 +221,31 @@ struct SystemSummary {
   std::array<float, 8> values{};
 };
 
-// An AIX logical partition.
+// A logical partition, as its hypervisor tells of it.
 struct PartitionRecord {
-  std::string lparName;
-  std::array<double, 52> lparValue{};
-  uint64_t lparRaw = 0;
-  double lparRate = 0.0;
-  uint64_t lparTicks = 0;  // timebase
+  std::string name;
+  // Flags, set where they aren't 0
+  double isCapped = 0.0;
+  double isShared = 0.0;  // shares its processors
+  double seesPool = 0.0;
+  double isDonating = 0.0;  // gives away the time of dedicated processors
+
+  double entitledProcessors = 0.0;
+  double onlineProcessors = 0.0;
+  double poolProcessors = 0.0;
+
+  // In counts of the time base
+  uint64_t timeBase = 0;
+  std::array<double, 4> timeByMode{};
+  double donatedTime = 0.0;
+  std::array<double, 3> spareTime{};  // given away, by kind
+
+  // Per second
+  double phantomInterruptRate = 0.0;
+  double voluntarySwitchRate = 0.0;
+  double involuntarySwitchRate = 0.0;
+
+  std::array<double, 47> unread{};  // figures that nothing reads, by field number
 };
 
 // Protocol rates of a monitor text file, one member a counter.

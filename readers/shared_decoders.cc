@@ -64,7 +64,7 @@ RuleTable<FileSystemRecord> FileSystemRules(int32_t deviceField, int32_t mountFi
   };
 }
 
-int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<KernelCounters>& slot,
+int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<ProtocolCounters>& slot,
                    Decoding& decoding) {
   if (!slot) slot.emplace();
   int counted = 0;

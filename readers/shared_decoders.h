@@ -35,9 +35,19 @@ struct CounterRange {
   Per per = Per::INTERVAL;  // RECORD: a setting or a level, kept as it stands
 };
 
+// Whether each range is one, and has its elements.
+constexpr bool RangesFit(std::span<const CounterRange> ranges) {
+  constexpr size_t ELEMENTS = std::tuple_size_v<decltype(ProtocolCounters::counters)>;
+  for (const CounterRange& range : ranges) {
+    if (range.firstField > range.lastField || range.element >= ELEMENTS) return false;
+    if (static_cast<size_t>(range.lastField - range.firstField) >= ELEMENTS - range.element) return false;
+  }
+  return true;
+}
+
 // Protocol counters to the interval's one record, which is made when there is none. Fields outside the ranges
-// don't count. A record without a counted field leaves no KernelCounters.
-int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<KernelCounters>& slot,
+// don't count. A record without a counted field leaves no ProtocolCounters.
+int DecodeCounters(std::span<const CounterRange> ranges, Form form, std::optional<ProtocolCounters>& slot,
                    Decoding& decoding);
 
 // Stores the number of a process as text.

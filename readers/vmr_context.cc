@@ -33,7 +33,7 @@ void ContextFree(VmrContext& context) {
   context.processes.twin.Clear();
   context.names.Recycle();
   Reset(context.memory);
-  Reset(context.kernel);
+  Reset(context.protocolCounters);
   Reset(context.summary);
   context.network.reset();
   context.partition.reset();

@@ -48,7 +48,7 @@ struct VmrContext {
   TwinPair<RecordList<ProcessRecord>> processes;
   RecordList<NameRecord> names;
   TwinPair<std::optional<MemoryRecord>> memory;
-  TwinPair<std::optional<KernelCounters>> kernel;
+  TwinPair<std::optional<ProtocolCounters>> protocolCounters;
   TwinPair<std::optional<SystemSummary>> summary;
   std::optional<NetworkRecord> network;
   std::optional<PartitionRecord> partition;

@@ -9,25 +9,6 @@ namespace {
 
 constexpr double MAX_RATE = 1e9;  // a higher rate is a counter gone bad
 
-// Elements of PartitionRecord::lparValue, in the order of the performance library's partition structure.
-enum LparElement : size_t {
-  CAPPED = 4,
-  SHARED_MODE = 5,
-  POOL_VISIBLE = 6,
-  DONATING = 7,
-  ENTITLED = 14,
-  ONLINE = 18,
-  POOL_SIZE = 32,
-  PHANTOM = 34,
-  INVOLUNTARY = 35,
-  VOLUNTARY = 36,
-  TIME_IN_MODE = 39,  // of four
-  DONATED_TIME = 43,
-  SPARE_1 = 44,
-  SPARE_2 = 46,
-  SPARE_3 = 48
-};
-
 // Physical processors, and what of them was given away.
 struct PhysicalUse {
   double used = 0.0;
@@ -36,18 +17,18 @@ struct PhysicalUse {
 };
 
 PhysicalUse PhysicalUseOf(const PartitionRecord& partition) {
-  const auto& value = partition.lparValue;
   PhysicalUse use;
-  use.entitled = value[ENTITLED];
-  const double all =
-      value[TIME_IN_MODE] + value[TIME_IN_MODE + 1] + value[TIME_IN_MODE + 2] + value[TIME_IN_MODE + 3];
+  use.entitled = partition.entitledProcessors;
+  const auto& time = partition.timeByMode;
+  const double all = time[0] + time[1] + time[2] + time[3];
   if (!(all > 0.0)) return use;
-  const double timebase = partition.lparTicks == 0 ? 1.0 : static_cast<double>(partition.lparTicks);
+  const double timebase = partition.timeBase == 0 ? 1.0 : static_cast<double>(partition.timeBase);
   double sum = all;
-  if (value[DONATING] != 0.0) sum += value[SPARE_1] + value[SPARE_2] + value[SPARE_3];
-  if (value[CAPPED] != 0.0) {
+  const auto& spare = partition.spareTime;
+  if (partition.isDonating != 0.0) sum += spare[0] + spare[1] + spare[2];
+  if (partition.isCapped != 0.0) {
     if (!(use.entitled > 0.0)) use.entitled = 1.0;
-    use.donated = value[DONATED_TIME] / timebase;
+    use.donated = partition.donatedTime / timebase;
   }
   use.used = sum / timebase;
   return use;
@@ -87,28 +68,30 @@ void ScaleSets(GraphCatalog& catalog, Graph graph, float ratio) {
 
 }  // namespace
 
-double PartitionOnline(const PartitionRecord& partition) { return partition.lparValue[ONLINE]; }
+double PartitionOnline(const PartitionRecord& partition) { return partition.onlineProcessors; }
 
 void AddPartition(BuildState& state, const VmrContext& context) {
   if (!context.partition) return;
-  const auto& value = context.partition->lparValue;
-  const PhysicalUse use = PhysicalUseOf(*context.partition);
-  const bool sharedMode = value[SHARED_MODE] != 0.0;
+  const PartitionRecord& partition = *context.partition;
+  const PhysicalUse use = PhysicalUseOf(partition);
+  const bool sharedMode = partition.isShared != 0.0;
   StoreSets(state, Graph::PHYSICAL_CPU, {use.used});
-  SetTop(state, Graph::PHYSICAL_CPU, value[ONLINE]);
-  StoreEntitlement(state, Graph::ENTITLEMENT, use.entitled, value[ONLINE], sharedMode);
-  StoreEntitlement(state, Graph::POOL_ENTITLEMENT, use.entitled, value[POOL_SIZE], sharedMode);
+  SetTop(state, Graph::PHYSICAL_CPU, partition.onlineProcessors);
+  StoreEntitlement(state, Graph::ENTITLEMENT, use.entitled, partition.onlineProcessors, sharedMode);
+  StoreEntitlement(state, Graph::POOL_ENTITLEMENT, use.entitled, partition.poolProcessors, sharedMode);
 
-  const bool visible = value[POOL_VISIBLE] != 0.0;
-  const double others = visible ? value[POOL_SIZE] - use.donated - use.used : 0.0;
-  const double unused = visible ? use.donated : value[POOL_SIZE] - use.used;
+  const bool visible = partition.seesPool != 0.0;
+  const double others = visible ? partition.poolProcessors - use.donated - use.used : 0.0;
+  const double unused = visible ? use.donated : partition.poolProcessors - use.used;
   StoreSets(state, Graph::SHARED_POOL, {others, unused, use.used});
-  SetTop(state, Graph::SHARED_POOL, value[POOL_SIZE]);
+  SetTop(state, Graph::SHARED_POOL, partition.poolProcessors);
 
-  if (value[VOLUNTARY] + value[INVOLUNTARY] < MAX_RATE) {
-    StoreSets(state, Graph::CONTEXT_SWITCHES, {value[VOLUNTARY], value[INVOLUNTARY]});
+  if (partition.voluntarySwitchRate + partition.involuntarySwitchRate < MAX_RATE) {
+    StoreSets(state, Graph::CONTEXT_SWITCHES,
+              {partition.voluntarySwitchRate, partition.involuntarySwitchRate});
   }
-  if (value[PHANTOM] < MAX_RATE) StoreSets(state, Graph::PHANTOM_INTERRUPTS, {value[PHANTOM]});
+  if (partition.phantomInterruptRate < MAX_RATE)
+    StoreSets(state, Graph::PHANTOM_INTERRUPTS, {partition.phantomInterruptRate});
 }
 
 void RemoveIdleProcessors(BuildState& state) {

@@ -44,20 +44,20 @@ struct MemoryUse {
 // The newer collectors' figures. The factor isn't that of a page of 4096 bytes: existing reports carry it.
 MemoryUse NewerMemoryUse(const MemoryRecord& memory) {
   constexpr double FACTOR = 4094.0 / BYTES_PER_MB;
-  const auto figure = [&](size_t element) { return static_cast<double>(memory.vmValue[element]) * FACTOR; };
-  return {.realMb = figure(1),
-          .freeMb = figure(2),
-          .procsMb = figure(20),
-          .filesMb = figure(14),
-          .systemMb = figure(18)};
+  const auto figure = [&](float value) { return static_cast<double>(value) * FACTOR; };
+  return {.realMb = figure(memory.realMb),
+          .freeMb = figure(memory.freeMb),
+          .procsMb = figure(memory.processMb),
+          .filesMb = figure(memory.fileMb),
+          .systemMb = figure(memory.systemMb)};
 }
 
 MemoryUse OlderMemoryUse(const MemoryRecord& memory, const MemorySize& size) {
   MemoryUse use;
   use.realMb = size.memMb;
-  use.freeMb = memory.freeKb * size.pageMb;  // this format counts pages there
-  use.procsMb = static_cast<double>(memory.memoryValue302) * size.pageMb;
-  use.filesMb = static_cast<double>(memory.memoryValue303) * size.pageMb;
+  use.freeMb = memory.freePages * size.pageMb;
+  use.procsMb = static_cast<double>(memory.processPages) * size.pageMb;
+  use.filesMb = static_cast<double>(memory.filePages) * size.pageMb;
   use.systemMb = use.realMb * size.pageMb - use.freeMb - use.procsMb - use.filesMb;
   if (use.systemMb < 0.0) use.systemMb = 0.0;
   return use;
@@ -70,14 +70,14 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   }
   const MemoryRecord& memory = *context.memory.primary;
   MemoryUse use =
-      memory.vmValue[1] > 0.0F ? NewerMemoryUse(memory) : OlderMemoryUse(memory, MemorySizeOf(context));
+      memory.realMb > 0.0F ? NewerMemoryUse(memory) : OlderMemoryUse(memory, MemorySizeOf(context));
   if (!(use.realMb > 0.0)) use.realMb = use.freeMb + use.procsMb + use.filesMb + use.systemMb;
   StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercent(use.freeMb, use.realMb)});
   StoreSets(state, Graph::MEMORY_ALLOCATION, {use.freeMb, use.procsMb, use.filesMb, use.systemMb});
 
-  const double zeroFill = static_cast<double>(memory.pageRate311());
-  const double execFill = static_cast<double>(memory.pageRate312());
-  double other = static_cast<double>(memory.pageRate307) - zeroFill - execFill;
+  const double zeroFill = static_cast<double>(memory.zeroFillFaultRate);
+  const double execFill = static_cast<double>(memory.execFillFaultRate);
+  double other = static_cast<double>(memory.pageFaultRate) - zeroFill - execFill;
   if (other < 0.0) other = 0.0;
   StoreSets(state, Graph::PAGEFAULTS_BY_TYPE, {other, zeroFill, execFill});
   StoreSets(state, Graph::PAGEFAULT_RATE, {other + zeroFill + execFill});

@@ -23,12 +23,12 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   }
   const MemoryRecord& memory = *context.memory.primary;
   const MemorySize size = MemorySizeOf(context);
-  const double freeMb = memory.freeKb * size.pageMb;  // this format counts pages there
-  const double activeMb = static_cast<double>(memory.pageRate311()) * size.pageMb;
+  const double freeMb = memory.freePages * size.pageMb;
+  const double activeMb = static_cast<double>(memory.activePages) * size.pageMb;
   StoreSets(state, Graph::MEMORY_ALLOCATION, {freeMb, activeMb, size.memMb - activeMb - freeMb});
   StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercent(freeMb, size.memMb)});
 
-  const float kinds[] = {memory.pageRate307, memory.pageRate326, memory.pageRate327};
+  const float kinds[] = {memory.majorFaultRate, memory.copyOnWriteFaultRate, memory.zeroFillFaultRate};
   StoreFaultKinds(state, kinds);
   state.sums.pageOperations = static_cast<double>(memory.pageInRate + memory.pageOutRate);
   state.sums.swapOperations = static_cast<double>(memory.swapInRate + memory.swapOutRate);

@@ -26,13 +26,13 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   StoreSets(state, Graph::MEMORY_ALLOCATION, {freeMb, size.memMb - freeMb});
   StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercentOrMissing(freeMb, size.memMb)});
 
-  const float kinds[] = {memory.majorFaultsPerSecond,      memory.copyOnWriteFaultsPerSecond,
-                         memory.protectionFaultsPerSecond, memory.softLockFaultsPerSecond,
-                         memory.kernelAsFaultsPerSecond,   memory.zeroFillFaultsPerSecond,
-                         memory.hatFaultsPerSecond,        memory.asFaultsPerSecond};
+  const float kinds[] = {memory.majorFaultRate,         memory.copyOnWriteFaultRate,
+                         memory.protectionFaultRate,    memory.softLockFaultRate,
+                         memory.kernelAddressFaultRate, memory.zeroFillFaultRate,
+                         memory.translationFaultRate,   memory.addressFaultRate};
   StoreFaultKinds(state, kinds);
-  state.sums.pageOperations = static_cast<double>(memory.pageInsPerSecond + memory.pageOutsPerSecond);
-  state.sums.swapOperations = static_cast<double>(memory.swapInsPerSecond + memory.swapOutsPerSecond);
+  state.sums.pageOperations = static_cast<double>(memory.pageInRate + memory.pageOutRate);
+  state.sums.swapOperations = static_cast<double>(memory.swapInRate + memory.swapOutRate);
   StoreSets(state, Graph::PAGEFAULT_IO, {state.sums.pageOperations});
 }
 

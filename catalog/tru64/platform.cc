@@ -22,17 +22,20 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   }
   const MemoryRecord& memory = *context.memory.primary;
   const MemorySize size = MemorySizeOf(context);
-  const double freeMb = static_cast<double>(memory.tru64FreePages) * size.pageMb;
-  const double inactiveMb = static_cast<double>(memory.tru64InactivePages) * size.pageMb;
-  const double activeMb = static_cast<double>(memory.tru64ActivePages) * size.pageMb;
-  const double bufferMb = static_cast<double>(memory.tru64BufferCachePages) * size.pageMb;
-  const double wiredMb = static_cast<double>(memory.tru64WiredPages) * size.pageMb;
+  const double freeMb = memory.freePages * size.pageMb;
+  const double inactiveMb = static_cast<double>(memory.inactivePages) * size.pageMb;
+  const double activeMb = static_cast<double>(memory.activePages) * size.pageMb;
+  const double bufferMb = static_cast<double>(memory.bufferCachePages) * size.pageMb;
+  const double wiredMb = static_cast<double>(memory.wiredPages) * size.pageMb;
   const double unmappedMb = size.memMb - freeMb - inactiveMb - activeMb - bufferMb - wiredMb;
   StoreSets(state, Graph::MEMORY_ALLOCATION, {freeMb, inactiveMb, activeMb, bufferMb, wiredMb, unmappedMb});
   StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercent(freeMb, size.memMb)});
 
-  StoreFaultKinds(state, memory.tru64FaultRates);
-  state.sums.pageOperations = static_cast<double>(memory.tru64PageReadRate + memory.tru64PageWriteRate);
+  const float kinds[] = {memory.kernelFaultRate,         memory.copyOnWriteFaultRate,
+                         memory.copyOnWriteStealRate,    memory.zeroFillFaultRate,
+                         memory.kernelZeroFillFaultRate, memory.bufferCacheFaultRate};
+  StoreFaultKinds(state, kinds);
+  state.sums.pageOperations = static_cast<double>(memory.pageReadRate + memory.pageWriteRate);
   StoreSets(state, Graph::PAGEFAULT_IO, {state.sums.pageOperations});
 }
 

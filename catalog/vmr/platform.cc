@@ -20,8 +20,8 @@ void AddMemory(BuildState& state, const VmrContext& context) {
   const MemoryRecord& memory = *context.memory.primary;
   StoreSets(state, Graph::MEMORY_UTILIZATION,
             {UsedPercentOrMissing(memory.freePages * size.pageMb, size.memMb)});
-  StoreSets(state, Graph::PAGEFAULT_RATE, {memory.pageFaultsPerSecond});
-  StoreSets(state, Graph::PAGEFAULT_IO, {memory.pageReadsPerSecond + memory.pageWritesPerSecond});
+  StoreSets(state, Graph::PAGEFAULT_RATE, {memory.pageFaultRate});
+  StoreSets(state, Graph::PAGEFAULT_IO, {memory.pageReadRate + memory.pageWriteRate});
 }
 
 }  // namespace

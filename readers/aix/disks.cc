@@ -13,8 +13,8 @@ struct DiskFigures {
   double oldBusy = 0.0;
   double oldReadBytes = 0.0;
   double oldWriteBytes = 0.0;
-  double sizeValueA = 0.0;
-  double sizeValueB = 0.0;
+  double size = 0.0;
+  double free = 0.0;
   double blockSize = 512.0;
   double transfers = 0.0;
   double readBlocks = 0.0;
@@ -70,8 +70,8 @@ void FinishNewDisk(const DiskFigures& figures, double interval, DiskRecord& disk
 
 void FinishDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
   disk.deviceName = figures.name;
-  disk.size = ClampTo<uint32_t>(figures.sizeValueA);
-  disk.free = ClampTo<uint32_t>(figures.sizeValueB);
+  disk.size = ClampTo<uint32_t>(figures.size);
+  disk.free = ClampTo<uint32_t>(figures.free);
   if (figures.badCounter) return;
   if (figures.oldTransfers > 0.0) {
     FinishOldDisk(figures, interval, disk);
@@ -90,8 +90,8 @@ int AixDecodeDisk(Decoding& decoding) {
       OldFigure<&DiskFigures::oldReadBytes>(204),
       OldFigure<&DiskFigures::oldWriteBytes>(205),
       {206, nullptr},
-      {207, StoreCounter<&DiskFigures::sizeValueA>},
-      {208, StoreCounter<&DiskFigures::sizeValueB>},
+      {207, StoreCounter<&DiskFigures::size>},
+      {208, StoreCounter<&DiskFigures::free>},
       {209, StoreCounter<&DiskFigures::blockSize>},
       {210, StoreCounter<&DiskFigures::transfers>},
       {211, StoreCounter<&DiskFigures::readBlocks>},

@@ -8,6 +8,7 @@
 
 #include "readers/aix/decoders.h"
 #include "readers/aix/layouts.h"
+#include "readers/bsd_protocol_counters.h"
 #include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
@@ -128,27 +129,38 @@ template <auto Member>
 constexpr MemoryRule PageRate(int32_t fieldId) {
   return {fieldId, To<Member>, Form::INT32, Per::INTERVAL};
 }
-template <size_t Index>
-constexpr MemoryRule WidePageRate(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::WIDE, Per::INTERVAL};
+template <int32_t Field>
+constexpr MemoryRule UnreadRate() {
+  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, Form::INT32, Per::INTERVAL};
 }
+
+// Two figures that share one place in the collector's memory structure, in which the base record keeps the
+// one and the record of further figures the other: what comes last tells both.
+template <auto First, auto Second>
+void ToSharedPlace(MemoryRecord& memory, const FieldValue& field, const MemoryRule& rule,
+                   Decoding& decoding) {
+  memory.*First = Convert<float>(field, rule, decoding.state);
+  memory.*Second = memory.*First;
+}
+constexpr MemoryRule::Store TO_ZERO_FILL_OR_PROCESSES =
+    ToSharedPlace<&MemoryRecord::zeroFillFaultRate, &MemoryRecord::processMb>;
 
 // The base record and the record of further figures fill one and the same MemoryRecord, whichever comes
 // first; a twin always starts a new one.
 int AixDecodeMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
-      {301, To<&MemoryRecord::freeKb>},
-      {302, To<&MemoryRecord::memoryValue302>},
-      {303, To<&MemoryRecord::memoryValue303>},
+      {301, To<&MemoryRecord::freePages>},
+      {302, To<&MemoryRecord::processPages>},
+      {303, To<&MemoryRecord::filePages>},
       PageRate<&MemoryRecord::pageInRate>(304),
       PageRate<&MemoryRecord::pageOutRate>(305),
-      PageRate<&MemoryRecord::pageRate306>(306),
-      PageRate<&MemoryRecord::pageRate307>(307),
-      PageRate<&MemoryRecord::pageRate308>(308),
-      PageRate<&MemoryRecord::pageRate309>(309),
+      UnreadRate<306>(),
+      PageRate<&MemoryRecord::pageFaultRate>(307),
+      UnreadRate<308>(),
+      UnreadRate<309>(),
       {310, StoreMachinePageSize},
-      WidePageRate<20>(311),
-      WidePageRate<21>(312),
+      {311, TO_ZERO_FILL_OR_PROCESSES, Form::WIDE, Per::INTERVAL},
+      {312, To<&MemoryRecord::execFillFaultRate>, Form::WIDE, Per::INTERVAL},
       {313, nullptr},
       {314, nullptr},
       {315, nullptr},
@@ -159,29 +171,51 @@ int AixDecodeMemory(Decoding& decoding) {
 }
 
 // Pages to megabytes: value * 4096 / 1024 / 1024, whatever page size field 310 has brought.
-template <size_t Index>
-constexpr MemoryRule Megabytes(int32_t fieldId) {
-  return {
-      fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY,
-      256.0};
+constexpr MemoryRule Megabytes(int32_t fieldId, MemoryRule::Store store) {
+  return {fieldId, store, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY, 256.0};
 }
-template <size_t Index>
-constexpr MemoryRule VmRate(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::UINT64, Per::INTERVAL};
+template <int32_t Field>
+constexpr MemoryRule UnreadMegabytes() {
+  return Megabytes(Field, ToElement<&MemoryRecord::unreadMore, Field>);
 }
-template <size_t Index>
-constexpr MemoryRule Raw(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::vmRaw, Index>, Form::UINT64};
+template <int32_t Field>
+constexpr MemoryRule UnreadMoreRate() {
+  return {Field, ToElement<&MemoryRecord::unreadMore, Field>, Form::UINT64, Per::INTERVAL};
+}
+template <int32_t Field>
+constexpr MemoryRule UnreadMore() {
+  return {Field, ToElement<&MemoryRecord::unreadMore, Field>, Form::UINT64};
 }
 
 int AixDecodeMoreMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
-      Megabytes<0>(1),   Megabytes<21>(2),  Megabytes<1>(3),  Megabytes<2>(4),   Megabytes<3>(5),
-      Megabytes<4>(6),   Megabytes<20>(7),  Megabytes<18>(8), Megabytes<19>(9),  VmRate<5>(10),
-      VmRate<6>(11),     VmRate<7>(12),     VmRate<8>(13),    VmRate<9>(14),     VmRate<10>(15),
-      VmRate<13>(16),    VmRate<11>(17),    VmRate<12>(18),   Megabytes<14>(19), Megabytes<15>(20),
-      Megabytes<16>(21), Megabytes<17>(22), Raw<0>(23),       Raw<1>(24),        Raw<2>(25),
-      Raw<3>(26),
+      UnreadMegabytes<1>(),
+      Megabytes(2,
+                To<&MemoryRecord::execFillFaultRate>),  // a figure of another kind, in the place of field 312
+      Megabytes(3, To<&MemoryRecord::realMb>),
+      Megabytes(4, To<&MemoryRecord::freeMb>),
+      UnreadMegabytes<5>(),
+      UnreadMegabytes<6>(),
+      Megabytes(7, TO_ZERO_FILL_OR_PROCESSES),
+      Megabytes(8, To<&MemoryRecord::systemMb>),
+      UnreadMegabytes<9>(),
+      UnreadMoreRate<10>(),
+      UnreadMoreRate<11>(),
+      UnreadMoreRate<12>(),
+      UnreadMoreRate<13>(),
+      UnreadMoreRate<14>(),
+      UnreadMoreRate<15>(),
+      UnreadMoreRate<16>(),
+      UnreadMoreRate<17>(),
+      UnreadMoreRate<18>(),
+      Megabytes(19, To<&MemoryRecord::fileMb>),
+      UnreadMegabytes<20>(),
+      UnreadMegabytes<21>(),
+      UnreadMegabytes<22>(),
+      UnreadMore<23>(),
+      UnreadMore<24>(),
+      UnreadMore<25>(),
+      UnreadMore<26>(),
   };
   return DecodeToSlot(rules, decoding.context.memory.primary, decoding);
 }
@@ -260,13 +294,24 @@ int AixDecodeConfig(Decoding& decoding) {
 
 // --- Protocol counters, types 7 and 22 ---
 
+using namespace bsd_counters;
+
 constexpr CounterRange COUNTERS[] = {
-    {701, 723, 0},  {724, 730, 24}, {731, 731, 31}, {732, 740, 32}, {741, 741, 31},  // over field 731
-    {742, 745, 42}, {754, 773, 54}, {774, 777, 75}, {789, 797, 90},
+    {.firstField = 701, .lastField = 723, .element = TCP_ATTEMPTS},
+    {.firstField = 724, .lastField = 730, .element = TCP_SENT_CONTROL},
+    {.firstField = 731, .lastField = 731, .element = TCP_DUPLICATE},
+    {.firstField = 732, .lastField = 740, .element = TCP_DUPLICATE_BYTES},
+    {.firstField = 741, .lastField = 741, .element = TCP_DUPLICATE},  // over field 731
+    {.firstField = 742, .lastField = 745, .element = TCP_ACKS_OF_NOTHING},
+    {.firstField = 754, .lastField = 773, .element = IP_RECEIVED},
+    {.firstField = 774, .lastField = 777, .element = IP_RAW_SENT},
+    {.firstField = 789, .lastField = 797, .element = UDP_RECEIVED},
 };
+static_assert(RangesFit(COUNTERS));
 
 int AixDecodeNetStats(Decoding& decoding) {
-  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.kernel.Of(decoding.isTwin), decoding);
+  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.protocolCounters.Of(decoding.isTwin),
+                        decoding);
 }
 
 // --- File systems, types 9 and 24; LAN adapters, types 15 and 25 ---

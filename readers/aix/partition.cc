@@ -7,81 +7,76 @@ namespace {
 using PartitionRule = FieldRule<PartitionRecord>;
 
 // A figure as it stands, or divided by `scale`.
-template <size_t Index>
+template <auto Member>
 constexpr PartitionRule Figure(int32_t fieldId, double scale = 1.0) {
-  return {fieldId,       ToElement<&PartitionRecord::lparValue, Index>,
-          Form::UINT64,  Per::RECORD,
-          Divide::NEVER, Sign::ANY,
-          scale};
+  return {fieldId, To<Member>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY, scale};
 }
-template <size_t Index>
+template <auto Member, size_t Index>
+constexpr PartitionRule FigureOf(int32_t fieldId) {
+  return {fieldId, ToElement<Member, Index>, Form::UINT64};
+}
+template <int32_t Field>
+constexpr PartitionRule Unread(double scale = 1.0) {
+  return {
+      Field, ToElement<&PartitionRecord::unread, Field>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY,
+      scale};
+}
+template <auto Member>
 constexpr PartitionRule Rate(int32_t fieldId) {
-  return {fieldId, ToElement<&PartitionRecord::lparValue, Index>, Form::UINT64, Per::INTERVAL};
-}
-// One of the leading fields of 4 bytes.
-template <size_t Index>
-constexpr PartitionRule Flag(int32_t fieldId) {
-  return {fieldId, ToElement<&PartitionRecord::lparValue, Index>};
-}
-
-// Field 3 fills two elements.
-void StoreField3(PartitionRecord& partition, const FieldValue& field, const PartitionRule& /*rule*/,
-                 Decoding& /*decoding*/) {
-  partition.lparValue[4] = field.Int32();
-  partition.lparValue[8] = field.Int32();
+  return {fieldId, To<Member>, Form::UINT64, Per::INTERVAL};
 }
 
 }  // namespace
 
 int AixDecodeLpar(Decoding& decoding) {
   static const RuleTable<PartitionRecord> rules{
-      {1, To<&PartitionRecord::lparName>},
-      {3, StoreField3},
-      Flag<5>(4),
-      Flag<6>(5),
-      Flag<7>(6),
-      Flag<9>(7),
-      Figure<15>(8),
-      Figure<16>(9),
-      Figure<17>(10),
-      {11, To<&PartitionRecord::lparRaw>, Form::UINT64},
-      {12, To<&PartitionRecord::lparRate>, Form::UINT64, Per::INTERVAL},
-      Figure<14>(15, 100.0),
-      Figure<18>(16),
-      Figure<20>(17),
-      Figure<19>(18),
-      Figure<21>(19),
-      Figure<23>(20),
-      Figure<22>(21),
-      Figure<24>(22),
-      Figure<25>(23, 100.0),
-      Figure<26>(24, 100.0),
-      Figure<27>(25, 100.0),
-      Figure<28>(26),
-      Figure<29>(27),
-      Figure<30>(28),
-      Figure<31>(29),
-      Figure<32>(30),
-      Figure<33>(31, 100.0),
-      Figure<37>(32, 1000.0),
-      Figure<38>(33, 1000.0),
-      Figure<39>(34),
-      Figure<40>(35),
-      Figure<41>(36),
-      Figure<42>(37),
-      Figure<43>(38),
-      Figure<44>(39),
-      Figure<45>(40),
-      Figure<46>(41),
-      Figure<47>(42),
-      Figure<48>(43),
-      Figure<49>(44),
-      Figure<50>(45),
-      Figure<51>(46),
-      Rate<34>(47),
-      Rate<35>(48),
-      Rate<36>(49),
-      {50, To<&PartitionRecord::lparTicks>, Form::UINT64},
+      {1, To<&PartitionRecord::name>},
+      {3, To<&PartitionRecord::isCapped>},
+      {4, To<&PartitionRecord::isShared>},
+      {5, To<&PartitionRecord::seesPool>},
+      {6, To<&PartitionRecord::isDonating>},
+      {7, ToElement<&PartitionRecord::unread, 7>},
+      Unread<8>(),
+      Unread<9>(),
+      Unread<10>(),
+      Unread<11>(),
+      {12, ToElement<&PartitionRecord::unread, 12>, Form::UINT64, Per::INTERVAL},
+      Figure<&PartitionRecord::entitledProcessors>(15, 100.0),
+      Figure<&PartitionRecord::onlineProcessors>(16),
+      Unread<17>(),
+      Unread<18>(),
+      Unread<19>(),
+      Unread<20>(),
+      Unread<21>(),
+      Unread<22>(),
+      Unread<23>(100.0),
+      Unread<24>(100.0),
+      Unread<25>(100.0),
+      Unread<26>(),
+      Unread<27>(),
+      Unread<28>(),
+      Unread<29>(),
+      Figure<&PartitionRecord::poolProcessors>(30),
+      Unread<31>(100.0),
+      Unread<32>(1000.0),
+      Unread<33>(1000.0),
+      FigureOf<&PartitionRecord::timeByMode, 0>(34),
+      FigureOf<&PartitionRecord::timeByMode, 1>(35),
+      FigureOf<&PartitionRecord::timeByMode, 2>(36),
+      FigureOf<&PartitionRecord::timeByMode, 3>(37),
+      Figure<&PartitionRecord::donatedTime>(38),
+      FigureOf<&PartitionRecord::spareTime, 0>(39),
+      Unread<40>(),
+      FigureOf<&PartitionRecord::spareTime, 1>(41),
+      Unread<42>(),
+      FigureOf<&PartitionRecord::spareTime, 2>(43),
+      Unread<44>(),
+      Unread<45>(),
+      Unread<46>(),
+      Rate<&PartitionRecord::phantomInterruptRate>(47),
+      Rate<&PartitionRecord::involuntarySwitchRate>(48),
+      Rate<&PartitionRecord::voluntarySwitchRate>(49),
+      {50, To<&PartitionRecord::timeBase>, Form::UINT64},
   };
   return DecodeToSlot(rules, decoding.context.partition, decoding);
 }

@@ -5,6 +5,7 @@
 // timing figures of those that follow aren't trusted either.
 #include <string>
 
+#include "readers/bsd_protocol_counters.h"
 #include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/hpux/disks.h"
@@ -129,28 +130,28 @@ template <auto Member>
 constexpr MemoryRule PageRate(int32_t fieldId) {
   return {fieldId, To<Member>, Form::WIDE, Per::INTERVAL};
 }
-template <size_t Index>
-constexpr MemoryRule PageLevel(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::vmValue, Index>, Form::WIDE};
+template <int32_t Field>
+constexpr MemoryRule Unread(Per per) {
+  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, Form::WIDE, per};
 }
 
 int HpuxDecodeMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
-      {301, To<&MemoryRecord::freeKb>, Form::UINT64},
-      {303, To<&MemoryRecord::memoryValue303>, Form::WIDE},
-      {304, To<&MemoryRecord::memoryValue304>, Form::WIDE},
+      {301, To<&MemoryRecord::freePages>, Form::UINT64},
+      Unread<303>(Per::RECORD),
+      Unread<304>(Per::RECORD),
       {305, StoreMachinePageSize, Form::WIDE},
       PageRate<&MemoryRecord::pageInRate>(306),
       PageRate<&MemoryRecord::pageOutRate>(307),
-      PageRate<&MemoryRecord::pageRate308>(308),
-      PageRate<&MemoryRecord::pageRate309>(309),
+      Unread<308>(Per::INTERVAL),
+      Unread<309>(Per::INTERVAL),
       PageRate<&MemoryRecord::swapInRate>(310),
       PageRate<&MemoryRecord::swapOutRate>(311),
-      PageRate<&MemoryRecord::pageRate307>(313),
-      PageLevel<20>(322),  // pageRate311
-      PageLevel<21>(323),  // pageRate312
-      PageRate<&MemoryRecord::pageRate326>(326),
-      PageRate<&MemoryRecord::pageRate327>(327),
+      PageRate<&MemoryRecord::majorFaultRate>(313),
+      {322, To<&MemoryRecord::activePages>, Form::WIDE},
+      Unread<323>(Per::RECORD),
+      PageRate<&MemoryRecord::copyOnWriteFaultRate>(326),
+      PageRate<&MemoryRecord::zeroFillFaultRate>(327),
   };
   return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
 }
@@ -236,21 +237,42 @@ int HpuxDecodeConfig(Decoding& decoding) {
 
 // --- Protocol counters: types 7, and 11 with its twin 22 ---
 
-constexpr CounterRange FIRST_PART[] = {{701, 752, 0}, {755, 764, 54}};
-constexpr CounterRange SECOND_PART[] = {
-    {1001, 1001, 67},  {1002, 1002, 68, Per::RECORD},  // connections: a level, no rate
-    {1003, 1008, 69},  {1009, 1035, 76},
-    {1036, 1044, 104}, {1045, 1045, 115},
-    {1046, 1047, 117}, {1048, 1048, 116},
-    {1049, 1056, 119}, {1057, 1061, 128},
-    {1062, 1067, 134}, {1068, 1080, 141},
-    {1081, 1083, 167}, {1084, 1085, 172},
-    {1086, 1098, 154}, {1099, 1100, 170},
+using namespace bsd_counters;
+
+constexpr CounterRange FIRST_PART[] = {
+    {.firstField = 701, .lastField = 752, .element = TCP_ATTEMPTS},
+    {.firstField = 755, .lastField = 764, .element = IP_RECEIVED},
 };
+static_assert(RangesFit(FIRST_PART));
+
+// The second part stands in the place of the BSD counters from the delivered IP packets on, where the graphs
+// read it.
+constexpr CounterRange SECOND_PART[] = {
+    {.firstField = 1001, .lastField = 1001, .element = IP_DELIVERED},
+    {.firstField = 1002,
+     .lastField = 1002,
+     .element = IP_GENERATED,
+     .per = Per::RECORD},  // connections: a level
+    {.firstField = 1003, .lastField = 1008, .element = 69},
+    {.firstField = 1009, .lastField = 1035, .element = 76},
+    {.firstField = 1036, .lastField = 1044, .element = 104},
+    {.firstField = 1045, .lastField = 1045, .element = 115},
+    {.firstField = 1046, .lastField = 1047, .element = 117},
+    {.firstField = 1048, .lastField = 1048, .element = 116},
+    {.firstField = 1049, .lastField = 1056, .element = 119},
+    {.firstField = 1057, .lastField = 1061, .element = 128},
+    {.firstField = 1062, .lastField = 1067, .element = 134},
+    {.firstField = 1068, .lastField = 1080, .element = 141},
+    {.firstField = 1081, .lastField = 1083, .element = 167},
+    {.firstField = 1084, .lastField = 1085, .element = 172},
+    {.firstField = 1086, .lastField = 1098, .element = 154},
+    {.firstField = 1099, .lastField = 1100, .element = 170},
+};
+static_assert(RangesFit(SECOND_PART));
 
 // Each part makes a record of its own: the part that comes last in an interval is what stands.
 int HpuxDecodeNetStats(Decoding& decoding) {
-  std::optional<KernelCounters>& slot = decoding.context.kernel.primary;
+  std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.primary;
   slot.reset();
   const int counted = DecodeCounters(FIRST_PART, Form::INT32, slot, decoding);
   if (slot) slot->hasFirstPart = true;
@@ -258,7 +280,7 @@ int HpuxDecodeNetStats(Decoding& decoding) {
 }
 
 int HpuxDecodeNetStats2(Decoding& decoding) {
-  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
+  std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.Of(decoding.isTwin);
   slot.reset();
   return DecodeCounters(SECOND_PART, Form::INT32, slot, decoding);
 }

@@ -8,6 +8,7 @@
 
 #include "readers/config_decoder.h"
 #include "readers/formats.h"
+#include "readers/linux/counters.h"
 #include "readers/linux/disks.h"
 #include "readers/linux/layouts.h"
 #include "readers/shared_decoders.h"
@@ -166,8 +167,8 @@ int LinuxDecodeMemory(Decoding& decoding) {
       Level<&MemoryRecord::sharedKb>(303),
       Level<&MemoryRecord::buffersKb>(304),
       Level<&MemoryRecord::cacheKb>(305),
-      Level<&MemoryRecord::memoryValue306>(306),
-      Level<&MemoryRecord::memoryValue307>(307),
+      {306, ToElement<&MemoryRecord::unread, 6>, Form::WIDE},
+      {307, ToElement<&MemoryRecord::unread, 7>, Form::WIDE},
       PageRate<&MemoryRecord::pageInRate>(308),
       PageRate<&MemoryRecord::pageOutRate>(309),
       PageRate<&MemoryRecord::swapInRate>(310),
@@ -264,18 +265,21 @@ int LinuxDecodeConfig(Decoding& decoding) {
 
 // --- Protocol counters, types 11 and 22 ---
 
-// The kernel's protocol counters in its own order: IP at 0 to 18, ICMP to 44, TCP to 56, UDP to 60. A few
-// are settings and stay as they stand. The number of established connections is a level too, and is divided
-// by the interval all the same.
+using namespace linux_counters;
+
+// A few are settings and stay as they stand. The number of established connections is a level too, and is
+// divided by the interval all the same.
 constexpr CounterRange COUNTERS[] = {
-    {1101, 1102, 0, Per::RECORD},
-    {1103, 1145, 2},
-    {1146, 1148, 45, Per::RECORD},
-    {1149, 1161, 48},
+    {.firstField = 1101, .lastField = 1102, .element = IP_FORWARDING, .per = Per::RECORD},
+    {.firstField = 1103, .lastField = 1145, .element = IP_IN_RECEIVES},
+    {.firstField = 1146, .lastField = 1148, .element = TCP_RTO_ALGORITHM, .per = Per::RECORD},
+    {.firstField = 1149, .lastField = 1161, .element = TCP_MAX_CONN},
 };
+static_assert(RangesFit(COUNTERS));
 
 int LinuxDecodeNetStats(Decoding& decoding) {
-  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.kernel.Of(decoding.isTwin), decoding);
+  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.protocolCounters.Of(decoding.isTwin),
+                        decoding);
 }
 
 // --- File systems, types 14 and 24; LAN adapters, types 15 and 25 ---

@@ -1,10 +1,13 @@
 // Solaris collector files: qtxs_ in big-endian, qtxsx_ in little-endian numbers, otherwise the same.
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "readers/config_decoder.h"
 #include "readers/field_rules.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
+#include "readers/solaris/counters.h"
 #include "readers/solaris/disks.h"
 #include "readers/solaris/layouts.h"
 
@@ -54,14 +57,9 @@ int DecodeOverall(Decoding& decoding) {
 
 using MemoryRule = FieldRule<MemoryRecord>;
 
-template <auto Member>
-constexpr MemoryRule Level(int32_t fieldId, Form form = Form::SIGNED_HALVES) {
-  return {fieldId, To<Member>, form, Per::RECORD, Divide::AT_LEAST_1};
-}
-template <size_t Index>
-constexpr MemoryRule NeutralLevel(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::memoryField304to309, Index>, Form::SIGNED_HALVES, Per::RECORD,
-          Divide::AT_LEAST_1};
+template <int32_t Field>
+constexpr MemoryRule Unread(Per per, Form form = Form::SIGNED_HALVES) {
+  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, form, per, Divide::AT_LEAST_1};
 }
 template <auto Member>
 constexpr MemoryRule Rate(int32_t fieldId) {
@@ -76,30 +74,30 @@ void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const Memo
 // Both types fill the base's record: a twin ahead of its base has nowhere to go.
 int DecodeMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
-      Level<&MemoryRecord::memoryField301>(301, Form::INT32),
-      Level<&MemoryRecord::memoryField302>(302, Form::INT32),
+      Unread<301>(Per::RECORD, Form::INT32),
+      Unread<302>(Per::RECORD, Form::INT32),
       {303, StorePageSize},
-      NeutralLevel<0>(304),
-      NeutralLevel<1>(305),
-      NeutralLevel<2>(306),
-      NeutralLevel<3>(307),
-      NeutralLevel<4>(308),
-      NeutralLevel<5>(309),
-      Rate<&MemoryRecord::pageInsPerSecond>(327),
-      Rate<&MemoryRecord::pageOutsPerSecond>(328),
-      Rate<&MemoryRecord::rate329>(329),
-      Rate<&MemoryRecord::rate330>(330),
-      Rate<&MemoryRecord::majorFaultsPerSecond>(331),
-      Rate<&MemoryRecord::copyOnWriteFaultsPerSecond>(332),
-      Rate<&MemoryRecord::protectionFaultsPerSecond>(333),
-      Rate<&MemoryRecord::softLockFaultsPerSecond>(334),
-      Rate<&MemoryRecord::kernelAsFaultsPerSecond>(335),
-      Rate<&MemoryRecord::zeroFillFaultsPerSecond>(336),
-      Rate<&MemoryRecord::hatFaultsPerSecond>(337),
-      Rate<&MemoryRecord::asFaultsPerSecond>(338),
-      Rate<&MemoryRecord::swapInsPerSecond>(339),
-      Rate<&MemoryRecord::swapOutsPerSecond>(340),
-      Level<&MemoryRecord::freePages>(341),
+      Unread<304>(Per::RECORD),
+      Unread<305>(Per::RECORD),
+      Unread<306>(Per::RECORD),
+      Unread<307>(Per::RECORD),
+      Unread<308>(Per::RECORD),
+      Unread<309>(Per::RECORD),
+      Rate<&MemoryRecord::pageInRate>(327),
+      Rate<&MemoryRecord::pageOutRate>(328),
+      Unread<329>(Per::INTERVAL),
+      Unread<330>(Per::INTERVAL),
+      Rate<&MemoryRecord::majorFaultRate>(331),
+      Rate<&MemoryRecord::copyOnWriteFaultRate>(332),
+      Rate<&MemoryRecord::protectionFaultRate>(333),
+      Rate<&MemoryRecord::softLockFaultRate>(334),
+      Rate<&MemoryRecord::kernelAddressFaultRate>(335),
+      Rate<&MemoryRecord::zeroFillFaultRate>(336),
+      Rate<&MemoryRecord::translationFaultRate>(337),
+      Rate<&MemoryRecord::addressFaultRate>(338),
+      Rate<&MemoryRecord::swapInRate>(339),
+      Rate<&MemoryRecord::swapOutRate>(340),
+      {341, To<&MemoryRecord::freePages>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
   };
   VmrContext& context = decoding.context;
   if (!decoding.isTwin) return DecodeToSlot(rules, context.memory.primary, decoding);
@@ -220,11 +218,20 @@ int DecodeProcessor(Decoding& decoding) {
 
 // --- Kernel counters, types 8 and 22 ---
 
-bool IsLevel(size_t slot) { return slot <= 3 || slot == 8 || slot == 51 || slot == 52; }
+using namespace solaris_counters;
+
+static_assert(COUNTER_COUNT <= std::tuple_size_v<decltype(ProtocolCounters::counters)>);
+
+// Settings and levels stand as they are; all others are rates.
+bool IsLevel(size_t element) {
+  constexpr Element LEVELS[] = {TCP_RTO_ALGORITHM, TCP_RTO_MIN,   TCP_RTO_MAX,   TCP_MAX_CONN,
+                                TCP_CURR_ESTAB,    IP_FORWARDING, IP_DEFAULT_TTL};
+  return std::find(std::begin(LEVELS), std::end(LEVELS), element) != std::end(LEVELS);
+}
 
 int DecodeKernel(Decoding& decoding) {
   constexpr int32_t FIRST_FIELD = 801;
-  std::optional<KernelCounters>& slot = decoding.context.kernel.Of(decoding.isTwin);
+  std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.Of(decoding.isTwin);
   const bool isNew = !slot.has_value();
   if (isNew) slot.emplace();
   int counted = 0;

@@ -2,6 +2,7 @@
 // whatever it holds.
 #include <string>
 
+#include "readers/bsd_protocol_counters.h"
 #include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
@@ -76,60 +77,59 @@ int Tru64DecodeDisk(Decoding& decoding) {
 
 using MemoryRule = FieldRule<MemoryRecord>;
 
-template <size_t Index>
-constexpr MemoryRule NeutralValue(int32_t fieldId, Form form = Form::UINT64) {
-  return {fieldId, ToElement<&MemoryRecord::tru64Values301to308, Index>, form};
+template <int32_t Field>
+constexpr MemoryRule Unread(Form form = Form::UINT64) {
+  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, form};
 }
 template <auto Member>
 constexpr MemoryRule Pages(int32_t fieldId) {
   return {fieldId, To<Member>, Form::UINT64};
 }
-template <size_t Index>
-constexpr MemoryRule FaultRate(int32_t fieldId) {
-  return {fieldId, ToElement<&MemoryRecord::tru64FaultRates, Index>, Form::UINT64, Per::INTERVAL};
+template <auto Member>
+constexpr MemoryRule Rate(int32_t fieldId) {
+  return {fieldId, To<Member>, Form::UINT64, Per::INTERVAL};
 }
 
-void StorePageSize(MemoryRecord& memory, const FieldValue& field, const MemoryRule& /*rule*/,
+void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const MemoryRule& /*rule*/,
                    Decoding& decoding) {
   const auto size = static_cast<double>(field.Uint64());
-  memory.tru64PageSize = static_cast<float>(size);
   if (decoding.context.config) decoding.context.config->pageSize = ClampTo<int32_t>(size);
 }
 
 // Sums over the records of an interval.
 void AddWiredPages(MemoryRecord& memory, const FieldValue& field, const MemoryRule& /*rule*/,
                    Decoding& /*decoding*/) {
-  memory.tru64WiredPages += static_cast<float>(field.Uint64());
+  memory.wiredPages += static_cast<float>(field.Uint64());
 }
 
 int Tru64DecodeMemory(Decoding& decoding) {
   static const RuleTable<MemoryRecord> rules{
-      NeutralValue<0>(301, Form::INT32),
-      NeutralValue<1>(302, Form::INT32),
-      NeutralValue<2>(303),
-      NeutralValue<3>(304),
-      NeutralValue<4>(305),
-      NeutralValue<5>(306),
-      NeutralValue<6>(307),
-      NeutralValue<7>(308),
+      Unread<301>(Form::INT32),
+      Unread<302>(Form::INT32),
+      Unread<303>(),
+      Unread<304>(),
+      Unread<305>(),
+      Unread<306>(),
+      Unread<307>(),
+      Unread<308>(),
       {309, StorePageSize},
-      Pages<&MemoryRecord::tru64FreePages>(310),
-      Pages<&MemoryRecord::tru64ActivePages>(311),
-      Pages<&MemoryRecord::tru64InactivePages>(312),
+      {310, ToRounded<&MemoryRecord::freePages>, Form::UINT64},
+      Pages<&MemoryRecord::activePages>(311),
+      Pages<&MemoryRecord::inactivePages>(312),
       {313, AddWiredPages},
-      FaultRate<0>(314),
-      FaultRate<1>(315),
-      FaultRate<2>(316),
-      FaultRate<3>(317),
-      FaultRate<4>(318),
-      FaultRate<5>(319),
-      Pages<&MemoryRecord::tru64BufferCachePages>(325),
+      Rate<&MemoryRecord::kernelFaultRate>(314),
+      Rate<&MemoryRecord::copyOnWriteFaultRate>(315),
+      Rate<&MemoryRecord::copyOnWriteStealRate>(316),
+      Rate<&MemoryRecord::zeroFillFaultRate>(317),
+      Rate<&MemoryRecord::kernelZeroFillFaultRate>(318),
+      Rate<&MemoryRecord::bufferCacheFaultRate>(319),
+      Pages<&MemoryRecord::bufferCachePages>(325),
       {328, nullptr},
       {329, nullptr},
       {331, nullptr},
       {332, nullptr},
-      {333, To<&MemoryRecord::tru64PageReadRate>, Form::UINT64, Per::INTERVAL},
-      {334, To<&MemoryRecord::tru64PageWriteRate>, Form::UINT64, Per::INTERVAL},
+      Rate<&MemoryRecord::pageReadRate>(333),
+      Rate<&MemoryRecord::pageWriteRate>(334),
   };
   return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
 }
@@ -304,8 +304,11 @@ int Tru64DecodeCpu(Decoding& decoding) {
 // --- Kernel and network counters, types 11 and 22 ---
 
 int Tru64DecodeCounters(Decoding& decoding) {
-  static constexpr CounterRange COUNTERS[] = {{1101, 1129, 0}};
-  return DecodeCounters(COUNTERS, Form::INT32, decoding.context.kernel.Of(decoding.isTwin), decoding);
+  static constexpr CounterRange COUNTERS[] = {
+      {.firstField = 1101, .lastField = 1129, .element = bsd_counters::TCP_ATTEMPTS}};
+  static_assert(RangesFit(COUNTERS));
+  return DecodeCounters(COUNTERS, Form::INT32, decoding.context.protocolCounters.Of(decoding.isTwin),
+                        decoding);
 }
 
 // --- File systems, types 12 and 24 ---

@@ -24,12 +24,12 @@ TEST(AixPartition, AxesAndTheEntitlementFollowThePartition) {
   for (const bool capped : {false, true}) {
     BuildFixture fixture(AIX_PLATFORM);
     PartitionRecord& partition = fixture.context.partition.emplace();
-    partition.lparValue[4] = partition.lparValue[5] = capped ? 1 : 0;  // and in shared mode
-    partition.lparValue[14] = capped ? 0 : 1.5;
-    partition.lparValue[18] = 4;
-    partition.lparValue[32] = 8;
-    partition.lparTicks = 100;
-    partition.lparValue[39] = 50;
+    partition.isCapped = partition.isShared = capped ? 1 : 0;  // and in shared mode
+    partition.entitledProcessors = capped ? 0 : 1.5;
+    partition.onlineProcessors = 4;
+    partition.poolProcessors = 8;
+    partition.timeBase = 100;
+    partition.timeByMode[0] = 50;
     fixture.TakeBusy(60, 10);
     EXPECT_EQ(fixture.Value(Graph::PHYSICAL_CPU, 0, 1), 0.5F);
     EXPECT_EQ(fixture.Record(Graph::PHYSICAL_CPU).yMax, 4.0F);

@@ -46,8 +46,8 @@ TEST(Memory, WithoutASizeUtilizationIsMissingInfiniteOrOfTheUses) {
     BuildFixture fixture(platform);
     fixture.context.config->memoryMb = 0.0F;
     MemoryRecord& memory = fixture.context.memory.primary.emplace();
-    memory.freeKb = 256;
-    memory.memoryValue302 = 768;
+    memory.freePages = 256;
+    memory.processPages = 768;
     fixture.TakeBusy(60, 10);
     return fixture.Value(Graph::MEMORY_UTILIZATION, 0, 1);
   };

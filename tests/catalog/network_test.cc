@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pass_fixture.h"
+#include "readers/linux/counters.h"
 
 namespace ozmo {
 namespace {
@@ -15,7 +16,7 @@ void RunPass(PassFixture& fixture) { fixture.state.platform.network(fixture.stat
 TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
   for (const PlatformSpec* platform : ALL_PLATFORMS) {
     PassFixture fixture(*platform);
-    fixture.context.kernel.primary.emplace();
+    fixture.context.protocolCounters.primary.emplace();
     fixture.context.network.emplace();
     RunPass(fixture);
     for (GraphMenuEntry& group : fixture.catalog.itemTree) {
@@ -29,12 +30,13 @@ TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
 }
 
 TEST(Network, LinuxAbortedConnectionsAreOneSum) {
+  using namespace linux_counters;
   PassFixture fixture(LINUX_PLATFORM);
-  auto& counters = fixture.context.kernel.primary.emplace().counters;
-  counters[51] = 3;
-  counters[52] = 4;
-  counters[55] = 5;
-  counters[60] = 6;
+  auto& counters = fixture.context.protocolCounters.primary.emplace().counters;
+  counters[TCP_ATTEMPT_FAILS] = 3;
+  counters[TCP_ESTAB_RESETS] = 4;
+  counters[TCP_OUT_SEGS] = 5;
+  counters[UDP_OUT_DATAGRAMS] = 6;
   RunPass(fixture);
   EXPECT_EQ(fixture.Values("TCP Connections Aborted"), (std::vector<float>{7}));
   EXPECT_EQ(fixture.Values("TCP  Segment Rate")[0], 5.0F);

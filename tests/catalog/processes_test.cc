@@ -34,7 +34,7 @@ TEST(ProcessShare, OnlinePartitionProcessorsLimitTheDivisorOnAix) {
     BuildFixture fixture(AIX_PLATFORM);
     fixture.AddProcessor(1, 1, 0, 1);
     fixture.AddProcess("adm", "job", 3);
-    fixture.context.partition.emplace().lparValue[18] = online;
+    fixture.context.partition.emplace().onlineProcessors = online;
     fixture.TakeBusy(60, 50);
     EXPECT_FLOAT_EQ(fixture.Image("job", 1), share) << online;
   }

@@ -35,7 +35,7 @@ TEST_F(AixReaderTest, UnknownVersionIsToldAndReadWithTheNewestTable) {
     EXPECT_EQ(::testing::internal::GetCapturedStdout(),
               "\nUnrecognized data collector version " + version + "\n");
     ASSERT_TRUE(context.memory.primary.has_value());
-    EXPECT_EQ(context.memory.primary->vmValue[1], 2.0F);
+    EXPECT_EQ(context.memory.primary->realMb, 2.0F);
   }
 }
 
@@ -84,9 +84,10 @@ TEST_F(AixReaderTest, TwoRecordTypesFillOneMemoryRecord) {
     if (!megabytesFirst) writer_.Record(12, counters);
     const VmrContext& context = Deliver();
     const MemoryRecord& memory = *context.memory.primary;
-    EXPECT_EQ(Figures(memory.freeKb, memory.vmValue[5], memory.vmRaw[0], context.config->pageSize),
-              Figures(1000, 2, BAD_COUNTER, 65536));
-    EXPECT_EQ(memory.pageRate311(), megabytesFirst ? 4.0F : 2.0F);
+    EXPECT_EQ(
+        Figures(memory.freePages, memory.unreadMore[10], memory.unreadMore[23], context.config->pageSize),
+        Figures(1000, 2, BAD_COUNTER, 65536));
+    EXPECT_EQ(memory.zeroFillFaultRate, megabytesFirst ? 4.0F : 2.0F);
   }
 }
 
@@ -95,7 +96,7 @@ TEST_F(AixReaderTest, MemoryTwinStartsAnew) {
   Begin("P730");
   writer_.Record(19, {Int32(1), Int32(2)}).OrderList(19, {301}).Record(19, {Int32(3)});
   const VmrContext& context = Deliver();
-  EXPECT_EQ(Figures(context.memory.twin->freeKb, context.memory.twin->memoryValue302), Figures(3, 0));
+  EXPECT_EQ(Figures(context.memory.twin->freePages, context.memory.twin->processPages), Figures(3, 0));
   EXPECT_FALSE(context.memory.primary.has_value());
 }
 
@@ -197,7 +198,7 @@ TEST_F(AixReaderTest, RatesBeyondTheirCountersAreZero) {
 }
 
 TEST_F(AixReaderTest, ProtocolRecordWithoutKnownFieldsIsWithdrawn) {
-  EXPECT_FALSE(DeliverRecord("P910", 7, {746}, {Int32(60)}).kernel.primary.has_value());
+  EXPECT_FALSE(DeliverRecord("P910", 7, {746}, {Int32(60)}).protocolCounters.primary.has_value());
 }
 
 TEST_F(AixReaderTest, PartitionTwinIsDropped) {
@@ -208,9 +209,9 @@ TEST_F(AixReaderTest, PartitionTwinIsDropped) {
                    {Text(name), Int32(1), Int64(250), Int64(17), Int64(2000)});
   }
   const PartitionRecord& lpar = *Deliver().partition;
-  EXPECT_EQ(lpar.lparName, "lpar1");
-  const auto& value = lpar.lparValue;
-  EXPECT_EQ(Figures(value[4], value[8], value[14], value[20], value[37]), Figures(1, 1, 2.5, 17, 2));
+  EXPECT_EQ(lpar.name, "lpar1");
+  EXPECT_EQ(Figures(lpar.isCapped, lpar.entitledProcessors, lpar.unread[17], lpar.unread[32]),
+            Figures(1, 2.5, 17, 2));
 }
 
 }  // namespace

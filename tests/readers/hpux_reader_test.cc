@@ -44,7 +44,7 @@ TEST_F(HpuxReaderTest, WideVersionsHaveWideStampsAndCounters) {
   const VmrContext& context =
       DeliverRecord("P300_64", 3, {301, 306}, {Int64(BEYOND_32_BITS), Int64(60 * BEYOND_32_BITS)});
   const MemoryRecord& memory = *context.memory.primary;
-  EXPECT_EQ(Figures(memory.freeKb, memory.pageInRate), Figures(BEYOND_32_BITS, BEYOND_32_BITS));
+  EXPECT_EQ(Figures(memory.freePages, memory.pageInRate), Figures(BEYOND_32_BITS, BEYOND_32_BITS));
 }
 
 TEST_F(HpuxReaderTest, NarrowCountersAreSigned) {
@@ -61,7 +61,7 @@ TEST_F(HpuxReaderTest, ConfigurationTextsDontOverlapAndPageSizeComesWithTheMemor
   EXPECT_EQ(config.configText[5] + config.configText[11] + config.configNode, "fiveelevennode");
   // The memory is a wide field in a narrow version, in quarters of a kilobyte.
   EXPECT_EQ(Figures(config.memoryMb, config.pageSize), Figures(1048576, 8192));
-  EXPECT_EQ(Figures(context.memory.primary->pageRate311(), context.memory.primary->pageRate307),
+  EXPECT_EQ(Figures(context.memory.primary->activePages, context.memory.primary->majorFaultRate),
             Figures(77, 1));
   EXPECT_EQ(context.processes.primary.head().sizeResident, 3 * 8192);
 }
@@ -169,7 +169,7 @@ TEST_F(HpuxReaderTest, CountersComeInTwoParts) {
     Begin("P730");
     writer_.Record(7, {Int32(60), Int32(60), Int32(120), Int32(180)});
     writer_.Record(type, {Int32(60), Int32(7), Int32(120), Int32(180), Int32(240), Int32(300), Int32(360)});
-    const auto& kernel = Deliver().kernel;
+    const auto& kernel = Deliver().protocolCounters;
     const auto& base = kernel.primary->counters;
     EXPECT_EQ(kernel.primary->hasFirstPart, type == 22);
     EXPECT_EQ(Figures(base[0], base[52], base[54], base[63]),

@@ -182,7 +182,7 @@ TEST_F(LinuxReaderTest, ProtocolSettingsStayAndTheLevelOfConnectionsIsDivided) {
   const VmrContext& context =
       DeliverRecord("P720", 11, {1102, 1103, 1148, 1149, 1154},
                     {Int32(64), Int32(120), Int32(-1), Int32(120), Int32(120)}, {1, 10, 1, 1, 1});
-  const auto& all = context.kernel.primary->counters;
+  const auto& all = context.protocolCounters.primary->counters;
   EXPECT_EQ(Figures(all[1], all[2], all[47], all[48], all[53]), Figures(64, 2, -1, 2, 2));
 }
 

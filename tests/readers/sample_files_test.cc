@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "readers/data_reader.h"
+#include "readers/linux/counters.h"
 #include "runtime/runtime.h"
 #include "sample/kinds.h"
 #include "tests/support/environment.h"
@@ -158,7 +159,7 @@ TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
     ExpectDisks(context);
     ExpectFileSystemsAndAdapters(context, GetParam());
     EXPECT_TRUE(context.memory.primary.has_value());
-    EXPECT_TRUE(context.kernel.primary.has_value());
+    EXPECT_TRUE(context.protocolCounters.primary.has_value());
   });
   EXPECT_GE(intervals, 9);
 }
@@ -189,7 +190,7 @@ TEST_F(SampleFiles, ByteOrderChangesNoFigure) {
       for (const ProcessorRecord& cpu : context.processors.primary) all.push_back(cpu.userTime);
       for (const ProcessRecord& process : context.processes.primary) all.push_back(process.userCpuSeconds);
       for (const LanRecord& adapter : context.lans.primary) all.push_back(adapter.bytesInRate);
-      all.push_back(context.kernel.primary->counters[53]);
+      all.push_back(context.protocolCounters.primary->counters[linux_counters::TCP_CURR_ESTAB]);
     });
   }
   EXPECT_GT(figures[0].size(), 500U);

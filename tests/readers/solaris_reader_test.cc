@@ -69,7 +69,7 @@ TEST_F(SolarisReaderTest, MemoryTwinWritesOverItsBase) {
   writer_.Record(3, {Int64(8192), Int64(120), Int64(1000)}).Record(19, {Int64(2000)});
   const VmrContext& context = Deliver();
   const auto& memory = context.memory;
-  EXPECT_EQ(Figures(context.config->pageSize, memory.primary->majorFaultsPerSecond, memory.primary->freePages,
+  EXPECT_EQ(Figures(context.config->pageSize, memory.primary->majorFaultRate, memory.primary->freePages,
                     memory.twin->freePages),
             Figures(8192, 2, 2000, 0));
 }

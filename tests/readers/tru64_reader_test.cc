@@ -57,7 +57,7 @@ TEST_F(Tru64ReaderTest, V505HasNoFileSystems) {
   writer_.Record(12, {Text("/")});  // an unknown type ends the interval
   writer_.Record(11, {Int32(120)});
   const VmrContext& context = Deliver();
-  EXPECT_EQ(context.kernel.primary->counters[0], 1.0F);
+  EXPECT_EQ(context.protocolCounters.primary->counters[0], 1.0F);
   EXPECT_TRUE(context.fileSystems.primary.empty());
 }
 

@@ -336,7 +336,7 @@ TEST_F(VmrReaderTest, ProcessWithoutSamplesShowsWhatItsRecordHeld) {
 // An object row without a count takes the samples of an interval; a negative count is one sample.
 TEST_F(VmrReaderTest, ObjectSamplesDivideTheValues) {
   const auto faults = [&](const std::string& objectRow) {
-    return DeliverMemory(objectRow + "\n5~28\n6~24\n3\n").pageFaultsPerSecond;
+    return DeliverMemory(objectRow + "\n5~28\n6~24\n3\n").pageFaultRate;
   };
   EXPECT_EQ(Figures(faults("2~4"), faults("2~4~6"), faults("2~4~-3")), Figures(2, 4, 24));
   EXPECT_TRUE(std::isinf(faults("2~4~")));
