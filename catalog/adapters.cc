@@ -1,10 +1,9 @@
 #include "catalog/adapters.h"
 
+#include <algorithm>
 #include <span>
-#include <string>
 
 #include "catalog/name_text.h"
-#include "catalog/platform.h"
 
 namespace ozmo {
 namespace {
@@ -27,17 +26,33 @@ struct AdapterGraph {
   std::span<const AdapterTrace> traces;
 };
 
-constexpr AdapterTrace PACKET_TRACES[] = {{"Packets Received", "Green", &LanRecord::packetsInRate},
-                                          {"Packets Sent", "Red", &LanRecord::packetsOutRate}};
-constexpr AdapterTrace DATA_TRACES[] = {{"Data Received", "Green", &LanRecord::bytesInRate, 1000.0},
-                                        {"Data Sent", "Red", &LanRecord::bytesOutRate, 1000.0}};
-constexpr AdapterTrace ERROR_TRACES[] = {{"Inbound errors", "Green", &LanRecord::errorsInRate},
-                                         {"Outbound errors", "Blue", &LanRecord::errorsOutRate},
-                                         {"Collisions", "Orange", &LanRecord::collisionRate}};
-constexpr AdapterGraph GRAPHS[] = {
-    {"PKTS", "Packet Rates", "Packets per Second", "%s %.1f/s ", PACKET_TRACES},
-    {"DATA", "Data Rates", "Kbytes per Second", "%s %.1f/s ", DATA_TRACES},
-    {"ERROR", "Error Events", "Events per Second", "%s %.2f/s ", ERROR_TRACES}};
+constexpr AdapterTrace PACKET_TRACES[] = {
+    {.label = "Packets Received", .colour = "Green", .rate = &LanRecord::packetsInRate},
+    {.label = "Packets Sent", .colour = "Red", .rate = &LanRecord::packetsOutRate}};
+constexpr AdapterTrace DATA_TRACES[] = {
+    {.label = "Data Received", .colour = "Green", .rate = &LanRecord::bytesInRate, .divisor = 1000.0},
+    {.label = "Data Sent", .colour = "Red", .rate = &LanRecord::bytesOutRate, .divisor = 1000.0}};
+constexpr AdapterTrace ERROR_TRACES[] = {
+    {.label = "Inbound errors", .colour = "Green", .rate = &LanRecord::errorsInRate},
+    {.label = "Outbound errors", .colour = "Blue", .rate = &LanRecord::errorsOutRate},
+    {.label = "Collisions", .colour = "Orange", .rate = &LanRecord::collisionRate}};
+constexpr std::array<AdapterGraph, ADAPTER_GRAPHS> GRAPHS = {{
+    {.codeEnd = "PKTS",
+     .label = "Packet Rates",
+     .yTitle = "Packets per Second",
+     .legendFormat = "%s %.1f/s ",
+     .traces = PACKET_TRACES},
+    {.codeEnd = "DATA",
+     .label = "Data Rates",
+     .yTitle = "Kbytes per Second",
+     .legendFormat = "%s %.1f/s ",
+     .traces = DATA_TRACES},
+    {.codeEnd = "ERROR",
+     .label = "Error Events",
+     .yTitle = "Events per Second",
+     .legendFormat = "%s %.2f/s ",
+     .traces = ERROR_TRACES},
+}};
 
 // The summary graphs, two sets an adapter: inbound and outbound.
 struct SummaryGraph {
@@ -55,93 +70,64 @@ void AddToPoint(Series& series, int point, double value) {
 }
 
 // One more set, which holds 0 at the interval's point. LAN graphs have one point less than others.
-void AddSet(BuildState& state, GraphRecord& record) {
-  const int set = XrtSeriesAdd(state.catalog, record);
-  record.data.npoints = state.catalog.pointCount;
-  PointStore(record.data.y[static_cast<size_t>(set)], state.point, 0.0F);
+void AddSet(const Minute& minute, GraphRecord& record) {
+  const int set = XrtSeriesAdd(minute.catalog, record);
+  record.data.npoints = minute.catalog.pointCount;
+  PointStore(record.data.y[static_cast<size_t>(set)], minute.point, 0.0F);
 }
 
-void MakeSummarySets(BuildState& state, int firstSet, std::string_view name) {
+void MakeSummarySets(const Minute& minute, std::string_view name) {
   for (const SummaryGraph& summary : SUMMARIES) {
-    GraphRecord* record = state.catalog.Find(summary.graph);
+    GraphRecord* record = minute.catalog.FindNeeded(summary.graph);
     if (record == nullptr) continue;
-    for (int i = 0; i < SETS_PER_ADAPTER; ++i) {
-      record->SetLabel(firstSet + i, NameText(SUMMARY_LABELS[i], name));
-      AddSet(state, *record);
+    for (const char* label : SUMMARY_LABELS) {
+      record->SetLabel(record->data.nsets(), NameText(label, name));
+      AddSet(minute, *record);
     }
   }
 }
 
-// The adapter's first set in the summary graphs, made if there is none; absent when all pairs are taken. A
-// label that begins with the name counts as the adapter's, so en1 shares the pair of en10.
-std::optional<int> SummarySet(BuildState& state, std::string_view name) {
-  const GraphRecord* packets = state.catalog.Find(Graph::LAN_PACKETS);
-  if (packets == nullptr) return std::nullopt;
-  for (int set = 0; set < MAX_ADAPTERS * SETS_PER_ADAPTER; set += SETS_PER_ADAPTER) {
-    const std::optional<std::string>& label = packets->Label(set);
-    if (!label) {
-      MakeSummarySets(state, set, name);
-      return set;
-    }
-    if (label->starts_with(name)) return set;
-  }
-  return std::nullopt;
-}
-
-void AddToSummary(BuildState& state, int firstSet, const LanRecord& lan) {
+void AddToSummary(const Minute& minute, size_t pair, const LanRecord& lan) {
+  const int firstSet = static_cast<int>(pair) * SETS_PER_ADAPTER;
   for (const SummaryGraph& summary : SUMMARIES) {
     for (int i = 0; i < SETS_PER_ADAPTER; ++i) {
-      Series* series = state.catalog.FindSeries(summary.graph, firstSet + i);
-      if (series != nullptr)
-        AddToPoint(*series, state.point, summary.traces[static_cast<size_t>(i)].Value(lan));
+      if (Series* series = minute.catalog.FindSeries(summary.graph, firstSet + i))
+        AddToPoint(*series, minute.point, summary.traces[static_cast<size_t>(i)].Value(lan));
     }
   }
 }
 
-GraphRecord& MakeGraph(BuildState& state, const AdapterGraph& graph, std::string_view name) {
-  GraphRecord& record = state.catalog.runtimeRecords.emplace_back();
+GraphRecord& MakeGraph(const Minute& minute, const AdapterGraph& graph, std::string_view name) {
+  GraphRecord& record = minute.catalog.runtimeRecords.emplace_back();
   record.title = name;
   record.yTitle = graph.yTitle;
   record.legendFormat = graph.legendFormat;
   for (const AdapterTrace& trace : graph.traces) {
     record.traceLabels.emplace_back(trace.label);
     record.traceColours.emplace_back(trace.colour);
-    AddSet(state, record);
+    AddSet(minute, record);
   }
   return record;
 }
 
-GraphMenuEntry MakeRow(BuildState& state, size_t number, std::string_view name) {
+// Adds the row of the adapter with this number, counted from 1, and answers its graphs.
+std::array<GraphRecord*, ADAPTER_GRAPHS> MakeRow(const Minute& minute, size_t number, std::string_view name) {
+  std::array<GraphRecord*, ADAPTER_GRAPHS> graphs{};
+  GraphMenuEntry* group = minute.catalog.RuntimeRow(RowKind::ADAPTERS);
+  if (group == nullptr) return graphs;
   GraphMenuEntry row{"LAN", std::string(name), nullptr, {}};
-  for (const AdapterGraph& graph : GRAPHS) {
-    std::string code = "LAN" + std::to_string(number) + graph.codeEnd;
-    row.subTable.push_back({std::move(code), graph.label, &MakeGraph(state, graph, name), {}});
+  for (size_t i = 0; i < GRAPHS.size(); ++i) {
+    graphs[i] = &MakeGraph(minute, GRAPHS[i], name);
+    row.subTable.push_back(
+        {"LAN" + std::to_string(number) + GRAPHS[i].codeEnd, GRAPHS[i].label, graphs[i], {}});
   }
-  return row;
-}
-
-// The adapter's row, by exact name; null where none is free for it.
-GraphMenuEntry* AdapterRow(BuildState& state, GraphMenuEntry& lan, std::string_view name) {
-  size_t adapters = 0;
-  for (GraphMenuEntry& row : lan.subTable) {
-    if (row.code != "LAN") continue;  // the summary stands ahead of the adapters
-    if (row.label == name) return &row;
-    ++adapters;
-  }
-  if (adapters >= size_t{MAX_ADAPTERS}) return nullptr;
-  return &lan.subTable.emplace_back(MakeRow(state, adapters + 1, name));
-}
-
-void AddToRow(const GraphMenuEntry& row, int point, const LanRecord& lan) {
-  for (size_t g = 0; g < std::size(GRAPHS); ++g) {
-    const std::span<const AdapterTrace> traces = GRAPHS[g].traces;
-    for (size_t set = 0; set < traces.size(); ++set) {
-      AddToPoint(row.subTable[g].record->data.y[set], point, traces[set].Value(lan));
-    }
-  }
+  group->subTable.push_back(std::move(row));
+  return graphs;
 }
 
 }  // namespace
+
+bool AdapterHasAnyName(std::string_view) { return true; }
 
 bool AdapterIsNamed(std::string_view name) { return !name.empty(); }
 
@@ -149,17 +135,40 @@ bool AdapterEndsInDigit(std::string_view name) {
   return !name.empty() && name.back() >= '0' && name.back() <= '9';
 }
 
-void AddAdapters(BuildState& state, const VmrContext& context) {
-  GraphMenuEntry* lanGroup = state.catalog.RuntimeRow(RowKind::ADAPTERS);
-  if (lanGroup == nullptr) return;
-  const auto filter = state.platform.adapterFilter;
-  for (const LanRecord& lan : context.lans.primary) {
-    if (filter != nullptr && !filter(lan.adapterName)) continue;
-    const std::optional<int> set = SummarySet(state, lan.adapterName);
-    if (!set) continue;
-    AddToSummary(state, *set, lan);
-    if (const GraphMenuEntry* row = AdapterRow(state, *lanGroup, lan.adapterName)) {
-      AddToRow(*row, state.point, lan);
+// The adapter's pair of sets in the summary graphs, made if there is none; false when all pairs are taken. A
+// label that begins with the name counts as the adapter's, so en1 shares the pair of en10.
+bool AdapterPass::FindPair(const Minute& minute, std::string_view name, size_t& pair) {
+  const auto known = std::find_if(pairs_.begin(), pairs_.end(),
+                                  [=](const std::string& label) { return label.starts_with(name); });
+  pair = static_cast<size_t>(known - pairs_.begin());
+  if (known != pairs_.end()) return true;
+  if (pairs_.size() >= MAX_ADAPTERS) return false;
+  pairs_.push_back(NameText(SUMMARY_LABELS[0], name));
+  MakeSummarySets(minute, name);
+  return true;
+}
+
+// The adapter's own graphs, by exact name; null where no row is free for it.
+const AdapterPass::Entry* AdapterPass::EntryOf(const Minute& minute, std::string_view name) {
+  const auto known =
+      std::find_if(entries_.begin(), entries_.end(), [=](const Entry& entry) { return entry.name == name; });
+  if (known != entries_.end()) return &*known;
+  if (entries_.size() >= MAX_ADAPTERS) return nullptr;
+  Entry& entry = entries_.emplace_back(Entry{std::string(name), {}});
+  if (minute.catalog.titles.Has(name)) entry.graphs = MakeRow(minute, entries_.size(), name);
+  return &entry;
+}
+
+void AdapterPass::Run(const Minute& minute, const VmrContext& interval) {
+  for (const LanRecord& lan : interval.lans.primary) {
+    size_t pair = 0;
+    if (!hasGraphs_(lan.adapterName) || !FindPair(minute, lan.adapterName, pair)) continue;
+    AddToSummary(minute, pair, lan);
+    const Entry* entry = EntryOf(minute, lan.adapterName);
+    if (entry == nullptr || entry->graphs[0] == nullptr) continue;
+    for (size_t g = 0; g < GRAPHS.size(); ++g) {
+      for (size_t set = 0; set < GRAPHS[g].traces.size(); ++set)
+        AddToPoint(entry->graphs[g]->data.y[set], minute.point, GRAPHS[g].traces[set].Value(lan));
     }
   }
 }

@@ -1,6 +1,6 @@
 #include "catalog/builder.h"
 
-#include "catalog/build_steps.h"
+#include "catalog/build.h"
 #include "catalog/platforms.h"
 #include "runtime/messages.h"
 #include "runtime/times.h"
@@ -19,46 +19,40 @@ void LoadClasses(WorkloadClassList& classes, const char* secondFile) {
   classes.classesLoaded = true;
 }
 
-// Says what is being read, and takes over the interval's length. Both once in a walk.
-void Announce(BuildState& state, const VmrContext& context, Runtime& runtime) {
-  if (!state.announced) {
-    MessageEmit(runtime, "UNDEFINED", {"Processing " + context.nodeName + " ..."});
-    state.announced = true;
-  }
-  if (state.platform.measureInterval == nullptr && !state.intervalKnown && context.config) {
-    state.intervalMinutes = MinutesOf(context.config->intervalSeconds);
-    state.intervalKnown = true;
-  }
-}
-
-void Walk(BuildState& state, DataReader& reader, VmrContext& context, Runtime& runtime) {
+void Walk(const PlatformSpec& platform, CatalogBuild& build, DataReader& reader, VmrContext& interval,
+          Runtime& runtime) {
+  bool isAnnounced = false;
   for (;;) {
-    const int result = ReaderNext(reader, context);
-    if (result == state.platform.skippedResult) continue;
+    const int result = ReaderNext(reader, interval);
+    if (result == platform.skippedResult) continue;
     if (result < 1) return;
-    if (runtime.progressSink) runtime.progressSink(context.periodEnd);
-    if (TakeInterval(state, context)) Announce(state, context, runtime);
+    if (runtime.progressSink) runtime.progressSink(interval.periodEnd);
+    if (build.TakeInterval(interval) && !isAnnounced) {
+      MessageEmit(runtime, "UNDEFINED", {"Processing " + interval.nodeName + " ..."});
+      isAnnounced = true;
+    }
   }
 }
 
 }  // namespace
 
 std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest& request,
-                                           WorkloadClassList& classes, Runtime& runtime) {
+                                           WorkloadClassList& classes, Runtime& runtime,
+                                           const WantedTitles& titles) {
   const PlatformSpec& platform = PlatformOf(reader.kind());
   auto catalog = std::make_unique<GraphCatalog>();
-  VmrContext context;
-  context.periodStart = TimeToSeconds(request.beginTime);
-  context.periodEnd = TimeToSeconds(request.endTime);
+  catalog->titles = titles;
+  VmrContext interval;
+  interval.periodStart = TimeToSeconds(request.beginTime);
+  interval.periodEnd = TimeToSeconds(request.endTime);
   LoadClasses(classes, platform.secondClassFile);
 
-  BuildState state(platform, *catalog, classes);
-  StartCatalog(state, context.periodStart, context.periodEnd);
-  const int opened = ReaderOpen(reader, context);
-  if (opened >= 1 || platform.walksWithoutOpen) Walk(state, reader, context, runtime);
-  FinishGraphs(state);
-  ReaderClose(reader, context);
-  FinishSeries(state);
+  CatalogBuild build(platform, classes, interval.periodStart, interval.periodEnd, *catalog);
+  const int opened = ReaderOpen(reader, interval);
+  if (opened >= 1 || platform.walksWithoutOpen) Walk(platform, build, reader, interval, runtime);
+  build.FinishGraphs();
+  ReaderClose(reader, interval);
+  build.FinishSeries();
   return catalog;
 }
 

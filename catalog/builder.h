@@ -14,9 +14,10 @@
 
 namespace ozmo {
 
-// The catalog of the reader's file over the request's span. Always one, also when no interval fell into the
-// span: then all series are 0. Classes are loaded if they aren't yet.
+// The catalog of the reader's file over the request's span, with the graphs of these titles. Always one, also
+// when no interval fell into the span: then all series are 0. Classes are loaded if they aren't yet.
 std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest& request,
-                                           WorkloadClassList& classes, Runtime& runtime);
+                                           WorkloadClassList& classes, Runtime& runtime,
+                                           const WantedTitles& titles = WantedTitles::All());
 
 }  // namespace ozmo

@@ -1,24 +1,17 @@
 #include "catalog/disks.h"
 
+#include <algorithm>
+
 #include "catalog/name_text.h"
-#include "catalog/platform.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
 
-// What feeds which Top list.
-struct DiskFeed {
-  NameTree tree;
-  float DiskFigures::*figure;
-};
-constexpr std::array<DiskFeed, DISK_TREES> FEEDS = {{
-    {NameTree::DISK_OPERATIONS, &DiskFigures::operations},
-    {NameTree::DISK_DATA, &DiskFigures::totalKb},
-    {NameTree::DISK_UTILIZATION, &DiskFigures::utilization},
-    {NameTree::DISK_QUEUE, &DiskFigures::queueLength},
-    {NameTree::DISK_SPACE, &DiskFigures::space},
-    {NameTree::DISK_RESPONSE, &DiskFigures::response},
-}};
+// The figure of each series, in the order of DiskSeries.
+constexpr float DiskFigures::*SERIES_FIGURES[DISK_SERIES_COUNT] = {
+    &DiskFigures::operations,  &DiskFigures::totalKb, &DiskFigures::utilization,
+    &DiskFigures::queueLength, &DiskFigures::space,   &DiskFigures::response};
 
 constexpr double BYTES_PER_GB = 1073741824.0;
 
@@ -82,52 +75,14 @@ GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::strin
   return record;
 }
 
-// The row of a disk first seen, while there is room for one.
-void MakeRow(BuildState& state, DiskEntry& entry, std::string_view name) {
-  GraphMenuEntry* disks = state.catalog.RuntimeRow(RowKind::DISKS);
-  if (disks == nullptr || disks->subTable.size() >= MAX_DISK_ROWS) return;
-  GraphMenuEntry& row = disks->subTable.emplace_back();
-  row.code = "NDsk";
-  row.label = name;
-  for (const DiskGraph& graph : state.platform.diskSpec.graphs) {
-    GraphRecord& record = MakeGraph(state.catalog, graph, name);
-    row.subTable.push_back({graph.code, graph.label, &record, {}});
-    entry.graphs.push_back(&record);
-  }
-}
-
-DiskEntry& EntryOf(BuildState& state, std::string_view name) {
-  const auto found = state.diskEntries.find(name);
-  if (found != state.diskEntries.end()) return found->second;
-  DiskEntry& entry = state.diskEntries[std::string(name)];
-  for (size_t i = 0; i < FEEDS.size(); ++i) entry.treeSeries[i] = &state.trees.At(FEEDS[i].tree, name);
-  MakeRow(state, entry, name);
-  return entry;
-}
-
-void StoreDisk(BuildState& state, std::string_view name, const DiskFigures& figures) {
-  DiskEntry& entry = EntryOf(state, name);
-  for (size_t i = 0; i < FEEDS.size(); ++i) {
-    PointFeed(*entry.treeSeries[i], state.point, figures.*FEEDS[i].figure);
-  }
-  for (size_t i = 0; i < entry.graphs.size(); ++i) {
-    const std::span<const DiskTrace> traces = state.platform.diskSpec.graphs[i].traces;
-    for (size_t set = 0; set < traces.size(); ++set) {
-      PointStore(entry.graphs[i]->data.y[set], state.point, figures.*traces[set].figure);
-    }
-  }
-}
-
-void StoreTotals(BuildState& state, const DiskFigures& totals) {
-  StoreSets(state, Graph::DISK_OPERATIONS, {totals.operations});
-  StoreSets(state, Graph::DISK_DATA, {totals.totalKb});
-  const double paging = state.sums.pageOperations;
-  const double swapping = state.sums.swapOperations;
-  const double user = static_cast<double>(totals.operations) - paging - swapping;
-  StoreSets(state, Graph::DISK_BY_TYPE, {user > 0.0 ? user : 0.0, paging, swapping});
-  StoreSets(state, Graph::VMR_DISK_TRANSFER, {totals.totalKb});
-  StoreSets(state, Graph::VMR_DISK_TRANSFER_SPLIT, {totals.readKb, totals.writeKb});
-  StoreSets(state, Graph::VMR_DISK_OPERATIONS_SPLIT, {totals.reads, totals.writes});
+void StoreTotals(const Minute& minute, const DiskFigures& totals, const PagingOperations& paging) {
+  minute.Store(Graph::DISK_OPERATIONS, {totals.operations});
+  minute.Store(Graph::DISK_DATA, {totals.totalKb});
+  const double user = static_cast<double>(totals.operations) - paging.paging - paging.swapping;
+  minute.Store(Graph::DISK_BY_TYPE, {user > 0.0 ? user : 0.0, paging.paging, paging.swapping});
+  minute.Store(Graph::VMR_DISK_TRANSFER, {totals.totalKb});
+  minute.Store(Graph::VMR_DISK_TRANSFER_SPLIT, {totals.readKb, totals.writeKb});
+  minute.Store(Graph::VMR_DISK_OPERATIONS_SPLIT, {totals.reads, totals.writes});
 }
 
 }  // namespace
@@ -141,7 +96,7 @@ DiskSpec::Name DiskNameWithoutDirectory(std::string_view recordName) {
 }
 
 DiskSpec::Name DiskNameLinux(std::string_view recordName) {
-  const std::string_view name = TrimBlanks(recordName);
+  const std::string_view name = TrimText(recordName, " ");
   if (name.starts_with("cciss") && name.find('p') != std::string_view::npos) return {false, name};
   const bool numbered = !name.empty() && name.back() >= '0' && name.back() <= '9';
   for (const std::string_view kind : {"sd", "hd", "fd"}) {
@@ -160,18 +115,60 @@ DiskFigures DiskFiguresOf(const DiskRecord& disk, bool timesMeasured) {
   return figures;
 }
 
-void AddDisks(BuildState& state, const VmrContext& context) {
-  const DiskSpec& spec = state.platform.diskSpec;
-  DiskFigures totals;
-  for (const DiskRecord& disk : context.disks.primary) {
-    if (disk.deviceName.empty()) continue;
-    const DiskSpec::Name name = spec.name(disk.deviceName);
-    if (!name.isDisk) continue;
-    const DiskFigures figures = DiskFiguresOf(disk, spec.timesMeasured);
-    for (const auto figure : SUMMED_FIGURES) totals.*figure += figures.*figure;
-    if (state.detailed) StoreDisk(state, TrimBlanks(name.name), figures);
+// The row of a disk first seen, while there is room for one, with those of its graphs that are wanted.
+void DiskPass::MakeRow(GraphCatalog& catalog, Entry& entry, std::string_view name) {
+  GraphMenuEntry* disks = catalog.RuntimeRow(RowKind::DISKS);
+  if (disks == nullptr || rows_ >= MAX_DISK_ROWS) return;
+  ++rows_;
+  GraphMenuEntry row{"NDsk", std::string(name), nullptr, {}};
+  for (const DiskGraph& graph : spec_.graphs) {
+    if (!catalog.titles.Has(NameText(graph.titleFormat, name))) continue;
+    GraphRecord& record = MakeGraph(catalog, graph, name);
+    row.subTable.push_back({graph.code, graph.label, &record, {}});
+    entry.graphs.emplace_back(&graph, &record);
   }
-  StoreTotals(state, totals);
+  if (!row.subTable.empty()) disks->subTable.push_back(std::move(row));
+}
+
+DiskPass::Entry& DiskPass::EntryOf(GraphCatalog& catalog, std::string_view name) {
+  const auto found = entries_.find(name);
+  if (found != entries_.end()) return found->second;
+  Entry& entry = entries_[std::string(name)];
+  if (detail_.hasGraphs) MakeRow(catalog, entry, name);
+  return entry;
+}
+
+void DiskPass::Store(const Minute& minute, std::string_view name, const DiskFigures& figures) {
+  Entry& entry = EntryOf(minute.catalog, name);
+  for (size_t i = 0; i < DISK_SERIES_COUNT; ++i) {
+    if (detail_.series[i]) entry.series[i].Feed(pages_, minute.sample, figures.*SERIES_FIGURES[i]);
+  }
+  for (const auto& [graph, record] : entry.graphs) {
+    for (size_t set = 0; set < graph->traces.size(); ++set)
+      PointStore(record->data.y[set], minute.point, figures.*graph->traces[set].figure);
+  }
+}
+
+void DiskPass::Run(const Minute& minute, const VmrContext& interval, const PagingOperations& paging) {
+  DiskFigures totals;
+  for (const DiskRecord& disk : interval.disks.primary) {
+    if (disk.deviceName.empty()) continue;
+    const DiskSpec::Name name = spec_.name(disk.deviceName);
+    if (!name.isDisk) continue;
+    const DiskFigures figures = DiskFiguresOf(disk, spec_.timesMeasured);
+    for (const auto figure : SUMMED_FIGURES) totals.*figure += figures.*figure;
+    if (detail_.IsWanted()) Store(minute, TrimText(name.name, " "), figures);
+  }
+  StoreTotals(minute, totals, paging);
+}
+
+std::vector<NamedSeries> DiskPass::Named(DiskSeries series) const {
+  std::vector<NamedSeries> named;
+  named.reserve(entries_.size());
+  for (const auto& [name, entry] : entries_)
+    named.push_back({name, &entry.series[static_cast<size_t>(series)]});
+  SortByName(named);
+  return named;
 }
 
 }  // namespace ozmo

@@ -1,9 +1,7 @@
 #include "catalog/file_systems.h"
 
-#include <string>
-
 #include "catalog/name_text.h"
-#include "catalog/platform.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -23,13 +21,14 @@ float FileSystemPercent(const FileSystemRecord& record) {
   return 100.0F - available * 100.0F / (available + used);
 }
 
-void AddFileSystems(BuildState& state, const VmrContext& context) {
-  std::string key;
-  for (const FileSystemRecord& record : context.fileSystems.primary) {
-    key.clear();
-    AppendNames(key, state.platform.fileSystemKeyFormat, {record.mountName, record.deviceName});
-    state.trees.Feed(NameTree::FILE_SYSTEMS, TrimBlanks(key), state.point, FileSystemPercent(record));
+void FileSystemPass::Run(const Minute& minute, const VmrContext& interval) {
+  for (const FileSystemRecord& record : interval.fileSystems.primary) {
+    key_.clear();
+    AppendNames(key_, keyFormat_, {record.mountName, record.deviceName});
+    SeriesOf(series_, TrimText(key_, " ")).Feed(pages_, minute.sample, FileSystemPercent(record));
   }
 }
+
+std::vector<NamedSeries> FileSystemPass::Named() const { return NamedOf(series_); }
 
 }  // namespace ozmo

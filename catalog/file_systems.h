@@ -1,10 +1,11 @@
-// The feed of the file system Top list.
+// The series of the file system Top list.
 #pragma once
 
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "catalog/build_state.h"
-#include "readers/vmr_context.h"
+#include "catalog/name_series.h"
+#include "catalog/platform.h"
 
 namespace ozmo {
 
@@ -15,7 +16,21 @@ inline constexpr const char* FILE_SYSTEM_KEY_SPACED = "%s on ( %s )";
 // Percent of the space that is used. A file system with all its blocks free counts as full.
 float FileSystemPercent(const FileSystemRecord& record);
 
-// One interval's file systems, under keys of the platform's format.
-void AddFileSystems(BuildState& state, const VmrContext& context);
+// The file systems seen so far.
+class FileSystemPass {
+ public:
+  FileSystemPass(const char* keyFormat, SeriesBudget& budget) : keyFormat_(keyFormat), pages_(budget) {}
+
+  void Run(const Minute& minute, const VmrContext& interval);
+
+  // In ascending order of their keys.
+  std::vector<NamedSeries> Named() const;
+
+ private:
+  const char* keyFormat_;
+  SeriesPages pages_;
+  SeriesTable series_;
+  std::string key_;  // of the record in hand
+};
 
 }  // namespace ozmo

@@ -1,19 +1,26 @@
 // The graphs that a catalog may hold. A platform's tables say which it has, under which texts.
 #pragma once
 
+#include <cstddef>
+
 namespace ozmo {
 
+// Graphs stand together by the pass that works them out, see GRAPH_PASSES.
 enum class Graph {
-  // CPU
+  // Processors
   OVERALL_CPU,
   CPU_BY_MODE,
   CPU_BY_PROCESSOR,  // on AIX by logical processor
   CPU_BY_CORE,
   ACTIVE_CPUS,
+  // Processes
   TOP_IMAGES,
   TOP_USERS,
   CLASS_CPU,
-  // Disks and file systems
+  CLASS_COUNT,
+  PROCESS_COUNT,
+  PROCESS_PAGEFAULTS,
+  // Disks
   DISK_OPERATIONS,
   DISK_DATA,  // total data rate: a row of its own on HP-UX only
   DISK_BY_TYPE,
@@ -23,22 +30,19 @@ enum class Graph {
   TOP_DISK_UTILIZATION,
   TOP_DISK_RESPONSE,
   TOP_DISK_SPACE,
-  TOP_FILE_SYSTEMS,
   VMR_DISK_TRANSFER,
   VMR_DISK_TRANSFER_SPLIT,
   VMR_DISK_OPERATIONS_SPLIT,
+  // File systems
+  TOP_FILE_SYSTEMS,
   // Memory
   MEMORY_UTILIZATION,
   MEMORY_ALLOCATION,
-  PAGEFAULT_RATE,
+  PAGEFAULT_RATE,  // on Linux worked out from the processes
   PAGEFAULTS_BY_TYPE,
   PAGING_IN_OUT,
   PAGEFAULT_IO,
-  PROCESS_PAGEFAULTS,
   PAGES_IN_OUT,
-  // Processes
-  PROCESS_COUNT,
-  CLASS_COUNT,
   // Protocols
   TCP_PACKETS,  // on Linux and Solaris segments
   TCP_DATA,
@@ -65,8 +69,10 @@ enum class Graph {
   POOL_ENTITLEMENT,
   COUNT
 };
+inline constexpr size_t GRAPH_COUNT = static_cast<size_t>(Graph::COUNT);
 
 // What stands in a row of the tree: a graph, a group of rows, or one of the groups that fill at run time.
 enum class RowKind { GRAPH, GROUP, DISKS, ADAPTERS, PROCESSORS };
+inline constexpr size_t ROW_KIND_COUNT = 5;
 
 }  // namespace ozmo

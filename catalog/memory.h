@@ -14,10 +14,11 @@ struct MemorySize {
   double memMb = 0.0;
   double pageMb = 0.0;  // of one page
 };
-MemorySize MemorySizeOf(const VmrContext& context);
+MemorySize MemorySizeOf(const VmrContext& interval);
 
-// The stores of an interval without a memory record: all figures are 0, memory utilization as given.
-void StoreNoMemory(BuildState& state, double utilization = 0.0);
+// The stores of an interval without a memory record: all figures are 0, memory utilization as given. There
+// was no paging then.
+PagingOperations StoreNoMemory(const Minute& minute, double utilization = 0.0);
 
 // Percent of memory that isn't free. A size of 0 gives what floating point gives.
 double UsedPercent(double freeMb, double memMb);
@@ -25,6 +26,6 @@ double UsedPercent(double freeMb, double memMb);
 double UsedPercentOrMissing(double freeMb, double memMb);
 
 // "PageFaults By Type", and their sum as "Pagefault Rate".
-void StoreFaultKinds(BuildState& state, std::span<const float> kinds);
+void StoreFaultKinds(const Minute& minute, std::span<const float> kinds);
 
 }  // namespace ozmo

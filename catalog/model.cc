@@ -70,32 +70,45 @@ void GraphRecord::SetColour(int set, std::string colour) { SetText(traceColours,
 const std::optional<std::string>& GraphRecord::Label(int set) const { return TextOf(traceLabels, set); }
 const std::optional<std::string>& GraphRecord::Colour(int set) const { return TextOf(traceColours, set); }
 
-GraphRecord* GraphCatalog::Find(Graph graph) {
+const GraphRecord* GraphCatalog::Find(Graph graph) const {
   const size_t index = static_cast<size_t>(graph);
   return index < records.size() && records[index] ? &*records[index] : nullptr;
 }
 
-Series* GraphCatalog::FindSeries(Graph graph, int set) {
+GraphRecord* GraphCatalog::Find(Graph graph) {
+  return const_cast<GraphRecord*>(std::as_const(*this).Find(graph));
+}
+
+GraphRecord* GraphCatalog::FindNeeded(Graph graph) {
   GraphRecord* record = Find(graph);
+  return record != nullptr && record->isNeeded ? record : nullptr;
+}
+
+const Series* GraphCatalog::FindSeries(Graph graph, int set) const {
+  const GraphRecord* record = Find(graph);
   if (record == nullptr || set < 0 || set >= record->data.nsets()) return nullptr;
   return &record->data.y[static_cast<size_t>(set)];
+}
+
+Series* GraphCatalog::FindSeries(Graph graph, int set) {
+  return const_cast<Series*>(std::as_const(*this).FindSeries(graph, set));
 }
 
 void GraphCatalog::Store(Graph graph, int set, int point, float value) {
   if (Series* series = FindSeries(graph, set)) PointStore(*series, point, value);
 }
 
-void SeriesRequire(const GraphCatalog& catalog, int64_t count, int64_t points) {
+void SeriesBudget::Take(int64_t count, int64_t points) {
   constexpr int64_t VALUE_BYTES = sizeof(float);
   if (points < 0) MemFail(points * VALUE_BYTES);
-  const int64_t valuesLeft = (MAX_SERIES_BYTES - catalog.seriesBytes) / VALUE_BYTES;
-  if (points > 0 && count > valuesLeft / points) MemFail(catalog.seriesBytes + count * points * VALUE_BYTES);
+  const int64_t valuesLeft = (MAX_SERIES_BYTES - bytes_) / VALUE_BYTES;
+  if (points > 0 && count > valuesLeft / points) MemFail(bytes_ + count * points * VALUE_BYTES);
+  bytes_ += count * points * VALUE_BYTES;
 }
 
 Series SeriesNew(GraphCatalog& catalog) {
   const int64_t points = int64_t{catalog.pointCount} + 1;
-  SeriesRequire(catalog, 1, points);
-  catalog.seriesBytes += points * static_cast<int64_t>(sizeof(float));
+  catalog.budget.Take(1, points);
   return Series(static_cast<size_t>(points), MISSING_POINT);
 }
 

@@ -3,6 +3,8 @@
 // Every graph is a GraphRecord: fixed texts plus one float series a trace, one value a minute. Point i of a
 // series is the minute spanStart + i * 60; point 0 never holds data. After the walk the traces of a record
 // are stacked: set 0 holds the sum of all sets, the last set itself.
+//
+// A catalog may be built for some of its graphs only. The others have their place in the tree and no series.
 #pragma once
 
 #include <array>
@@ -14,6 +16,7 @@
 #include <vector>
 
 #include "catalog/graph.h"
+#include "catalog/graph_name.h"
 #include "runtime/times.h"
 
 namespace ozmo {
@@ -40,6 +43,7 @@ struct GraphRecord {
   std::vector<std::optional<std::string>> traceLabels;
   std::vector<std::optional<std::string>> traceColours;
   XrtData data;
+  bool isNeeded = true;  // for the graphs that the catalog is built for; else it gets no series
 
   void SetLabel(int set, std::string label);
   void SetColour(int set, std::string colour);
@@ -69,6 +73,18 @@ struct WalkExtent {
   int lastPoint = 0;   // the highest
 };
 
+// The storage of a catalog's series. A request for more than one can reasonably have, such as a span without
+// a begin, ends the run as a failed allocation does (NOALLOC, exit status 0), without trying.
+class SeriesBudget {
+ public:
+  // Counts `count` more series of `points` values each. The limit is 2 GiB; a negative number of points is
+  // beyond it as well.
+  void Take(int64_t count, int64_t points);
+
+ private:
+  int64_t bytes_ = 0;  // so far
+};
+
 struct GraphCatalog {
   Seconds spanStart = 0;
   Seconds spanEnd = 0;
@@ -79,8 +95,9 @@ struct GraphCatalog {
   std::vector<GraphMenuEntry> itemTree;
   // The rows whose sub-tables fill at run time, by RowKind; null where the platform has no such row.
   std::array<GraphMenuEntry*, 5> runtimeRows{};
-  Series overlayScratch;    // pointCount + 1 points: selection puts the overlay trace here
-  int64_t seriesBytes = 0;  // of the series handed out so far, see SeriesRequire
+  Series overlayScratch;  // selection puts the overlay trace here
+  WantedTitles titles = WantedTitles::All();
+  SeriesBudget budget;
 
   GraphCatalog() = default;
   GraphCatalog(const GraphCatalog&) = delete;  // rows point to records
@@ -88,10 +105,14 @@ struct GraphCatalog {
 
   // The record of `graph`, or null where the platform has none.
   GraphRecord* Find(Graph graph);
+  const GraphRecord* Find(Graph graph) const;
+  // The same where somebody needs it, else null.
+  GraphRecord* FindNeeded(Graph graph);
   // The row whose sub-table fills at run time (DISKS, ADAPTERS, PROCESSORS), or null.
   GraphMenuEntry* RuntimeRow(RowKind kind) { return runtimeRows[static_cast<size_t>(kind)]; }
   // Series of a set, or null where the platform lacks the graph or the record the set.
   Series* FindSeries(Graph graph, int set);
+  const Series* FindSeries(Graph graph, int set) const;
   // Stores a value; nothing happens where the platform or the record lacks the graph, set or point.
   void Store(Graph graph, int set, int point, float value);
 };
@@ -115,11 +136,7 @@ inline void PointFeed(Series& series, int point, float value) {
   sum += value;
 }
 
-// Ends the run as a failed allocation does (NOALLOC, exit status 0) if `count` more series of `points` values
-// are more than a request can reasonably have, 2 GiB for a catalog, or if the number of points is negative.
-void SeriesRequire(const GraphCatalog& catalog, int64_t count, int64_t points);
-
-// A series of `pointCount` + 1 values, all MISSING_POINT, counted against the limit.
+// A series of `pointCount` + 1 values, all MISSING_POINT, counted in the budget.
 Series SeriesNew(GraphCatalog& catalog);
 
 // Gives the record `nsets` missing series of `pointCount` + 1 values.

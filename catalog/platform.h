@@ -1,20 +1,21 @@
-// What makes one platform's catalog: the constant description that the driver of builder.h runs on.
-//
-// A new platform is one such description, its tables of texts, and the few passes that are its own.
+// What is particular to one platform's catalog: the constant description that the builder runs on.
 #pragma once
 
 #include <optional>
 #include <span>
 #include <string_view>
 
-#include "catalog/build_state.h"
 #include "catalog/disk_spec.h"
+#include "catalog/minute.h"
 #include "catalog/tables.h"
 #include "readers/vmr_context.h"
 
 namespace ozmo {
 
-// How many minute points a span has, start and end in seconds.
+class ProcessorPass;
+class ProcessPass;
+
+// How many points a span has.
 enum class PointCountRule {
   OF_DIFFERENCE,  // (end - start) / 60 + 2
   OF_QUOTIENTS    // end / 60 - start / 60 + 2
@@ -24,6 +25,27 @@ enum class PointCountRule {
 enum class PointRule {
   NEAREST_MINUTE,  // half a minute rounds up
   TRUNCATED        // to the minute of the clock
+};
+
+// The length of the collection interval, as the builder knows it.
+struct CollectionInterval {
+  bool isKnown = false;
+  int minutes = 0;
+  float seconds = 0.0F;       // measured, for those who measure it
+  Seconds lastTimeStamp = 0;  // the same
+};
+
+// What the processors of one interval add up to.
+struct ProcessorSums {
+  int seen = 0;             // processors counted
+  double overallCpu = 0.0;  // percent
+  double time = 0.0;        // of all processors' time counters
+};
+
+// Disk operations per second that paging made in one interval.
+struct PagingOperations {
+  double paging = 0.0;
+  double swapping = 0.0;
 };
 
 // The sets behind the ranks of a Top list.
@@ -39,7 +61,7 @@ struct TopListSpec {
   const char* labelFormat = nullptr;
   int firstRank = 0;
   OthersRule others = OthersRule::NONE;
-  bool rescaled = false;  // by NormalizeProcessSeries
+  bool isRescaled = false;  // by NormalizeProcessSeries
 };
 
 struct TopListSpecs {
@@ -63,66 +85,66 @@ struct ProcessorSpec {
   bool setsFromConfiguration = false;   // the first interval makes one set for each configured processor
 };
 
-// Percent of the machine that a process took in the interval.
-using ShareRule = double (*)(const BuildState& state, const VmrContext& context,
-                             const ProcessRecord& process);
-
-struct ProcessSpec {
-  ShareRule share = nullptr;
-  const char* passedOver = nullptr;  // the process of this name has no share
-  bool restNamed = false;            // what the shares leave of overall CPU goes to "<NoProc>"
-  bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0
-  bool classesRescaled = true;       // the class series by NormalizeProcessSeries
+// What a process's share is worked out from, besides its record.
+struct ShareBasis {
+  const VmrContext& interval;
+  const ProcessorSums& processors;
+  Seconds spanStart;
 };
 
-// Whether the interval brought any processor.
-bool HasProcessors(const VmrContext& context);
-
-// A pass over one part of an interval's records.
-using Pass = void (*)(BuildState& state, const VmrContext& context);
+struct ProcessSpec {
+  // Percent of the machine that a process took in the interval.
+  double (*share)(const ProcessRecord& process, const ShareBasis& basis) = nullptr;
+  const char* passedOver = nullptr;  // the process of this name has no share
+  bool restIsNamed = false;          // what the shares leave of overall CPU goes to "<NoProc>"
+  bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0
+  bool classesAreRescaled = true;    // the class series by NormalizeProcessSeries
+};
 
 struct PlatformSpec {
-  std::span<const RecordText> (*records)() = nullptr;
-  std::span<const RowText> (*tree)() = nullptr;
+  std::span<const RecordText> records = {};
+  std::span<const RowText> tree = {};
 
   PointCountRule pointCountRule = PointCountRule::OF_QUOTIENTS;
   PointRule pointRule = PointRule::TRUNCATED;
   int gapExtra = 0;                       // maxGap is the interval in minutes plus this
   bool dropsBeyondEnd = false;            // an interval behind the last point is dropped
-  bool walksWithoutOpen = false;          // the walk starts whatever ReaderOpen answered
-  std::optional<int> skippedResult = {};  // a result of ReaderNext that skips the interval and goes on
+  bool walksWithoutOpen = false;          // the walk starts whatever opening answered
+  std::optional<int> skippedResult = {};  // a result of the reader that skips the interval and goes on
   Seconds detailLimit = 0;  // a longer span has no disks and file systems in detail; 0: no limit
   const char* secondClassFile = nullptr;
 
   // Whether an interval counts. One without processor data doesn't: nothing of it is stored, and its minute
   // stays free for a later one.
-  bool (*usesInterval)(const VmrContext& context) = HasProcessors;
+  bool (*usesInterval)(const VmrContext& interval) = nullptr;
   // Null: the first interval's configuration tells it.
-  Pass measureInterval = nullptr;
+  void (*measureInterval)(CollectionInterval& measured, const VmrContext& interval) = nullptr;
 
-  // In the order of an interval's work. A null pass: the platform has no such data.
-  Pass processors = nullptr;
-  Pass memory = nullptr;
-  Pass disks = nullptr;
-  Pass fileSystems = nullptr;
-  Pass adapters = nullptr;
-  Pass processes = nullptr;
-  Pass network = nullptr;
-  Pass partition = nullptr;
+  // The passes, in the order of an interval's work. Those of disks, file systems and adapters are the same
+  // everywhere.
+  ProcessorSums (*processors)(ProcessorPass& pass, const Minute& minute,
+                              const VmrContext& interval) = nullptr;
+  PagingOperations (*memory)(const Minute& minute, const VmrContext& interval) = nullptr;
+  void (*processes)(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+                    const ProcessorSums& processors, const CollectionInterval& length) = nullptr;
+  void (*protocols)(const Minute& minute, const VmrContext& interval) = nullptr;
+  void (*partition)(const Minute& minute, const VmrContext& interval) = nullptr;  // null: there are none
 
   // Differences within the shared passes.
   ProcessorSpec processorSpec = {};
   ProcessSpec processSpec = {};
   DiskSpec diskSpec = {};
-  const char* fileSystemKeyFormat = "";                    // of mount point and device, see file_systems.h
-  bool (*adapterFilter)(std::string_view name) = nullptr;  // which adapters have graphs; null: all
+  const char* fileSystemKeyFormat = nullptr;  // see file_systems.h; null: no such data
+  // Which adapters have graphs; null: no such data.
+  bool (*hasAdapterGraphs)(std::string_view name) = nullptr;
   TopListSpecs topLists = {};
 
-  // Behind the Top lists and classes; null: nothing is left to do.
-  void (*finish)(BuildState& state) = nullptr;
+  // Behind the Top lists and classes; null: nothing is left to do. `processors` were seen in the last
+  // interval.
+  void (*finish)(GraphCatalog& catalog, int processors) = nullptr;
 };
 
 // The configuration of the walk; all members 0 where the file told none.
-const SystemConfig& ConfigOf(const VmrContext& context);
+const SystemConfig& ConfigOf(const VmrContext& interval);
 
 }  // namespace ozmo

@@ -1,8 +1,6 @@
 #include "catalog/processes.h"
 
-#include <string>
-
-#include "catalog/top_graphs.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -12,75 +10,93 @@ constexpr std::string_view REST_NAME = "<NoProc>";
 // Command lines with ever new arguments mustn't make the store of known processes grow without end.
 constexpr size_t MAX_IDENTITIES = 65536;
 
-ProcessIdentity IdentityOf(BuildState& state, std::string_view user, std::string_view command) {
-  ProcessIdentities& known = state.processIdentities;
-  const auto found = known.find(ProcessKeyView(user, command));
-  if (found != known.end()) return found->second;
-
-  ProcessIdentity identity;
-  identity.workloadClass = WorkloadClassify(state.classes, user, command);
-  identity.image = &state.trees.At(NameTree::IMAGES, ImageOfCommand(command));
-  if (state.platform.topLists.users.labelFormat != nullptr) {
-    identity.user = &state.trees.At(NameTree::USERS, TrimBlanks(user));
-  }
-  if (known.size() >= MAX_IDENTITIES) known.clear();
-  known.emplace(ProcessKey{std::string(user), std::string(command)}, identity);
-  return identity;
-}
-
-void FeedSet(BuildState& state, Graph graph, int set, float value) {
-  if (Series* series = state.catalog.FindSeries(graph, set)) PointFeed(*series, state.point, value);
-}
-
-// Feeds all but the process count of the class.
-ProcessIdentity FeedNamedShare(BuildState& state, std::string_view user, std::string_view command,
-                               float share) {
-  const ProcessIdentity identity = IdentityOf(state, user, command);
-  FeedSet(state, Graph::CLASS_CPU, identity.workloadClass, share);
-  PointFeed(*identity.image, state.point, share);
-  if (identity.user != nullptr) PointFeed(*identity.user, state.point, share);
-  return identity;
-}
-
-// Overall CPU that no process accounts for. With no process at all the sum may still be missing, and then
-// the rest is taken from that.
-void FeedRest(BuildState& state) {
-  const double sum = static_cast<double>(PointAt(state.processCpuSum, state.point));
-  const double rest = state.sums.overallCpu - sum;
-  if (!(rest > 0.0)) return;
-  FeedNamedShare(state, REST_NAME, REST_NAME, static_cast<float>(rest));
-  PointStore(state.processCpuSum, state.point, static_cast<float>(sum + rest));
-}
+constexpr size_t COMMAND_BYTES = 255;
+constexpr std::string_view NO_COMMAND = "<unknown>";
+constexpr std::string_view WORD_SEPARATORS = " \t";
 
 }  // namespace
+
+std::string_view ImageOfCommand(std::string_view command) {
+  std::string_view text = command.substr(0, COMMAND_BYTES);
+  size_t word = text.find_first_not_of(WORD_SEPARATORS);
+  if (word == std::string_view::npos) {
+    text = NO_COMMAND;
+    word = 0;
+  }
+  text = text.substr(0, text.find_first_of(WORD_SEPARATORS, word));
+  // Without a '/' the name starts where the command does: leading blanks are part of it.
+  const size_t slash = text.rfind('/');
+  if (slash != std::string_view::npos) text.remove_prefix(slash + 1);
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return text;
+}
 
 double CpuSecondsOf(const ProcessRecord& process) {
   return static_cast<double>(process.userCpuSeconds + process.systemCpuSeconds);
 }
 
-void FeedShare(BuildState& state, std::string_view user, std::string_view command, double share) {
-  const float value = static_cast<float>(share);
-  PointFeed(state.processCpuSum, state.point, value);
-  const ProcessIdentity identity = FeedNamedShare(state, user, command, value);
-  FeedSet(state, Graph::CLASS_COUNT, identity.workloadClass, 1.0F);
-}
-
-void AddProcesses(BuildState& state, const VmrContext& context) {
-  const ProcessSpec& spec = state.platform.processSpec;
-  for (const ProcessRecord& process : context.processes.primary) {
-    if (spec.passedOver != nullptr && process.name == spec.passedOver) continue;
-    FeedShare(state, process.userName, process.name, spec.share(state, context, process));
+ProcessPass::ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail,
+                         const WorkloadClassList& classes, GraphCatalog& catalog)
+    : spec_(spec), detail_(detail), classes_(classes), pages_(catalog.budget) {
+  if (detail_.shares) {
+    const auto points = static_cast<size_t>(catalog.pointCount) + 1;
+    shareSum_.assign(points, spec_.sumStartsMissing ? MISSING_POINT : 0.0F);
   }
-  if (spec.restNamed) FeedRest(state);
-  const float count = static_cast<float>(context.processes.primary.size());
-  state.catalog.Store(Graph::PROCESS_COUNT, 0, state.point, count);
 }
 
-void RescaleClasses(BuildState& state) {
-  GraphRecord* record = state.catalog.Find(Graph::CLASS_CPU);
-  const std::optional<CpuScale> scale = CpuScaleOf(state);
-  if (record == nullptr || !scale) return;
-  for (Series& series : record->data.y) NormalizeProcessSeries(series, *scale);
+const ProcessPass::Identity& ProcessPass::IdentityOf(std::string_view user, std::string_view command) {
+  const auto found = identities_.find(ProcessKeyView(user, command));
+  if (found != identities_.end()) return found->second;
+
+  if (identities_.size() >= MAX_IDENTITIES) identities_.clear();
+  Identity& identity = identities_[ProcessKey{std::string(user), std::string(command)}];
+  if (detail_.classes) identity.workloadClass = WorkloadClassify(classes_, user, command);
+  if (detail_.images) identity.image = &SeriesOf(images_, ImageOfCommand(command));
+  if (detail_.users) identity.user = &SeriesOf(users_, TrimText(user, " "));
+  return identity;
+}
+
+// Feeds all but the process count of the class.
+const ProcessPass::Identity& ProcessPass::FeedNamedShare(const Minute& minute, std::string_view user,
+                                                         std::string_view command, float share) {
+  const Identity& identity = IdentityOf(user, command);
+  minute.Feed(Graph::CLASS_CPU, identity.workloadClass, share);
+  if (identity.image != nullptr) identity.image->Feed(pages_, minute.sample, share);
+  if (identity.user != nullptr) identity.user->Feed(pages_, minute.sample, share);
+  return identity;
+}
+
+void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, double share) {
+  const float value = static_cast<float>(share);
+  if (detail_.shares) PointFeed(shareSum_, minute.point, value);
+  const Identity& identity = FeedNamedShare(minute, process.userName, process.name, value);
+  minute.Feed(Graph::CLASS_COUNT, identity.workloadClass, 1.0F);
+}
+
+// Overall CPU that no process accounts for. With no process at all the sum may still be missing, and then
+// the rest is taken from that.
+void ProcessPass::FeedRest(const Minute& minute, double overallCpu) {
+  const double sum = static_cast<double>(PointAt(shareSum_, minute.point));
+  const double rest = overallCpu - sum;
+  if (!(rest > 0.0)) return;
+  FeedNamedShare(minute, REST_NAME, REST_NAME, static_cast<float>(rest));
+  PointStore(shareSum_, minute.point, static_cast<float>(sum + rest));
+}
+
+void ProcessPass::Run(const Minute& minute, const VmrContext& interval, const ProcessorSums& processors) {
+  minute.Store(Graph::PROCESS_COUNT, 0, static_cast<float>(interval.processes.primary.size()));
+  if (!detail_.IsWanted()) return;
+  const ShareBasis basis{interval, processors, minute.catalog.spanStart};
+  for (const ProcessRecord& process : interval.processes.primary) {
+    if (spec_.passedOver != nullptr && process.name == spec_.passedOver) continue;
+    FeedShare(minute, process, detail_.shares ? spec_.share(process, basis) : 0.0);
+  }
+  if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);
+}
+
+void AddProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+                  const ProcessorSums& processors, const CollectionInterval& /*length*/) {
+  pass.Run(minute, interval, processors);
 }
 
 }  // namespace ozmo

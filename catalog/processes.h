@@ -1,20 +1,102 @@
 // The process pass: each process's share of the machine goes to its class, image and user.
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "catalog/name_hash.h"
+#include "catalog/name_series.h"
 #include "catalog/platform.h"
+#include "workload/workload.h"
 
 namespace ozmo {
+
+// What a build wants of single processes.
+struct ProcessDetail {
+  bool shares = false;   // by class, and their sum
+  bool images = false;   // shares by image
+  bool users = false;    // shares by user
+  bool classes = false;  // shares or processes by class
+  bool IsWanted() const { return shares || classes; }
+};
+
+// The image name in a command: last path component of the first word, without a leading '-'.
+std::string_view ImageOfCommand(std::string_view command);
 
 // User and system seconds of the interval.
 double CpuSecondsOf(const ProcessRecord& process);
 
-// Shares of all processes by the platform's rule, and "Process Count".
-void AddProcesses(BuildState& state, const VmrContext& context);
+// A user and a command, which can be looked up without making texts of them first.
+struct ProcessKey {
+  std::string user;
+  std::string command;
+};
+struct ProcessKeyView {
+  std::string_view user;
+  std::string_view command;
+  ProcessKeyView(std::string_view userText, std::string_view commandText)
+      : user(userText), command(commandText) {}
+  ProcessKeyView(const ProcessKey& key) : user(key.user), command(key.command) {}
+};
+struct ProcessKeyHash {
+  using is_transparent = void;
+  size_t operator()(const ProcessKeyView& key) const {
+    return HashName(key.command, HashName(key.user, seed));
+  }
+  uint64_t seed = NameSeed();
+};
+struct ProcessKeyEqual {
+  using is_transparent = void;
+  bool operator()(const ProcessKeyView& a, const ProcessKeyView& b) const {
+    return a.user == b.user && a.command == b.command;
+  }
+};
 
-// One process's share, and one in the process count of its class.
-void FeedShare(BuildState& state, std::string_view user, std::string_view command, double share);
+// The images and users seen so far, and the sum of the shares.
+class ProcessPass {
+ public:
+  ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail, const WorkloadClassList& classes,
+              GraphCatalog& catalog);
 
-// After the walk: scales the class series to overall CPU.
-void RescaleClasses(BuildState& state);
+  // Shares of all processes by the platform's rule, and "Process Count".
+  void Run(const Minute& minute, const VmrContext& interval, const ProcessorSums& processors);
+
+  // One process's share, and one in the process count of its class.
+  void FeedShare(const Minute& minute, const ProcessRecord& process, double share);
+
+  const ProcessDetail& detail() const { return detail_; }
+  // Sum of process CPU shares by point; empty where nobody wants shares.
+  const Series& shareSum() const { return shareSum_; }
+  // In ascending order of their names.
+  std::vector<NamedSeries> Images() const { return NamedOf(images_); }
+  std::vector<NamedSeries> Users() const { return NamedOf(users_); }
+
+ private:
+  // Where a process's share goes, worked out once for each user and command.
+  struct Identity {
+    int workloadClass = 0;
+    NameSeries* image = nullptr;
+    NameSeries* user = nullptr;
+  };
+  const Identity& IdentityOf(std::string_view user, std::string_view command);
+  const Identity& FeedNamedShare(const Minute& minute, std::string_view user, std::string_view command,
+                                 float share);
+  void FeedRest(const Minute& minute, double overallCpu);
+
+  const ProcessSpec& spec_;
+  ProcessDetail detail_;
+  const WorkloadClassList& classes_;
+  SeriesPages pages_;
+  SeriesTable images_;
+  SeriesTable users_;
+  std::unordered_map<ProcessKey, Identity, ProcessKeyHash, ProcessKeyEqual> identities_;
+  Series shareSum_;
+};
+
+// The pass of a platform that has nothing of its own.
+void AddProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+                  const ProcessorSums& processors, const CollectionInterval& length);
 
 }  // namespace ozmo

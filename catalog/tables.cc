@@ -72,9 +72,12 @@ int FixedSeriesCount(std::span<const RecordText> records) {
 }
 
 void CreateFixedSeries(GraphCatalog& catalog, std::span<const RecordText> records) {
+  const size_t points = static_cast<size_t>(catalog.pointCount) + 1;
   for (const RecordText& text : records) {
-    const size_t sets = text.plan == SeriesPlan::FIXED ? text.traces.size() : 0;
-    XrtSeriesCreate(catalog, *catalog.Find(text.graph), static_cast<int>(sets));
+    GraphRecord& record = *catalog.Find(text.graph);
+    record.data.npoints = static_cast<int>(points);
+    if (!record.isNeeded || text.plan != SeriesPlan::FIXED) continue;
+    record.data.y.assign(text.traces.size(), Series(points, MISSING_POINT));
   }
 }
 

@@ -22,20 +22,40 @@ enum class SeriesPlan {
 struct RecordText {
   Graph graph;
   const char* title;
-  const char* yTitle;
-  float yMax;
-  const char* legendFormat;
-  SeriesPlan plan;
-  std::span<const TraceText> traces;  // RUN_TIME with none: the palette
+  const char* yTitle = "";
+  float yMax = 0.0F;
+  const char* legendFormat = "";
+  SeriesPlan plan = SeriesPlan::FIXED;
+  std::span<const TraceText> traces = {};  // RUN_TIME with none: the palette
 };
 
 struct RowText {
   const char* code;
   const char* label;
-  RowKind kind;
+  RowKind kind = RowKind::GRAPH;
   Graph graph = Graph::COUNT;          // of a GRAPH row
   std::span<const RowText> rows = {};  // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
 };
+
+// Whether each record stands in the table once.
+constexpr bool EachGraphHasOneRecord(std::span<const RecordText> records) {
+  for (size_t i = 0; i < records.size(); ++i) {
+    for (size_t j = 0; j < i; ++j) {
+      if (records[i].graph == records[j].graph) return false;
+    }
+  }
+  return true;
+}
+
+// Whether each graph row leads to a record, and no other row does.
+constexpr bool RowsLeadToRecords(std::span<const RowText> rows, std::span<const RecordText> records) {
+  for (const RowText& row : rows) {
+    bool isRecord = false;
+    for (const RecordText& record : records) isRecord = isRecord || record.graph == row.graph;
+    if (isRecord != (row.kind == RowKind::GRAPH) || !RowsLeadToRecords(row.rows, records)) return false;
+  }
+  return true;
+}
 
 // Makes the catalog's records and tree from a platform's tables. The records have no series yet.
 void CatalogFromTables(GraphCatalog& catalog, std::span<const RecordText> records,
@@ -44,7 +64,8 @@ void CatalogFromTables(GraphCatalog& catalog, std::span<const RecordText> record
 // Series that CreateFixedSeries makes.
 int FixedSeriesCount(std::span<const RecordText> records);
 
-// Gives each FIXED record its missing series, one a trace, and every record its point count.
+// Gives each FIXED record that is needed its missing series, one a trace, and every record its point count.
+// The series are in the budget by then.
 void CreateFixedSeries(GraphCatalog& catalog, std::span<const RecordText> records);
 
 }  // namespace ozmo

@@ -6,55 +6,79 @@
 namespace ozmo {
 namespace {
 
-enum class Weight { PLAIN, NORMALIZED_FLOAT, NORMALIZED_DOUBLE };
-
-// One list, the same on all platforms; TopListSpec holds what differs.
-struct TopListRule {
-  NameTree tree;
-  TopListSpec TopListSpecs::*spec;
-  Graph graph;
-  Weight weight;
-  Graph total;    // of "Others"
-  bool ofDetail;  // not kept for a span beyond the platform's limit
-};
-
-constexpr TopListRule TOP_LIST_RULES[] = {
-    {NameTree::IMAGES, &TopListSpecs::images, Graph::TOP_IMAGES, Weight::NORMALIZED_FLOAT, Graph::OVERALL_CPU,
-     false},
-    {NameTree::USERS, &TopListSpecs::users, Graph::TOP_USERS, Weight::NORMALIZED_DOUBLE, Graph::OVERALL_CPU,
-     false},
-    {NameTree::DISK_OPERATIONS, &TopListSpecs::diskOperations, Graph::TOP_DISK_OPERATIONS, Weight::PLAIN,
-     Graph::DISK_OPERATIONS, true},
-    {NameTree::DISK_DATA, &TopListSpecs::diskData, Graph::TOP_DISK_DATA, Weight::PLAIN, Graph::DISK_DATA,
-     true},
-    {NameTree::DISK_QUEUE, &TopListSpecs::diskQueue, Graph::TOP_DISK_QUEUE, Weight::PLAIN, Graph::COUNT,
-     true},
-    {NameTree::DISK_UTILIZATION, &TopListSpecs::diskUtilization, Graph::TOP_DISK_UTILIZATION, Weight::PLAIN,
-     Graph::COUNT, true},
-    {NameTree::DISK_SPACE, &TopListSpecs::diskSpace, Graph::TOP_DISK_SPACE, Weight::PLAIN, Graph::COUNT,
-     true},
-    {NameTree::FILE_SYSTEMS, &TopListSpecs::fileSystems, Graph::TOP_FILE_SYSTEMS, Weight::PLAIN, Graph::COUNT,
-     true},
-};
-
-// An image or user that did nothing isn't ranked; an idle disk is.
-bool Admitted(Weight rule, float weight) { return rule == Weight::PLAIN ? weight >= 0.0F : weight > 0.0F; }
-
-float WeightOf(Weight rule, const Series& series, const std::optional<CpuScale>& scale, int points) {
-  if (rule == Weight::PLAIN) return PlainSum(series, points);
-  if (!scale) return 0.0F;
-  if (rule == Weight::NORMALIZED_FLOAT) return NormalizedSum<float>(series, *scale);
-  return static_cast<float>(NormalizedSum<double>(series, *scale));
+template <DiskSeries which>
+std::vector<NamedSeries> DisksBy(const TopSources& sources) {
+  return sources.disks.Named(which);
 }
 
-TopList Rank(BuildState& state, const TopListRule& rule) {
-  const std::optional<CpuScale> scale = CpuScaleOf(state);
+// A list of disks, by one of their series.
+template <DiskSeries which>
+constexpr TopListRule DiskList(Graph graph, TopListSpec TopListSpecs::*spec, Graph total = Graph::COUNT) {
+  return {.graph = graph,
+          .spec = spec,
+          .named = DisksBy<which>,
+          .diskSeries = which,
+          .total = total,
+          .isOfDetail = true};
+}
+
+constexpr TopListRule TOP_LIST_RULES[] = {
+    {.graph = Graph::TOP_IMAGES,
+     .spec = &TopListSpecs::images,
+     .named = [](const TopSources& sources) { return sources.processes.Images(); },
+     .weight = Weight::NORMALIZED_FLOAT,
+     .total = Graph::OVERALL_CPU},
+    {.graph = Graph::TOP_USERS,
+     .spec = &TopListSpecs::users,
+     .named = [](const TopSources& sources) { return sources.processes.Users(); },
+     .weight = Weight::NORMALIZED_DOUBLE,
+     .total = Graph::OVERALL_CPU},
+    DiskList<DiskSeries::OPERATIONS>(Graph::TOP_DISK_OPERATIONS, &TopListSpecs::diskOperations,
+                                     Graph::DISK_OPERATIONS),
+    DiskList<DiskSeries::DATA>(Graph::TOP_DISK_DATA, &TopListSpecs::diskData, Graph::DISK_DATA),
+    DiskList<DiskSeries::QUEUE>(Graph::TOP_DISK_QUEUE, &TopListSpecs::diskQueue),
+    DiskList<DiskSeries::UTILIZATION>(Graph::TOP_DISK_UTILIZATION, &TopListSpecs::diskUtilization),
+    DiskList<DiskSeries::SPACE>(Graph::TOP_DISK_SPACE, &TopListSpecs::diskSpace),
+    {.graph = Graph::TOP_FILE_SYSTEMS,
+     .spec = &TopListSpecs::fileSystems,
+     .named = [](const TopSources& sources) { return sources.fileSystems.Named(); },
+     .isOfDetail = true},
+};
+
+bool IsAdmitted(Weight rule, float weight) { return rule == Weight::PLAIN ? weight >= 0.0F : weight > 0.0F; }
+
+// What the names of one list are weighed with.
+struct Scales {
+  const SampledPoints& points;
+  int pointCount;
+  std::optional<CpuScale> cpu;
+};
+
+float WeightOf(Weight rule, const Samples& samples, const Scales& scales) {
+  if (rule == Weight::PLAIN) return PlainSum(samples, scales.pointCount);
+  if (!scales.cpu) return 0.0F;
+  if (rule == Weight::NORMALIZED_FLOAT) return NormalizedSum<float>(samples, *scales.cpu);
+  return static_cast<float>(NormalizedSum<double>(samples, *scales.cpu));
+}
+
+TopList Rank(const TopListRule& rule, const TopSources& sources, const Scales& scales) {
   TopList list;
-  for (auto& [name, series] : state.trees[rule.tree].names()) {
-    const float weight = WeightOf(rule.weight, series, scale, state.catalog.pointCount);
-    if (Admitted(rule.weight, weight)) TopListInsert(list, {name, weight, &series});
+  Samples samples;
+  for (const NamedSeries& named : rule.named(sources)) {
+    named.series->Collect(scales.points, samples);
+    const float weight = WeightOf(rule.weight, samples, scales);
+    if (IsAdmitted(rule.weight, weight)) TopListInsert(list, {named, weight});
   }
   return list;
+}
+
+// One more set of the record, with the values of a name.
+void AddSet(GraphCatalog& catalog, GraphRecord& record, const NameSeries& series,
+            const SampledPoints& points) {
+  Samples samples;
+  series.Collect(points, samples);
+  XrtSeriesAdd(catalog, record);
+  for (const Sample& sample : samples) PointStore(record.data.y.back(), sample.point, sample.value);
 }
 
 std::string RankLabel(std::string_view format, int rank, std::string_view name) {
@@ -126,55 +150,52 @@ void AddOthersAndInterrupts(GraphCatalog& catalog, GraphRecord& record, Graph to
 }
 
 // The response times of the disks that lead by operations, in the same order and without a rank.
-void TakeResponseTimes(BuildState& state, const TopList& list) {
-  GraphRecord* record = state.catalog.Find(Graph::TOP_DISK_RESPONSE);
+void UseResponseTimes(GraphCatalog& catalog, const TopList& list, const TopSources& sources) {
+  GraphRecord* record = catalog.FindNeeded(Graph::TOP_DISK_RESPONSE);
   if (record == nullptr) return;
-  record->data.y.clear();
   for (const TopEntry& entry : list) {
-    Series* series = state.trees[NameTree::DISK_RESPONSE].Find(entry.name);
-    const int set = record->data.nsets();
-    record->data.y.push_back(series == nullptr ? SeriesNew(state.catalog) : std::move(*series));
-    if (series != nullptr) record->SetLabel(set, std::string(entry.name));
+    record->SetLabel(record->data.nsets(), std::string(entry.named.name));
+    AddSet(catalog, *record, sources.disks.SeriesOf(entry.named.name, DiskSeries::RESPONSE), sources.points);
   }
 }
 
-void UseList(BuildState& state, const TopListRule& rule, const TopListSpec& spec, GraphRecord& record) {
-  const TopList list = Rank(state, rule);
-  record.data.y.clear();
+void UseList(GraphCatalog& catalog, GraphRecord& record, const TopList& list, const TopListRule& rule,
+             const TopListSpec& spec, const Scales& scales) {
   int rank = spec.firstRank;
   for (const TopEntry& entry : list) {
-    record.SetLabel(record.data.nsets(), RankLabel(spec.labelFormat, rank++, entry.name));
-    record.data.y.push_back(std::move(*entry.series));
-    if (!spec.rescaled) continue;
-    if (const std::optional<CpuScale> scale = CpuScaleOf(state)) {
-      NormalizeProcessSeries(record.data.y.back(), *scale);
-    }
+    record.SetLabel(record.data.nsets(), RankLabel(spec.labelFormat, rank++, entry.named.name));
+    AddSet(catalog, record, *entry.named.series, scales.points);
+    if (spec.isRescaled && scales.cpu) NormalizeProcessSeries(record.data.y.back(), *scales.cpu);
   }
-  if (rule.tree == NameTree::DISK_OPERATIONS) TakeResponseTimes(state, list);
-  if (spec.others == OthersRule::TOTAL) AddOthers(state.catalog, record, rule.total);
-  if (spec.others == OthersRule::DPC_INTERRUPT) AddOthersAndInterrupts(state.catalog, record, rule.total);
+  if (spec.others == OthersRule::TOTAL) AddOthers(catalog, record, rule.total);
+  if (spec.others == OthersRule::DPC_INTERRUPT) AddOthersAndInterrupts(catalog, record, rule.total);
 }
 
 }  // namespace
 
-std::optional<CpuScale> CpuScaleOf(BuildState& state) {
-  const Series* overall = state.catalog.FindSeries(Graph::OVERALL_CPU, 0);
-  if (overall == nullptr) return std::nullopt;
-  return CpuScale{*overall, state.processCpuSum, state.catalog.pointCount};
+std::span<const TopListRule> TopListRules() { return TOP_LIST_RULES; }
+
+std::optional<CpuScale> CpuScaleOf(const GraphCatalog& catalog, const Series& shareSum) {
+  const Series* overall = catalog.FindSeries(Graph::OVERALL_CPU, 0);
+  if (overall == nullptr || shareSum.empty()) return std::nullopt;
+  return CpuScale{*overall, shareSum, catalog.pointCount};
 }
 
-void FinishTopLists(BuildState& state) {
+void FinishTopLists(GraphCatalog& catalog, const PlatformSpec& platform, const TopSources& sources) {
+  const Scales scales{sources.points, catalog.pointCount, CpuScaleOf(catalog, sources.processes.shareSum())};
   for (const TopListRule& rule : TOP_LIST_RULES) {
-    const TopListSpec& spec = state.platform.topLists.*rule.spec;
-    GraphRecord* record = state.catalog.Find(rule.graph);
-    if (spec.labelFormat == nullptr || record == nullptr) continue;
-    if (rule.ofDetail && !state.detailed) continue;
-    UseList(state, rule, spec, *record);
+    const TopListSpec& spec = platform.topLists.*rule.spec;
+    GraphRecord* record = catalog.FindNeeded(rule.graph);
+    const bool leads = rule.graph == Graph::TOP_DISK_OPERATIONS;
+    const bool isFollowed = leads && catalog.FindNeeded(Graph::TOP_DISK_RESPONSE) != nullptr;
+    if (spec.labelFormat == nullptr || (record == nullptr && !isFollowed)) continue;
+    const TopList list = Rank(rule, sources, scales);
+    if (record != nullptr) UseList(catalog, *record, list, rule, spec, scales);
+    if (isFollowed) UseResponseTimes(catalog, list, sources);
   }
   // Each file system can add up to 100 in the stack.
-  if (GraphRecord* record = state.catalog.Find(Graph::TOP_FILE_SYSTEMS)) {
+  if (GraphRecord* record = catalog.FindNeeded(Graph::TOP_FILE_SYSTEMS))
     record->yMax = 100.0F * static_cast<float>(record->data.nsets());
-  }
 }
 
 }  // namespace ozmo

@@ -1,16 +1,45 @@
-// From name trees to the graphs of the ten heaviest names.
+// From the series of names to the graphs of the ten heaviest.
 #pragma once
 
 #include <optional>
+#include <span>
 
+#include "catalog/disks.h"
+#include "catalog/file_systems.h"
 #include "catalog/platform.h"
+#include "catalog/processes.h"
+#include "catalog/top_list.h"
 
 namespace ozmo {
 
-// What shares are scaled with; nothing where the platform has no overall CPU.
-std::optional<CpuScale> CpuScaleOf(BuildState& state);
+// How names are weighed. An image or user that did nothing isn't ranked; an idle disk is.
+enum class Weight { PLAIN, NORMALIZED_FLOAT, NORMALIZED_DOUBLE };
 
-// Ranks each tree that the platform keeps a list of and hands the winners' series to the graph.
-void FinishTopLists(BuildState& state);
+// The passes and the points that the lists are made from.
+struct TopSources {
+  const SampledPoints& points;
+  const ProcessPass& processes;
+  const DiskPass& disks;
+  const FileSystemPass& fileSystems;
+};
+
+// One list, the same on all platforms; TopListSpec holds what differs.
+struct TopListRule {
+  Graph graph;
+  TopListSpec TopListSpecs::*spec;
+  std::vector<NamedSeries> (*named)(const TopSources& sources);
+  DiskSeries diskSeries = DiskSeries::COUNT;  // that it ranks, of a list of disks
+  Weight weight = Weight::PLAIN;
+  Graph total = Graph::COUNT;  // of "Others"
+  bool isOfDetail = false;     // not kept for a span beyond the platform's limit
+};
+
+std::span<const TopListRule> TopListRules();
+
+// What shares are scaled with; nothing where the platform has no overall CPU or nobody wants shares.
+std::optional<CpuScale> CpuScaleOf(const GraphCatalog& catalog, const Series& shareSum);
+
+// Ranks the names of each list that is needed and gives the winners' series to its graph.
+void FinishTopLists(GraphCatalog& catalog, const PlatformSpec& platform, const TopSources& sources);
 
 }  // namespace ozmo

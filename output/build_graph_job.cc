@@ -57,6 +57,13 @@ std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& cat
   return job;
 }
 
+// The graphs that the run may come to need.
+WantedTitles TitlesOf(const RunRequest& request) {
+  std::vector<std::string_view> titles = {request.itemName ? std::string_view(*request.itemName) : ""};
+  if (request.overlayName) titles.push_back(OverlayGraphName(*request.overlayName));
+  return WantedTitles(titles);
+}
+
 void WriteGraph(const GraphJob& job, Runtime& runtime) {
   switch (job.graphType) {
     case GraphType::CSV:
@@ -81,7 +88,8 @@ void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runti
     return;
   }
   WorkloadClassList classes;
-  const std::unique_ptr<GraphCatalog> catalog = BuildCatalog(*reader, request, classes, runtime);
+  const std::unique_ptr<GraphCatalog> catalog =
+      BuildCatalog(*reader, request, classes, runtime, TitlesOf(request));
   if (const std::optional<GraphJob> job = SelectGraph(request, *catalog, runtime)) WriteGraph(*job, runtime);
 }
 

@@ -2,20 +2,8 @@
 
 #include <algorithm>
 
-#include "runtime/text.h"
-
 namespace ozmo {
 namespace {
-
-std::string PlainName(std::string_view name) {
-  std::string plain;
-  plain.reserve(name.size());
-  for (char c : name) {
-    if (c == ' ' || c == '"' || c == '\'') continue;
-    plain += LowerLetter(c);
-  }
-  return plain;
-}
 
 // The highest point of the stack, 0 at least. Clears the stack's negatives on the way.
 float TakePeak(XrtData& data) {
@@ -70,10 +58,6 @@ void TakeOutOfStack(const XrtData& data, int set, Series& target) {
 
 }  // namespace
 
-int GraphNameCompare(std::string_view first, std::string_view second) {
-  return PlainName(first).compare(PlainName(second));
-}
-
 GraphRecord* FindGraphRecord(const std::vector<GraphMenuEntry>& table, std::string_view name) {
   for (const GraphMenuEntry& row : table) {
     if (!row.subTable.empty()) {
@@ -98,11 +82,13 @@ Overlay PrepareMainOverlay(GraphRecord& record) {
   return overlay;
 }
 
+std::string_view OverlayGraphName(std::string_view name) { return name.substr(0, name.find('@')); }
+
 OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRecord, std::string_view name) {
   const size_t separator = name.find('@');
   if (separator == std::string_view::npos) return {{}, "Specified overlay trace not found."};
 
-  GraphRecord* other = FindGraphRecord(catalog.itemTree, name.substr(0, separator));
+  GraphRecord* other = FindGraphRecord(catalog.itemTree, OverlayGraphName(name));
   if (other == nullptr) return {{}, "Specified overlay graph not found."};
 
   // The top comes from the whole stack. Whether a fixed top counts is the main graph's to say, and what it is
@@ -115,6 +101,7 @@ OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRec
   const int set = FindTrace(*other, name.substr(separator + 1));
   if (set < 0) return {{}, "Specified overlay trace not found."};
 
+  catalog.overlayScratch.assign(static_cast<size_t>(catalog.pointCount) + 1, 0.0F);
   TakeOutOfStack(other->data, set, catalog.overlayScratch);
   overlay.traces.push_back(
       {other->Label(set), mainRecord.Colour(set), PointsOf(catalog.overlayScratch, mainRecord.data.npoints)});

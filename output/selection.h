@@ -8,14 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "catalog/graph_name.h"
 #include "catalog/model.h"
 #include "output/graph_job.h"
 
 namespace ozmo {
-
-// Zero when two names are the same graph's or trace's: blanks, double quotes, apostrophes and the case of
-// letters don't count. Tabs do.
-int GraphNameCompare(std::string_view first, std::string_view second);
 
 // The record of the first graph row, depth first, whose title is `name`; null when there is none.
 GraphRecord* FindGraphRecord(const std::vector<GraphMenuEntry>& table, std::string_view name);
@@ -30,6 +27,9 @@ struct OverlaySelection {
   std::optional<Overlay> overlay;
   const char* failure = nullptr;  // what to report when there is none
 };
+
+// The part of an overlay's name that names the graph: all ahead of the first "@".
+std::string_view OverlayGraphName(std::string_view name);
 
 // `name` has the form "graph name@trace label". `mainRecord` is the graph that the trace is drawn over.
 OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRecord, std::string_view name);

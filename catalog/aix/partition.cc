@@ -34,14 +34,14 @@ PhysicalUse PhysicalUseOf(const PartitionRecord& partition) {
   return use;
 }
 
-void SetTop(BuildState& state, Graph graph, double yMax) {
-  if (GraphRecord* record = state.catalog.Find(graph)) record->yMax = static_cast<float>(yMax);
+void SetTop(GraphCatalog& catalog, Graph graph, double yMax) {
+  if (GraphRecord* record = catalog.Find(graph)) record->yMax = static_cast<float>(yMax);
 }
 
-void StoreEntitlement(BuildState& state, Graph graph, double entitled, double yMax, bool sharedMode) {
-  StoreSets(state, graph, {entitled});
-  SetTop(state, graph, yMax);
-  if (GraphRecord* record = state.catalog.Find(graph)) record->SetColour(0, sharedMode ? "Red" : "Blue");
+void StoreEntitlement(const Minute& minute, Graph graph, double entitled, double yMax, bool sharedMode) {
+  minute.Store(graph, {entitled});
+  SetTop(minute.catalog, graph, yMax);
+  if (GraphRecord* record = minute.catalog.Find(graph)) record->SetColour(0, sharedMode ? "Red" : "Blue");
 }
 
 // Whether the processor of a set was busy at any point.
@@ -68,40 +68,36 @@ void ScaleSets(GraphCatalog& catalog, Graph graph, float ratio) {
 
 }  // namespace
 
-double PartitionOnline(const PartitionRecord& partition) { return partition.onlineProcessors; }
-
-void AddPartition(BuildState& state, const VmrContext& context) {
-  if (!context.partition) return;
-  const PartitionRecord& partition = *context.partition;
+void AddPartition(const Minute& minute, const VmrContext& interval) {
+  if (!interval.partition) return;
+  const PartitionRecord& partition = *interval.partition;
   const PhysicalUse use = PhysicalUseOf(partition);
   const bool sharedMode = partition.isShared != 0.0;
-  StoreSets(state, Graph::PHYSICAL_CPU, {use.used});
-  SetTop(state, Graph::PHYSICAL_CPU, partition.onlineProcessors);
-  StoreEntitlement(state, Graph::ENTITLEMENT, use.entitled, partition.onlineProcessors, sharedMode);
-  StoreEntitlement(state, Graph::POOL_ENTITLEMENT, use.entitled, partition.poolProcessors, sharedMode);
+  minute.Store(Graph::PHYSICAL_CPU, {use.used});
+  SetTop(minute.catalog, Graph::PHYSICAL_CPU, partition.onlineProcessors);
+  StoreEntitlement(minute, Graph::ENTITLEMENT, use.entitled, partition.onlineProcessors, sharedMode);
+  StoreEntitlement(minute, Graph::POOL_ENTITLEMENT, use.entitled, partition.poolProcessors, sharedMode);
 
   const bool visible = partition.seesPool != 0.0;
   const double others = visible ? partition.poolProcessors - use.donated - use.used : 0.0;
   const double unused = visible ? use.donated : partition.poolProcessors - use.used;
-  StoreSets(state, Graph::SHARED_POOL, {others, unused, use.used});
-  SetTop(state, Graph::SHARED_POOL, partition.poolProcessors);
+  minute.Store(Graph::SHARED_POOL, {others, unused, use.used});
+  SetTop(minute.catalog, Graph::SHARED_POOL, partition.poolProcessors);
 
   if (partition.voluntarySwitchRate + partition.involuntarySwitchRate < MAX_RATE) {
-    StoreSets(state, Graph::CONTEXT_SWITCHES,
-              {partition.voluntarySwitchRate, partition.involuntarySwitchRate});
+    minute.Store(Graph::CONTEXT_SWITCHES, {partition.voluntarySwitchRate, partition.involuntarySwitchRate});
   }
   if (partition.phantomInterruptRate < MAX_RATE)
-    StoreSets(state, Graph::PHANTOM_INTERRUPTS, {partition.phantomInterruptRate});
+    minute.Store(Graph::PHANTOM_INTERRUPTS, {partition.phantomInterruptRate});
 }
 
-void RemoveIdleProcessors(BuildState& state) {
-  GraphCatalog& catalog = state.catalog;
+void RemoveIdleProcessors(GraphCatalog& catalog, int processors) {
   GraphRecord* busy = catalog.Find(Graph::CPU_BY_PROCESSOR);
   GraphRecord* active = catalog.Find(Graph::ACTIVE_CPUS);
   if (busy == nullptr || active == nullptr) return;
   const int before = busy->data.nsets();
   // From the last set on, so that the numbers of those still to be looked at stay.
-  for (int set = std::min(before, state.sums.cpuSeen); set-- > 0;) {
+  for (int set = std::min(before, processors); set-- > 0;) {
     const size_t index = static_cast<size_t>(set);
     if (EverBusy(busy->data.y[index], catalog.pointCount)) continue;
     EraseSet(*busy, index);

@@ -5,14 +5,12 @@
 
 namespace ozmo {
 
-// Processors that the partition has online.
-double PartitionOnline(const PartitionRecord& partition);
-
 // Physical CPU, shared pool, context switches and phantom interrupts of one interval. An interval without a
 // partition record stores nothing.
-void AddPartition(BuildState& state, const VmrContext& context);
+void AddPartition(const Minute& minute, const VmrContext& interval);
 
 // Takes out the processors that were never busy and scales the CPU figures to those that are left.
-void RemoveIdleProcessors(BuildState& state);
+// Only the first `processors` are looked at: as many as the last interval had.
+void RemoveIdleProcessors(GraphCatalog& catalog, int processors);
 
 }  // namespace ozmo

@@ -3,11 +3,11 @@
 
 #include "catalog/adapters.h"
 #include "catalog/aix/partition.h"
+#include "catalog/aix/texts.h"
+#include "catalog/bsd_network.h"
 #include "catalog/disks.h"
 #include "catalog/file_systems.h"
 #include "catalog/memory.h"
-#include "catalog/network.h"
-#include "catalog/platform_tables.h"
 #include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
@@ -16,21 +16,22 @@ namespace ozmo {
 namespace {
 
 // The machine as a whole comes in a record of its own; the processors only fill their own graphs.
-void AddAixProcessors(BuildState& state, const VmrContext& context) {
-  AddProcessors(state, context);
-  const RecordList<ProcessorRecord>& overall = context.overallCpu.primary;
+ProcessorSums AddAixProcessors(ProcessorPass& pass, const Minute& minute, const VmrContext& interval) {
+  ProcessorSums sums = pass.Run(minute, interval);
+  const RecordList<ProcessorRecord>& overall = interval.overallCpu.primary;
   const ProcessorRecord machine = overall.empty() ? ProcessorRecord{} : overall.head();
   const double busy = machine.systemTime + machine.userTime;
   const double all = busy + machine.idleTime + machine.waitTime;
   const double factor = all > 0.0 ? 100.0 / all : 1.0;
-  StoreOverallCpu(state, busy * factor);
-  StoreSets(state, Graph::CPU_BY_MODE,
-            {machine.waitTime * factor, machine.userTime * factor, machine.systemTime * factor});
+  sums.overallCpu = StoreOverallCpu(minute, busy * factor);
+  minute.Store(Graph::CPU_BY_MODE,
+               {machine.waitTime * factor, machine.userTime * factor, machine.systemTime * factor});
+  return sums;
 }
 
 // The machine-wide record stands for the processors where an interval brings no more.
-bool HasProcessorsOrMachine(const VmrContext& context) {
-  return HasProcessors(context) || !context.overallCpu.primary.empty();
+bool HasProcessorsOrMachine(const VmrContext& interval) {
+  return HasProcessors(interval) || !interval.overallCpu.primary.empty();
 }
 
 struct MemoryUse {
@@ -41,7 +42,8 @@ struct MemoryUse {
   double systemMb = 0.0;
 };
 
-// The newer collectors' figures. The factor isn't that of a page of 4096 bytes: existing reports carry it.
+// The newer collectors' figures. The factor isn't that of a page of 4096 bytes: the graphs were always drawn
+// so.
 MemoryUse NewerMemoryUse(const MemoryRecord& memory) {
   constexpr double FACTOR = 4094.0 / BYTES_PER_MB;
   const auto figure = [&](float value) { return static_cast<double>(value) * FACTOR; };
@@ -63,36 +65,34 @@ MemoryUse OlderMemoryUse(const MemoryRecord& memory, const MemorySize& size) {
   return use;
 }
 
-void AddMemory(BuildState& state, const VmrContext& context) {
-  if (!context.memory.primary) {
-    StoreNoMemory(state);
-    return;
-  }
-  const MemoryRecord& memory = *context.memory.primary;
+PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
+  if (!interval.memory.primary) return StoreNoMemory(minute);
+  const MemoryRecord& memory = *interval.memory.primary;
   MemoryUse use =
-      memory.realMb > 0.0F ? NewerMemoryUse(memory) : OlderMemoryUse(memory, MemorySizeOf(context));
+      memory.realMb > 0.0F ? NewerMemoryUse(memory) : OlderMemoryUse(memory, MemorySizeOf(interval));
   if (!(use.realMb > 0.0)) use.realMb = use.freeMb + use.procsMb + use.filesMb + use.systemMb;
-  StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercent(use.freeMb, use.realMb)});
-  StoreSets(state, Graph::MEMORY_ALLOCATION, {use.freeMb, use.procsMb, use.filesMb, use.systemMb});
+  minute.Store(Graph::MEMORY_UTILIZATION, {UsedPercent(use.freeMb, use.realMb)});
+  minute.Store(Graph::MEMORY_ALLOCATION, {use.freeMb, use.procsMb, use.filesMb, use.systemMb});
 
   const double zeroFill = static_cast<double>(memory.zeroFillFaultRate);
   const double execFill = static_cast<double>(memory.execFillFaultRate);
   double other = static_cast<double>(memory.pageFaultRate) - zeroFill - execFill;
   if (other < 0.0) other = 0.0;
-  StoreSets(state, Graph::PAGEFAULTS_BY_TYPE, {other, zeroFill, execFill});
-  StoreSets(state, Graph::PAGEFAULT_RATE, {other + zeroFill + execFill});
+  minute.Store(Graph::PAGEFAULTS_BY_TYPE, {other, zeroFill, execFill});
+  minute.Store(Graph::PAGEFAULT_RATE, {other + zeroFill + execFill});
   const double pagedIn = static_cast<double>(memory.pageInRate);
   const double pagedOut = static_cast<double>(memory.pageOutRate);
-  StoreSets(state, Graph::PAGING_IN_OUT, {pagedIn, pagedOut});
+  minute.Store(Graph::PAGING_IN_OUT, {pagedIn, pagedOut});
+  return {};  // no graph splits the disk operations here
 }
 
 // A processor count that the partition's online processors limit. The seconds are those since the start of
 // the span and not of the interval: only the proportions count once the shares are scaled.
-double ShareOf(const BuildState& state, const VmrContext& context, const ProcessRecord& process) {
-  const double seconds = static_cast<double>(context.periodEnd - state.catalog.spanStart);
-  double processors = state.sums.cpuSeen;
-  if (context.partition) {
-    const double online = PartitionOnline(*context.partition);
+double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
+  const double seconds = static_cast<double>(basis.interval.periodEnd - basis.spanStart);
+  double processors = basis.processors.seen;
+  if (basis.interval.partition) {
+    const double online = basis.interval.partition->onlineProcessors;
     if (online > 0.0 && processors > online) processors = online;
   }
   return 100.0 * CpuSecondsOf(process) / seconds / processors;
@@ -100,9 +100,12 @@ double ShareOf(const BuildState& state, const VmrContext& context, const Process
 
 }  // namespace
 
-const PlatformSpec AIX_PLATFORM = {
-    .records = AixRecords,
-    .tree = AixTree,
+static_assert(EachGraphHasOneRecord(aix_texts::RECORDS));
+static_assert(RowsLeadToRecords(aix_texts::TREE, aix_texts::RECORDS));
+
+constinit const PlatformSpec AIX_PLATFORM = {
+    .records = aix_texts::RECORDS,
+    .tree = aix_texts::TREE,
     .pointCountRule = PointCountRule::OF_DIFFERENCE,
     .pointRule = PointRule::NEAREST_MINUTE,
     .gapExtra = 1,
@@ -110,24 +113,22 @@ const PlatformSpec AIX_PLATFORM = {
     .usesInterval = HasProcessorsOrMachine,
     .processors = AddAixProcessors,
     .memory = AddMemory,
-    .disks = AddDisks,
-    .fileSystems = AddFileSystems,
-    .adapters = AddAdapters,
     .processes = AddProcesses,
-    .network = AddNetworkBsd,
+    .protocols = AddBsdProtocols,
     .partition = AddPartition,
     .processorSpec = {.namePrefix = "cpu", .countsNice = false},
     .processSpec = {.share = ShareOf, .passedOver = "wait"},
     .diskSpec = AIX_DISKS,
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
-    .topLists = {.images = {"#%d %s", 0, OthersRule::TOTAL, true},
-                 .users = {"#%d %s", 0, OthersRule::TOTAL, true},
-                 .diskOperations = {"#%d %s", 0, OthersRule::TOTAL},
-                 .diskData = {"#%d %s", 0, OthersRule::TOTAL},
-                 .diskQueue = {"#%d %s"},
-                 .diskUtilization = {"#%d %s"},
-                 .diskSpace = {"#%d %s"},
-                 .fileSystems = {"#%d %s", 1}},
+    .hasAdapterGraphs = AdapterHasAnyName,
+    .topLists = {.images = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL, .isRescaled = true},
+                 .users = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL, .isRescaled = true},
+                 .diskOperations = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL},
+                 .diskData = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL},
+                 .diskQueue = {.labelFormat = "#%d %s"},
+                 .diskUtilization = {.labelFormat = "#%d %s"},
+                 .diskSpace = {.labelFormat = "#%d %s"},
+                 .fileSystems = {.labelFormat = "#%d %s", .firstRank = 1}},
     .finish = RemoveIdleProcessors,
 };
 

@@ -4,69 +4,69 @@
 #include "catalog/disks.h"
 #include "catalog/file_systems.h"
 #include "catalog/memory.h"
-#include "catalog/network.h"
-#include "catalog/platform_tables.h"
 #include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
+#include "catalog/solaris/network.h"
+#include "catalog/solaris/texts.h"
 
 namespace ozmo {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::USER, CpuMode::SYSTEM};
 
-void AddMemory(BuildState& state, const VmrContext& context) {
-  const MemorySize size = MemorySizeOf(context);
-  if (!context.memory.primary) {
-    StoreNoMemory(state, size.memMb > 0.0 ? 0.0 : -1.0);
-    return;
-  }
-  const MemoryRecord& memory = *context.memory.primary;
+PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
+  const MemorySize size = MemorySizeOf(interval);
+  if (!interval.memory.primary) return StoreNoMemory(minute, size.memMb > 0.0 ? 0.0 : -1.0);
+  const MemoryRecord& memory = *interval.memory.primary;
   const double freeMb = memory.freePages * size.pageMb;
-  StoreSets(state, Graph::MEMORY_ALLOCATION, {freeMb, size.memMb - freeMb});
-  StoreSets(state, Graph::MEMORY_UTILIZATION, {UsedPercentOrMissing(freeMb, size.memMb)});
+  minute.Store(Graph::MEMORY_ALLOCATION, {freeMb, size.memMb - freeMb});
+  minute.Store(Graph::MEMORY_UTILIZATION, {UsedPercentOrMissing(freeMb, size.memMb)});
 
   const float kinds[] = {memory.majorFaultRate,         memory.copyOnWriteFaultRate,
                          memory.protectionFaultRate,    memory.softLockFaultRate,
                          memory.kernelAddressFaultRate, memory.zeroFillFaultRate,
                          memory.translationFaultRate,   memory.addressFaultRate};
-  StoreFaultKinds(state, kinds);
-  state.sums.pageOperations = static_cast<double>(memory.pageInRate + memory.pageOutRate);
-  state.sums.swapOperations = static_cast<double>(memory.swapInRate + memory.swapOutRate);
-  StoreSets(state, Graph::PAGEFAULT_IO, {state.sums.pageOperations});
+  StoreFaultKinds(minute, kinds);
+  const PagingOperations operations = {
+      .paging = static_cast<double>(memory.pageInRate + memory.pageOutRate),
+      .swapping = static_cast<double>(memory.swapInRate + memory.swapOutRate)};
+  minute.Store(Graph::PAGEFAULT_IO, {operations.paging});
+  return operations;
 }
 
-double ShareOf(const BuildState& state, const VmrContext& context, const ProcessRecord& process) {
-  const double seconds = static_cast<double>(context.periodEnd - context.periodStart);
-  return CpuSecondsOf(process) * 100.0 / state.sums.cpuSeen / seconds;
+double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
+  const double seconds = static_cast<double>(basis.interval.periodEnd - basis.interval.periodStart);
+  return CpuSecondsOf(process) * 100.0 / basis.processors.seen / seconds;
 }
 
 }  // namespace
 
-const PlatformSpec SOLARIS_PLATFORM = {
-    .records = SolarisRecords,
-    .tree = SolarisTree,
+static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
+static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
+
+constinit const PlatformSpec SOLARIS_PLATFORM = {
+    .records = solaris_texts::RECORDS,
+    .tree = solaris_texts::TREE,
     .gapExtra = 1,
+    .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
-    .disks = AddDisks,
-    .fileSystems = AddFileSystems,
-    .adapters = AddAdapters,
     .processes = AddProcesses,
-    .network = AddNetworkSolaris,
+    .protocols = AddSolarisProtocols,
     .processorSpec = {.modes = MODES},
     .processSpec = {.share = ShareOf, .sumStartsMissing = true},
     .diskSpec = SOLARIS_DISKS,
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
-    .adapterFilter = AdapterEndsInDigit,
-    .topLists = {.images = {"#%d  %s", 0, OthersRule::TOTAL},
-                 .users = {"%d. %s", 0, OthersRule::TOTAL, true},
-                 .diskOperations = {"#%d  %s", 0, OthersRule::TOTAL},
-                 .diskData = {"#%d %s", 0, OthersRule::TOTAL},
-                 .diskQueue = {"#%d %s"},
-                 .diskUtilization = {"#%d %s"},
-                 .diskSpace = {"#%d %s"},
-                 .fileSystems = {"#%d  %s", 1}},
+    .hasAdapterGraphs = AdapterEndsInDigit,
+    .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
+                 .users = {.labelFormat = "%d. %s", .others = OthersRule::TOTAL, .isRescaled = true},
+                 .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
+                 .diskData = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL},
+                 .diskQueue = {.labelFormat = "#%d %s"},
+                 .diskUtilization = {.labelFormat = "#%d %s"},
+                 .diskSpace = {.labelFormat = "#%d %s"},
+                 .fileSystems = {.labelFormat = "#%d  %s", .firstRank = 1}},
 };
 
 }  // namespace ozmo

@@ -1,25 +1,23 @@
 // Monitor text files name each protocol counter.
-#include "catalog/network.h"
+#include "catalog/vmr/network.h"
 
 namespace ozmo {
 
-void AddNetworkVmr(BuildState& state, const VmrContext& context) {
-  if (!context.network) return;
-  const NetworkRecord& n = *context.network;
-  StoreSets(
-      state, Graph::TCP_PACKETS,
-      {n.tcpSegmentsRetransmittedPerSecond, n.tcpSegmentsSentPerSecond, n.tcpSegmentsReceivedPerSecond});
-  StoreSets(
-      state, Graph::TCP_TRANSITIONS,
-      {n.tcpConnectionsReset, n.tcpConnectionsPassive, n.tcpConnectionsActive, n.tcpConnectionFailures});
-  StoreSets(state, Graph::TCP_CURRENT, {n.tcpConnectionsEstablished});  // no counter of the closed ones
-  StoreSets(state, Graph::UDP_PACKETS, {n.udpSentPerSecond, n.udpReceivedPerSecond});
-  StoreSets(state, Graph::IP_PACKETS, {n.ipSentPerSecond, n.ipReceivedPerSecond});
-  StoreSets(state, Graph::IP_SENT, {n.ipSentPerSecond, n.ipForwardedPerSecond});
+void AddVmrProtocols(const Minute& minute, const VmrContext& interval) {
+  if (!interval.network) return;
+  const NetworkRecord& n = *interval.network;
+  minute.Store(Graph::TCP_PACKETS, {n.tcpSegmentsRetransmittedPerSecond, n.tcpSegmentsSentPerSecond,
+                                    n.tcpSegmentsReceivedPerSecond});
+  minute.Store(Graph::TCP_TRANSITIONS, {n.tcpConnectionsReset, n.tcpConnectionsPassive,
+                                        n.tcpConnectionsActive, n.tcpConnectionFailures});
+  minute.Store(Graph::TCP_CURRENT, {n.tcpConnectionsEstablished});  // no counter of the closed ones
+  minute.Store(Graph::UDP_PACKETS, {n.udpSentPerSecond, n.udpReceivedPerSecond});
+  minute.Store(Graph::IP_PACKETS, {n.ipSentPerSecond, n.ipReceivedPerSecond});
+  minute.Store(Graph::IP_SENT, {n.ipSentPerSecond, n.ipForwardedPerSecond});
   const float notConsumed =
       n.ipReceivedPerSecond - n.ipOutboundNoRoute - n.ipForwardedPerSecond - n.ipDeliveredPerSecond;
-  StoreSets(state, Graph::IP_RECEIVED,
-            {notConsumed, n.ipOutboundNoRoute, n.ipForwardedPerSecond, n.ipDeliveredPerSecond});
+  minute.Store(Graph::IP_RECEIVED,
+               {notConsumed, n.ipOutboundNoRoute, n.ipForwardedPerSecond, n.ipDeliveredPerSecond});
 }
 
 }  // namespace ozmo

@@ -5,16 +5,14 @@
 #include <cmath>
 #include <string>
 
-#include "catalog/build_steps.h"
-#include "catalog/memory.h"
-#include "catalog/processes.h"
-#include "catalog/processors.h"
+#include "catalog/build.h"
 
 namespace ozmo {
 namespace {
 
 constexpr int MAX_INTERVAL_MINUTES = 10;
 constexpr float MAX_INTERVAL_SECONDS = 600.0F;
+constexpr const char* TITLE_END = " Utilization by Mode";
 constexpr std::string_view IDLE_PROCESS = "Idle";
 
 constexpr size_t MODE_COUNT = 4;
@@ -33,19 +31,14 @@ void StoreModes(XrtData& data, int point, const std::array<double, MODE_COUNT>& 
   }
 }
 
-std::string NameOf(const BuildState& state, int32_t cpuId) {
-  return ProcessorName(state.platform.processorSpec.namePrefix, cpuId);
-}
-
 // "CPU-3 Utilization by Mode", in a new row of the group of processors.
-GraphRecord& NewProcessorRecord(BuildState& state, GraphMenuEntry& group, int32_t cpuId) {
-  const std::string name = NameOf(state, cpuId);
-  GraphRecord& record = state.catalog.runtimeRecords.emplace_back();
-  record.title = name + " Utilization by Mode";
+GraphRecord& NewModeRecord(GraphCatalog& catalog, GraphMenuEntry& group, const std::string& name) {
+  GraphRecord& record = catalog.runtimeRecords.emplace_back();
+  record.title = name + TITLE_END;
   record.yTitle = "%CPU Utilization";
   record.yMax = 100.0F;
   record.legendFormat = "%s %.1f%% ";
-  XrtSeriesCreate(state.catalog, record, MODE_COUNT);
+  XrtSeriesCreate(catalog, record, MODE_COUNT);
   for (size_t set = 0; set < MODE_COUNT; ++set) {
     record.SetLabel(static_cast<int>(set), MODE_TRACES[set].label);
     record.SetColour(static_cast<int>(set), MODE_TRACES[set].colour);
@@ -54,92 +47,92 @@ GraphRecord& NewProcessorRecord(BuildState& state, GraphMenuEntry& group, int32_
   return record;
 }
 
-// The record of a processor; null for one that comes when all rows are taken.
-GraphRecord* ProcessorModeRecord(BuildState& state, int32_t cpuId) {
-  const auto known = state.processorRecords.find(cpuId);
-  if (known != state.processorRecords.end()) return known->second;
-  GraphMenuEntry* group = state.catalog.RuntimeRow(RowKind::PROCESSORS);
-  if (group == nullptr || state.processorRecords.size() >= MAX_PROCESSOR_RECORDS) return nullptr;
-  GraphRecord* record = &NewProcessorRecord(state, *group, cpuId);
-  state.processorRecords.emplace(cpuId, record);
-  return record;
+// The record by mode of a processor; null for one that comes when all rows are taken, or that nobody wants.
+GraphRecord* ModeRecordOf(ProcessorPass& pass, GraphCatalog& catalog, int32_t cpuId) {
+  auto& records = pass.modeRecords();
+  const auto known = records.find(cpuId);
+  if (known != records.end()) return known->second;
+  GraphMenuEntry* group = catalog.RuntimeRow(RowKind::PROCESSORS);
+  if (group == nullptr || records.size() >= MAX_PROCESSOR_RECORDS) return nullptr;
+  const std::string name = pass.NameOf(cpuId);
+  const bool isWanted = catalog.titles.Has(name + TITLE_END);
+  return records[cpuId] = isWanted ? &NewModeRecord(catalog, *group, name) : nullptr;
 }
 
-void AddProcessor(BuildState& state, const ProcessorRecord& processor) {
-  GraphRecord* byProcessor = state.catalog.Find(Graph::CPU_BY_PROCESSOR);
+void AddProcessor(ProcessorPass& pass, const Minute& minute, const ProcessorRecord& processor) {
+  GraphRecord* byProcessor = minute.catalog.FindNeeded(Graph::CPU_BY_PROCESSOR);
   if (byProcessor != nullptr && processor.cpuId >= 0 && processor.cpuId < byProcessor->data.nsets()) {
-    byProcessor->SetLabel(processor.cpuId, NameOf(state, processor.cpuId));
+    byProcessor->SetLabel(processor.cpuId, pass.NameOf(processor.cpuId));
     const double busy = processor.userTime + processor.systemTime;
-    state.catalog.Store(Graph::CPU_BY_PROCESSOR, processor.cpuId, state.point, static_cast<float>(busy));
+    minute.Store(Graph::CPU_BY_PROCESSOR, processor.cpuId, static_cast<float>(busy));
   }
-  if (GraphRecord* record = ProcessorModeRecord(state, processor.cpuId)) {
-    StoreModes(record->data, state.point, ModesOf(processor));
-  }
+  if (GraphRecord* record = ModeRecordOf(pass, minute.catalog, processor.cpuId))
+    StoreModes(record->data, minute.point, ModesOf(processor));
 }
 
 // Seconds lived in intervals of the walk: 0.5 for half of one.
-double LifeOf(const BuildState& state, const ProcessRecord& process) {
-  return static_cast<double>(process.elapsedSeconds) / static_cast<double>(state.intervalSeconds);
+double LifeOf(const ProcessRecord& process, const CollectionInterval& length) {
+  return static_cast<double>(process.elapsedSeconds) / static_cast<double>(length.seconds);
 }
 
 bool Counts(const ProcessRecord& process) { return !process.name.empty() && process.name != IDLE_PROCESS; }
 
-double WeightOf(const BuildState& state, const ProcessRecord& process) {
-  return static_cast<double>(process.cpuPercent) * LifeOf(state, process);
+double WeightOf(const ProcessRecord& process, const CollectionInterval& length) {
+  return static_cast<double>(process.cpuPercent) * LifeOf(process, length);
 }
 
 }  // namespace
 
-void MeasureVmrInterval(BuildState& state, const VmrContext& context) {
-  const Seconds stamp = context.periodEnd;
-  if (!state.intervalKnown) {
-    state.intervalSeconds = ConfigOf(context).intervalSeconds;
-    state.intervalMinutes = MinutesOf(state.intervalSeconds);
-    state.intervalKnown = true;
-  } else if (stamp > state.lastTimeStamp) {
-    const Seconds difference = stamp - state.lastTimeStamp;
+void MeasureVmrInterval(CollectionInterval& length, const VmrContext& interval) {
+  const Seconds stamp = interval.periodEnd;
+  if (!length.isKnown) {
+    length.seconds = ConfigOf(interval).intervalSeconds;
+    length.minutes = MinutesOf(length.seconds);
+    length.isKnown = true;
+  } else if (stamp > length.lastTimeStamp) {
+    const Seconds difference = stamp - length.lastTimeStamp;
     const Seconds gapMinutes = difference / 60;
-    state.intervalMinutes = std::max(state.intervalMinutes, WholeNumber(static_cast<double>(gapMinutes)));
-    const float whole = static_cast<float>(WholeNumber(static_cast<double>(state.intervalSeconds)));
-    state.intervalSeconds = std::max(whole, static_cast<float>(difference));
+    length.minutes = std::max(length.minutes, WholeNumber(static_cast<double>(gapMinutes)));
+    const float whole = static_cast<float>(WholeNumber(static_cast<double>(length.seconds)));
+    length.seconds = std::max(whole, static_cast<float>(difference));
   }
-  state.intervalMinutes = std::min(state.intervalMinutes, MAX_INTERVAL_MINUTES);
-  state.intervalSeconds = std::min(state.intervalSeconds, MAX_INTERVAL_SECONDS);
-  state.lastTimeStamp = stamp;
+  length.minutes = std::min(length.minutes, MAX_INTERVAL_MINUTES);
+  length.seconds = std::min(length.seconds, MAX_INTERVAL_SECONDS);
+  length.lastTimeStamp = stamp;
 }
 
-void AddVmrProcessors(BuildState& state, const VmrContext& context) {
-  const RecordList<ProcessorRecord>& processors = context.processors.primary;
-  if (!state.processorsMade) {
-    const int count = std::min(static_cast<int>(processors.size()) - 1, MAX_SETS);
-    if (GraphRecord* record = state.catalog.Find(Graph::CPU_BY_PROCESSOR)) {
-      XrtSeriesCreate(state.catalog, *record, count);
-    }
-    state.processorsMade = true;
-  }
+ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const VmrContext& interval) {
+  const RecordList<ProcessorRecord>& processors = interval.processors.primary;
+  // The machine's own line isn't one of the processors, of which the first interval tells how many there are.
+  pass.MakeSets(minute.catalog, static_cast<int>(processors.size()) - 1);
   const std::array<double, MODE_COUNT> modes = ModesOf(processors.head());
-  state.sums.overallCpu = modes[0] + modes[1] + modes[2] + modes[3];
-  StoreSets(state, Graph::OVERALL_CPU, {state.sums.overallCpu});
-  StoreSets(state, Graph::CPU_BY_MODE, {modes[0], modes[1], modes[2], modes[3]});
+  ProcessorSums sums;
+  sums.overallCpu = modes[0] + modes[1] + modes[2] + modes[3];
+  minute.Store(Graph::OVERALL_CPU, {sums.overallCpu});
+  minute.Store(Graph::CPU_BY_MODE, {modes[0], modes[1], modes[2], modes[3]});
   for (auto processor = std::next(processors.begin()); processor != processors.end(); ++processor) {
-    AddProcessor(state, *processor);
-    ++state.sums.cpuSeen;
+    AddProcessor(pass, minute, *processor);
+    ++sums.seen;
   }
+  return sums;
 }
 
-void AddVmrProcesses(BuildState& state, const VmrContext& context) {
+void AddVmrProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+                     const ProcessorSums& processors, const CollectionInterval& length) {
   double weightSum = 0.0;
-  for (const ProcessRecord& process : context.processes.primary) {
-    if (Counts(process)) weightSum += WeightOf(state, process);
+  for (const ProcessRecord& process : interval.processes.primary) {
+    if (Counts(process)) weightSum += WeightOf(process, length);
   }
   double count = 0.0;
-  for (const ProcessRecord& process : context.processes.primary) {
+  for (const ProcessRecord& process : interval.processes.primary) {
     if (!Counts(process)) continue;
-    count += LifeOf(state, process);
-    const double share = weightSum > 0.0 ? state.sums.overallCpu * WeightOf(state, process) / weightSum : 0.0;
-    FeedShare(state, process.userName, process.name, share);
+    count += LifeOf(process, length);
+    if (!pass.detail().IsWanted()) continue;
+    const double weight = WeightOf(process, length);
+    const double share = weightSum > 0.0 ? processors.overallCpu * weight / weightSum : 0.0;
+    pass.FeedShare(minute, process, share);
   }
-  StoreSets(state, Graph::PROCESS_COUNT, {count});
+  minute.Store(Graph::PROCESS_COUNT, {count});
 }
 
 }  // namespace ozmo

@@ -1,7 +1,8 @@
 // The passes that only monitor text files have.
 #pragma once
 
-#include "catalog/platform.h"
+#include "catalog/processes.h"
+#include "catalog/processors.h"
 
 namespace ozmo {
 
@@ -9,12 +10,13 @@ namespace ozmo {
 inline constexpr size_t MAX_PROCESSOR_RECORDS = 32;
 
 // The longest distance seen between two time stamps, at most ten minutes: gaps up to it are bridged.
-void MeasureVmrInterval(BuildState& state, const VmrContext& context);
+void MeasureVmrInterval(CollectionInterval& length, const VmrContext& interval);
 
 // The machine's modes from the head of the list, and each processor's busy time and modes.
-void AddVmrProcessors(BuildState& state, const VmrContext& context);
+ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const VmrContext& interval);
 
 // Shares that add up to overall CPU, and a "Process Count" in which half a life counts half.
-void AddVmrProcesses(BuildState& state, const VmrContext& context);
+void AddVmrProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+                     const ProcessorSums& processors, const CollectionInterval& length);
 
 }  // namespace ozmo

@@ -3,47 +3,47 @@
 
 #include "catalog/disks.h"
 #include "catalog/memory.h"
-#include "catalog/network.h"
-#include "catalog/platform_tables.h"
 #include "catalog/platforms.h"
+#include "catalog/vmr/network.h"
 #include "catalog/vmr/passes.h"
+#include "catalog/vmr/texts.h"
 
 namespace ozmo {
 namespace {
 
-void AddMemory(BuildState& state, const VmrContext& context) {
-  const MemorySize size = MemorySizeOf(context);
-  if (!context.memory.primary) {
-    StoreNoMemory(state, size.memMb > 0.0 ? 0.0 : -1.0);
-    return;
-  }
-  const MemoryRecord& memory = *context.memory.primary;
-  StoreSets(state, Graph::MEMORY_UTILIZATION,
-            {UsedPercentOrMissing(memory.freePages * size.pageMb, size.memMb)});
-  StoreSets(state, Graph::PAGEFAULT_RATE, {memory.pageFaultRate});
-  StoreSets(state, Graph::PAGEFAULT_IO, {memory.pageReadRate + memory.pageWriteRate});
+PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
+  const MemorySize size = MemorySizeOf(interval);
+  if (!interval.memory.primary) return StoreNoMemory(minute, size.memMb > 0.0 ? 0.0 : -1.0);
+  const MemoryRecord& memory = *interval.memory.primary;
+  minute.Store(Graph::MEMORY_UTILIZATION, {UsedPercentOrMissing(memory.freePages * size.pageMb, size.memMb)});
+  minute.Store(Graph::PAGEFAULT_RATE, {memory.pageFaultRate});
+  minute.Store(Graph::PAGEFAULT_IO, {memory.pageReadRate + memory.pageWriteRate});
+  return {};  // no graph splits the disk operations here
 }
 
 }  // namespace
 
-const PlatformSpec VMR_PLATFORM = {
-    .records = VmrRecords,
-    .tree = VmrTree,
+static_assert(EachGraphHasOneRecord(vmr_texts::RECORDS));
+static_assert(RowsLeadToRecords(vmr_texts::TREE, vmr_texts::RECORDS));
+
+constinit const PlatformSpec VMR_PLATFORM = {
+    .records = vmr_texts::RECORDS,
+    .tree = vmr_texts::TREE,
     .pointRule = PointRule::NEAREST_MINUTE,
     .gapExtra = 1,
+    .usesInterval = HasProcessors,
     .measureInterval = MeasureVmrInterval,
     .processors = AddVmrProcessors,
     .memory = AddMemory,
-    .disks = AddDisks,
     .processes = AddVmrProcesses,
-    .network = AddNetworkVmr,
-    .processSpec = {.classesRescaled = false},
+    .protocols = AddVmrProtocols,
+    .processSpec = {.classesAreRescaled = false},
     .diskSpec = VMR_DISKS,
-    .topLists = {.images = {"#%d  %s", 1, OthersRule::DPC_INTERRUPT},
-                 .diskOperations = {"#%d  %s", 0, OthersRule::TOTAL},
-                 .diskData = {"#%d %s", 0, OthersRule::TOTAL},
-                 .diskQueue = {"#%d %s"},
-                 .diskUtilization = {"#%d %s"}},
+    .topLists = {.images = {.labelFormat = "#%d  %s", .firstRank = 1, .others = OthersRule::DPC_INTERRUPT},
+                 .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
+                 .diskData = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL},
+                 .diskQueue = {.labelFormat = "#%d %s"},
+                 .diskUtilization = {.labelFormat = "#%d %s"}},
 };
 
 }  // namespace ozmo

@@ -60,21 +60,21 @@ struct FoldedMachine : BuildFixture {
 
 TEST(IdleProcessors, WithAllOrNoneBusyTheRatioIsOneOrInfinite) {
   FoldedMachine busy({0, 1, 2, 3});
-  FinishGraphs(busy.state);
+  busy.build.FinishGraphs();
   EXPECT_EQ(busy.Sets(Graph::CPU_BY_PROCESSOR), 4);
   EXPECT_FLOAT_EQ(busy.Value(Graph::OVERALL_CPU, 0, 1), 25.0F);
   FoldedMachine idle({});
-  FinishGraphs(idle.state);
+  idle.build.FinishGraphs();
   EXPECT_EQ(idle.Sets(Graph::CPU_BY_PROCESSOR), 0);
   EXPECT_TRUE(std::isinf(idle.Value(Graph::OVERALL_CPU, 0, 1)));
-  FinishSeries(idle.state);
+  idle.build.FinishSeries();
   EXPECT_EQ(idle.Value(Graph::OVERALL_CPU, 0, 2), 0.0F);
 }
 
 TEST(IdleProcessors, OnlyThoseOfTheLastIntervalAreLookedAt) {
   FoldedMachine machine({1});
   machine.TakeProcessors(120, {1}, {1, 0});
-  FinishGraphs(machine.state);
+  machine.build.FinishGraphs();
   EXPECT_THAT(machine.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("cpu1", "cpu2", "cpu3"));
 }
 

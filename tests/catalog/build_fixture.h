@@ -1,12 +1,11 @@
 // A catalog that a test builds interval by interval, from records of its own and with the default classes.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "catalog/build_steps.h"
+#include "catalog/build.h"
 #include "catalog/platforms.h"
 
 namespace ozmo {
@@ -19,10 +18,10 @@ class BuildFixture {
   static constexpr Seconds START = 1'330'000'200;  // on a full minute
   static constexpr float NOTHING = -99.0F;
 
-  explicit BuildFixture(const PlatformSpec& platform, Seconds span = 3600, Seconds start = START)
-      : state(platform, catalog, classes) {
-    WorkloadDefaults(classes);
-    StartCatalog(state, start, start + span);
+  explicit BuildFixture(const PlatformSpec& platform, Seconds span = 3600,
+                        const WantedTitles& titles = WantedTitles::All())
+      : classes(DefaultClasses()),
+        build(platform, classes, START, START + span, WithTitles(catalog, titles)) {
     SystemConfig& config = context.config.emplace();
     config.cpuCount = 2;
     config.memoryMb = 1024.0F;
@@ -34,7 +33,7 @@ class BuildFixture {
   bool Take(Seconds offset) {
     context.periodEnd = catalog.spanStart + offset;
     context.periodStart = context.periodEnd - 60;
-    const bool used = TakeInterval(state, context);
+    const bool used = build.TakeInterval(context);
     ContextFree(context);
     return used;
   }
@@ -43,6 +42,11 @@ class BuildFixture {
   bool TakeBusy(Seconds offset, double percent) {
     AddProcessor(0, percent, 0, 100 - percent);
     return Take(offset);
+  }
+
+  void Finish() {
+    build.FinishGraphs();
+    build.FinishSeries();
   }
 
   ProcessorRecord& AddProcessor(int32_t cpuId, double user, double system, double idle) {
@@ -72,11 +76,7 @@ class BuildFixture {
   }
 
   // The values of all sets of a graph at a point, set 0 first.
-  std::vector<float> Values(Graph graph, int point) {
-    std::vector<float> values;
-    for (int set = 0; set < Sets(graph); ++set) values.push_back(Value(graph, set, point));
-    return values;
-  }
+  std::vector<float> Values(Graph graph, int point) { return ValuesOf(Record(graph), point); }
 
   std::vector<std::string> Labels(Graph graph) {
     std::vector<std::string> labels;
@@ -84,30 +84,65 @@ class BuildFixture {
     return labels;
   }
 
-  // A name's value at a point.
-  float Named(NameTree tree, std::string_view name, int point) {
-    const Series* series = state.trees[tree].Find(name);
-    return series == nullptr ? NOTHING : PointAt(*series, point);
+  // The graph that -item finds under this title: the first one of the tree. Null if there is none.
+  GraphRecord* Find(std::string_view title) {
+    GraphRecord* found = nullptr;
+    VisitGraphs(catalog.itemTree, [&](GraphRecord& record) {
+      if (found == nullptr && record.title == title) found = &record;
+    });
+    return found;
   }
 
-  float Image(std::string_view name, int point) { return Named(NameTree::IMAGES, name, point); }
+  std::vector<float> Values(std::string_view title, int point) {
+    const GraphRecord* record = Find(title);
+    return record == nullptr ? std::vector<float>() : ValuesOf(*record, point);
+  }
 
-  int ClassPosition(std::string_view name) const {
-    for (size_t i = 0; i < classes.classes.size(); ++i) {
-      if (classes.classes[i].name == name) return static_cast<int>(i);
+  // A name's value at a point, of the series that a pass keeps.
+  float Named(const std::vector<NamedSeries>& all, std::string_view name, int point) const {
+    SampledPoints points = build.sources().points;
+    for (const NamedSeries& named : all) {
+      if (named.name == name) return named.series->At(points.NumberOf(point));
     }
-    return -1;
+    return NOTHING;
   }
+  float Image(std::string_view name, int point) const {
+    return Named(build.sources().processes.Images(), name, point);
+  }
+  float User(std::string_view name, int point) const {
+    return Named(build.sources().processes.Users(), name, point);
+  }
+  float ShareSum(int point) const { return PointAt(build.sources().processes.shareSum(), point); }
 
   // The value of a class in a graph by classes.
   float Class(Graph graph, std::string_view name, int point) {
-    return Value(graph, ClassPosition(name), point);
+    for (size_t i = 0; i < classes.classes.size(); ++i) {
+      if (classes.classes[i].name == name) return Value(graph, static_cast<int>(i), point);
+    }
+    return NOTHING;
   }
 
   GraphCatalog catalog;
   WorkloadClassList classes;
   VmrContext context;
-  BuildState state;
+  CatalogBuild build;
+
+ private:
+  static WorkloadClassList DefaultClasses() {
+    WorkloadClassList list;
+    WorkloadDefaults(list);
+    return list;
+  }
+  static GraphCatalog& WithTitles(GraphCatalog& made, const WantedTitles& titles) {
+    made.titles = titles;
+    return made;
+  }
+  static std::vector<float> ValuesOf(const GraphRecord& record, int point) {
+    std::vector<float> values;
+    for (const Series& series : record.data.y)
+      values.push_back(PointInside(series, point) ? PointAt(series, point) : NOTHING);
+    return values;
+  }
 };
 
 }  // namespace ozmo

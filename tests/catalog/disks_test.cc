@@ -5,29 +5,32 @@
 
 #include <limits>
 
+#include "build_fixture.h"
 #include "catalog/file_systems.h"
-#include "pass_fixture.h"
 
 namespace ozmo {
 namespace {
 
 using testing::ElementsAre;
 
-struct DiskFixture : PassFixture {
-  using PassFixture::PassFixture;
-  // One interval of these disks, in the order in which they are worked in.
+struct DiskFixture : BuildFixture {
+  using BuildFixture::BuildFixture;
+  // The next interval has these disks, in the order in which they are worked in.
   void Add(const std::vector<DiskRecord>& disks) {
     for (auto disk = disks.rbegin(); disk != disks.rend(); ++disk) context.disks.primary.Push() = *disk;
-    AddDisks(state, context);
-    context.disks.primary.Recycle();
+    TakeBusy(60 * ++point, 10);
   }
+  std::vector<float> Last(const std::string& title) { return Values(title, point); }
   const std::vector<GraphMenuEntry>& Rows() { return catalog.RuntimeRow(RowKind::DISKS)->subTable; }
   // The disks in the lists, in the order of their names.
   std::vector<std::string> Names() {
     std::vector<std::string> names;
-    for (const auto& [name, series] : state.trees[NameTree::DISK_OPERATIONS].names()) names.push_back(name);
+    for (const NamedSeries& named : Operations()) names.emplace_back(named.name);
     return names;
   }
+  std::vector<NamedSeries> Operations() const { return build.sources().disks.Named(DiskSeries::OPERATIONS); }
+  float LastOperations(std::string_view name) const { return Named(Operations(), name, point); }
+  int point = 0;
 };
 
 DiskRecord Disk(const std::string& name, float ioRate = 1.0F) {
@@ -149,8 +152,8 @@ TEST(DiskGraphs, MonitorFilesBringTheirTimes) {
   disk.waitPerIo = 30;
   DiskFixture fixture(VMR_PLATFORM);
   fixture.Add({disk});
-  EXPECT_THAT(fixture.Values("Response Time for d"), ElementsAre(30));
-  EXPECT_THAT(fixture.Values("Space Allocation for d"), ElementsAre()) << "only AIX and Tru64 know it";
+  EXPECT_THAT(fixture.Last("Response Time for d"), ElementsAre(30));
+  EXPECT_THAT(fixture.Last("Space Allocation for d"), ElementsAre()) << "only AIX and Tru64 know it";
 }
 
 TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
@@ -160,31 +163,34 @@ TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
   DiskRecord last = Disk("d", 4);
   last.readRate = 4;
   fixture.Add({first, last});
-  EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, "d"), 7.0F);
-  EXPECT_THAT(fixture.Values("I/O rate for d"), ElementsAre(4, 0));
+  EXPECT_EQ(fixture.LastOperations("d"), 7.0F);
+  EXPECT_THAT(fixture.Last("I/O rate for d"), ElementsAre(4, 0));
 }
 
 TEST(DiskGraphs, TheDiskBeyondTheTableIsInTheListsOnly) {
-  DiskFixture fixture(SOLARIS_PLATFORM, 60);
-  for (size_t i = 0; i <= MAX_DISK_ROWS; ++i) fixture.Add({Disk("d" + std::to_string(i))});
+  DiskFixture fixture(SOLARIS_PLATFORM, 120);
+  std::vector<DiskRecord> disks;
+  for (size_t i = 0; i <= MAX_DISK_ROWS; ++i) disks.push_back(Disk("d" + std::to_string(i)));
+  fixture.Add(disks);
   EXPECT_EQ(fixture.Rows().size(), MAX_DISK_ROWS);
   EXPECT_EQ(fixture.Find("I/O rate for d1024"), nullptr);
-  EXPECT_EQ(fixture.TreeValue(NameTree::DISK_OPERATIONS, "d1024"), 1.0F);
+  EXPECT_EQ(fixture.LastOperations("d1024"), 1.0F);
   DiskRecord early = Disk("d0", 6);
   early.readRate = 6;
   fixture.Add({early});
-  EXPECT_EQ(fixture.Values("I/O rate for d0")[0], 6.0F) << "rows made early still take values";
+  EXPECT_EQ(fixture.Last("I/O rate for d0")[0], 6.0F) << "rows made early still take values";
 }
 
 // ---- Totals and detail ----
 
 TEST(DiskTotals, UsersHaveWhatPagingAndSwappingLeave) {
   DiskFixture fixture(SOLARIS_PLATFORM);
-  const auto byType = [&](double paging, double swapping) {
-    fixture.state.sums.pageOperations = paging;
-    fixture.state.sums.swapOperations = swapping;
+  const auto byType = [&](float paging, float swapping) {
+    MemoryRecord& memory = fixture.context.memory.primary.emplace();
+    memory.pageInRate = paging;
+    memory.swapOutRate = swapping;
     fixture.Add({Disk("c0t0d0", 10)});
-    return fixture.Values(Graph::DISK_BY_TYPE, fixture.state.point);
+    return fixture.Values(Graph::DISK_BY_TYPE, fixture.point);
   };
   EXPECT_THAT(byType(3, 2), ElementsAre(5, 3, 2));
   EXPECT_THAT(byType(9, 4), ElementsAre(0, 9, 4));

@@ -112,14 +112,14 @@ TEST(Catalog, StoresOnlyWhatThereIsRoomFor) {
 using SeriesDeathTest = testing::Test;
 
 TEST(SeriesDeathTest, TwoGibibytesAreTheLimitOfOneCatalog) {
-  GraphCatalog catalog;
   constexpr int64_t ALL_VALUES = (int64_t{2} << 30) / 4;
-  SeriesRequire(catalog, 2, ALL_VALUES / 2);
-  EXPECT_EXIT(SeriesRequire(catalog, 2, ALL_VALUES / 2 + 1), testing::ExitedWithCode(0), "");
+  GraphCatalog catalog;
+  EXPECT_EXIT(catalog.budget.Take(2, ALL_VALUES / 2 + 1), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(catalog.budget.Take(1, -1), testing::ExitedWithCode(0), "");
   catalog.pointCount = 99;
-  const Series series = SeriesNew(catalog);
-  EXPECT_EQ(catalog.seriesBytes, 400);
-  EXPECT_EXIT(SeriesRequire(catalog, 2, ALL_VALUES / 2), testing::ExitedWithCode(0), "");
+  SeriesNew(catalog);
+  catalog.budget.Take(1, ALL_VALUES - 100);
+  EXPECT_EXIT(catalog.budget.Take(1, 1), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

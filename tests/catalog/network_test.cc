@@ -1,21 +1,19 @@
-#include "catalog/network.h"
-
 #include <gtest/gtest.h>
 
 #include <numeric>
 #include <vector>
 
-#include "pass_fixture.h"
+#include "build_fixture.h"
 #include "readers/linux/counters.h"
 
 namespace ozmo {
 namespace {
 
-void RunPass(PassFixture& fixture) { fixture.state.platform.network(fixture.state, fixture.context); }
+void RunPass(BuildFixture& fixture) { fixture.TakeBusy(60, 10); }
 
 TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
   for (const PlatformSpec* platform : ALL_PLATFORMS) {
-    PassFixture fixture(*platform);
+    BuildFixture fixture(*platform);
     fixture.context.protocolCounters.primary.emplace();
     fixture.context.network.emplace();
     RunPass(fixture);
@@ -31,20 +29,20 @@ TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
 
 TEST(Network, LinuxAbortedConnectionsAreOneSum) {
   using namespace linux_counters;
-  PassFixture fixture(LINUX_PLATFORM);
+  BuildFixture fixture(LINUX_PLATFORM);
   auto& counters = fixture.context.protocolCounters.primary.emplace().counters;
   counters[TCP_ATTEMPT_FAILS] = 3;
   counters[TCP_ESTAB_RESETS] = 4;
   counters[TCP_OUT_SEGS] = 5;
   counters[UDP_OUT_DATAGRAMS] = 6;
   RunPass(fixture);
-  EXPECT_EQ(fixture.Values("TCP Connections Aborted"), (std::vector<float>{7}));
-  EXPECT_EQ(fixture.Values("TCP  Segment Rate")[0], 5.0F);
-  EXPECT_EQ(fixture.Values("UDP packet Rate")[0], 6.0F);
+  EXPECT_EQ(fixture.Values("TCP Connections Aborted", 1), (std::vector<float>{7}));
+  EXPECT_EQ(fixture.Values("TCP  Segment Rate", 1)[0], 5.0F);
+  EXPECT_EQ(fixture.Values("UDP packet Rate", 1)[0], 6.0F);
 }
 
 TEST(Network, MonitorFilesNameTheirRates) {
-  PassFixture fixture(VMR_PLATFORM);
+  BuildFixture fixture(VMR_PLATFORM);
   NetworkRecord& n = fixture.context.network.emplace();
   n.tcpConnectionsReset = 3.0F;
   n.tcpConnectionsPassive = 7.0F;
@@ -56,10 +54,10 @@ TEST(Network, MonitorFilesNameTheirRates) {
   n.ipDeliveredPerSecond = 70.0F;
   n.ipSentPerSecond = 50.0F;
   RunPass(fixture);
-  EXPECT_EQ(fixture.Values("TCP Connection Transitions"), (std::vector<float>{3, 7, 8, 4}));
-  EXPECT_EQ(fixture.Values("IP Packet Rate")[0], 50.0F);
-  EXPECT_EQ(fixture.Values("IP Sent Packets Breakdown")[1], 9.0F);
-  const std::vector<float> received = fixture.Values("IP Packets Received Breakdown");
+  EXPECT_EQ(fixture.Values("TCP Connection Transitions", 1), (std::vector<float>{3, 7, 8, 4}));
+  EXPECT_EQ(fixture.Values("IP Packet Rate", 1)[0], 50.0F);
+  EXPECT_EQ(fixture.Values("IP Sent Packets Breakdown", 1)[1], 9.0F);
+  const std::vector<float> received = fixture.Values("IP Packets Received Breakdown", 1);
   EXPECT_EQ(received[0], 20.0F);
   EXPECT_EQ(std::accumulate(received.begin(), received.end(), 0.0F), 100.0F);
 }

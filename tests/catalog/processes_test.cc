@@ -45,7 +45,7 @@ TEST(ProcessShare, AnIntervalOfNoLengthIsAFloatDivision) {
   fixture.AddProcessor(0, 50, 0, 50);
   fixture.AddProcess("adm", "job", 3);
   fixture.context.periodStart = fixture.context.periodEnd = BuildFixture::START + 60;
-  TakeInterval(fixture.state, fixture.context);
+  fixture.build.TakeInterval(fixture.context);
   EXPECT_TRUE(std::isinf(fixture.Image("job", 1)));
 }
 
@@ -59,7 +59,7 @@ TEST(Processes, AShareGoesToSumClassImageAndUser) {
   fixture.AddProcess(" adm ", "-ksh", 3);
   fixture.AddProcess("adm", "/usr/bin/ksh", 3);
   fixture.TakeBusy(60, 100);
-  EXPECT_FLOAT_EQ(PointAt(fixture.state.processCpuSum, 1), 50.0F);
+  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 50.0F);
   EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 5.0F);
   struct Class {
     const char* name;
@@ -72,9 +72,9 @@ TEST(Processes, AShareGoesToSumClassImageAndUser) {
   }
   EXPECT_FLOAT_EQ(fixture.Image("ksh", 1), 20.0F);
   EXPECT_FLOAT_EQ(fixture.Image("inetd", 1), 10.0F);
-  EXPECT_FLOAT_EQ(fixture.Named(NameTree::USERS, "adm", 1), 10.0F);
-  EXPECT_FLOAT_EQ(fixture.Named(NameTree::USERS, "root", 1), 40.0F);
-  FinishGraphs(fixture.state);
+  EXPECT_FLOAT_EQ(fixture.User("adm", 1), 10.0F);
+  EXPECT_FLOAT_EQ(fixture.User("root", 1), 40.0F);
+  fixture.build.FinishGraphs();
   EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_CPU, "root", 1), 60.0F) << "scaled to overall CPU";
 }
 
@@ -85,7 +85,7 @@ TEST(Processes, AixPassesOverWaitButCountsIt) {
   fixture.TakeBusy(60, 50);
   EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 2.0F);
   EXPECT_EQ(fixture.Image("wait", 1), BuildFixture::NOTHING);
-  EXPECT_FLOAT_EQ(PointAt(fixture.state.processCpuSum, 1), 10.0F);
+  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 10.0F);
 }
 
 TEST(NoProc, TakesWhatTheProcessesLeaveOfOverallCpu) {
@@ -93,9 +93,9 @@ TEST(NoProc, TakesWhatTheProcessesLeaveOfOverallCpu) {
   fixture.AddProcess("root", "cron", 6);
   fixture.TakeBusy(60, 50);
   EXPECT_FLOAT_EQ(fixture.Image("<NoProc>", 1), 40.0F);
-  EXPECT_FLOAT_EQ(fixture.Named(NameTree::USERS, "<NoProc>", 1), 40.0F);
+  EXPECT_FLOAT_EQ(fixture.User("<NoProc>", 1), 40.0F);
   EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_CPU, "others", 1), 40.0F);
-  EXPECT_FLOAT_EQ(PointAt(fixture.state.processCpuSum, 1), 50.0F);
+  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 50.0F);
   EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 1.0F) << "it is no process";
 }
 
@@ -107,7 +107,29 @@ TEST(NoProc, IsAbsentWhereTheProcessesTakeAllAndOnSolaris) {
   BuildFixture solaris(SOLARIS_PLATFORM);
   solaris.TakeBusy(60, 50);
   EXPECT_EQ(solaris.Image("<NoProc>", 1), BuildFixture::NOTHING);
-  EXPECT_EQ(PointAt(solaris.state.processCpuSum, 1), MISSING_POINT);
+  EXPECT_EQ(solaris.ShareSum(1), MISSING_POINT);
+}
+
+// ---- Names ----
+
+TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWordWithoutOneDash) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"/usr/bin/ksh -x", "ksh"},
+      {"ksh\t/etc/profile", "ksh"},
+      {"bin/", ""},
+      {"-ksh", "ksh"},
+      {"/bin/-sh", "sh"},
+      {"--x", "-x"},
+      {"  ksh -x", "  ksh"},  // blanks stay where there is no path
+      {"  /bin/ksh -x", "ksh"},
+      {" -ksh", " -ksh"},
+      {"", "<unknown>"},
+      {" \t ", "<unknown>"},
+      {std::string(300, 'a'), std::string(255, 'a')},  // a command is cut ahead of all else
+      {std::string(253, 'a') + "/bc", "b"},
+      {std::string(255, ' ') + "x", "<unknown>"},
+  };
+  for (const auto& [command, image] : cases) EXPECT_EQ(ImageOfCommand(command), image) << command;
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "build_fixture.h"
-#include "catalog/platform_tables.h"
 
 namespace ozmo {
 namespace {
@@ -49,26 +48,10 @@ TEST(Vocabulary, EachPlatformHasExactlyItsTitlesOnce) {
       if (letters.find(LETTERS[i]) != std::string::npos) expected.insert(titles.begin(), titles.end());
     }
     GraphCatalog catalog;
-    CatalogFromTables(catalog, ALL_PLATFORMS[i]->records(), ALL_PLATFORMS[i]->tree());
+    CatalogFromTables(catalog, ALL_PLATFORMS[i]->records, ALL_PLATFORMS[i]->tree);
     std::multiset<std::string> reached;
     VisitGraphs(catalog.itemTree, [&](const GraphRecord& record) { reached.insert(record.title); });
     EXPECT_EQ(reached, expected) << LETTERS[i];
-  }
-}
-
-TEST(Vocabulary, EachGraphRowLeadsToOneRecord) {
-  for (const PlatformSpec* platform : ALL_PLATFORMS) {
-    std::set<Graph> graphs;
-    for (const RecordText& record : platform->records()) {
-      EXPECT_TRUE(graphs.insert(record.graph).second) << record.title;
-    }
-    const auto check = [&](const auto& self, std::span<const RowText> rows) -> void {
-      for (const RowText& row : rows) {
-        EXPECT_EQ(graphs.contains(row.graph), row.kind == RowKind::GRAPH) << row.label;
-        self(self, row.rows);
-      }
-    };
-    check(check, platform->tree());
   }
 }
 

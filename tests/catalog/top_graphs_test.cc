@@ -37,7 +37,7 @@ TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
       fixture.AddProcess("ann", std::string(1, static_cast<char>('a' + i)), test.seconds[i]);
     }
     fixture.TakeBusy(60, test.busy);
-    FinishGraphs(fixture.state);
+    fixture.build.FinishGraphs();
     EXPECT_EQ(fixture.Labels(Graph::TOP_IMAGES), test.labels) << test.rule;
     EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), Pointwise(FloatEq(), test.values)) << test.rule;
     EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 2), testing::Each(MISSING_POINT)) << test.rule;
@@ -56,7 +56,7 @@ struct DiskDay : BuildFixture {
     AddDisk("twin", 10, 1.0F);
     AddDisk("idle", 0, 0.0F);
     TakeBusy(60, 80);
-    FinishGraphs(state);
+    build.FinishGraphs();
   }
   void AddDisk(const char* name, float operations, float queue) {
     DiskRecord& disk = context.disks.primary.Push();
@@ -84,7 +84,7 @@ TEST(TopGraphsVmr, WithoutImagesOthersAreOverallCpuLessDpcAndInterrupts) {
   machine.dpcTime = 4;
   machine.interruptTime = 6;
   fixture.Take(60);
-  FinishGraphs(fixture.state);
+  fixture.build.FinishGraphs();
   EXPECT_THAT(fixture.Labels(Graph::TOP_IMAGES), ElementsAre("Others", "DPC+Interrupt"));
   EXPECT_THAT(fixture.Values(Graph::TOP_IMAGES, 1), ElementsAre(40, 10));
 }

@@ -29,7 +29,7 @@ const InsertCase INSERT_CASES[] = {
 TEST(TopListInsert, KeepsNineOrTenPlaces) {
   for (const InsertCase& test : INSERT_CASES) {
     TopList list;
-    for (const float weight : test.added) TopListInsert(list, {"x", weight, nullptr});
+    for (const float weight : test.added) TopListInsert(list, {{"x", nullptr}, weight});
     std::vector<float> kept;
     for (const TopEntry& entry : list) kept.push_back(entry.weight);
     EXPECT_EQ(kept, test.kept) << test.rule;
@@ -39,35 +39,36 @@ TEST(TopListInsert, KeepsNineOrTenPlaces) {
 TEST(TopListInsert, AmongEqualsTheNewerGoesInFront) {
   TopList list;
   for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"}) {
-    TopListInsert(list, {name, name[0] == 'a' ? 9.0F : 5.0F, nullptr});
+    TopListInsert(list, {{name, nullptr}, name[0] == 'a' ? 9.0F : 5.0F});
   }
   std::string names;
-  for (const TopEntry& entry : list) names += entry.name;
+  for (const TopEntry& entry : list) names += entry.named.name;
   EXPECT_EQ(names, "ajihgfedcb");
 }
 
 // ---- Weights ----
 
-TEST(Weights, PlainSumPassesOverMissingPointsOnly) {
-  EXPECT_EQ(PlainSum({MISSING, 2, -3, 4, 100}, 4), 3.0F);
-  EXPECT_EQ(PlainSum({1, 2}, 5), 3.0F);
-  EXPECT_EQ(PlainSum({1, 2}, -1), 0.0F);
+TEST(Weights, PlainSumTakesTheFirstPoints) {
+  const Samples samples = {{1, 2}, {2, -3}, {3, 4}, {4, 100}};
+  EXPECT_EQ(PlainSum(samples, 4), 3.0F);
+  EXPECT_EQ(PlainSum(samples, -1), 0.0F);
 }
 
 TEST(Weights, NormalizedSumScalesEachShareToOverallCpu) {
   const Series overall = {50, 50, 50, 50};
   const Series shares = {100, 0, MISSING, 25};
   const CpuScale scale{overall, shares, 4};
-  EXPECT_FLOAT_EQ(NormalizedSum<float>({10, 10, 10, 5}, scale), 5.0F + 10.0F);
-  EXPECT_FLOAT_EQ(NormalizedSum<float>({MISSING, MISSING, MISSING, MISSING}, scale), 0.0F);
+  EXPECT_FLOAT_EQ(NormalizedSum<float>({{0, 10}, {1, 10}, {2, 10}, {3, 5}, {4, 9}}, scale), 5.0F + 10.0F);
+  EXPECT_FLOAT_EQ(NormalizedSum<float>({}, scale), 0.0F);
 }
 
 TEST(Weights, NormalizedSumKeepsItsSumInTheAskedPrecision) {
   const Series ones(3, 1.0F);
   const CpuScale scale{ones, ones, 3};
-  const Series series = {16777216.0F, 1.0F, 1.0F};  // a float holds no odd number from there on
-  EXPECT_EQ(NormalizedSum<float>(series, scale), 16777216.0F);
-  EXPECT_EQ(NormalizedSum<double>(series, scale), 16777218.0);
+  const Samples samples = {
+      {0, 16777216.0F}, {1, 1.0F}, {2, 1.0F}};  // a float holds no odd number from there on
+  EXPECT_EQ(NormalizedSum<float>(samples, scale), 16777216.0F);
+  EXPECT_EQ(NormalizedSum<double>(samples, scale), 16777218.0);
 }
 
 TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
@@ -76,40 +77,6 @@ TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
   Series series = {10, 10, 10, MISSING, 20};
   NormalizeProcessSeries(series, {overall, shares, 4});
   EXPECT_THAT(series, ElementsAre(5, 10, 10, MISSING, 20)) << "the last point lies behind the count";
-}
-
-// ---- Names ----
-
-TEST(NameTrees, NamesComeInByteOrderAndAddUp) {
-  GraphCatalog catalog;
-  catalog.pointCount = 2;
-  NameTrees trees(catalog);
-  for (const char* name : {"b", "a", "B", "\xE4", "ab", "", "b"}) trees.Feed(NameTree::USERS, name, 1, 1.5F);
-  std::vector<std::string> names;
-  for (const auto& [name, series] : trees[NameTree::USERS].names()) names.push_back(name);
-  EXPECT_THAT(names, ElementsAre("", "B", "a", "ab", "b", "\xE4"));
-  EXPECT_THAT(*trees[NameTree::USERS].Find("b"), ElementsAre(MISSING, 3, MISSING));
-  EXPECT_EQ(trees[NameTree::IMAGES].Find("b"), nullptr);
-}
-
-TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWordWithoutOneDash) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"/usr/bin/ksh -x", "ksh"},
-      {"ksh\t/etc/profile", "ksh"},
-      {"bin/", ""},
-      {"-ksh", "ksh"},
-      {"/bin/-sh", "sh"},
-      {"--x", "-x"},
-      {"  ksh -x", "  ksh"},  // blanks stay where there is no path
-      {"  /bin/ksh -x", "ksh"},
-      {" -ksh", " -ksh"},
-      {"", "<unknown>"},
-      {" \t ", "<unknown>"},
-      {std::string(300, 'a'), std::string(255, 'a')},  // a command is cut ahead of all else
-      {std::string(253, 'a') + "/bc", "b"},
-      {std::string(255, ' ') + "x", "<unknown>"},
-  };
-  for (const auto& [command, image] : cases) EXPECT_EQ(ImageOfCommand(command), image) << command;
 }
 
 }  // namespace

@@ -75,8 +75,8 @@ TEST(VmrInterval, IsTheLongestDistanceBetweenTimeStampsUpToTenMinutes) {
                            {60, 4, 240},  // time went back
                            {3660, 10, 600}}) {
     monitor.Take(step.offset);
-    EXPECT_EQ(monitor.state.intervalMinutes, step.minutes) << step.offset;
-    EXPECT_EQ(monitor.state.intervalSeconds, step.seconds) << step.offset;
+    EXPECT_EQ(monitor.build.length().minutes, step.minutes) << step.offset;
+    EXPECT_EQ(monitor.build.length().seconds, step.seconds) << step.offset;
   }
 }
 
@@ -87,8 +87,7 @@ TEST(VmrInterval, FifteenMinutesBridgeUpToElevenPoints) {
     monitor.AddLine(0, point, 0);
     monitor.Take(point * 60);
   }
-  FinishGraphs(monitor.state);
-  FinishSeries(monitor.state);
+  monitor.Finish();
   EXPECT_FLOAT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 20), 20.0F);
   EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 30), 0.0F);
 }
@@ -109,11 +108,7 @@ TEST(VmrProcesses, SharesAreWeightedByLifeAndAddUpToOverallCpu) {
     EXPECT_FLOAT_EQ(monitor.Image(name, 1), share) << name;
   }
   EXPECT_FLOAT_EQ(monitor.Value(Graph::PROCESS_COUNT, 0, 1), 1.75F);
-  EXPECT_FLOAT_EQ(PointAt(monitor.state.processCpuSum, 1), 50.0F);
-  EXPECT_TRUE(monitor.state.trees[NameTree::USERS].names().empty());
-  PointStore(monitor.state.processCpuSum, 1, 100.0F);
-  FinishGraphs(monitor.state);
-  EXPECT_FLOAT_EQ(monitor.Class(Graph::CLASS_CPU, "others", 1), 50.0F) << "classes aren't rescaled";
+  EXPECT_FLOAT_EQ(monitor.ShareSum(1), 50.0F);
 }
 
 TEST(VmrProcesses, WithoutWeightSharesAreZeroAndAnIntervalOfNoLengthIsAFloatDivision) {

@@ -1,4 +1,4 @@
-#include "catalog/build_steps.h"
+#include "catalog/build.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -100,17 +100,16 @@ TEST(TakeInterval, SamplesOutsideTheSpanAreStoredNowhere) {
   BuildFixture fixture(LINUX_PLATFORM);
   fixture.TakeBusy(300, 10);
   EXPECT_FALSE(fixture.TakeBusy(3600 + 7200, 20)) << "which drops what lies behind";
-  EXPECT_EQ(fixture.state.lastPoint, 5);
+  EXPECT_TRUE(fixture.TakeBusy(360, 20)) << "and goes on";
 }
 
 // ---- The end of a build ----
 
 TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
   BuildFixture fixture(LINUX_PLATFORM);
-  fixture.state.intervalMinutes = 5;
+  fixture.context.config->intervalSeconds = 300;
   for (int point = 5; point <= 60; point += 5) fixture.TakeBusy(point * 60, point);
-  FinishGraphs(fixture.state);
-  FinishSeries(fixture.state);
+  fixture.Finish();
   for (const auto& [point, value] : {std::pair(4, 0.0F), {7, 7.0F}, {54, 54.0F}, {57, 0.0F}, {60, 60.0F}}) {
     EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, point), value) << point;
   }
@@ -119,8 +118,7 @@ TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
 TEST(FinishSeries, WithoutDataEverySeriesIsZero) {
   for (const PlatformSpec* platform : ALL_PLATFORMS) {
     BuildFixture fixture(*platform);
-    FinishGraphs(fixture.state);
-    FinishSeries(fixture.state);
+    fixture.Finish();
     int graphs = 0;
     VisitGraphs(fixture.catalog.itemTree, [&](const GraphRecord& record) {
       for (const Series& series : record.data.y) EXPECT_THAT(series, Each(0.0F)) << record.title;

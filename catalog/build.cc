@@ -1,0 +1,153 @@
+#include "catalog/build.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "runtime/numbers.h"
+
+namespace ozmo {
+namespace {
+
+constexpr Seconds SECONDS_PER_MINUTE = 60;
+
+// Series that a catalog has beside those of its records: the sum of the shares and the overlay's.
+constexpr int64_t SERIES_BESIDE_RECORDS = 2;
+
+void CreateClassSeries(GraphCatalog& catalog, const WorkloadClassList& classes) {
+  for (const Graph graph : {Graph::CLASS_CPU, Graph::CLASS_COUNT}) {
+    GraphRecord* record = catalog.FindNeeded(graph);
+    if (record == nullptr) continue;
+    for (const WorkloadClass& workloadClass : classes.classes) {
+      record->SetLabel(record->data.nsets(), workloadClass.name);
+      record->data.y.emplace_back(static_cast<size_t>(catalog.pointCount) + 1, MISSING_POINT);
+    }
+  }
+}
+
+// Makes what the catalog has ahead of the walk. All of it counts, whether it is needed or not: a span beyond
+// reason, such as one without a begin, must end at once, and for any graph.
+Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classes, Seconds start, Seconds end,
+                   GraphCatalog& catalog) {
+  catalog.spanStart = start;
+  catalog.spanEnd = end;
+  CatalogFromTables(catalog, platform.records, platform.tree);
+  const bool isDetailed = platform.detailLimit == 0 || end - start <= platform.detailLimit;
+  const Needs needs = NeedsOf(platform, catalog.titles, isDetailed);
+
+  const int64_t points = PointsOf(platform.pointCountRule, start, end);
+  const int64_t classSeries = 2 * static_cast<int64_t>(classes.classes.size());
+  catalog.budget.Take(FixedSeriesCount(platform.records) + classSeries + SERIES_BESIDE_RECORDS,
+                      points < 0 ? points : points + 1);
+  catalog.pointCount = static_cast<int>(points);
+  for (size_t graph = 0; graph < GRAPH_COUNT; ++graph) {
+    if (GraphRecord* record = catalog.Find(static_cast<Graph>(graph)))
+      record->isNeeded = needs.Has(static_cast<Graph>(graph));
+  }
+  CreateFixedSeries(catalog, platform.records);
+  CreateClassSeries(catalog, classes);
+  return needs;
+}
+
+void NoteInterval(WalkExtent& extent, int point) {
+  const bool first = extent.intervals++ == 0;
+  extent.firstPoint = first ? point : std::min(extent.firstPoint, point);
+  extent.lastPoint = first ? point : std::max(extent.lastPoint, point);
+}
+
+// Scales the class series to overall CPU.
+void RescaleClasses(GraphCatalog& catalog, const Series& shareSum) {
+  GraphRecord* record = catalog.FindNeeded(Graph::CLASS_CPU);
+  const std::optional<CpuScale> scale = CpuScaleOf(catalog, shareSum);
+  if (record == nullptr || !scale) return;
+  for (Series& series : record->data.y) NormalizeProcessSeries(series, *scale);
+}
+
+}  // namespace
+
+int64_t PointsOf(PointCountRule rule, Seconds start, Seconds end) {
+  if (rule == PointCountRule::OF_DIFFERENCE) return (end - start) / SECONDS_PER_MINUTE + 2;
+  return end / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE + 2;
+}
+
+const SystemConfig& ConfigOf(const VmrContext& interval) {
+  static const SystemConfig NONE;
+  return interval.config ? *interval.config : NONE;
+}
+
+int WholeNumber(double value) {
+  constexpr int LIMIT = std::numeric_limits<int>::max() / 2;
+  return std::clamp(ClampTo<int>(value), -LIMIT, LIMIT);
+}
+
+int MinutesOf(float seconds) { return WholeNumber(static_cast<double>(seconds / 60.0F)); }
+
+int PointOf(PointRule rule, Seconds start, Seconds timeStamp) {
+  if (rule == PointRule::NEAREST_MINUTE)
+    return WholeNumber(std::floor(0.5 + static_cast<double>(timeStamp - start) / 60.0));
+  const Seconds minutes = timeStamp / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE;
+  return WholeNumber(static_cast<double>(minutes));
+}
+
+CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, Seconds start,
+                           Seconds end, GraphCatalog& catalog)
+    : platform_(platform),
+      catalog_(catalog),
+      needs_(StartCatalog(platform, classes, start, end, catalog)),
+      points_(catalog.pointCount),
+      processors_(platform.processorSpec),
+      disks_(platform.diskSpec, needs_.disks, catalog.budget),
+      fileSystems_(platform.fileSystemKeyFormat, catalog.budget),
+      adapters_(platform.hasAdapterGraphs),
+      processes_(platform.processSpec, needs_.processes, classes, catalog) {}
+
+void CatalogBuild::RunPasses(const Minute& minute, const VmrContext& interval) {
+  ProcessorSums processors;
+  PagingOperations paging;
+  if (needs_.Has(PassKind::PROCESSORS)) processors = platform_.processors(processors_, minute, interval);
+  if (needs_.Has(PassKind::MEMORY)) paging = platform_.memory(minute, interval);
+  if (needs_.Has(PassKind::DISKS)) disks_.Run(minute, interval, paging);
+  if (needs_.Has(PassKind::FILE_SYSTEMS)) fileSystems_.Run(minute, interval);
+  if (needs_.Has(PassKind::ADAPTERS)) adapters_.Run(minute, interval);
+  if (needs_.Has(PassKind::PROCESSES)) platform_.processes(processes_, minute, interval, processors, length_);
+  if (needs_.Has(PassKind::PROTOCOLS)) platform_.protocols(minute, interval);
+  if (needs_.Has(PassKind::PARTITION)) platform_.partition(minute, interval);
+  processorsSeenLast_ = processors.seen;
+}
+
+bool CatalogBuild::UseInterval(const VmrContext& interval) {
+  if (!platform_.usesInterval(interval)) return true;
+  const int point = PointOf(platform_.pointRule, catalog_.spanStart, interval.periodEnd);
+  if (point == lastPoint_) return false;
+  if (platform_.dropsBeyondEnd && point > catalog_.pointCount) return false;
+  lastPoint_ = point;
+  NoteInterval(catalog_.extent, point);
+  RunPasses({catalog_, point, points_.NumberOf(point)}, interval);
+  return true;
+}
+
+bool CatalogBuild::TakeInterval(const VmrContext& interval) {
+  if (platform_.measureInterval != nullptr) {
+    platform_.measureInterval(length_, interval);
+    return UseInterval(interval);
+  }
+  if (!UseInterval(interval)) return false;
+  if (!length_.isKnown && interval.config) {
+    length_.isKnown = true;
+    length_.minutes = MinutesOf(interval.config->intervalSeconds);
+  }
+  return true;
+}
+
+void CatalogBuild::FinishGraphs() {
+  FinishTopLists(catalog_, platform_, sources());
+  if (platform_.processSpec.classesAreRescaled) RescaleClasses(catalog_, processes_.shareSum());
+  if (platform_.finish != nullptr) platform_.finish(catalog_, processorsSeenLast_);
+}
+
+void CatalogBuild::FinishSeries() {
+  GraphBridgeGaps(catalog_.itemTree, catalog_.pointCount, length_.minutes + platform_.gapExtra);
+  GraphStackTraces(catalog_.itemTree);
+}
+
+}  // namespace ozmo

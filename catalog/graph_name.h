@@ -1,0 +1,34 @@
+// Names of graphs and traces as users type them, and which graphs a catalog is wanted for.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ozmo {
+
+// What tells names of graphs and traces apart: blanks, double quotes, apostrophes and the case of letters
+// don't count. Tabs do.
+std::string GraphNameKey(std::string_view name);
+
+// Zero when two names are the same graph's or trace's.
+int GraphNameCompare(std::string_view first, std::string_view second);
+
+// The titles of the graphs that a catalog is built for. Other graphs stand in its tree without series.
+class WantedTitles {
+ public:
+  static WantedTitles All() { return WantedTitles(); }
+  explicit WantedTitles(const std::vector<std::string_view>& titles);
+
+  bool IsAll() const { return isAll_; }
+  bool Has(std::string_view title) const;
+  const std::vector<std::string>& keys() const { return keys_; }
+
+ private:
+  WantedTitles() = default;
+
+  bool isAll_ = true;
+  std::vector<std::string> keys_;
+};
+
+}  // namespace ozmo

@@ -1,0 +1,11 @@
+// The protocol graphs of Solaris.
+#pragma once
+
+#include "catalog/platform.h"
+
+namespace ozmo {
+
+// An interval without protocol figures stores nothing.
+void AddSolarisProtocols(const Minute& minute, const VmrContext& interval);
+
+}  // namespace ozmo
