@@ -16,7 +16,7 @@ class Selection : public testing::Test {
                  {"a b", "c", "d@e"});
     empty_ = Add("Empty", {}, {});
     catalog_.itemTree = {Group("G1", {Row(load_)}), Group("G2", {Group("G3", {Row(disks_)}), Row(empty_)})};
-    catalog_.overlayScratch.assign(POINTS, MISSING_POINT);
+    catalog_.pointCount = POINTS;
   }
 
   GraphRecord* Add(const std::string& title, std::vector<Series> sets,
