@@ -45,12 +45,8 @@ void WritePoint(std::FILE* stream, const GraphJob& job, size_t point) {
   std::fprintf(
       stream, "%s",
       TimeFormat(job.startTime + static_cast<Seconds>(point) * POINT_SECONDS, "%m/%d/%Y %H:%M:%S").c_str());
-  const std::vector<OverlayTrace>& traces = job.mainOverlay.traces;
-  for (size_t set = 0; set < traces.size(); ++set) {
-    const float sum = traces[set].series[point];
-    // The difference is one of floats: it may show the rounding of the sums, as "-0.00" does.
-    const bool last = set + 1 == traces.size();
-    WriteValue(stream, last ? sum : sum - traces[set + 1].series[point]);
+  for (size_t set = 0; set < job.mainOverlay.traces.size(); ++set) {
+    WriteValue(stream, OwnValue(job.mainOverlay, set, point));
   }
   if (job.additionalOverlay) WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
   std::fprintf(stream, "\n");
@@ -58,17 +54,21 @@ void WritePoint(std::FILE* stream, const GraphJob& job, size_t point) {
 
 }  // namespace
 
+void WriteCsv(std::FILE* stream, const GraphJob& job) {
+  WriteHead(stream, job);
+  WriteColumnHeads(stream, job);
+  for (int point = 0; point < job.pointCount; ++point) {
+    WritePoint(stream, job, static_cast<size_t>(point));
+  }
+}
+
 int ExportCsv(const GraphJob& job, Runtime& runtime) {
   const Stream stream(std::fopen(job.graphFile.c_str(), "w"));
   if (!stream) {
     MessageEmit(runtime, "UNDEFINED", {"Could not open graph file."});
     return 0;
   }
-  WriteHead(stream.get(), job);
-  WriteColumnHeads(stream.get(), job);
-  for (int point = 0; point < job.pointCount; ++point) {
-    WritePoint(stream.get(), job, static_cast<size_t>(point));
-  }
+  WriteCsv(stream.get(), job);
   return 1;
 }
 

@@ -3,10 +3,15 @@
 // blanks; nothing is quoted or escaped.
 #pragma once
 
+#include <cstdio>
+
 #include "output/graph_job.h"
 #include "runtime/runtime.h"
 
 namespace ozmo {
+
+// Writes the table of the job to an open stream.
+void WriteCsv(std::FILE* stream, const GraphJob& job);
 
 // Writes the job's graphFile. Returns 1 when it was written, 0 when it could not be opened (a message has
 // been issued then). Write errors are not looked at.

@@ -40,6 +40,13 @@ inline constexpr double AXIS_HEADROOM = 1.1;
 // The top of a y axis for values up to `peak`; 1 where nothing rises above 0.
 inline double AxisTopOf(float peak) { return peak > 0.0F ? AXIS_HEADROOM * static_cast<double>(peak) : 1.0; }
 
+// The own value of a stacked trace: its sum less the next trace's. The difference is one of floats: it may
+// show the rounding of the sums, as "-0.00" does.
+inline float OwnValue(const Overlay& overlay, size_t set, size_t point) {
+  const float sum = overlay.traces[set].series[point];
+  return set + 1 == overlay.traces.size() ? sum : sum - overlay.traces[set + 1].series[point];
+}
+
 struct GraphJob {
   Overlay mainOverlay;
   std::optional<Overlay> additionalOverlay;

@@ -68,11 +68,11 @@ std::optional<MessageEntry> FindEntry(std::FILE* file, const std::string& code) 
   return std::nullopt;
 }
 
-void MessageDeliver(const Runtime& runtime, std::string text, Severity severity) {
+void MessageDeliver(const Runtime& runtime, const std::string& code, std::string text, Severity severity) {
   text.erase(std::remove(text.begin(), text.end(), NO_PRINT), text.end());
   const bool isProblem = severity == Severity::WARNING || severity == Severity::ERROR;
   if (runtime.messageSink) {
-    runtime.messageSink(text, isProblem);
+    runtime.messageSink({code, text, isProblem});
     return;
   }
   text += '\n';
@@ -94,12 +94,12 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
       LibraryDirectory(runtime, "veltrix") + "db/" + identity.filePrefix + "messages.msg";
   const Stream file = TextFileOpen(path);
   if (!file) {
-    MessageDeliver(runtime, "Cannot open message file: " + path, Severity::WARNING);
+    MessageDeliver(runtime, code, "Cannot open message file: " + path, Severity::WARNING);
     return 0;
   }
   const std::optional<MessageEntry> entry = FindEntry(file.get(), code);
   if (!entry) {
-    MessageDeliver(runtime, "Cannot find error message " + code, Severity::WARNING);
+    MessageDeliver(runtime, code, "Cannot find error message " + code, Severity::WARNING);
     return 0;
   }
 
@@ -110,8 +110,8 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
     severity = row.severity;
     head = MessagePrefix(identity) + "-" + entry->severityWord + NO_PRINT + " " + NO_PRINT;
   }
-  MessageDeliver(runtime, FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}),
-                 severity);
+  MessageDeliver(runtime, code,
+                 FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}), severity);
   return 1;
 }
 

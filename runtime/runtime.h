@@ -12,8 +12,14 @@
 
 namespace ozmo {
 
-// Takes a message that is ready to be shown, without a line feed. A problem is a warning or an error.
-using MessageSink = std::function<void(const std::string& text, bool isProblem)>;
+// A message that is ready to be shown. A problem is a warning or an error, or a message whose text was not
+// found.
+struct ReadyMessage {
+  std::string code;
+  std::string text;  // without a line feed
+  bool isProblem = false;
+};
+using MessageSink = std::function<void(const ReadyMessage&)>;
 
 // Is told the time stamp of each interval that a walk comes to.
 using ProgressSink = std::function<void(Seconds)>;
@@ -21,8 +27,9 @@ using ProgressSink = std::function<void(Seconds)>;
 struct Runtime {
   ProductIdentity identity = ProductIdentityInit();
   LibraryDirectoryCache library;
-  MessageSink messageSink;    // empty: problems go to standard error, other messages to standard output
-  ProgressSink progressSink;  // empty: nobody looks
+  MessageSink messageSink;    // takes the messages; empty: problems go to standard error, other messages to
+                              // standard output
+  ProgressSink progressSink;  // may be empty
 };
 
 }  // namespace ozmo

@@ -1,0 +1,42 @@
+// From a data file to its catalog: the one place of this program that knows readers and builders.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "catalog/model.h"
+#include "readers/file_kind.h"
+#include "runtime/runtime.h"
+
+namespace ozmo::report {
+
+struct DayRequest {
+  std::string dataFile;
+  std::optional<Seconds> begin;  // absent: the first second of the day of the file's first record
+  std::optional<Seconds> end;    // absent: the last second of the day of the begin
+  std::string classFile;         // empty: the builder looks for one
+};
+
+// A data file over a span, every graph worked out.
+struct DataDay {
+  ReaderKind kind = ReaderKind::TRU64;
+  std::string node;
+  Seconds begin = 0;
+  Seconds end = 0;
+  std::unique_ptr<GraphCatalog> catalog;
+};
+
+struct DayResult {
+  std::optional<DataDay> day;
+  std::string failure;  // why there is none
+};
+
+// Reads the file, and the others of its day set that the span covers, in one walk. A day has an interval at
+// least.
+DayResult ReadDay(const DayRequest& request, Runtime& runtime);
+
+// The system whose collector writes files of a kind.
+const char* SystemName(ReaderKind kind);
+
+}  // namespace ozmo::report

@@ -1,0 +1,200 @@
+#include "report/entry.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "report/csv_files.h"
+#include "report/data_day.h"
+#include "report/options.h"
+#include "report/page.h"
+#include "report/text.h"
+#include "runtime/memory.h"
+#include "runtime/stream.h"
+
+namespace ozmo::report {
+namespace {
+
+constexpr int DONE_STATUS = 0;
+constexpr int FAILED_STATUS = 1;
+constexpr int USAGE_STATUS = 2;
+
+// Says what is being read, and nothing of the data.
+constexpr const char* PROGRESS_CODE = "UNDEFINED";
+
+void Complain(const std::string& text) { std::fprintf(stderr, "ozmo_report: %s\n", LineText(text).c_str()); }
+
+std::string BaseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+// Shows how far the walk has come, on a terminal only.
+class Progress {
+ public:
+  explicit Progress(Runtime& runtime) : shown_(isatty(STDERR_FILENO) == 1) {
+    if (!shown_) return;
+    runtime.progressSink = [this](Seconds time) {
+      if (time / STEP == last_ / STEP) return;
+      last_ = time;
+      std::fprintf(stderr, "\rreading %s ", TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
+    };
+  }
+  ~Progress() {
+    if (last_ != 0) std::fputs("\r\033[K", stderr);
+  }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+ private:
+  static constexpr Seconds STEP = 900;
+  bool shown_;
+  Seconds last_ = 0;
+};
+
+// While it lives, standard output goes nowhere: readers tell there which file they read, and the output of
+// this program is its own.
+class SilentOutput {
+ public:
+  SilentOutput() : kept_(dup(STDOUT_FILENO)) {
+    std::fflush(stdout);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0) return;
+    dup2(nowhere, STDOUT_FILENO);
+    close(nowhere);
+  }
+  ~SilentOutput() {
+    std::fflush(stdout);
+    if (kept_ < 0) return;
+    dup2(kept_, STDOUT_FILENO);
+    close(kept_);
+  }
+  SilentOutput(const SilentOutput&) = delete;
+  SilentOutput& operator=(const SilentOutput&) = delete;
+
+ private:
+  int kept_;
+};
+
+struct ReadResult {
+  DayResult result;
+  std::vector<std::string> problems;  // that readers reported
+};
+
+ReadResult Read(const Options& options, Runtime& runtime) {
+  ReadResult read;
+  runtime.messageSink = [&](const ReadyMessage& message) {
+    if (message.isProblem && message.code != PROGRESS_CODE) read.problems.push_back(message.text);
+  };
+  const SilentOutput silent;
+  const Progress progress(runtime);
+  read.result = ReadDay({options.dataFile, options.begin, options.end, options.classFile}, runtime);
+  runtime.messageSink = nullptr;
+  return read;
+}
+
+// A line an item: its title and its traces, a tab between them. Items that -item can't name are left out.
+void PrintList(const std::vector<Section>& sections) {
+  VisitItems(sections, [](const Item& item) {
+    if (!item.named) return;
+    std::string line = LineText(item.record->title);
+    for (int set = 0; set < item.record->data.nsets(); ++set) {
+      line += '\t' + LineText(item.record->Label(set).value_or(""));
+    }
+    std::printf("%s\n", line.c_str());
+  });
+}
+
+bool IsSameFile(const std::string& first, const std::string& second) {
+  struct stat a {};
+  struct stat b {};
+  return stat(first.c_str(), &a) == 0 && stat(second.c_str(), &b) == 0 && a.st_dev == b.st_dev &&
+         a.st_ino == b.st_ino;
+}
+
+// Answers what went wrong. A file that could not be written whole doesn't stay.
+std::string WriteText(const std::string& path, const std::string& text) {
+  Stream stream(std::fopen(path.c_str(), "w"));
+  if (!stream) return path + ": " + std::strerror(errno);
+  const bool written =
+      std::fwrite(text.data(), 1, text.size(), stream.get()) == text.size() && std::fflush(stream.get()) == 0;
+  if (written) return "";
+  const std::string failure = path + ": " + std::strerror(errno);
+  std::remove(path.c_str());
+  return failure;
+}
+
+std::string WritePage(const Options& options, const PageData& data, const Runtime& runtime) {
+  const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
+  if (IsSameFile(path, options.dataFile)) return path + ": is the data file";
+  const std::string page = PageOf(data, "ozmo_report " + runtime.identity.versionText);
+  const std::string failure = WriteText(path, page);
+  if (failure.empty()) {
+    std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
+  }
+  return failure;
+}
+
+// Writes what was asked for; answers what went wrong.
+std::string Write(const Options& options, const DataDay& day, const std::vector<Section>& sections,
+                  const std::vector<std::string>& problems, const Runtime& runtime) {
+  if (options.list) PrintList(sections);
+  if (!options.csvDirectory.empty()) {
+    const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
+    if (!csv.failure.empty()) return csv.failure;
+    std::printf("%s: %d CSV files\n", LineText(options.csvDirectory).c_str(), csv.files);
+  }
+  if (!options.WritesPage()) return "";
+  PageData data = PageDataOf(day, sections);
+  data.file = BaseName(options.dataFile);
+  data.problems = problems;
+  return WritePage(options, data, runtime);
+}
+
+// Answers whether all went well.
+bool Report(const Options& options, Runtime& runtime) {
+  const ReadResult read = Read(options, runtime);
+  for (const std::string& problem : read.problems) Complain(problem);
+  if (!read.result.day) {
+    if (read.problems.empty()) Complain(read.result.failure);
+    return false;
+  }
+  const DataDay& day = *read.result.day;
+  std::vector<Section> sections = SectionsOf(*day.catalog);
+  if (const std::optional<std::string> missing = KeepItems(sections, options.items)) {
+    Complain("no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
+    return false;
+  }
+  const std::string failure = Write(options, day, sections, read.problems, runtime);
+  if (!failure.empty()) Complain(failure);
+  return failure.empty() && read.problems.empty();
+}
+
+}  // namespace
+
+int ReportEntry(int argc, char* const argv[]) {
+  const ParsedOptions parsed = ParseOptions(argc, argv);
+  if (!parsed.failure.empty()) {
+    Complain(parsed.failure);
+    std::fputs("ozmo_report --help says more\n", stderr);
+    return USAGE_STATUS;
+  }
+  Runtime runtime;
+  switch (parsed.options.action) {
+    case Action::HELP:
+      std::fputs(HelpText().c_str(), stdout);
+      return DONE_STATUS;
+    case Action::VERSION:
+      std::printf("ozmo_report %s\n", runtime.identity.versionText.c_str());
+      return DONE_STATUS;
+    case Action::REPORT:
+      break;
+  }
+  MemAttach(runtime, FAILED_STATUS);
+  const bool done = Report(parsed.options, runtime);
+  MemDetach();
+  return done ? DONE_STATUS : FAILED_STATUS;
+}
+
+}  // namespace ozmo::report

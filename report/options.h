@@ -1,0 +1,47 @@
+// The command line of ozmo_report.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runtime/times.h"
+
+namespace ozmo::report {
+
+enum class Action { REPORT, HELP, VERSION };
+
+struct Options {
+  Action action = Action::REPORT;
+  std::string dataFile;
+  std::optional<Seconds> begin;
+  std::optional<Seconds> end;
+  std::vector<std::string> items;  // titles; none: all
+  std::string classFile;           // empty: what the working directory has
+  bool list = false;
+  std::string csvDirectory;  // empty: no CSV files
+  std::string pageFile;      // empty: see WritesPage
+  bool WritesPage() const { return !pageFile.empty() || (!list && csvDirectory.empty()); }
+};
+
+struct ParsedOptions {
+  Options options;
+  std::string failure;  // what is wrong with the command line; empty when nothing is
+};
+
+// Takes the words behind the program's name. Options and the file may stand in any order.
+ParsedOptions ParseOptions(int argc, char* const argv[]);
+
+// What a time without a clock means.
+enum class DayEdge { BEGIN, END };
+
+// Local time of a text: 2012-02-22T08:00, with seconds or without, a blank in place of the T; 2012-02-22,
+// which is the first or the last second of the day; or 22-Feb-2012:08:00:00. Absent for any other text and
+// for a day that isn't in the calendar.
+std::optional<Seconds> TimeOf(const std::string& text, DayEdge edge);
+
+// The text of --help.
+std::string HelpText();
+
+}  // namespace ozmo::report

@@ -1,0 +1,153 @@
+// ozmo_report beside ozmo_graph on sample files: the same figures, its exit statuses, and names that stay
+// texts.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "report/options.h"
+#include "report/text.h"
+#include "sample/kinds.h"
+#include "tests/end_to_end/process.h"
+#include "tests/support/environment.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo::report {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* REPORT = OZMO_BINARY_DIR "/ozmo_report";
+constexpr const char* TOOL = OZMO_BINARY_DIR "/ozmo_graph";
+const std::map<std::string, std::string> ENVIRONMENT = {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}};
+
+class Report : public ::testing::Test {
+ protected:
+  // An hour of a sample host; the path of its file.
+  std::string Sample(const sample::SampleKind& kind) {
+    sample::SampleOptions options;
+    options.directory = directory_.path();
+    options.startHour = 8;
+    options.hours = 1;
+    const sample::SampleResult written = sample::WriteSample(kind, options);
+    EXPECT_EQ(written.error, "");
+    return written.files.at(0);
+  }
+
+  ProcessResult Run(std::vector<std::string> words, const char* program = REPORT) {
+    words.insert(words.begin(), program);
+    return RunProcess(words, ENVIRONMENT, directory_.path(), scratch_.path());
+  }
+
+  std::string Path(const std::string& name) const { return directory_.path() + "/" + name; }
+
+  testing::TempDirectory directory_;
+  testing::TempDirectory scratch_;
+};
+
+// The titles of --list that -item finds under that name.
+std::set<std::string> Titles(const std::string& list) {
+  std::set<std::string> titles;
+  std::istringstream lines(list);
+  for (std::string line; std::getline(lines, line);) titles.insert(line.substr(0, line.find('\t')));
+  return titles;
+}
+
+std::string TitleOf(const std::string& csv) {
+  constexpr std::string_view MARK = "Main Overlay: ";
+  const size_t begin = csv.find(MARK) + MARK.size();
+  return csv.substr(begin, csv.find('\n', begin) - begin);
+}
+
+class ReportCsv : public Report, public ::testing::WithParamInterface<const sample::SampleKind*> {};
+
+TEST_P(ReportCsv, FilesHoldTheBytesThatTheToolWrites) {
+  const std::string data = Sample(*GetParam());
+  const ProcessResult listed = Run({data, "--list"});
+  ASSERT_EQ(listed.exitStatus, 0) << listed.standardError;
+  const ProcessResult written =
+      Run({data, "--csv", "csv", "--begin", "2012-02-22T08:00", "--end", "2012-02-22T08:50"});
+  ASSERT_EQ(written.exitStatus, 0) << written.standardError;
+  // Adapters have three graphs of one title, of which the tool finds the first.
+  std::set<std::string> titles = Titles(listed.standardOutput);
+  ASSERT_GT(titles.size(), 40U);
+  std::map<std::string, std::set<std::string>> tables;
+  for (const fs::directory_entry& file : fs::directory_iterator(Path("csv"))) {
+    const std::string csv = ReadWholeFile(file.path());
+    tables[TitleOf(csv)].insert(csv);
+  }
+  size_t place = 0;
+  for (const std::string& title : titles) {
+    if (place++ % 4 != 0) continue;  // a quarter of the items
+    Run({"-vmrunix", data, "-begin", "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:08:50:00", "-item", title,
+         "-graph_file", "graph.csv", "-type", "csv"},
+        TOOL);
+    EXPECT_EQ(tables[title].count(ReadWholeFile(Path("graph.csv"))), 1U) << title;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ReportCsv,
+                         ::testing::ValuesIn(sample::SampleKinds().begin(), sample::SampleKinds().end()));
+
+TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
+  const std::string data = Sample(*sample::SampleKinds().front());
+  const std::string empty = Path("qtxs_empty.dat_1");
+  std::fclose(std::fopen(empty.c_str(), "w"));
+  struct Case {
+    std::vector<std::string> words;
+    int status;
+    std::string said;  // in standard output for status 0, in standard error else
+  };
+  const Case cases[] = {
+      {{"--help"}, 0, "usage: ozmo_report"},
+      {{"--version"}, 0, "ozmo_report V"},
+      {{data, "-o", "page.html", "--item", "overall cpu utilization"}, 0, "page.html: 1 graph"},
+      {{"./missing.vmr"}, 1, "No such file or directory"},
+      {{empty}, 1, "qtxs_empty.dat_1"},
+      {{data, "--begin", "2013-01-01"}, 1, "its first record is of 2012-02-22 08:00:"},
+      {{data, "--item", "no such graph"}, 1, "no item \"no such graph\""},
+      {{data, "-o", data}, 1, "is the data file"},
+      {{data, "-o", "no_directory/page.html"}, 1, "No such file or directory"},
+      {{data, "--classes", empty}, 1, "no workload class"},
+      {{}, 2, "no data file"},
+      {{data, "--begin", "22.2.2012"}, 2, "--begin takes a time"},
+      {{data, "--begin", "2012-02-30"}, 2, "--begin takes a time"},
+      {{data, "--begin", "2012-02-22T09:00", "--end", "2012-02-22T08:00"}, 2, "--end is not behind --begin"},
+      {{data, "--nonsense"}, 2, "unknown option --nonsense"},
+  };
+  for (const Case& test : cases) {
+    const ProcessResult result = Run(test.words);
+    const std::string& text = test.status == 0 ? result.standardOutput : result.standardError;
+    EXPECT_EQ(result.exitStatus, test.status) << test.said << text;
+    EXPECT_NE(text.find(test.said), std::string::npos) << text;
+  }
+}
+
+TEST(ReportText, NothingOfANameIsMarkupOrScript) {
+  const std::string hostile = "</script><img src=x onerror=\"a('&')\">\n\x1b[2J\xff\xe2\x80\xae";
+  EXPECT_EQ(
+      HtmlText(hostile),
+      "&lt;/script&gt;&lt;img src=x onerror=&quot;a(&#39;&amp;&#39;)&quot;&gt;\xEF\xBF\xBD\xEF\xBF\xBD[2J"
+      "\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(JsonText(hostile).find_first_of("<>\n\x1b\xff"), std::string::npos);
+  EXPECT_EQ(LineText("a\tb\x1b[2J\r\n"), "a?b?[2J??");
+}
+
+TEST(ReportTimes, AreLocalAndInTheCalendar) {
+  const testing::ScopedVariable zone("TZ", "UTC");
+  constexpr Seconds EIGHT = 1329897600;
+  for (const char* text : {"2012-02-22T08:00", "2012-02-22 08:00:00", "22-Feb-2012:08:00:00"}) {
+    EXPECT_EQ(TimeOf(text, DayEdge::BEGIN), EIGHT) << text;
+  }
+  EXPECT_EQ(TimeOf("2012-02-22", DayEdge::BEGIN), EIGHT - 8 * 3600);
+  EXPECT_EQ(TimeOf("2012-02-22", DayEdge::END), EIGHT + 16 * 3600 - 1);
+  for (const char* text : {"", "2012-02-30", "2012-02-22T24:61", "08:00", "2012-02-22T08:00x"}) {
+    EXPECT_EQ(TimeOf(text, DayEdge::END), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace ozmo::report
