@@ -48,6 +48,7 @@ std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest&
   LoadClasses(classes, platform.secondClassFile);
 
   CatalogBuild build(platform, classes, interval.periodStart, interval.periodEnd, *catalog);
+  interval.kinds = build.needs().records;
   const int opened = ReaderOpen(reader, interval);
   if (opened >= 1 || platform.walksWithoutOpen) Walk(platform, build, reader, interval, runtime);
   build.FinishGraphs();

@@ -1,7 +1,7 @@
 #include "catalog/needs.h"
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 #include "catalog/top_graphs.h"
 
@@ -53,6 +53,7 @@ class NeedsFinder {
     AddDiskDetail();
     AddProcessDetail();
     AddPasses();
+    AddRecords();
     return needs_;
   }
 
@@ -71,6 +72,7 @@ class NeedsFinder {
   void AddDiskDetail();
   void AddProcessDetail();
   void AddPasses();
+  void AddRecords();
 
   const PlatformSpec& platform_;
   bool isDetailed_;
@@ -171,6 +173,23 @@ void NeedsFinder::AddPasses() {
     needs_.passes.reset(static_cast<size_t>(PassKind::FILE_SYSTEMS));
   if (platform_.hasAdapterGraphs == nullptr) needs_.passes.reset(static_cast<size_t>(PassKind::ADAPTERS));
   if (platform_.partition == nullptr) needs_.passes.reset(static_cast<size_t>(PassKind::PARTITION));
+}
+
+void NeedsFinder::AddRecords() {
+  constexpr std::pair<PassKind, RecordKind> RECORDS[] = {
+      {PassKind::MEMORY, RecordKind::MEMORY},
+      {PassKind::DISKS, RecordKind::DISKS},
+      {PassKind::FILE_SYSTEMS, RecordKind::FILE_SYSTEMS},
+      {PassKind::ADAPTERS, RecordKind::ADAPTERS},
+      {PassKind::PROCESSES, RecordKind::PROCESSES},
+      {PassKind::PROTOCOLS, RecordKind::PROTOCOLS},
+      {PassKind::PARTITION, RecordKind::PARTITION},
+  };
+  for (const auto& [pass, kind] : RECORDS) {
+    if (needs_.Has(pass)) needs_.records.Add(kind);
+  }
+  // A partition limits the processors that shares are taken of.
+  if (needs_.processes.shares && platform_.partition != nullptr) needs_.records.Add(RecordKind::PARTITION);
 }
 
 }  // namespace

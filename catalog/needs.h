@@ -8,6 +8,7 @@
 #include "catalog/graph_name.h"
 #include "catalog/platform.h"
 #include "catalog/processes.h"
+#include "readers/record_kinds.h"
 
 namespace ozmo {
 
@@ -29,6 +30,7 @@ struct Needs {
   std::bitset<static_cast<size_t>(PassKind::COUNT)> passes;
   DiskDetail disks;
   ProcessDetail processes;
+  RecordKinds records = {RecordKind::PROCESSORS, RecordKind::MACHINE_CPU};  // those decide which intervals count
 
   bool Has(Graph graph) const { return graphs[static_cast<size_t>(graph)]; }
   bool Has(PassKind pass) const { return passes[static_cast<size_t>(pass)]; }

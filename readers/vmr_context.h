@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "readers/record_kinds.h"
 #include "readers/record_list.h"
 #include "readers/records.h"
 #include "runtime/times.h"
@@ -32,6 +33,10 @@ struct VmrContext {
   Seconds periodEnd = 0;    // the interval's time stamp
   Seconds utcOffset = DEFAULT_UTC_OFFSET;
   int32_t dstFlag = 0;
+
+  // The records that the builder reads, said ahead of ReaderOpen. Others may be stepped over, the configuration
+  // not.
+  RecordKinds kinds = RecordKinds::All();
 
   // Kept for the whole walk.
   std::optional<SystemConfig> config;

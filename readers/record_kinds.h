@@ -1,0 +1,43 @@
+// The kinds of records that a walk delivers, so that a builder can say which it reads.
+#pragma once
+
+#include <bitset>
+#include <cstddef>
+#include <initializer_list>
+
+namespace ozmo {
+
+enum class RecordKind {
+  PROCESSORS,
+  MACHINE_CPU,  // the machine's processors as a whole, where a format has them apart
+  MEMORY,
+  DISKS,
+  FILE_SYSTEMS,
+  ADAPTERS,
+  PROCESSES,
+  PROTOCOLS,  // protocol counters or the named rates of monitor text files
+  PARTITION,
+  OTHERS,  // what no builder reads
+  COUNT
+};
+
+class RecordKinds {
+ public:
+  static RecordKinds All() {
+    RecordKinds kinds;
+    kinds.bits_.set();
+    return kinds;
+  }
+  RecordKinds() = default;
+  RecordKinds(std::initializer_list<RecordKind> kinds) {
+    for (const RecordKind kind : kinds) Add(kind);
+  }
+
+  void Add(RecordKind kind) { bits_.set(static_cast<size_t>(kind)); }
+  bool Has(RecordKind kind) const { return bits_[static_cast<size_t>(kind)]; }
+
+ private:
+  std::bitset<static_cast<size_t>(RecordKind::COUNT)> bits_;
+};
+
+}  // namespace ozmo
