@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "output/grapher_messages.h"
+#include "output/label_text.h"
 #include "output/libplot.h"
 
 namespace ozmo {
@@ -76,7 +77,7 @@ void DrawTitles(const Grapher& grapher, const FrameBox& box, const std::string& 
                  grapher.halfLineWidth);
     pl_alabel('c', 'b', text.c_str());
   };
-  drawAt(1.08, settings.title);
+  drawAt(1.08, LabelText(settings.title));
   drawAt(1.01, dateLine);
 }
 
@@ -180,7 +181,7 @@ void DrawYTitle(const Grapher& grapher, const FrameBox& box) {
   const bool atRight = grapher.xAxis.switchAxisEnd;
   pl_fmove(atRight ? box.right + offset : box.left - offset, middle);
   pl_ftextangle(90.0);
-  pl_alabel('c', atRight ? 't' : 'x', axis.title.c_str());
+  pl_alabel('c', atRight ? 't' : 'x', LabelText(axis.title).c_str());
   pl_ftextangle(0.0);
 }
 

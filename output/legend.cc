@@ -6,6 +6,7 @@
 
 #include "output/frame.h"
 #include "output/grapher_messages.h"
+#include "output/label_text.h"
 #include "output/libplot.h"
 #include "runtime/numbers.h"
 
@@ -39,7 +40,7 @@ void SetPenAndFill(const char* name) {
 void DrawLabel(const LegendPlace& place, double x, double y, const std::optional<std::string>& label) {
   SetPenAndFill(TEXT_COLOUR);
   pl_fmove(place.X(x), place.Y(y));
-  if (label) pl_alabel('l', 'b', label->c_str());
+  if (label) pl_alabel('l', 'b', LabelText(*label).c_str());
 }
 
 void DrawBoxKey(const LegendPlace& place, const OverlayTrace& trace) {
