@@ -3,9 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "runtime/terminal_text.h"
+
 namespace ozmo {
 
-void GrapherWarn(const std::string& text) { std::fprintf(stderr, "%s: %s\n", "graph", text.c_str()); }
+void GrapherWarn(const std::string& text) {
+  std::fprintf(stderr, "graph: %s\n", TextFor(stderr, text).c_str());
+}
 
 void GrapherError(const std::string& text) { GrapherWarn("error: " + text); }
 

@@ -8,6 +8,7 @@
 #include "readers/field_rules.h"
 #include "runtime/messages.h"
 #include "runtime/runtime.h"
+#include "runtime/terminal_text.h"
 
 namespace ozmo {
 namespace {
@@ -21,7 +22,7 @@ constexpr Seconds FARTHEST_TIME = Seconds{1} << 40;  // no clock reads beyond; k
 void PrintWith(std::FILE* stream, std::string_view text, std::string_view argument) {
   const size_t place = text.find("%s");
   std::string line(text.substr(0, place));
-  line += argument;
+  line += TextFor(stream, argument);
   line += text.substr(place + 2);
   std::fwrite(line.data(), 1, line.size(), stream);
 }

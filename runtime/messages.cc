@@ -6,6 +6,7 @@
 
 #include "runtime/message_format.h"
 #include "runtime/runtime.h"
+#include "runtime/terminal_text.h"
 #include "runtime/text.h"
 #include "runtime/text_file.h"
 
@@ -75,8 +76,8 @@ void MessageDeliver(const Runtime& runtime, const std::string& code, std::string
     runtime.messageSink({code, text, isProblem});
     return;
   }
-  text += '\n';
-  std::fputs(text.c_str(), isProblem ? stderr : stdout);
+  std::FILE* const stream = isProblem ? stderr : stdout;
+  std::fprintf(stream, "%s\n", TextFor(stream, text).c_str());
 }
 
 // "VELTRIX" of "VELTRIX_".

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "readers/file_set.h"
+#include "runtime/terminal_text.h"
 #include "runtime/text.h"
 
 namespace ozmo {
@@ -151,7 +152,7 @@ void VmrReader::ReadHeader(const VmrLine& line, const std::string& path) {
   const int32_t samplingPeriod = line.Integer(5);
   if (samplingPeriod < SHORTEST_PERIOD) {
     std::fprintf(stderr, "Sampling period of %d milliseconds, at least %d expected, in file %s\n",
-                 samplingPeriod, SHORTEST_PERIOD, path.c_str());
+                 samplingPeriod, SHORTEST_PERIOD, TextFor(stderr, path).c_str());
     std::fflush(nullptr);
     std::exit(EXIT_FAILURE);
   }
