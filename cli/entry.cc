@@ -1,10 +1,14 @@
 #include "cli/entry.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <optional>
 
 #include "cli/options.h"
 #include "output/build_graph_job.h"
+#include "output/output_file.h"
 #include "readers/data_reader.h"
 #include "runtime/memory.h"
 #include "runtime/runtime.h"
@@ -26,6 +30,22 @@ void MakeFirstPass(DataReader& reader, RunRequest& request) {
   }
 }
 
+// A stream that was closed ahead of the start leaves its number to the next file that is opened, and a
+// message must not land in a picture.
+void OpenStandardStreams() {
+  int file = 0;
+  while (file >= 0 && file <= STDERR_FILENO) file = open("/dev/null", O_RDWR);
+  if (file > STDERR_FILENO) close(file);
+}
+
+// Takes note of the data file, and ends the process if it is the output file too.
+void NoteDataFile(const RunRequest& request, Runtime& runtime) {
+  const std::optional<FileIdentity> data = IdentityOf(*request.vmrUnixFile);
+  if (!data) return;
+  if (data == IdentityOf(*request.graphFile)) OutputIsInput(*request.graphFile);
+  runtime.inputs.push_back(*data);
+}
+
 // Everything behind the banner. Answers the exit status.
 int Run(Runtime& runtime, int argc, char* const argv[]) {
   RunRequest request;
@@ -37,6 +57,7 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
       std::fputs("ozmo_graph: no data file\n", stderr);
       return NO_DATA_FILE_STATUS;
     }
+    NoteDataFile(request, runtime);
     reader.emplace(ReaderKindOf(*request.vmrUnixFile), runtime);
     MakeFirstPass(*reader, request);
   }
@@ -50,6 +71,7 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
 }  // namespace
 
 int RunEntry(int argc, char* const argv[]) {
+  OpenStandardStreams();
   // By lines also into a pipe or file, so that a line on standard error stands behind what was printed ahead.
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   Runtime runtime;

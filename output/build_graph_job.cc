@@ -25,8 +25,9 @@ void SetSize(GraphJob& job, const RunRequest& request) {
   job.sizeUnit = isGiven ? request.sizeUnit : SizeUnit::INCHES;
 }
 
-GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int pointCount) {
+GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int pointCount, Runtime& runtime) {
   GraphJob job;
+  job.inputs = runtime.inputs;
   job.graphType = request.graphType;
   job.startTime = catalog.spanStart;
   job.endTime = catalog.spanStart + Seconds{pointCount} * 60 - 60;
@@ -44,7 +45,7 @@ std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& cat
     Report(runtime, "Specified main graph not found.");
     return std::nullopt;
   }
-  GraphJob job = JobFor(request, catalog, record->data.npoints);
+  GraphJob job = JobFor(request, catalog, record->data.npoints, runtime);
   job.mainOverlay = PrepareMainOverlay(*record);
   if (request.overlayName) {
     OverlaySelection selection = SelectOverlay(catalog, *record, *request.overlayName);

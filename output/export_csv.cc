@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <string>
 
+#include "output/output_file.h"
 #include "runtime/messages.h"
-#include "runtime/stream.h"
 #include "runtime/times.h"
 
 namespace ozmo {
@@ -63,12 +63,14 @@ void WriteCsv(std::FILE* stream, const GraphJob& job) {
 }
 
 int ExportCsv(const GraphJob& job, Runtime& runtime) {
-  const Stream stream(std::fopen(job.graphFile.c_str(), "w"));
+  DraftFile draft;
+  const Stream stream = OutputFileOpen(job, draft);
   if (!stream) {
     MessageEmit(runtime, "UNDEFINED", {"Could not open graph file."});
     return 0;
   }
   WriteCsv(stream.get(), job);
+  draft.Finish();
   return 1;
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/file_identity.h"
 #include "runtime/run_request.h"
 #include "runtime/times.h"
 
@@ -58,6 +59,7 @@ struct GraphJob {
   double width = 0.0;
   double height = 0.0;
   std::string graphFile;
+  std::vector<FileIdentity> inputs;  // files that the run reads and must not write
   std::string hostName;
 };
 

@@ -5,8 +5,9 @@
 #include <cstdlib>
 #include <vector>
 
+#include "output/output_file.h"
 #include "output/portable_map.h"
-#include "output/temp_map.h"
+#include "runtime/terminal_text.h"
 
 // clang-format off
 #include <jpeglib.h>
@@ -80,7 +81,7 @@ void Compress(jpeg_compress_struct& compressor, std::FILE* input, std::FILE* out
   jpeg_finish_compress(&compressor);
 }
 
-int JpegFromTemp(const std::string& graphFile) {
+int JpegFromTemp(const TempMap& map, const GraphJob& job) {
   jpeg_error_mgr errors;
   jpeg_compress_struct compressor = {};
   compressor.err = jpeg_std_error(&errors);
@@ -92,15 +93,17 @@ int JpegFromTemp(const std::string& graphFile) {
   jpeg_set_defaults(&compressor);
   errors.trace_level = 0;
 
-  const Stream input = TempMapOpen();
+  const Stream input = map.OpenToRead();
   if (!input) JpegInputFail();
-  const Stream output(std::fopen(graphFile.c_str(), "wb"));
+  DraftFile draft;
+  const Stream output = OutputFileOpen(job, draft);
   if (!output) {
-    std::fprintf(stderr, "%s: can't open %s\n", JPEG_NAME, graphFile.c_str());
+    std::fprintf(stderr, "%s: can't open %s\n", JPEG_NAME, TextFor(stderr, job.graphFile).c_str());
     std::exit(1);
   }
   Compress(compressor, input.get(), output.get());
   jpeg_destroy_compress(&compressor);
+  draft.Finish();
   return 0;
 }
 
@@ -111,9 +114,11 @@ void JpegInputFail() {
   std::exit(1);
 }
 
-int JpegFinish(const std::string& graphFile) {
-  JpegFromTemp(graphFile);
-  if (TempMapDelete() < 0) std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
+int JpegFinish(TempMap& map, const GraphJob& job) {
+  if (IdentityOf(job.graphFile) == map.Identity()) OutputIsInput(job.graphFile);
+  map.KeepOnExit();
+  JpegFromTemp(map, job);
+  if (map.Delete() < 0) std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
   return 0;
 }
 

@@ -2,13 +2,17 @@
 // the file of the job. The settings are libjpeg's defaults.
 #pragma once
 
-#include <string>
+#include "output/graph_job.h"
+#include "output/temp_map.h"
 
 namespace ozmo {
 
-// Compresses the temporary map into `graphFile` and deletes it. Returns 0. A file that can't be opened, and
-// whatever libjpeg refuses, ends the process with a message and status 1; the temporary map then stays.
-int JpegFinish(const std::string& graphFile);
+// The longest side of a picture that libjpeg takes.
+inline constexpr int JPEG_SIDE_MAX = 65500;
+
+// Compresses the map into the job's file and deletes it. Returns 0. A file that can't be opened, and whatever
+// libjpeg refuses, ends the process with a message and status 1; the map then stays, to be looked at.
+int JpegFinish(TempMap& map, const GraphJob& job);
 
 // Says that the temporary map can't be opened, and ends the process with status 1.
 [[noreturn]] void JpegInputFail();

@@ -1,21 +1,19 @@
 #include "output/plot_device.h"
 
-#include <sys/stat.h>
-
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "output/grapher_messages.h"
 #include "output/jpeg.h"
 #include "output/libplot.h"
-#include "output/temp_map.h"
+#include "output/output_file.h"
 #include "runtime/numbers.h"
 
 namespace ozmo {
 namespace {
 
-constexpr mode_t FILE_CREATION_MASK = 9;  // decimal
 constexpr double INCHES_IN_A_CENTIMETRE = 0.394;
 
 // By GraphType; a table of text draws nothing.
@@ -27,9 +25,15 @@ constexpr std::array<PlotterForm, 4> PLOTTER_FORMS = {
 constexpr int BITMAP_SIDE_MAX = 65535;
 constexpr int64_t BITMAP_DOTS_MAX = int64_t{1} << 28;
 
-bool IsPossible(const BitmapSize& size) {
-  return size.width > 0 && size.height > 0 && size.width <= BITMAP_SIDE_MAX &&
-         size.height <= BITMAP_SIDE_MAX && int64_t{size.width} * size.height <= BITMAP_DOTS_MAX;
+// Libplot's parameters that act on our plotters. BITMAPSIZE is set and needs no clearing.
+constexpr const char* PARAMETER_VARIABLES[] = {
+    "BG_COLOR", "EMULATE_COLOR",   "GIF_ANIMATION", "GIF_DELAY", "GIF_ITERATIONS",   "INTERLACE",
+    "PAGESIZE", "MAX_LINE_LENGTH", "PNM_PORTABLE",  "ROTATION",  "TRANSPARENT_COLOR"};
+
+bool IsPossible(const BitmapSize& size, GraphType type) {
+  const int sideMax = type == GraphType::JPEG ? JPEG_SIDE_MAX : BITMAP_SIDE_MAX;
+  return size.width > 0 && size.height > 0 && size.width <= sideMax && size.height <= sideMax &&
+         int64_t{size.width} * size.height <= BITMAP_DOTS_MAX;
 }
 
 double DotsInUnit(const GraphJob& job) {
@@ -45,16 +49,24 @@ double DotsInUnit(const GraphJob& job) {
   return 1.0;
 }
 
-Stream OpenPlotFile(const GraphJob& job) {
-  umask(FILE_CREATION_MASK);
-  if (job.graphType == GraphType::JPEG) {
-    Stream map = TempMapCreate();
-    if (!map) JpegInputFail();
-    return map;
-  }
-  Stream file(std::fopen(job.graphFile.c_str(), "w"));
-  if (!file) GrapherFail("could not open output file " + job.graphFile);
-  return file;
+// A map that can't be made is told as one that the JPEG step can't read.
+Stream OpenMap(PlotDevice& device, const GraphJob& job) {
+  device.map = TempMap::Create(job.inputs);
+  Stream stream = device.map ? device.map->OpenToDraw() : nullptr;
+  if (!stream) JpegInputFail();
+  return stream;
+}
+
+Stream OpenPicture(PlotDevice& device, const GraphJob& job) {
+  Stream stream = OutputFileOpen(job, device.draft);
+  if (!stream) GrapherFail("could not open output file " + job.graphFile);
+  return stream;
+}
+
+// A picture depends on the job alone: libplot takes parameters that nobody has set from variables of their
+// names.
+void ClearParameterVariables() {
+  for (const char* name : PARAMETER_VARIABLES) unsetenv(name);
 }
 
 // Libplot's parameters are text, but come by a pointer that is not const.
@@ -80,8 +92,9 @@ void GrapherSetBitmapSize(const BitmapSize& size) {
 
 int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings) {
   if (settings.backgroundColour) SetParameter("BG_COLOR", *settings.backgroundColour);
-  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job))) return -1;
-  device.stream = OpenPlotFile(job);
+  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job), job.graphType)) return -1;
+  ClearParameterVariables();
+  device.stream = job.graphType == GraphType::JPEG ? OpenMap(device, job) : OpenPicture(device, job);
   device.handle = pl_newpl(PlotterFormOf(job.graphType).type, nullptr, device.stream.get(), stderr);
   if (device.handle < 0) return -1;
   pl_selectpl(device.handle);
@@ -92,13 +105,15 @@ int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& set
 }
 
 int GrapherClose(PlotDevice& device) {
-  if (pl_closepl() < 0) {
-    device.stream.reset();
-    return -1;
+  const bool isClosed = pl_closepl() >= 0;
+  if (isClosed) {
+    pl_selectpl(0);
+    pl_deletepl(device.handle);
   }
-  pl_selectpl(0);
-  pl_deletepl(device.handle);
+  const bool isWhole = isClosed && StreamIsSound(device.stream.get());
   device.stream.reset();
+  if (!isWhole) return -1;
+  device.draft.Finish();
   return 0;
 }
 

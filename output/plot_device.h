@@ -2,8 +2,12 @@
 // of the job; a JPEG job draws into the temporary map instead.
 #pragma once
 
+#include <memory>
+
 #include "output/graph_job.h"
 #include "output/plot_settings.h"
+#include "output/temp_map.h"
+#include "runtime/draft_file.h"
 #include "runtime/stream.h"
 
 namespace ozmo {
@@ -22,6 +26,8 @@ struct PlotterForm {
 struct PlotDevice {
   Stream stream;
   int handle = -1;
+  DraftFile draft;               // the job's file, unless
+  std::unique_ptr<TempMap> map;  // it is a JPEG and the drawing goes here
 };
 
 const PlotterForm& PlotterFormOf(GraphType type);
@@ -36,7 +42,8 @@ void GrapherSetBitmapSize(const BitmapSize& size);
 // make the plotter or its bitmap. A file that can't be created ends the process with a message.
 int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings);
 
-// Returns 0, or -1 when libplot can't finish the page. The file is closed either way.
+// Returns 0, or -1 when libplot can't finish the page or not all of it has reached the file. The file is
+// closed either way, and taken away if there is no whole picture in it.
 int GrapherClose(PlotDevice& device);
 
 }  // namespace ozmo

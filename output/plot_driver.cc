@@ -146,7 +146,7 @@ int FinishPlot(PlotDevice& device, const GraphJob& job) {
     GrapherError("could not close plot device");
     return 1;
   }
-  if (job.graphType == GraphType::JPEG) JpegFinish(job.graphFile);
+  if (job.graphType == GraphType::JPEG) JpegFinish(*device.map, job);
   return 0;
 }
 

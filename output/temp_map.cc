@@ -1,46 +1,83 @@
 #include "output/temp_map.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "output/output_file.h"
 
 namespace ozmo {
 namespace {
 
 constexpr const char* TEMP_MAP_NAME = "/tmp/temp.ppm";
-constexpr mode_t TEMP_MAP_MODE = 0666;  // less the file creation mask
+constexpr mode_t TEMP_MAP_MODE = 0600;
 
-// A second name of the file could be one that someone else laid here for us to overwrite.
-bool IsOurs(int file) {
+enum class Claim { HELD, REFUSED, GONE };
+
+// Locks the file and looks whether it is ours to use. GONE: while we waited it lost its name.
+Claim ClaimFile(int file) {
   struct stat status = {};
-  return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid() &&
-         status.st_nlink == 1;
+  // A second name of the file could be one that someone else laid here for us to overwrite.
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_uid != geteuid() ||
+      status.st_nlink > 1) {
+    return Claim::REFUSED;
+  }
+  while (flock(file, LOCK_EX) != 0) {
+    if (errno != EINTR) return Claim::REFUSED;
+  }
+  struct stat named = {};
+  const bool isNamed = lstat(TEMP_MAP_NAME, &named) == 0 && IdentityOf(named) == IdentityOf(file);
+  return isNamed ? Claim::HELD : Claim::GONE;
+}
+
+// The descriptor of the locked file; -1 if there can be none.
+int OpenLocked() {
+  while (true) {
+    // Without O_NONBLOCK a pipe of this name would hang us.
+    const int file =
+        open(TEMP_MAP_NAME, O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, TEMP_MAP_MODE);
+    if (file < 0) return -1;
+    const Claim claim = ClaimFile(file);
+    if (claim == Claim::HELD) return file;
+    close(file);
+    if (claim == Claim::REFUSED) return -1;
+  }
 }
 
 }  // namespace
 
-Stream TempMapCreate() {
-  // Cut to nothing only once it is known to be ours. Without O_NONBLOCK a pipe of this name would hang us.
-  const int file =
-      open(TEMP_MAP_NAME, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, TEMP_MAP_MODE);
+std::unique_ptr<TempMap> TempMap::Create(std::span<const FileIdentity> inputs) {
+  const int file = OpenLocked();
   if (file < 0) return nullptr;
-  if (!IsOurs(file) || ftruncate(file, 0) != 0) {
-    close(file);
-    return nullptr;
-  }
-  return StreamOf(file, "w");
+  std::unique_ptr<TempMap> map(new TempMap(file));
+  if (std::ranges::count(inputs, map->Identity()) != 0) OutputIsInput(TEMP_MAP_NAME);
+  // Cut to nothing only once it is known to be ours.
+  if (ftruncate(file, 0) != 0 || fchmod(file, TEMP_MAP_MODE) != 0) return nullptr;
+  map->draft_.Watch(TEMP_MAP_NAME, file);
+  return map;
 }
 
-Stream TempMapOpen() {
-  const int file = open(TEMP_MAP_NAME, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return nullptr;
-  if (!IsOurs(file)) {
-    close(file);
-    return nullptr;
-  }
-  return StreamOf(file, "rb");
+TempMap::TempMap(int file) : file_(file) {}
+
+TempMap::~TempMap() {
+  draft_.Remove();
+  close(file_);
 }
 
-int TempMapDelete() { return unlink(TEMP_MAP_NAME); }
+// All descriptors share one position and one lock.
+Stream TempMap::Open(const char* mode) const {
+  if (lseek(file_, 0, SEEK_SET) != 0) return nullptr;
+  const int file = fcntl(file_, F_DUPFD_CLOEXEC, 0);
+  return file < 0 ? nullptr : StreamOf(file, mode);
+}
+
+int TempMap::Delete() {
+  draft_.Finish();
+  return unlink(TEMP_MAP_NAME);
+}
 
 }  // namespace ozmo

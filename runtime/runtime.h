@@ -5,7 +5,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "runtime/file_identity.h"
 #include "runtime/identity.h"
 #include "runtime/library_path.h"
 #include "runtime/times.h"
@@ -27,6 +29,7 @@ using ProgressSink = std::function<void(Seconds)>;
 struct Runtime {
   ProductIdentity identity = ProductIdentityInit();
   LibraryDirectoryCache library;
+  std::vector<FileIdentity> inputs;  // the data files, which no output may overwrite
   MessageSink messageSink;    // takes the messages; empty: problems go to standard error, other messages to
                               // standard output
   ProgressSink progressSink;  // may be empty

@@ -4,13 +4,18 @@
 #include <sys/stat.h>
 
 namespace ozmo {
+namespace {
+
+constexpr off_t LARGEST_FILE = off_t{64} << 20;  // bytes: nobody writes as many classes or messages
+
+}  // namespace
 
 Stream TextFileOpen(const std::string& path) {
   // Without O_NONBLOCK the opening of a pipe waits for its writer.
   const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
   if (file < 0) return nullptr;
   struct stat status = {};
-  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > LARGEST_FILE) {
     close(file);
     return nullptr;
   }

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cmath>
 #include <filesystem>
@@ -32,10 +31,7 @@ class PlotDriver : public ::testing::Test {
   PlotDriver() {
     tzset();
     RecordingStart();
-    mask_ = umask(0);
-    umask(mask_);
   }
-  ~PlotDriver() override { umask(mask_); }
 
   int Plot(PlotJob& graph) {
     graph.job.graphFile = directory_ / "plot";
@@ -65,7 +61,6 @@ class PlotDriver : public ::testing::Test {
   ScopedVariable zone_{"TZ", "UTC0"};
   TempDirectory directory_;
   std::string errors_;
-  mode_t mask_;
 };
 
 TEST_F(PlotDriver, OpensOnePlotterAndClosesIt) {
@@ -226,6 +221,14 @@ TEST_F(PlotDriver, ABitmapThatLibplotCanNotMakeIsToldAndNotTried) {
   }
 }
 
+TEST_F(PlotDriver, AJpegHasAShorterLongestSide) {
+  PlotJob graph = Band(11);
+  graph.job.graphType = GraphType::JPEG;
+  graph.job.width = 65501.0;
+  EXPECT_EQ(Plot(graph), 1);
+  EXPECT_EQ(errors_, "graph: error: couldn't open plot device\n");
+}
+
 TEST_F(PlotDriver, APageTakesAnySize) {
   PlotJob graph = Band(11);
   graph.job.graphType = GraphType::POSTSCRIPT;
@@ -251,6 +254,7 @@ TEST_F(PlotDriver, PlottersThatFailAreTold) {
   EXPECT_EQ(Plot(graph), 1);
   EXPECT_EQ(errors_, "graph: error: could not close plot device\n");
   EXPECT_THAT(Recording().Named("deletepl"), IsEmpty());
+  EXPECT_FALSE(std::filesystem::exists(graph.job.graphFile));
 }
 
 TEST_F(PlotDriver, AFileThatCanNotBeCreatedEndsTheProcessWithItsName) {

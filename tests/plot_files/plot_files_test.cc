@@ -12,6 +12,7 @@
 #include "output/plot_driver.h"
 #include "tests/output/plot_job.h"
 #include "tests/plot_files/jpeg_picture.h"
+#include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 #include "tests/support/temp_map_guard.h"
 
@@ -25,6 +26,7 @@ using ::testing::HasSubstr;
 using testing::JpegPicture;
 using testing::PlotJob;
 using testing::ReadJpeg;
+using testing::ScopedVariable;
 using ::testing::StartsWith;
 using testing::TEMP_MAP;
 using testing::TempDirectory;
@@ -47,10 +49,7 @@ class PlotFiles : public ::testing::TestWithParam<GraphType> {
     graph_.AddBand("Blue", 44.0F);
     graph_.job.width = 320.0;
     graph_.job.height = 240.0;
-    mask_ = umask(0);
-    umask(mask_);
   }
-  ~PlotFiles() override { umask(mask_); }
 
   // The file's bytes, after a run that must have gone well.
   std::string Plot(GraphType type) {
@@ -69,7 +68,6 @@ class PlotFiles : public ::testing::TestWithParam<GraphType> {
   TempMapGuard guard_;
   TempDirectory directory_;
   PlotJob graph_;
-  mode_t mask_;
 };
 
 TEST_F(PlotFiles, AGifHasTheSizeOfTheJob) {
@@ -170,6 +168,31 @@ TEST_F(PlotFiles, ABitmapTooLargeIsNotTried) {
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "graph: error: couldn't open plot device\n");
     EXPECT_FALSE(fs::exists(TEMP_MAP));
   }
+}
+
+TEST_P(PlotFiles, APictureThatFailsLeavesNoFile) {
+  graph_.job.graphType = GetParam();
+  graph_.job.graphFile = directory_ / "plot";
+  graph_.job.mainOverlay.traces[0].label = std::string(100, 'x');
+  EXPECT_EXIT(PlotGraphJob(graph_.job), ExitedWithCode(1), "too long for the key");
+  EXPECT_FALSE(fs::exists(graph_.job.graphFile));
+  EXPECT_FALSE(fs::exists(TEMP_MAP));
+}
+
+TEST_P(PlotFiles, APictureThatDoesNotGetThroughIsTold) {
+  graph_.job.graphType = GetParam();
+  graph_.job.graphFile = "/dev/full";
+  EXPECT_EXIT(std::exit(PlotGraphJob(graph_.job)), ExitedWithCode(1),
+              "graph: error: could not close plot device|Output file write error");
+}
+
+TEST_P(PlotFiles, APictureDependsOnTheJobAlone) {
+  if (GetParam() == GraphType::POSTSCRIPT) GTEST_SKIP() << "a page holds the time of its making";
+  const std::string bytes = Plot(GetParam());
+  const ScopedVariable background("BG_COLOR", "red");
+  const ScopedVariable rotation("ROTATION", "90");
+  const ScopedVariable interlace("INTERLACE", "yes");
+  EXPECT_EQ(Plot(GetParam()), bytes);
 }
 
 // Bad values, for every type.

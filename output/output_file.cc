@@ -1,0 +1,42 @@
+#include "output/output_file.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "runtime/terminal_text.h"
+
+namespace ozmo {
+namespace {
+
+constexpr mode_t OUTPUT_MODE = 0666;  // less the file creation mask
+
+}  // namespace
+
+Stream OutputFileOpen(const GraphJob& job, DraftFile& draft) {
+  const SignalsHeld held;
+  // Cut to nothing only once it is known not to be a file that we read.
+  const int file = open(job.graphFile.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, OUTPUT_MODE);
+  if (file < 0) return nullptr;
+  const std::optional<FileIdentity> identity = IdentityOf(file);
+  if (identity) {
+    if (std::ranges::count(job.inputs, *identity) != 0) OutputIsInput(job.graphFile);
+    if (ftruncate(file, 0) != 0) {
+      close(file);
+      return nullptr;
+    }
+    draft.Watch(job.graphFile, file);
+  }
+  return StreamOf(file, "w");
+}
+
+void OutputIsInput(const std::string& path) {
+  std::fprintf(stderr, "ozmo_graph: %s is read by this run and can't be its output file\n",
+               TextFor(stderr, path).c_str());
+  std::exit(1);
+}
+
+bool StreamIsSound(std::FILE* stream) { return std::fflush(stream) == 0 && std::ferror(stream) == 0; }
+
+}  // namespace ozmo

@@ -1,0 +1,27 @@
+// The built tool started without standard streams, as a daemon may start it: the numbers of the closed
+// streams must not go to files, or a message would land in the picture.
+#include <gtest/gtest.h>
+
+#include "tests/end_to_end/process.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo {
+namespace {
+
+TEST(ClosedStreams, NoMessageLandsInThePicture) {
+  const testing::TempDirectory directory;
+  const auto run = [&](const std::string& file, const std::string& redirections) {
+    const std::string command = OZMO_BINARY_DIR
+        "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
+        "-item 'CPU Utilization By Mode' -item 'Overall CPU Utilization' -type gif -graph_file ";
+    RunProcess({"/bin/sh", "-c", command + file + redirections},
+               {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+    return ReadWholeFile(directory / file);
+  };
+  const std::string picture = run("open.gif", "");
+  ASSERT_NE(picture, "");
+  EXPECT_EQ(run("closed.gif", " <&- >&- 2>&-"), picture);
+}
+
+}  // namespace
+}  // namespace ozmo
