@@ -63,7 +63,7 @@ void MemFail(int64_t size) {
   } else {
     std::fprintf(stderr, "Cannot allocate %d bytes\n", shownSize);
   }
-  std::exit(failureState.exitStatus);
+  std::exit(failureState.runtime == nullptr ? EXIT_FAILURE : failureState.exitStatus);
 }
 
 }  // namespace ozmo

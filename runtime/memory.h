@@ -9,7 +9,7 @@ namespace ozmo {
 struct Runtime;
 
 // Names the runtime through which a failed allocation is reported, until MemDetach, and the status that the
-// process ends with then. Without a runtime the report is a plain line on standard error, and the status 0.
+// process ends with then. Without a runtime the report is a plain line on standard error, and the status 1.
 void MemAttach(Runtime& runtime, int exitStatus = 0);
 void MemDetach();
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 
 #include "runtime/runtime.h"
@@ -44,7 +45,7 @@ TEST(MemFailDeathTest, EveryFailedNewEndsThatWay) {
 }
 
 TEST(MemFailDeathTest, ReportsWithoutARuntimeToo) {
-  EXPECT_EXIT(static_cast<void>(::operator new(HugeSize() + 7)), ::testing::ExitedWithCode(0),
+  EXPECT_EXIT(static_cast<void>(::operator new(HugeSize() + 7)), ::testing::ExitedWithCode(EXIT_FAILURE),
               "Cannot allocate 7 bytes");
 }
 

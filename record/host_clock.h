@@ -1,0 +1,43 @@
+// The clocks of the host, and when samples are due.
+#pragma once
+
+#include <cstdint>
+
+namespace ozmo::record {
+
+constexpr int64_t NANOSECONDS = 1'000'000'000;  // of a second
+
+// One moment on both clocks. Intervals are taken from the steady clock, which no one sets and which stands
+// still while the host is suspended; files are stamped by the wall clock.
+struct Moment {
+  int64_t wall = 0;    // nanoseconds since 1970
+  int64_t steady = 0;  // nanoseconds
+  // The nearest second: a wake-up is a little late, and a clock that is being adjusted a little early.
+  int64_t Stamp() const { return (wall + NANOSECONDS / 2) / NANOSECONDS; }
+};
+
+Moment Now();
+
+// The steady time at which a recording of that interval may begin or go on, not before `moment`.
+//
+// Readers walk a file in windows that begin at whole multiples of the interval, ends included. A stamp on
+// such an end would be in two windows, and one beside it might cross over. So stamps are kept a quarter of an
+// interval away from the ends, or 15 seconds if that is less. The wait is half a minute at most.
+int64_t BeginOf(const Moment& moment, int64_t intervalSeconds);
+
+// The steady time at which the sample behind the one of `last` is due, which was due at `due`. Samples are
+// due an interval apart. A host that was too busy has missed some, and the one behind a late sample is missed
+// on purpose where it would come so soon that readers took both for one.
+int64_t DueAfter(int64_t due, const Moment& last, int64_t intervalSeconds);
+
+// From now on the signals that stop a recorder are taken by SleepUntil alone, so that none is lost and none
+// comes in the middle of a write.
+void HoldStopSignals();
+
+// Sleeps until that steady time; false when a signal has stopped the recorder.
+[[nodiscard]] bool SleepUntil(int64_t steady);
+
+// Offset of the host's standard time from UTC, in seconds, positive to the east.
+int32_t StandardOffset(int64_t time);
+
+}  // namespace ozmo::record

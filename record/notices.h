@@ -1,0 +1,20 @@
+// What a recorder tells its user on standard error.
+#pragma once
+
+#include <set>
+#include <string>
+
+namespace ozmo::record {
+
+void PrintError(const std::string& text);
+
+// Words on what is left out of a recording. Each is said once, however often it is met.
+class Notices {
+ public:
+  void SayOnce(const std::string& text);
+
+ private:
+  std::set<std::string> said_;
+};
+
+}  // namespace ozmo::record

@@ -1,0 +1,209 @@
+#include "tests/record/story.h"
+
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "readers/data_reader.h"
+#include "runtime/runtime.h"
+#include "tests/support/environment.h"
+
+namespace ozmo::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+void WriteFile(const fs::path& path, const std::string& text) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+void WriteProcess(const fs::path& proc, std::istringstream& words) {
+  std::string id;
+  words >> id;
+  std::map<std::string, std::string> values;
+  for (std::string word; words >> word;) {
+    const size_t equals = word.find('=');
+    std::string value = word.substr(equals + 1);
+    if (word.starts_with("cmd=")) {
+      std::string rest;
+      std::getline(words, rest);
+      value += rest;
+    }
+    values[word.substr(0, equals)] = value;
+  }
+  const auto number = [&](const char* name) { return values.count(name) != 0 ? values[name] : "0"; };
+  std::ostringstream stat;
+  stat << id << " (" << values["comm"] << ") " << (values.count("state") != 0 ? values["state"] : "S") << ' '
+       << number("ppid") << " 1 1 0 -1";
+  for (const char* name :
+       {"flags", "minflt", "cminflt", "majflt", "cmajflt", "utime", "stime", "cutime", "cstime"}) {
+    stat << ' ' << number(name);
+  }
+  stat << " 20 0 1 0 " << number("starttime") << ' ' << number("vsize") << ' ' << number("rss");
+  for (int i = 0; i < 28; ++i) stat << " 0";
+  WriteFile(proc / id / "stat", stat.str() + "\n");
+  std::string command = values["cmd"];
+  std::replace(command.begin(), command.end(), ' ', '\0');
+  WriteFile(proc / id / "cmdline", command.empty() ? command : command + '\0');
+}
+
+void RemoveProcesses(const fs::path& proc) {
+  if (!fs::exists(proc)) return;
+  std::vector<fs::path> processes;
+  for (const auto& entry : fs::directory_iterator(proc)) {
+    if (isdigit(entry.path().filename().string()[0]) != 0) processes.push_back(entry.path());
+  }
+  for (const fs::path& process : processes) fs::remove_all(process);
+}
+
+}  // namespace
+
+Story::Story(const std::string& text) {
+  fs::create_directories(directory_ / "data");
+  std::istringstream lines(text);
+  fs::path root;
+  std::string file;
+  int moment = -1;
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string word;
+    words >> word;
+    if (word == "at") {
+      const fs::path before = root;
+      root = directory_ / ("host/" + std::to_string(++moment));
+      if (!before.empty()) fs::copy(before, root, fs::copy_options::recursive);
+      RemoveProcesses(root / "proc");
+      std::string clocks;
+      std::getline(words, clocks);
+      WriteFile(root / "clock", clocks + "\n");
+    } else if (word == "file") {
+      words >> file;
+      WriteFile(root / file, "");
+    } else if (word == "|") {
+      std::ofstream(root / file, std::ios::app)
+          << line.substr(std::min(line.find('|') + 2, line.size())) << '\n';
+    } else if (word == "process") {
+      WriteProcess(root / "proc", words);
+    }
+  }
+}
+
+ProcessResult Story::Record(const std::vector<std::string>& options, const std::string& limits) {
+  std::string command = limits + " && exec " OZMO_BINARY_DIR "/tests/ozmo_record_replayed data --node node";
+  for (const std::string& option : options) command += " '" + option + "'";
+  return RunProcess({"/bin/sh", "-c", command}, {{"TZ", "UTC"}, {"REPLAYED_HOST", directory_ / "host"}},
+                    directory_.path(), directory_.path());
+}
+
+namespace {
+
+// Lines of a list, whose head is the record that was written last.
+template <class List, class Print>
+void PrintList(const List& list, std::ostream& out, const char* name, Print print) {
+  for (const auto& record : list) {
+    out << "  " << name;
+    print(record);
+    out << '\n';
+  }
+}
+
+template <class... Values>
+void Put(std::ostream& out, const Values&... values) {
+  ((out << ' ' << values), ...);
+}
+
+std::string ThisUser() {
+  const passwd* user = getpwuid(geteuid());
+  return user == nullptr ? std::to_string(geteuid()) : user->pw_name;
+}
+
+void PrintInterval(const VmrContext& context, std::ostream& out) {
+  out << TimeFormat(context.periodEnd, "%d %H:%M:%S");
+  if (context.config) Put(out, "of", context.config->intervalSeconds, "s");
+  out << '\n';
+  if (context.config && !context.processors.primary.empty()) {
+    out << "  host";
+    Put(out, context.config->configNode, context.config->cpuCount, context.config->memoryMb);
+    out << '\n';
+  }
+  PrintList(context.processors.primary, out, "processor", [&](const ProcessorRecord& r) {
+    Put(out, r.cpuId, r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime);
+  });
+  if (context.memory.primary) {
+    const MemoryRecord& r = *context.memory.primary;
+    out << "  memory";
+    Put(out, r.freeKb, r.sharedKb, r.buffersKb, r.cacheKb, r.pageInRate, r.pageOutRate, r.swapInRate,
+        r.swapOutRate);
+    out << '\n';
+  }
+  PrintList(context.disks.primary, out, "disk", [&](const DiskRecord& r) {
+    Put(out, r.deviceName, r.readRate, r.readMergedRate, r.readBytesRate, r.writeRate, r.writeMergedRate,
+        r.writeBytesRate, r.busyFraction, r.queueLength);
+  });
+  PrintList(context.processes.primary, out, "process", [&](const ProcessRecord& r) {
+    Put(out, r.processId, r.processIdB, r.userCpuSeconds, r.systemCpuSeconds, r.minorFaults, r.majorFaults,
+        r.sizeVirtual, r.sizeResident, r.userName == ThisUser() ? "me" : r.userName, r.name);
+  });
+  if (context.protocolCounters.primary) {
+    out << "  protocols";
+    const auto& counters = context.protocolCounters.primary->counters;
+    for (size_t i = 0; i < 61; ++i) {
+      if (counters[i] != 0) out << ' ' << i << '=' << counters[i];
+    }
+    out << '\n';
+  }
+  PrintList(context.fileSystems.primary, out, "file system", [&](const FileSystemRecord& r) {
+    Put(out, r.deviceName, r.mountName, r.blockSize, r.totalBlocks, r.freeBlocks, r.availableBlocks,
+        r.totalFiles, r.freeFiles);
+  });
+  PrintList(context.lans.primary, out, "adapter", [&](const LanRecord& r) {
+    Put(out, r.adapterName, r.packetsInRate, r.bytesInRate, r.errorsInRate, r.packetsOutRate, r.bytesOutRate,
+        r.errorsOutRate, r.collisionRate);
+  });
+}
+
+}  // namespace
+
+void WalkRecording(const std::string& path, int64_t begin, int64_t end,
+                   const std::function<void(const VmrContext&)>& take) {
+  Runtime runtime;
+  DataReader reader(ReaderKind::LINUX, runtime);
+  std::string node;
+  Seconds first = 0;
+  ::testing::internal::CaptureStdout();
+  if (reader.EntryPass(path, node, first) == 1) {
+    VmrContext context;
+    context.periodStart = begin;
+    context.periodEnd = end;
+    int result = reader.Open(context);
+    while (result >= 1) {
+      result = reader.Next(context);
+      if (result >= 1) take(context);
+    }
+    reader.Close(context);
+  }
+  ::testing::internal::GetCapturedStdout();
+}
+
+std::string Story::Delivered(const std::string& name, const std::string& begin,
+                             const std::string& end) const {
+  const ScopedVariable zone("TZ", "UTC");
+  const auto secondsOf = [](const std::string& text) {
+    std::tm time{};
+    TimeParse(time, text, TimeFormatNumber::DAY_MONTH_YEAR_TIME);
+    return TimeToSeconds(time);
+  };
+  std::ostringstream out;
+  WalkRecording(DataPath(name), secondsOf(begin), secondsOf(end),
+                [&](const VmrContext& context) { PrintInterval(context, out); });
+  return out.str();
+}
+
+}  // namespace ozmo::testing
