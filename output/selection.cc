@@ -92,7 +92,7 @@ OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRec
   if (other == nullptr) return {{}, "Specified overlay graph not found."};
 
   // The top comes from the whole stack. Whether a fixed top counts is the main graph's to say, and what it is
-  // the other's: existing reports are scaled so. Only set 0 is closed on the axis here.
+  // the other's: the scale of an overlay stays what it was. Only set 0 is closed on the axis here.
   Overlay overlay = LayerOf(*other);
   const float peak = TakePeak(other->data);
   overlay.yMax = TopOf(mainRecord.yMax > 0.0F, other->yMax, peak);

@@ -10,7 +10,7 @@ struct PrefixRule {
   ReaderKind kind;
 };
 
-// Scripts rely on Solaris having no upper-case form: QTXS_NODE.DAT is a file of no known prefix.
+// Solaris has no upper-case form, and never had: QTXS_NODE.DAT is a file of no known prefix.
 constexpr PrefixRule PREFIX_RULES[] = {
     {"qtxs_", ReaderKind::SOLARIS}, {"qtxsx_", ReaderKind::SOLARIS}, {"qtxh_", ReaderKind::HPUX},
     {"QTXH_", ReaderKind::HPUX},    {"qtxa_", ReaderKind::AIX},      {"QTXA_", ReaderKind::AIX},
