@@ -85,7 +85,10 @@ struct ReadResult {
 ReadResult Read(const Options& options, Runtime& runtime) {
   ReadResult read;
   runtime.messageSink = [&](const ReadyMessage& message) {
-    if (message.isProblem && message.code != PROGRESS_CODE) read.problems.push_back(message.text);
+    if (!message.isProblem || message.code == PROGRESS_CODE) return;
+    // At once: behind the message of a failed allocation the process ends.
+    Complain(message.text);
+    read.problems.push_back(message.text);
   };
   const SilentOutput silent;
   const Progress progress(runtime);
@@ -113,7 +116,7 @@ bool IsSameFile(const std::string& first, const std::string& second) {
          a.st_ino == b.st_ino;
 }
 
-// Answers what went wrong. A file that could not be written whole doesn't stay.
+// Answers what went wrong. A file that could not be written whole doesn't stay, but a device does.
 std::string WriteText(const std::string& path, const std::string& text) {
   Stream stream(std::fopen(path.c_str(), "w"));
   if (!stream) return path + ": " + std::strerror(errno);
@@ -121,7 +124,8 @@ std::string WriteText(const std::string& path, const std::string& text) {
       std::fwrite(text.data(), 1, text.size(), stream.get()) == text.size() && std::fflush(stream.get()) == 0;
   if (written) return "";
   const std::string failure = path + ": " + std::strerror(errno);
-  std::remove(path.c_str());
+  struct stat status {};
+  if (lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)) std::remove(path.c_str());
   return failure;
 }
 
@@ -155,7 +159,6 @@ std::string Write(const Options& options, const DataDay& day, const std::vector<
 // Answers whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
   const ReadResult read = Read(options, runtime);
-  for (const std::string& problem : read.problems) Complain(problem);
   if (!read.result.day) {
     if (read.problems.empty()) Complain(read.result.failure);
     return false;

@@ -108,6 +108,8 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{"./missing.vmr"}, 1, "No such file or directory"},
       {{empty}, 1, "qtxs_empty.dat_1"},
       {{data, "--begin", "2013-01-01"}, 1, "its first record is of 2012-02-22 08:00:"},
+      {{data, "--begin", "1970-01-02", "--end", "2037-01-01"}, 1, "Cannot allocate"},
+      {{data, "-o", "/dev/full"}, 1, "No space left on device"},
       {{data, "--item", "no such graph"}, 1, "no item \"no such graph\""},
       {{data, "-o", data}, 1, "is the data file"},
       {{data, "-o", "no_directory/page.html"}, 1, "No such file or directory"},
