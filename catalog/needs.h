@@ -30,7 +30,8 @@ struct Needs {
   std::bitset<static_cast<size_t>(PassKind::COUNT)> passes;
   DiskDetail disks;
   ProcessDetail processes;
-  RecordKinds records = {RecordKind::PROCESSORS, RecordKind::MACHINE_CPU};  // those decide which intervals count
+  RecordKinds records = {RecordKind::PROCESSORS,
+                         RecordKind::MACHINE_CPU};  // which tell the intervals that count
 
   bool Has(Graph graph) const { return graphs[static_cast<size_t>(graph)]; }
   bool Has(PassKind pass) const { return passes[static_cast<size_t>(pass)]; }
