@@ -123,7 +123,7 @@ std::string WriteText(const std::string& path, const std::string& text) {
   const bool written =
       std::fwrite(text.data(), 1, text.size(), stream.get()) == text.size() && std::fflush(stream.get()) == 0;
   if (written) return "";
-  const std::string failure = path + ": " + std::strerror(errno);
+  std::string failure = path + ": " + std::strerror(errno);
   struct stat status {};
   if (lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)) std::remove(path.c_str());
   return failure;
@@ -133,7 +133,7 @@ std::string WritePage(const Options& options, const PageData& data, const Runtim
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
   if (IsSameFile(path, options.dataFile)) return path + ": is the data file";
   const std::string page = PageOf(data, "ozmo_report " + runtime.identity.versionText);
-  const std::string failure = WriteText(path, page);
+  std::string failure = WriteText(path, page);
   if (failure.empty()) {
     std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
   }

@@ -57,7 +57,8 @@ std::string TablesOf(const PageData& data) {
   std::string html;
   for (const PageSection& section : data.sections) {
     const std::string level = std::to_string(section.level + 1 > 6 ? 6 : section.level + 1);
-    html += "<h" + level + ">" + HtmlText(section.label) + "</h" + level + ">\n";
+    html.append("<h").append(level).append(">").append(HtmlText(section.label));
+    html.append("</h").append(level).append(">\n");
     if (section.graphs.empty()) continue;
     html += "<table><thead><tr><th>Trace</th><th>Mean</th><th>Peak</th></tr></thead>\n";
     for (const PageGraph& graph : section.graphs) AppendTableRows(html, graph);
