@@ -44,16 +44,31 @@ ProcessPass::ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail,
   }
 }
 
-const ProcessPass::Identity& ProcessPass::IdentityOf(std::string_view user, std::string_view command) {
+ProcessPass::Entry& ProcessPass::EntryOf(std::string_view user, std::string_view command) {
   const auto found = identities_.find(ProcessKeyView(user, command));
-  if (found != identities_.end()) return found->second;
+  if (found != identities_.end()) return *found;
 
-  if (identities_.size() >= MAX_IDENTITIES) identities_.clear();
-  Identity& identity = identities_[ProcessKey{std::string(user), std::string(command)}];
+  if (identities_.size() >= MAX_IDENTITIES) {
+    identities_.clear();
+    last_ = nullptr;
+  }
+  Entry& entry = *identities_.try_emplace(ProcessKey{std::string(user), std::string(command)}).first;
+  Identity& identity = entry.second;
   if (detail_.classes) identity.workloadClass = WorkloadClassify(classes_, user, command);
   if (detail_.images) identity.image = &SeriesOf(images_, ImageOfCommand(command));
   if (detail_.users) identity.user = &SeriesOf(users_, TrimText(user, " "));
-  return identity;
+  return entry;
+}
+
+// Processes stand in much the same order from interval to interval, so most are found without a look-up.
+const ProcessPass::Identity& ProcessPass::IdentityOf(std::string_view user, std::string_view command) {
+  Entry* entry = last_ == nullptr ? nullptr : last_->second.next;
+  if (entry == nullptr || !ProcessKeyEqual()(entry->first, ProcessKeyView(user, command))) {
+    entry = &EntryOf(user, command);
+    if (last_ != nullptr) last_->second.next = entry;
+  }
+  last_ = entry;
+  return entry->second;
 }
 
 // Feeds all but the process count of the class.

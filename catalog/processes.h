@@ -74,13 +74,17 @@ class ProcessPass {
   std::vector<NamedSeries> Users() const { return NamedOf(users_); }
 
  private:
+  struct Identity;
+  using Entry = std::pair<const ProcessKey, Identity>;
   // Where a process's share goes, worked out once for each user and command.
   struct Identity {
     int workloadClass = 0;
     NameSeries* image = nullptr;
     NameSeries* user = nullptr;
+    Entry* next = nullptr;  // the process that stood behind this one when it was last seen
   };
   const Identity& IdentityOf(std::string_view user, std::string_view command);
+  Entry& EntryOf(std::string_view user, std::string_view command);
   const Identity& FeedNamedShare(const Minute& minute, std::string_view user, std::string_view command,
                                  float share);
   void FeedRest(const Minute& minute, double overallCpu);
@@ -92,6 +96,7 @@ class ProcessPass {
   SeriesTable images_;
   SeriesTable users_;
   std::unordered_map<ProcessKey, Identity, ProcessKeyHash, ProcessKeyEqual> identities_;
+  Entry* last_ = nullptr;  // the entry that was found last
   Series shareSum_;
 };
 
