@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "build_fixture.h"
@@ -114,12 +115,12 @@ using SeriesDeathTest = testing::Test;
 TEST(SeriesDeathTest, TwoGibibytesAreTheLimitOfOneCatalog) {
   constexpr int64_t ALL_VALUES = (int64_t{2} << 30) / 4;
   GraphCatalog catalog;
-  EXPECT_EXIT(catalog.budget.Take(2, ALL_VALUES / 2 + 1), testing::ExitedWithCode(0), "");
-  EXPECT_EXIT(catalog.budget.Take(1, -1), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(catalog.budget.Take(2, ALL_VALUES / 2 + 1), testing::ExitedWithCode(EXIT_FAILURE), "");
+  EXPECT_EXIT(catalog.budget.Take(1, -1), testing::ExitedWithCode(EXIT_FAILURE), "");
   catalog.pointCount = 99;
   SeriesNew(catalog);
   catalog.budget.Take(1, ALL_VALUES - 100);
-  EXPECT_EXIT(catalog.budget.Take(1, 1), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(catalog.budget.Take(1, 1), testing::ExitedWithCode(EXIT_FAILURE), "");
 }
 
 }  // namespace
