@@ -1,5 +1,5 @@
-// Runs a command and prints its greatest resident size in KiB. Small itself, since a process counts what it was
-// before it became another program.
+// Runs a command and prints its greatest resident size in KiB. Small itself, since a process counts what it
+// was before it became another program.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
