@@ -21,10 +21,15 @@ int64_t MarginOf(int64_t intervalSeconds) {
   return std::min(LARGEST, (intervalSeconds + 2) / 4) * NANOSECONDS;
 }
 
+// Without those that whoever started the recorder has it ignore, as nohup does.
 sigset_t StopSignals() {
   sigset_t signals;
   sigemptyset(&signals);
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&signals, signal);
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) sigaddset(&signals, signal);
+  }
   return signals;
 }
 

@@ -6,6 +6,8 @@
 #include <ctime>
 #include <string_view>
 
+#include "record/host_clock.h"
+
 namespace ozmo::record {
 namespace {
 
@@ -42,7 +44,7 @@ std::string TakeUntil(int64_t& until) {
     time.tm_isdst = -1;
     until = std::mktime(&time);
     if (time.tm_mday != day) break;  // a thirtieth of February
-    return until > std::time(nullptr) ? "" : std::string("--until ") + optarg + " is past";
+    return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
   }
   return std::string("--until takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"") +
          optarg + "\"";

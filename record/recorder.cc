@@ -62,6 +62,9 @@ std::string Recorder::Walk() {
   if (!SleepUntil(due_)) return "";
   moment_ = Now();
   stamp_ = moment_.Stamp();
+  if (options_.until > 0 && options_.until < ClosingStamp()) {
+    return "--until comes before the end of the first sample";
+  }
   if (!reader_.Read(host_)) return reader_.Failure();
   if (std::string failure = BeginFile(stamp_, stamp_); !failure.empty()) return failure;
   for (;;) {
@@ -105,7 +108,7 @@ std::string Recorder::TakeSample() {
 std::string Recorder::WriteSample(int64_t begin, int64_t stamp, const HostFigures& figures) {
   std::string bytes;
   if (FileDate(stamp) != file_.Date()) {
-    if (std::string failure = EndFile(stamp); !failure.empty()) return failure;
+    if (std::string failure = EndFile(std::max(stamp, ClosingStamp())); !failure.empty()) return failure;
     if (std::string failure = BeginFile(begin, stamp); !failure.empty()) return failure;
   } else if (begin != stamp_) {
     if (begin < stamp_) bytes += TimeRecord(ClosingStamp());

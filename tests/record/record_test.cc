@@ -281,6 +281,7 @@ TEST(RecordTest, RefusesInOneLine) {
        2,
        "--until takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"30-Feb-2040:08:00:00\""},
       {"true", {"--until", "2012-02-22T07:00"}, 2, "--until 2012-02-22T07:00 is past"},
+      {"true", {"--until", "2012-02-22T08:01"}, 1, "--until comes before the end of the first sample"},
       {"true", {"--until", "2040-02-22 08:00", "--count", "1"}, 2, "--count and --until can't both be given"},
       {"true", {"more"}, 2, "a directory is wanted, and nothing else"},
   };
