@@ -88,7 +88,7 @@ process 101 ppid=100 comm=cc1 utime=500 stime=60 minflt=200 cmd=/usr/lib/gcc/cc1
 at 1329897675.001 1075.001
 file proc/stat
 | cpu  5000 800 2200 16600 1000 50 590 0 0 0
-| cpu0 4000 700 1100 8600 1000 40 590 0 0 0
+| cpu0 4300 400 1100 8600 1000 40 590 0 0 0
 | cpu1 1600 100 500 13400 390 10 20 600 0 0
 | intr 0
 file proc/vmstat
@@ -128,7 +128,7 @@ at 1329897734 1134
 at 1329897735 1135
 file proc/stat
 | cpu  4000 700 1100 8600 1000 40 590 0 0 0
-| cpu0 4000 700 1100 14600 1000 40 590 0 0 0
+| cpu0 4300 400 1100 14600 1000 40 590 0 0 0
 | cpu2 9000 9000 9000 9000 9000 9000 9000 0 0 0
 | intr 0
 process 1 comm=systemd utime=10 cmd=/sbin/init
@@ -146,7 +146,7 @@ TEST(RecordTest, TwoSamplesGiveTheRecordsOfTheirIntervals) {
   EXPECT_EQ(story.Delivered("qtxl_node_2012Feb22.dat_1", "22-Feb-2012:08:00:00", "22-Feb-2012:09:00:00"),
             R"(22 08:02:00 of 60 s
   host node 2 2048
-  processor 0 0.5 0.1 0.2 0.1 0.1
+  processor 0 0.55 0.05 0.2 0.1 0.1
   processor 1 0.1 0 0 0.9 0
   memory 512000 100000 64000 400000 1 2 1 2
   disk sda 1 0.1 10240 2 0.2 20480 0.5 1
