@@ -6,8 +6,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <utility>
+
+#include "runtime/terminal_text.h"
 
 namespace ozmo {
 namespace {
@@ -27,18 +30,23 @@ BlockFile::BlockFile(BlockFile&& other) noexcept { *this = std::move(other); }
 BlockFile& BlockFile::operator=(BlockFile&& other) noexcept {
   if (this != &other) {
     Close();
+    path_ = std::move(other.path_);
     descriptor_ = std::exchange(other.descriptor_, -1);
     size_ = other.size_;
     blockStart_ = other.blockStart_;
     next_ = other.next_;
     filled_ = other.filled_;
     block_ = std::move(other.block_);
+    fault_ = other.fault_;
+    error_ = other.error_;
   }
   return *this;
 }
 
 bool BlockFile::Open(const std::string& path) {
   Close();
+  path_ = path;
+  fault_ = ReadFault::NONE;
   descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor_ < 0) return false;
   struct stat status {};
@@ -57,16 +65,16 @@ void BlockFile::Close() {
   descriptor_ = -1;
 }
 
-const uint8_t* BlockFile::Read(int64_t size) {
-  if (size < 0 || size > size_ - Position()) return nullptr;
-  if (!Fill(static_cast<size_t>(size))) return nullptr;
-  const uint8_t* bytes = block_.data() + next_;
-  next_ += static_cast<size_t>(size);
-  return bytes;
+void BlockFile::TellFault() const {
+  const std::string path = TextFor(stderr, path_);
+  if (fault_ == ReadFault::ERROR)
+    std::fprintf(stderr, "Can't read file %s: %s\n", path.c_str(), std::strerror(error_));
+  if (fault_ == ReadFault::SHORTER)
+    std::fprintf(stderr, "File %s has become shorter while it was read\n", path.c_str());
 }
 
 std::string_view BlockFile::ReadLine(size_t limit) {
-  const auto available = static_cast<size_t>(std::min(static_cast<int64_t>(limit), size_ - Position()));
+  const auto available = static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left()));
   if (available == 0 || !Fill(available)) return {};
   const uint8_t* begin = block_.data() + next_;
   const auto* feed = static_cast<const uint8_t*>(std::memchr(begin, '\n', available));
@@ -86,8 +94,8 @@ void BlockFile::Skip(int64_t size) {
   filled_ = 0;
 }
 
-// Makes `size` bytes from next_ on stand in the block. The caller has tested them against the file's size.
 bool BlockFile::Fill(size_t size) {
+  if (static_cast<int64_t>(size) > Left()) return false;
   if (filled_ - next_ >= size) return true;
   std::copy(block_.begin() + static_cast<std::ptrdiff_t>(next_),
             block_.begin() + static_cast<std::ptrdiff_t>(filled_), block_.begin());
@@ -96,10 +104,15 @@ bool BlockFile::Fill(size_t size) {
   next_ = 0;
   if (block_.size() < std::max(size, BLOCK_SIZE)) block_.resize(std::max(size, BLOCK_SIZE));
   while (filled_ < size) {
-    const ssize_t got = pread(descriptor_, block_.data() + filled_, block_.size() - filled_,
-                              blockStart_ + static_cast<int64_t>(filled_));
+    const int64_t place = blockStart_ + static_cast<int64_t>(filled_);
+    const auto room = std::min(static_cast<int64_t>(block_.size() - filled_), size_ - place);
+    const ssize_t got = pread(descriptor_, block_.data() + filled_, static_cast<size_t>(room), place);
     if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return false;  // the file has become shorter since it was opened
+    if (got <= 0) {
+      fault_ = got < 0 ? ReadFault::ERROR : ReadFault::SHORTER;
+      error_ = errno;
+      return false;
+    }
     filled_ += static_cast<size_t>(got);
   }
   return true;
@@ -116,7 +129,6 @@ bool BlockFile::SkipLeadingBlock() {
 
 bool BlockFile::StartsWith(const char* text) {
   const size_t length = std::strlen(text);
-  if (static_cast<int64_t>(length) > size_ - Position()) return false;
   return Fill(length) && std::memcmp(block_.data() + next_, text, length) == 0;
 }
 

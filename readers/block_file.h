@@ -1,4 +1,6 @@
 // A data file read once, front to back, in large blocks; what is skipped is stepped over.
+//
+// The file ends where it ended when it was opened. If fewer bytes can be read, `fault` says why.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +9,12 @@
 #include <vector>
 
 namespace ozmo {
+
+enum class ReadFault {
+  NONE,
+  ERROR,    // the system's, a bad sector, a server that went away
+  SHORTER,  // the file has been cut since it was opened
+};
 
 class BlockFile {
  public:
@@ -25,27 +33,40 @@ class BlockFile {
 
   int64_t Position() const { return blockStart_ + static_cast<int64_t>(next_); }
   int64_t Size() const { return size_; }
+  int64_t Left() const { return size_ - Position(); }
+  ReadFault fault() const { return fault_; }
+  // The fault in words, one line on standard error; nothing where there is none.
+  void TellFault() const;
 
-  // The next `size` bytes, valid until the next call; null when the file has fewer.
-  const uint8_t* Read(int64_t size);
-  // The next line with its line feed, at most `limit` bytes of it, valid until the next call; empty at the
-  // end of the file.
+  // The next `size` bytes, valid until the next read; null when the file has fewer, or on a fault.
+  const uint8_t* Read(size_t size) {
+    if (size > filled_ - next_ && !Fill(size)) return nullptr;
+    const uint8_t* bytes = block_.data() + next_;
+    next_ += size;
+    return bytes;
+  }
+  // The next line with its line feed, at most `limit` bytes of it, valid until the next read; empty at the
+  // end of the file, or on a fault.
   std::string_view ReadLine(size_t limit);
   void Skip(int64_t size);
 
  private:
+  // Makes `size` bytes from next_ on stand in the block; false when the file has fewer, or on a fault.
   bool Fill(size_t size);
   bool SkipLeadingBlock();
   // Steps behind the line feed at or after the present position; false at the end of the file.
   bool SkipLine();
   bool StartsWith(const char* text);
 
+  std::string path_;
   int descriptor_ = -1;
   int64_t size_ = 0;
   int64_t blockStart_ = 0;  // file offset of block_[0]
   size_t next_ = 0;         // next byte in block_
   size_t filled_ = 0;
   std::vector<uint8_t> block_;
+  ReadFault fault_ = ReadFault::NONE;
+  int error_ = 0;  // the system's number of an ERROR
 };
 
 }  // namespace ozmo

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "readers/field_value.h"
+#include "readers/record_kinds.h"
 #include "readers/vmr_context.h"
 
 namespace ozmo {
@@ -36,7 +37,6 @@ struct RecordTable {
 
 // What a reader remembers of its file, and what decoders may ask.
 struct ReaderState {
-  int32_t status = 1;  // 1 all well, 0 window ended, negative: a code of reader_status.h
   Seconds firstRecordTime = 0;
   Seconds windowStart = 0;
   Seconds windowEnd = 0;
@@ -70,6 +70,7 @@ using Decoder = int (*)(Decoding& decoding);
 
 struct DecoderRow {
   int32_t recordType;
+  RecordKind kind;  // what the record is to a builder
   bool isTwin;
   Decoder decode;
 };

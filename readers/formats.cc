@@ -1,21 +1,24 @@
 #include "readers/formats.h"
 
 namespace ozmo {
+namespace {
+
+struct FormatRow {
+  ReaderKind kind;
+  const CollectorFormat* format;
+};
+
+constexpr FormatRow FORMATS[] = {
+    {ReaderKind::SOLARIS, &SOLARIS_FORMAT}, {ReaderKind::HPUX, &HPUX_FORMAT},
+    {ReaderKind::AIX, &AIX_FORMAT},         {ReaderKind::LINUX, &LINUX_FORMAT},
+    {ReaderKind::TRU64, &TRU64_FORMAT},
+};
+
+}  // namespace
 
 const CollectorFormat* FormatOf(ReaderKind kind) {
-  switch (kind) {
-    case ReaderKind::SOLARIS:
-      return &SOLARIS_FORMAT;
-    case ReaderKind::HPUX:
-      return &HPUX_FORMAT;
-    case ReaderKind::AIX:
-      return &AIX_FORMAT;
-    case ReaderKind::LINUX:
-      return &LINUX_FORMAT;
-    case ReaderKind::TRU64:
-      return &TRU64_FORMAT;
-    case ReaderKind::VMR:
-      break;
+  for (const FormatRow& row : FORMATS) {
+    if (row.kind == kind) return row.format;
   }
   return nullptr;
 }

@@ -3,11 +3,13 @@
 
 #include <bitset>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 
 namespace ozmo {
 
-enum class RecordKind {
+enum class RecordKind : uint8_t {
+  CONFIGURATION,  // read in every walk
   PROCESSORS,
   MACHINE_CPU,  // the machine's processors as a whole, where a format has them apart
   MEMORY,
@@ -28,8 +30,8 @@ class RecordKinds {
     kinds.bits_.set();
     return kinds;
   }
-  RecordKinds() = default;
-  RecordKinds(std::initializer_list<RecordKind> kinds) {
+  RecordKinds() { Add(RecordKind::CONFIGURATION); }
+  RecordKinds(std::initializer_list<RecordKind> kinds) : RecordKinds() {
     for (const RecordKind kind : kinds) Add(kind);
   }
 

@@ -34,8 +34,7 @@ struct VmrContext {
   Seconds utcOffset = DEFAULT_UTC_OFFSET;
   int32_t dstFlag = 0;
 
-  // The records that the builder reads, said ahead of ReaderOpen. Others may be stepped over, the
-  // configuration not.
+  // The records that the builder reads, said ahead of ReaderOpen. Others may be stepped over.
   RecordKinds kinds = RecordKinds::All();
 
   // Kept for the whole walk.

@@ -329,15 +329,31 @@ int AixDecodeLan(Decoding& decoding) {
 // --- The format ---
 
 // The partition's twin, type 31, has a layout and no decoder: it is read and dropped.
+using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, false, AixDecodeCpuOverall},  {17, true, AixDecodeCpuOverall}, {2, false, AixDecodeDisk},
-    {18, true, AixDecodeDisk},        {3, false, AixDecodeMemory},     {19, true, AixDecodeMemory},
-    {12, false, AixDecodeMoreMemory}, {4, false, AixDecodeProcess},    {21, true, AixDecodeProcess},
-    {5, false, AixDecodeConfig},      {7, false, AixDecodeNetStats},   {22, true, AixDecodeNetStats},
-    {8, false, AixDecodeCpu},         {23, true, AixDecodeCpu},        {9, false, AixDecodeFileSystem},
-    {24, true, AixDecodeFileSystem},  {13, false, DecodeLoadItem},     {29, true, DecodeLoadItem},
-    {14, false, AixDecodeLpar},       {15, false, AixDecodeLan},       {25, true, AixDecodeLan},
-    {16, false, DecodeSummary},       {26, true, DecodeSummary},
+    {1, Kind::MACHINE_CPU, false, AixDecodeCpuOverall},
+    {17, Kind::MACHINE_CPU, true, AixDecodeCpuOverall},
+    {2, Kind::DISKS, false, AixDecodeDisk},
+    {18, Kind::DISKS, true, AixDecodeDisk},
+    {3, Kind::MEMORY, false, AixDecodeMemory},
+    {19, Kind::MEMORY, true, AixDecodeMemory},
+    {12, Kind::MEMORY, false, AixDecodeMoreMemory},
+    {4, Kind::PROCESSES, false, AixDecodeProcess},
+    {21, Kind::PROCESSES, true, AixDecodeProcess},
+    {5, Kind::CONFIGURATION, false, AixDecodeConfig},
+    {7, Kind::PROTOCOLS, false, AixDecodeNetStats},
+    {22, Kind::PROTOCOLS, true, AixDecodeNetStats},
+    {8, Kind::PROCESSORS, false, AixDecodeCpu},
+    {23, Kind::PROCESSORS, true, AixDecodeCpu},
+    {9, Kind::FILE_SYSTEMS, false, AixDecodeFileSystem},
+    {24, Kind::FILE_SYSTEMS, true, AixDecodeFileSystem},
+    {13, Kind::OTHERS, false, DecodeLoadItem},
+    {29, Kind::OTHERS, true, DecodeLoadItem},
+    {14, Kind::PARTITION, false, AixDecodeLpar},
+    {15, Kind::ADAPTERS, false, AixDecodeLan},
+    {25, Kind::ADAPTERS, true, AixDecodeLan},
+    {16, Kind::OTHERS, false, DecodeSummary},
+    {26, Kind::OTHERS, true, DecodeSummary},
 };
 
 constexpr VersionRule VERSIONS[] = {

@@ -309,15 +309,30 @@ int HpuxDecodeLan(Decoding& decoding) {
 
 // --- The format ---
 
+using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, false, HpuxDecodeCpuOverall}, {17, true, HpuxDecodeCpuOverall}, {2, false, HpuxDecodeDisk},
-    {18, true, HpuxDecodeDisk},       {3, false, HpuxDecodeMemory},     {19, true, HpuxDecodeMemory},
-    {4, false, HpuxDecodeProcess},    {21, true, HpuxDecodeProcess},    {5, false, HpuxDecodeConfig},
-    {7, false, HpuxDecodeNetStats},   {8, false, HpuxDecodeCpu},        {23, true, HpuxDecodeCpu},
-    {9, false, HpuxDecodeFileSystem}, {24, true, HpuxDecodeFileSystem}, {11, false, HpuxDecodeNetStats2},
-    {22, true, HpuxDecodeNetStats2},  {13, false, DecodeLoadItem},      {29, true, DecodeLoadItem},
-    {15, false, HpuxDecodeLan},       {25, true, HpuxDecodeLan},        {16, false, DecodeSummary},
-    {26, true, DecodeSummary},
+    {1, Kind::MACHINE_CPU, false, HpuxDecodeCpuOverall},
+    {17, Kind::MACHINE_CPU, true, HpuxDecodeCpuOverall},
+    {2, Kind::DISKS, false, HpuxDecodeDisk},
+    {18, Kind::DISKS, true, HpuxDecodeDisk},
+    {3, Kind::MEMORY, false, HpuxDecodeMemory},
+    {19, Kind::MEMORY, true, HpuxDecodeMemory},
+    {4, Kind::PROCESSES, false, HpuxDecodeProcess},
+    {21, Kind::PROCESSES, true, HpuxDecodeProcess},
+    {5, Kind::CONFIGURATION, false, HpuxDecodeConfig},
+    {7, Kind::PROTOCOLS, false, HpuxDecodeNetStats},
+    {8, Kind::PROCESSORS, false, HpuxDecodeCpu},
+    {23, Kind::PROCESSORS, true, HpuxDecodeCpu},
+    {9, Kind::FILE_SYSTEMS, false, HpuxDecodeFileSystem},
+    {24, Kind::FILE_SYSTEMS, true, HpuxDecodeFileSystem},
+    {11, Kind::PROTOCOLS, false, HpuxDecodeNetStats2},
+    {22, Kind::PROTOCOLS, true, HpuxDecodeNetStats2},
+    {13, Kind::OTHERS, false, DecodeLoadItem},
+    {29, Kind::OTHERS, true, DecodeLoadItem},
+    {15, Kind::ADAPTERS, false, HpuxDecodeLan},
+    {25, Kind::ADAPTERS, true, HpuxDecodeLan},
+    {16, Kind::OTHERS, false, DecodeSummary},
+    {26, Kind::OTHERS, true, DecodeSummary},
 };
 
 constexpr VersionMatch EQUALS = VersionMatch::EQUALS;

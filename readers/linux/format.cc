@@ -297,14 +297,29 @@ int LinuxDecodeLan(Decoding& decoding) {
 // --- The format ---
 
 // Type 7 has a layout and no decoder: there is nothing in it for us.
+using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, false, LinuxDecodeCpuOverall},  {17, true, LinuxDecodeCpuOverall}, {2, false, LinuxDecodeDisk},
-    {18, true, LinuxDecodeDisk},        {3, false, LinuxDecodeMemory},     {19, true, LinuxDecodeMemory},
-    {4, false, LinuxDecodeProcess},     {21, true, LinuxDecodeProcess},    {5, false, LinuxDecodeConfig},
-    {8, false, LinuxDecodeCpu},         {23, true, LinuxDecodeCpu},        {11, false, LinuxDecodeNetStats},
-    {22, true, LinuxDecodeNetStats},    {13, false, DecodeLoadItem},       {29, true, DecodeLoadItem},
-    {14, false, LinuxDecodeFileSystem}, {24, true, LinuxDecodeFileSystem}, {15, false, LinuxDecodeLan},
-    {25, true, LinuxDecodeLan},         {16, false, DecodeSummary},        {26, true, DecodeSummary},
+    {1, Kind::MACHINE_CPU, false, LinuxDecodeCpuOverall},
+    {17, Kind::MACHINE_CPU, true, LinuxDecodeCpuOverall},
+    {2, Kind::DISKS, false, LinuxDecodeDisk},
+    {18, Kind::DISKS, true, LinuxDecodeDisk},
+    {3, Kind::MEMORY, false, LinuxDecodeMemory},
+    {19, Kind::MEMORY, true, LinuxDecodeMemory},
+    {4, Kind::PROCESSES, false, LinuxDecodeProcess},
+    {21, Kind::PROCESSES, true, LinuxDecodeProcess},
+    {5, Kind::CONFIGURATION, false, LinuxDecodeConfig},
+    {8, Kind::PROCESSORS, false, LinuxDecodeCpu},
+    {23, Kind::PROCESSORS, true, LinuxDecodeCpu},
+    {11, Kind::PROTOCOLS, false, LinuxDecodeNetStats},
+    {22, Kind::PROTOCOLS, true, LinuxDecodeNetStats},
+    {13, Kind::OTHERS, false, DecodeLoadItem},
+    {29, Kind::OTHERS, true, DecodeLoadItem},
+    {14, Kind::FILE_SYSTEMS, false, LinuxDecodeFileSystem},
+    {24, Kind::FILE_SYSTEMS, true, LinuxDecodeFileSystem},
+    {15, Kind::ADAPTERS, false, LinuxDecodeLan},
+    {25, Kind::ADAPTERS, true, LinuxDecodeLan},
+    {16, Kind::OTHERS, false, DecodeSummary},
+    {26, Kind::OTHERS, true, DecodeSummary},
 };
 
 constexpr VersionRule VERSIONS[] = {

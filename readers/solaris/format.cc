@@ -331,14 +331,29 @@ int DecodeItem(Decoding& decoding) {
 
 // --- The format ---
 
+using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, false, DecodeOverall},     {17, true, DecodeOverall},     {2, false, SolarisDecodeDisk},
-    {18, true, SolarisDecodeDisk}, {3, false, DecodeMemory},      {19, true, DecodeMemory},
-    {4, false, DecodeProcess},     {21, true, DecodeProcess},     {5, false, DecodeConfig},
-    {6, false, DecodeProcessor},   {23, true, DecodeProcessor},   {8, false, DecodeKernel},
-    {22, true, DecodeKernel},      {12, false, DecodeFileSystem}, {24, true, DecodeFileSystem},
-    {13, false, DecodeItem},       {29, true, DecodeItem},        {15, false, DecodeLan},
-    {25, true, DecodeLan},         {16, false, DecodeSummary},    {26, true, DecodeSummary},
+    {1, Kind::OTHERS, false, DecodeOverall},
+    {17, Kind::OTHERS, true, DecodeOverall},
+    {2, Kind::DISKS, false, SolarisDecodeDisk},
+    {18, Kind::DISKS, true, SolarisDecodeDisk},
+    {3, Kind::MEMORY, false, DecodeMemory},
+    {19, Kind::MEMORY, true, DecodeMemory},
+    {4, Kind::PROCESSES, false, DecodeProcess},
+    {21, Kind::PROCESSES, true, DecodeProcess},
+    {5, Kind::CONFIGURATION, false, DecodeConfig},
+    {6, Kind::PROCESSORS, false, DecodeProcessor},
+    {23, Kind::PROCESSORS, true, DecodeProcessor},
+    {8, Kind::PROTOCOLS, false, DecodeKernel},
+    {22, Kind::PROTOCOLS, true, DecodeKernel},
+    {12, Kind::FILE_SYSTEMS, false, DecodeFileSystem},
+    {24, Kind::FILE_SYSTEMS, true, DecodeFileSystem},
+    {13, Kind::OTHERS, false, DecodeItem},
+    {29, Kind::OTHERS, true, DecodeItem},
+    {15, Kind::ADAPTERS, false, DecodeLan},
+    {25, Kind::ADAPTERS, true, DecodeLan},
+    {16, Kind::OTHERS, false, DecodeSummary},
+    {26, Kind::OTHERS, true, DecodeSummary},
 };
 
 constexpr VersionRule VERSIONS[] = {

@@ -343,14 +343,29 @@ int Tru64DecodeLan(Decoding& decoding) {
 
 // --- The format ---
 
+using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, false, Tru64DecodeOverall},     {17, true, Tru64DecodeOverall},    {2, false, Tru64DecodeDisk},
-    {18, true, Tru64DecodeDisk},        {3, false, Tru64DecodeMemory},     {19, true, Tru64DecodeMemory},
-    {4, false, Tru64DecodeProcess},     {21, true, Tru64DecodeProcess},    {5, false, Tru64DecodeConfig},
-    {6, false, Tru64DecodeNames},       {7, false, Tru64DecodeAlias},      {8, false, Tru64DecodeCpu},
-    {23, true, Tru64DecodeCpu},         {11, false, Tru64DecodeCounters},  {22, true, Tru64DecodeCounters},
-    {12, false, Tru64DecodeFileSystem}, {24, true, Tru64DecodeFileSystem}, {15, false, Tru64DecodeLan},
-    {25, true, Tru64DecodeLan},         {16, false, DecodeSummary},        {26, true, DecodeSummary},
+    {1, Kind::OTHERS, false, Tru64DecodeOverall},
+    {17, Kind::OTHERS, true, Tru64DecodeOverall},
+    {2, Kind::DISKS, false, Tru64DecodeDisk},
+    {18, Kind::DISKS, true, Tru64DecodeDisk},
+    {3, Kind::MEMORY, false, Tru64DecodeMemory},
+    {19, Kind::MEMORY, true, Tru64DecodeMemory},
+    {4, Kind::PROCESSES, false, Tru64DecodeProcess},
+    {21, Kind::PROCESSES, true, Tru64DecodeProcess},
+    {5, Kind::CONFIGURATION, false, Tru64DecodeConfig},
+    {6, Kind::OTHERS, false, Tru64DecodeNames},
+    {7, Kind::DISKS, false, Tru64DecodeAlias},
+    {8, Kind::PROCESSORS, false, Tru64DecodeCpu},
+    {23, Kind::PROCESSORS, true, Tru64DecodeCpu},
+    {11, Kind::PROTOCOLS, false, Tru64DecodeCounters},
+    {22, Kind::PROTOCOLS, true, Tru64DecodeCounters},
+    {12, Kind::FILE_SYSTEMS, false, Tru64DecodeFileSystem},
+    {24, Kind::FILE_SYSTEMS, true, Tru64DecodeFileSystem},
+    {15, Kind::ADAPTERS, false, Tru64DecodeLan},
+    {25, Kind::ADAPTERS, true, Tru64DecodeLan},
+    {16, Kind::OTHERS, false, DecodeSummary},
+    {26, Kind::OTHERS, true, DecodeSummary},
 };
 
 constexpr VersionRule VERSIONS[] = {

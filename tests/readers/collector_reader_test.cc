@@ -1,8 +1,13 @@
 // The frame that all binary formats share, driven through the Solaris format.
 #include "readers/collector_reader.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
 #include <vector>
 
 #include "readers/formats.h"
@@ -150,6 +155,70 @@ TEST_F(CollectorReaderTest, RecordBeyondTheEndEndsThePassAndWhatWasReadStands) {
   writer.RecordWithLength(0xFFFFFFFF, 6, {Int32(1), Int64(2)});
   ASSERT_EQ(Open(Write(writer), NOON, NOON + 3600), 1);
   EXPECT_EQ(NextUserTimes(), (Times{1}));
+}
+
+// What a record is decides how much of it is read, whatever its length says: each of these is 1 GiB long.
+TEST_F(CollectorReaderTest, LongRecordsCostNoMemory) {
+  constexpr uint32_t LENGTH = 1U << 30U;
+  constexpr int64_t MOST_KILOBYTES = 64 * 1024;
+  const std::string path = Write(Beginning());
+  auto end = static_cast<std::streamoff>(std::filesystem::file_size(path));
+  const auto append = [&](const CollectorWriter& record, std::streamoff length) {
+    std::ofstream file(path, std::ios::binary | std::ios::in);
+    file.seekp(end);
+    file << record.Bytes();
+    end += length;
+  };
+  for (const uint32_t type : {6U, 60U, 600U, 4U, 77U}) {
+    CollectorWriter record(sample::ByteOrder::BIG);
+    append(record.RecordWithLength(LENGTH, type, {Int32(601), Int32(605), Int32(7)}), LENGTH);
+  }
+  CollectorWriter last(sample::ByteOrder::BIG);
+  last.Record(6, {Int32(3), Int64(8)});
+  append(last, static_cast<std::streamoff>(last.Bytes().size()));
+
+  rusage before{};
+  getrusage(RUSAGE_SELF, &before);
+  ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
+  EXPECT_EQ(NextUserTimes(), (Times{static_cast<double>(int64_t{605} << 32 | 7)}));  // 77 ends the interval
+  EXPECT_EQ(NextUserTimes(), (Times{8.0 / 605}));
+  rusage after{};
+  getrusage(RUSAGE_SELF, &after);
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, MOST_KILOBYTES);
+}
+
+// A file longer than what is read at once fails in its middle: the descriptor is put on a directory, or the
+// file is cut.
+TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
+  constexpr int RECORDS = 20000;
+  CollectorWriter writer = Beginning();
+  WriteProcessor(writer, 0, 1);
+  writer.Record(77, {Int32(0)});  // ends the interval
+  for (int i = 0; i < RECORDS; ++i) WriteProcessor(writer, 0, 2);
+  for (const bool isCut : {false, true}) {
+    const std::string path = Write(writer);
+    ASSERT_EQ(Enter(path), 1);
+    const int descriptor = dup(STDIN_FILENO);  // the number that the next file opened will have
+    close(descriptor);
+    ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
+    EXPECT_EQ(NextUserTimes(), (Times{1}));
+    if (isCut) {
+      std::filesystem::resize_file(path, 4096);
+    } else {
+      const int directory = open("/", O_RDONLY | O_DIRECTORY);
+      dup2(directory, descriptor);
+      close(directory);
+    }
+    std::string code;
+    runtime_.messageSink = [&](const ReadyMessage& message) { code = message.code; };
+    ::testing::internal::CaptureStderr();
+    NextUserTimes();
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    EXPECT_EQ(result_, READER_END_OF_FILE);
+    EXPECT_EQ(said, isCut ? "File " + path + " has become shorter while it was read\n" : "");
+    EXPECT_EQ(code, isCut ? "" : "NOREAD");
+    reader_.Close(context_);
+  }
 }
 
 TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {

@@ -1,0 +1,88 @@
+// One binary collector file at a time, driven by a CollectorFormat.
+//
+// An entry pass finds a file's version, node and first time stamp. Walk passes then deliver the records of
+// one window each. A window ends at the first time record beyond it, and the next begins behind that record
+// without a seek back: the data behind it are delivered by the next pass, whatever its window.
+//
+// A record's length is a claim. What a record is decides how much of it is read: nothing of one that is
+// unknown or not wanted, and of others what their fields can take.
+#pragma once
+
+#include <string>
+
+#include "readers/block_file.h"
+#include "readers/collector_format.h"
+#include "readers/reader_status.h"
+#include "readers/record_types.h"
+
+namespace ozmo {
+
+struct Runtime;
+
+class CollectorFile {
+ public:
+  CollectorFile(const CollectorFormat& format, Runtime& runtime);
+
+  // 1, or a code of reader_status.h whose message has been given. The file is closed again.
+  int EntryPass(const std::string& path);
+
+  // Opens a file for walk passes; false, and a message, when it can't be opened.
+  bool Open(const std::string& path);
+  bool IsOpen() const { return file_.IsOpen(); }
+  void Close() { file_.Close(); }
+  // The context's period is the window. 1: its records are in the context, else a code as above.
+  int WalkPass(VmrContext& context);
+
+  // Forgets the last time stamp, ahead of a walk, or the definition lists, behind it.
+  void ForgetTime() { state_.previousRawTime = 0; }
+  void ForgetLists() { types_.DropLists(); }
+
+  const ReaderState& state() const { return state_; }
+
+ private:
+  struct Header {
+    int32_t recordType = 0;
+    int64_t size = 0;  // of the payload
+  };
+  // The bytes of a payload that are of use; the file goes on behind the payload.
+  struct Payload {
+    const uint8_t* bytes = nullptr;
+    size_t size = 0;
+  };
+
+  // Each takes one record: 1 when the pass goes on, 0 when it stops there, or a negative code.
+  int TakeEntryRecord();
+  int TakeWalkRecord(VmrContext& context);
+  int PassOverUnknown(const Header& header);
+  int TakeTag(const Header& header);
+  int TakeList(const RecordMeaning& meaning, const Header& header);
+  int TakeEntryTime(const Header& header);
+  int TakeEntryFields(const Header& header);
+  int TakeTime(const Header& header);
+  int TakeData(const DecoderRow& decoder, const Header& header, VmrContext& context);
+
+  int ReadHeader(Header& header);
+  int ReadPayload(const Header& header, size_t reach, Payload& payload);
+  int Fault() const;
+  bool IsOutsideWindow(int32_t recordType) const;
+  // Calls `visit` for one field behind the other, until it says false.
+  template <class Visit>
+  void VisitFields(int32_t recordType, const Payload& payload, Visit visit);
+
+  int CheckEntry() const;
+  void StoreEntryField(const FieldValue& field);
+  void ChooseVersion(std::string_view version);
+  Seconds TimeOf(const FieldValue& field) const;
+  bool StoreTime(Seconds raw);
+  void UseTable(const RecordTable& table);
+  int TellResult(int result, const std::string& path);
+
+  const CollectorFormat* format_;
+  Runtime* runtime_;
+  ReaderState state_;
+  ByteOrder order_ = ByteOrder::BIG;
+  BlockFile file_;
+  RecordTypes types_;
+};
+
+}  // namespace ozmo

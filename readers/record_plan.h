@@ -1,0 +1,71 @@
+// Where the fields of one record type stand, worked out once when the file's definition lists have come.
+//
+// Numbers have fixed sizes, so the fields between two texts, a run, stand at fixed distances: the length of a
+// text is all that has to be looked at to find the next run.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "readers/collector_format.h"
+#include "readers/field_value.h"
+
+namespace ozmo {
+
+// A text with its length byte: no field takes more.
+inline constexpr size_t LONGEST_FIELD = 256;
+
+// The definition lists of a record type, as the file brought them.
+struct DefinitionLists {
+  std::vector<int32_t> order;     // field ids in file order
+  std::vector<int32_t> divisors;  // by the same positions
+};
+
+class RecordPlan {
+ public:
+  RecordPlan() = default;
+  RecordPlan(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order);
+
+  // The fields that the file has, in table order. They point into `record`, of which `size` bytes are there;
+  // the first that runs past them and those behind it have null data.
+  std::span<const FieldValue> Place(const uint8_t* record, size_t size);
+  // How many bytes of a record its fields can take at most.
+  size_t reach() const { return reach_; }
+
+  // For records that are acted on field by field: as many positions as the layout has fields, and the field
+  // at each; null where the list has none, or one that the layout doesn't know.
+  size_t PositionCount() const { return fieldAt_.size(); }
+  const FieldValue* FieldAt(size_t position) const {
+    return fieldAt_[position] == NOT_FOUND_ID ? nullptr : &fields_[static_cast<size_t>(fieldAt_[position])];
+  }
+
+ private:
+  struct FixedPlace {
+    uint32_t field;   // in fields_
+    uint32_t offset;  // from the begin of its run
+  };
+  struct Run {
+    uint32_t placeEnd = 0;  // behind the run's last in places_
+    uint32_t size = 0;      // of all, with the length byte of the text
+    bool endsInText = false;
+  };
+
+  void ChooseFields(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order);
+  void FindRuns();
+  void PlaceCutOff(const uint8_t* record, size_t size);
+
+  std::vector<FieldValue> fields_;
+  std::vector<int32_t> fieldAt_;  // for each position its field in fields_, or NOT_FOUND_ID
+  std::vector<FixedPlace> places_;
+  std::vector<Run> runs_;
+  size_t reach_ = 0;
+};
+
+// The bytes that a field takes which begins at `bytes`.
+inline size_t SizeInFile(FieldSize size, const uint8_t* bytes) {
+  return size == FieldSize::TEXT ? size_t{bytes[0]} + 1 : static_cast<size_t>(size);
+}
+
+}  // namespace ozmo

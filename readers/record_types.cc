@@ -1,0 +1,74 @@
+#include "readers/record_types.h"
+
+#include <algorithm>
+
+namespace ozmo {
+namespace {
+
+size_t MostFields(const RecordTable& table) {
+  size_t most = 0;
+  for (const RecordLayout& row : table.rows) most = std::max(most, row.fields.size());
+  return most;
+}
+
+}  // namespace
+
+RecordTypes::RecordTypes(const CollectorFormat& format) : format_(&format) {
+  mostFields_ = MostFields(*format.entryTable);
+  for (const VersionRule& rule : format.versions) {
+    mostFields_ = std::max(mostFields_, MostFields(*rule.table));
+  }
+}
+
+void RecordTypes::Use(const RecordTable& table, ByteOrder order) {
+  order_ = order;
+  types_.fill(DataType{});
+  for (const RecordLayout& row : table.rows) types_[Index(row.recordType)].layout = &row;
+  for (const DecoderRow& row : format_->decoders) types_[Index(row.recordType)].decoder = &row;
+}
+
+RecordMeaning RecordTypes::MeaningOf(int32_t recordType) const {
+  if (HasLayout(recordType)) return {RecordSort::DATA, recordType};
+  if (recordType % 100 == 0 && HasLayout(recordType / 100)) return {RecordSort::ORDER_LIST, recordType / 100};
+  if (recordType % 10 == 0 && HasLayout(recordType / 10)) return {RecordSort::DIVISOR_LIST, recordType / 10};
+  return {};
+}
+
+RecordPlan* RecordTypes::PlanOf(int32_t dataType) {
+  DataType& type = types_[Index(dataType)];
+  if (!type.plan && type.layout != nullptr) {
+    type.plan.emplace(*type.layout, lists_[Index(type.layout->listType)], order_);
+  }
+  return type.plan ? &*type.plan : nullptr;
+}
+
+// Only the plans made from the list are dropped, so that a file that repeats the lists of one type doesn't
+// pay for those of the others.
+void RecordTypes::StoreList(const RecordMeaning& meaning, std::span<const uint8_t> bytes) {
+  const int32_t listType = types_[Index(meaning.dataType)].layout->listType;
+  DefinitionLists& lists = lists_[Index(listType)];
+  std::vector<int32_t>& list = meaning.sort == RecordSort::ORDER_LIST ? lists.order : lists.divisors;
+  list.resize(bytes.size() / NUMBER_SIZE);
+  for (size_t i = 0; i < list.size(); ++i) {
+    list[i] = static_cast<int32_t>(LoadUint32(bytes.data() + i * NUMBER_SIZE, order_));
+  }
+  for (DataType& type : types_) {
+    if (type.layout != nullptr && type.layout->listType == listType) type.plan.reset();
+  }
+}
+
+void RecordTypes::DropOrderLists() {
+  for (DefinitionLists& lists : lists_) lists.order.clear();
+  DropPlans();
+}
+
+void RecordTypes::DropLists() {
+  for (DefinitionLists& lists : lists_) lists = {};
+  DropPlans();
+}
+
+void RecordTypes::DropPlans() {
+  for (DataType& type : types_) type.plan.reset();
+}
+
+}  // namespace ozmo
