@@ -175,7 +175,7 @@ int CollectorFile::TakeWalkRecord(VmrContext& context) {
   if (meaning.sort != RecordSort::DATA) return TakeList(meaning, header);
   if (header.recordType == format_->timeRecord) return TakeTime(header);
   const DecoderRow* decoder = types_.DecoderOf(header.recordType);
-  if (decoder != nullptr && context.kinds.Has(decoder->kind)) return TakeData(*decoder, header, context);
+  if (decoder != nullptr) return TakeData(*decoder, header, context);
   file_.Skip(header.size);
   return READER_DONE;
 }

@@ -33,6 +33,8 @@ class CollectorFile {
   // The context's period is the window. 1: its records are in the context, else a code as above.
   int WalkPass(VmrContext& context);
 
+  // Ahead of a walk: what it wants of the records.
+  void SetWanted(const RecordKinds& kinds) { types_.SetWanted(kinds); }
   // Forgets the last time stamp, ahead of a walk, or the definition lists, behind it.
   void ForgetTime() { state_.previousRawTime = 0; }
   void ForgetLists() { types_.DropLists(); }

@@ -73,6 +73,7 @@ struct DecoderRow {
   RecordKind kind;  // what the record is to a builder
   bool isTwin;
   Decoder decode;
+  std::span<const int32_t> builderFields = {};  // those that builders read the figures of; none: all
 };
 
 // Tests of the version text, in order; the first that holds chooses the table.

@@ -23,6 +23,7 @@ int CollectorReader::Open(VmrContext& context) {
     file_.Close();
     file_.ForgetTime();
   }
+  file_.SetWanted(context.kinds);
   fileSet_ = ReaderFileSet(context.dataPath, context.periodStart, context.periodEnd);
   cursor_ = 0;
   return static_cast<int>(fileSet_.size());

@@ -19,7 +19,8 @@ enum class RecordKind : uint8_t {
   PROCESSES,
   PROTOCOLS,  // protocol counters or the named rates of monitor text files
   PARTITION,
-  OTHERS,  // what no builder reads
+  OTHERS,   // what no builder reads
+  DETAILS,  // the fields that no builder reads of records that it does read
   COUNT
 };
 

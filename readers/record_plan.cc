@@ -35,13 +35,14 @@ std::vector<int32_t> LayoutIndexes(const RecordLayout& layout, std::span<const i
 
 }  // namespace
 
-RecordPlan::RecordPlan(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order) {
-  ChooseFields(layout, lists, order);
-  FindRuns();
+RecordPlan::RecordPlan(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order,
+                       std::span<const int32_t> wanted) {
+  FindFields(layout, lists, order);
+  FindRuns(ChooseWanted(wanted));
 }
 
 // Takes those fields of the layout that have a position in the file.
-void RecordPlan::ChooseFields(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order) {
+void RecordPlan::FindFields(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order) {
   fieldAt_ = LayoutIndexes(layout, lists.order);
   for (size_t index = 0; index < layout.fields.size(); ++index) {
     const auto layoutIndex = static_cast<int32_t>(index);
@@ -53,21 +54,39 @@ void RecordPlan::ChooseFields(const RecordLayout& layout, const DefinitionLists&
   }
 }
 
-void RecordPlan::FindRuns() {
+// For each of the fields its index in wanted_, or NOT_FOUND_ID. A file that has none of those that are wanted
+// has all its fields taken: whether a record holds anything at all decides what becomes of it.
+std::vector<int32_t> RecordPlan::ChooseWanted(std::span<const int32_t> wanted) {
+  const auto isWanted = [&](const FieldValue& field) {
+    return std::find(wanted.begin(), wanted.end(), field.fieldId) != wanted.end();
+  };
+  const bool takesAll = std::none_of(fields_.begin(), fields_.end(), isWanted);
+  std::vector<int32_t> indexes;
+  for (const FieldValue& field : fields_) {
+    const bool isTaken = takesAll || isWanted(field);
+    indexes.push_back(isTaken ? static_cast<int32_t>(wanted_.size()) : NOT_FOUND_ID);
+    if (isTaken) wanted_.push_back(field);
+  }
+  return indexes;
+}
+
+void RecordPlan::FindRuns(const std::vector<int32_t>& wantedIndexes) {
   Run run;
   for (const int32_t field : fieldAt_) {
     if (field == NOT_FOUND_ID) continue;
+    const int32_t wanted = wantedIndexes[static_cast<size_t>(field)];
     const FieldSize size = fields_[static_cast<size_t>(field)].size;
-    places_.push_back({static_cast<uint32_t>(field), run.size});
+    if (wanted != NOT_FOUND_ID) places_.push_back({static_cast<uint32_t>(wanted), run.size});
     run.placeEnd = static_cast<uint32_t>(places_.size());
-    run.endsInText = size == FieldSize::TEXT;
     run.size += static_cast<uint32_t>(size);  // of a text its length byte
-    reach_ += run.endsInText ? LONGEST_FIELD : static_cast<size_t>(size);
+    run.endsInText = size == FieldSize::TEXT;
     if (!run.endsInText) continue;
     runs_.push_back(run);
     run.size = 0;
   }
   if (run.size > 0) runs_.push_back(run);
+  while (runs_.size() > 1 && runs_[runs_.size() - 2].placeEnd == places_.size()) runs_.pop_back();
+  for (const Run& kept : runs_) reach_ += kept.size + (kept.endsInText ? LONGEST_FIELD - 1 : 0);
 }
 
 std::span<const FieldValue> RecordPlan::Place(const uint8_t* record, size_t size) {
@@ -75,32 +94,31 @@ std::span<const FieldValue> RecordPlan::Place(const uint8_t* record, size_t size
   const uint8_t* const end = record + size;
   const FixedPlace* place = places_.data();
   for (const Run& run : runs_) {
-    const FixedPlace* const placeEnd = places_.data() + run.placeEnd;
     size_t taken = run.size;
-    if (taken <= static_cast<size_t>(end - begin)) {
-      for (; place != placeEnd; ++place) fields_[place->field].data = begin + place->offset;
-      if (run.endsInText) taken += begin[taken - 1];
+    if (taken > static_cast<size_t>(end - begin)) return PlaceCutOff(record, size);
+    for (const FixedPlace* const placeEnd = places_.data() + run.placeEnd; place != placeEnd; ++place) {
+      wanted_[place->field].data = begin + place->offset;
     }
-    if (taken > static_cast<size_t>(end - begin)) {
-      PlaceCutOff(record, size);
-      break;
-    }
+    if (run.endsInText) taken += begin[taken - 1];
+    if (taken > static_cast<size_t>(end - begin)) return PlaceCutOff(record, size);
     begin += taken;
   }
-  return fields_;
+  return wanted_;
 }
 
-void RecordPlan::PlaceCutOff(const uint8_t* record, size_t size) {
+std::span<const FieldValue> RecordPlan::PlaceCutOff(const uint8_t* record, size_t size) {
   for (FieldValue& field : fields_) field.data = nullptr;
   size_t offset = 0;
-  for (const FixedPlace& place : places_) {
-    FieldValue& field = fields_[place.field];
-    if (offset >= size) return;
+  for (const int32_t index : fieldAt_) {
+    if (index == NOT_FOUND_ID) continue;
+    if (offset >= size) break;
+    FieldValue& field = fields_[static_cast<size_t>(index)];
     const size_t taken = SizeInFile(field.size, record + offset);
-    if (taken > size - offset) return;
+    if (taken > size - offset) break;
     field.data = record + offset;
     offset += taken;
   }
+  return fields_;
 }
 
 }  // namespace ozmo

@@ -25,13 +25,15 @@ struct DefinitionLists {
 
 class RecordPlan {
  public:
-  RecordPlan() = default;
-  RecordPlan(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order);
+  // `wanted`: the fields that Place is asked for; empty: all.
+  RecordPlan(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order,
+             std::span<const int32_t> wanted = {});
 
-  // The fields that the file has, in table order. They point into `record`, of which `size` bytes are there;
-  // the first that runs past them and those behind it have null data.
+  // The wanted fields that the file has, in table order. They point into `record`, of which `size` bytes are
+  // there. Of a record that is cut off ahead of one of them it is all fields, and those that aren't there
+  // have null data.
   std::span<const FieldValue> Place(const uint8_t* record, size_t size);
-  // How many bytes of a record its fields can take at most.
+  // How many bytes of a record Place can need at most.
   size_t reach() const { return reach_; }
 
   // For records that are acted on field by field: as many positions as the layout has fields, and the field
@@ -43,23 +45,25 @@ class RecordPlan {
 
  private:
   struct FixedPlace {
-    uint32_t field;   // in fields_
+    uint32_t field;   // in wanted_
     uint32_t offset;  // from the begin of its run
   };
   struct Run {
     uint32_t placeEnd = 0;  // behind the run's last in places_
-    uint32_t size = 0;      // of all, with the length byte of the text
+    uint32_t size = 0;      // of all fields, with the length byte of the text
     bool endsInText = false;
   };
 
-  void ChooseFields(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order);
-  void FindRuns();
-  void PlaceCutOff(const uint8_t* record, size_t size);
+  void FindFields(const RecordLayout& layout, const DefinitionLists& lists, ByteOrder order);
+  std::vector<int32_t> ChooseWanted(std::span<const int32_t> wanted);
+  void FindRuns(const std::vector<int32_t>& wantedIndexes);
+  std::span<const FieldValue> PlaceCutOff(const uint8_t* record, size_t size);
 
-  std::vector<FieldValue> fields_;
-  std::vector<int32_t> fieldAt_;  // for each position its field in fields_, or NOT_FOUND_ID
-  std::vector<FixedPlace> places_;
-  std::vector<Run> runs_;
+  std::vector<FieldValue> fields_;  // all that the file has, in table order
+  std::vector<int32_t> fieldAt_;    // for each position its field in fields_, or NOT_FOUND_ID
+  std::vector<FieldValue> wanted_;
+  std::vector<FixedPlace> places_;  // of wanted_, in file order
+  std::vector<Run> runs_;           // up to the last that holds a wanted field
   size_t reach_ = 0;
 };
 

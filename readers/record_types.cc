@@ -20,11 +20,23 @@ RecordTypes::RecordTypes(const CollectorFormat& format) : format_(&format) {
   }
 }
 
+void RecordTypes::SetWanted(const RecordKinds& kinds) {
+  wanted_ = kinds;
+  FindDecoders();
+}
+
 void RecordTypes::Use(const RecordTable& table, ByteOrder order) {
   order_ = order;
   types_.fill(DataType{});
   for (const RecordLayout& row : table.rows) types_[Index(row.recordType)].layout = &row;
-  for (const DecoderRow& row : format_->decoders) types_[Index(row.recordType)].decoder = &row;
+  FindDecoders();
+}
+
+void RecordTypes::FindDecoders() {
+  for (const DecoderRow& row : format_->decoders) {
+    types_[Index(row.recordType)].decoder = wanted_.Has(row.kind) ? &row : nullptr;
+  }
+  DropPlans();
 }
 
 RecordMeaning RecordTypes::MeaningOf(int32_t recordType) const {
@@ -37,7 +49,9 @@ RecordMeaning RecordTypes::MeaningOf(int32_t recordType) const {
 RecordPlan* RecordTypes::PlanOf(int32_t dataType) {
   DataType& type = types_[Index(dataType)];
   if (!type.plan && type.layout != nullptr) {
-    type.plan.emplace(*type.layout, lists_[Index(type.layout->listType)], order_);
+    const bool takesAll = type.decoder == nullptr || wanted_.Has(RecordKind::DETAILS);
+    type.plan.emplace(*type.layout, lists_[Index(type.layout->listType)], order_,
+                      takesAll ? std::span<const int32_t>() : type.decoder->builderFields);
   }
   return type.plan ? &*type.plan : nullptr;
 }

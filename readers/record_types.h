@@ -22,11 +22,13 @@ class RecordTypes {
  public:
   explicit RecordTypes(const CollectorFormat& format);
 
+  // What the walk that begins wants of the records.
+  void SetWanted(const RecordKinds& kinds);
   // Puts a version's table in force, for a file of the given byte order. The lists stay.
   void Use(const RecordTable& table, ByteOrder order);
 
   RecordMeaning MeaningOf(int32_t recordType) const;
-  // For data types; null where the version's data are of no use.
+  // Of a data type; null when nobody wants its records.
   const DecoderRow* DecoderOf(int32_t dataType) const { return types_[Index(dataType)].decoder; }
   // The plan of a data type; null when the version in force doesn't know the type. It stands until the next
   // list, table or call of DropOrderLists.
@@ -47,18 +49,20 @@ class RecordTypes {
 
   struct DataType {
     const RecordLayout* layout = nullptr;
-    const DecoderRow* decoder = nullptr;
-    std::optional<RecordPlan> plan;  // made when it is asked for
+    const DecoderRow* decoder = nullptr;  // null: not wanted
+    std::optional<RecordPlan> plan;       // made when it is asked for
   };
 
   static size_t Index(int32_t dataType) { return static_cast<size_t>(dataType); }
   bool HasLayout(int32_t recordType) const {
     return recordType >= 0 && recordType < TYPE_COUNT && types_[Index(recordType)].layout != nullptr;
   }
+  void FindDecoders();
   void DropPlans();
 
   const CollectorFormat* format_;
   size_t mostFields_ = 0;  // of any row of any version
+  RecordKinds wanted_ = RecordKinds::All();
   ByteOrder order_ = ByteOrder::BIG;
   std::array<DataType, TYPE_COUNT> types_;
   std::array<DefinitionLists, TYPE_COUNT> lists_;

@@ -329,6 +329,9 @@ int AixDecodeLan(Decoding& decoding) {
 // --- The format ---
 
 // The partition's twin, type 31, has a layout and no decoder: it is read and dropped.
+// CPU times, names of a process.
+constexpr int32_t PROCESS_FIELDS[] = {407, 408, 419, 420};
+
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {1, Kind::MACHINE_CPU, false, AixDecodeCpuOverall},
@@ -338,8 +341,8 @@ constexpr DecoderRow DECODERS[] = {
     {3, Kind::MEMORY, false, AixDecodeMemory},
     {19, Kind::MEMORY, true, AixDecodeMemory},
     {12, Kind::MEMORY, false, AixDecodeMoreMemory},
-    {4, Kind::PROCESSES, false, AixDecodeProcess},
-    {21, Kind::PROCESSES, true, AixDecodeProcess},
+    {4, Kind::PROCESSES, false, AixDecodeProcess, PROCESS_FIELDS},
+    {21, Kind::PROCESSES, true, AixDecodeProcess, PROCESS_FIELDS},
     {5, Kind::CONFIGURATION, false, AixDecodeConfig},
     {7, Kind::PROTOCOLS, false, AixDecodeNetStats},
     {22, Kind::PROTOCOLS, true, AixDecodeNetStats},

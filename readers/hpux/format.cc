@@ -309,6 +309,9 @@ int HpuxDecodeLan(Decoding& decoding) {
 
 // --- The format ---
 
+// CPU times, names of a process.
+constexpr int32_t PROCESS_FIELDS[] = {406, 407, 417, 418};
+
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {1, Kind::MACHINE_CPU, false, HpuxDecodeCpuOverall},
@@ -317,8 +320,8 @@ constexpr DecoderRow DECODERS[] = {
     {18, Kind::DISKS, true, HpuxDecodeDisk},
     {3, Kind::MEMORY, false, HpuxDecodeMemory},
     {19, Kind::MEMORY, true, HpuxDecodeMemory},
-    {4, Kind::PROCESSES, false, HpuxDecodeProcess},
-    {21, Kind::PROCESSES, true, HpuxDecodeProcess},
+    {4, Kind::PROCESSES, false, HpuxDecodeProcess, PROCESS_FIELDS},
+    {21, Kind::PROCESSES, true, HpuxDecodeProcess, PROCESS_FIELDS},
     {5, Kind::CONFIGURATION, false, HpuxDecodeConfig},
     {7, Kind::PROTOCOLS, false, HpuxDecodeNetStats},
     {8, Kind::PROCESSORS, false, HpuxDecodeCpu},

@@ -297,6 +297,9 @@ int LinuxDecodeLan(Decoding& decoding) {
 // --- The format ---
 
 // Type 7 has a layout and no decoder: there is nothing in it for us.
+// CPU times, names and faults of a process.
+constexpr int32_t PROCESS_FIELDS[] = {407, 408, 412, 413, 414, 415};
+
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {1, Kind::MACHINE_CPU, false, LinuxDecodeCpuOverall},
@@ -305,8 +308,8 @@ constexpr DecoderRow DECODERS[] = {
     {18, Kind::DISKS, true, LinuxDecodeDisk},
     {3, Kind::MEMORY, false, LinuxDecodeMemory},
     {19, Kind::MEMORY, true, LinuxDecodeMemory},
-    {4, Kind::PROCESSES, false, LinuxDecodeProcess},
-    {21, Kind::PROCESSES, true, LinuxDecodeProcess},
+    {4, Kind::PROCESSES, false, LinuxDecodeProcess, PROCESS_FIELDS},
+    {21, Kind::PROCESSES, true, LinuxDecodeProcess, PROCESS_FIELDS},
     {5, Kind::CONFIGURATION, false, LinuxDecodeConfig},
     {8, Kind::PROCESSORS, false, LinuxDecodeCpu},
     {23, Kind::PROCESSORS, true, LinuxDecodeCpu},

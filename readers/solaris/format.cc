@@ -331,6 +331,9 @@ int DecodeItem(Decoding& decoding) {
 
 // --- The format ---
 
+// CPU times, names of a process.
+constexpr int32_t PROCESS_FIELDS[] = {410, 411, 415, 421};
+
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {1, Kind::OTHERS, false, DecodeOverall},
@@ -339,8 +342,8 @@ constexpr DecoderRow DECODERS[] = {
     {18, Kind::DISKS, true, SolarisDecodeDisk},
     {3, Kind::MEMORY, false, DecodeMemory},
     {19, Kind::MEMORY, true, DecodeMemory},
-    {4, Kind::PROCESSES, false, DecodeProcess},
-    {21, Kind::PROCESSES, true, DecodeProcess},
+    {4, Kind::PROCESSES, false, DecodeProcess, PROCESS_FIELDS},
+    {21, Kind::PROCESSES, true, DecodeProcess, PROCESS_FIELDS},
     {5, Kind::CONFIGURATION, false, DecodeConfig},
     {6, Kind::PROCESSORS, false, DecodeProcessor},
     {23, Kind::PROCESSORS, true, DecodeProcessor},

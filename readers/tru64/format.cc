@@ -343,6 +343,9 @@ int Tru64DecodeLan(Decoding& decoding) {
 
 // --- The format ---
 
+// CPU times, names of a process.
+constexpr int32_t PROCESS_FIELDS[] = {407, 408, 411, 418};
+
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {1, Kind::OTHERS, false, Tru64DecodeOverall},
@@ -351,8 +354,8 @@ constexpr DecoderRow DECODERS[] = {
     {18, Kind::DISKS, true, Tru64DecodeDisk},
     {3, Kind::MEMORY, false, Tru64DecodeMemory},
     {19, Kind::MEMORY, true, Tru64DecodeMemory},
-    {4, Kind::PROCESSES, false, Tru64DecodeProcess},
-    {21, Kind::PROCESSES, true, Tru64DecodeProcess},
+    {4, Kind::PROCESSES, false, Tru64DecodeProcess, PROCESS_FIELDS},
+    {21, Kind::PROCESSES, true, Tru64DecodeProcess, PROCESS_FIELDS},
     {5, Kind::CONFIGURATION, false, Tru64DecodeConfig},
     {6, Kind::OTHERS, false, Tru64DecodeNames},
     {7, Kind::DISKS, false, Tru64DecodeAlias},

@@ -221,6 +221,39 @@ TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
   }
 }
 
+// What isn't wanted is stepped over and changes nothing else, also where a record ends ahead of what is
+// wanted.
+TEST_F(CollectorReaderTest, UnwantedRecordsAndFieldsAreSteppedOver) {
+  CollectorWriter writer(sample::ByteOrder::BIG);
+  WriteSolarisLists(writer);
+  writer.OrderList(4, {402, 415, 413, 410, 409, 411, 421, 423}).DivisorList(4, {1, 1, 1, 1, 1, 2, 1, 1});
+  WriteSolarisConfig(writer);
+  WriteSolarisTime(writer, NOON - 60);
+  WriteSolarisTime(writer, NOON);
+  WriteProcessor(writer, 0, 1);
+  writer.Record(4, {Int32(7), Text("first"), Int64(5), Int64(3000000000), Int32(6), Int64(4000000000),
+                    Text("ann"), Int32(9)});
+  writer.Record(4, {Int32(8), Text("cut"), Int64(5), Int64(1000000000), sample::Raw("abc")});
+  WriteSolarisTime(writer, NOON + 120);
+  const std::string path = Write(writer);
+  for (const bool isAll : {true, false}) {
+    context_.kinds = isAll ? RecordKinds::All() : RecordKinds{RecordKind::PROCESSES};
+    ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
+    EXPECT_EQ(NextUserTimes(), isAll ? Times{1} : Times{});
+    ASSERT_EQ(context_.processes.primary.size(), 2U);
+    const ProcessRecord& cut = context_.processes.primary.head();
+    EXPECT_EQ(cut.name, "cut");
+    EXPECT_EQ(cut.userCpuSeconds, 1.0F);
+    EXPECT_EQ(cut.userName, "");
+    const ProcessRecord& first = *std::next(context_.processes.primary.begin());
+    EXPECT_EQ(first.name + " " + first.userName, "first ann");
+    EXPECT_EQ(first.userCpuSeconds, 3.0F);
+    EXPECT_EQ(first.systemCpuSeconds, 2.0F);
+    EXPECT_EQ(first.processId, isAll ? 7 : 0);
+    reader_.Close(context_);
+  }
+}
+
 TEST_F(CollectorReaderTest, DivisorActsOnlyWhereTheListHoldsOne) {
   CollectorWriter writer = Beginning();
   writer.DivisorList(6, {1, 10, 0}).Record(6, {Int32(0), Int64(50), Int64(50), Int64(50), Int64(50)});
