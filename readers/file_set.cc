@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
-#include <unordered_set>
+#include <set>
 
 #include "runtime/text.h"
 
@@ -70,7 +70,7 @@ std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds star
   const std::string directory = DirectoryOf(dataPath);
   const std::string prefix = directory + "/";
   const std::string marker = LowerText(series->marker);
-  std::unordered_set<std::string> listed;
+  std::set<std::string> listed;
   for (const std::string& name : ListDirectory(directory)) {
     const size_t dot = name.rfind('.');
     if (dot == std::string::npos) continue;

@@ -42,12 +42,8 @@ void ContextFree(VmrContext& context) {
 void ContextFreeDeep(VmrContext& context) { context = VmrContext{}; }
 
 void ContextFindAlias(const VmrContext& context, DiskRecord& disk) {
-  for (const DeviceAlias& alias : context.deviceAliases) {
-    if (alias.deviceName == disk.deviceName) {
-      disk.displayName = alias.displayName;
-      return;
-    }
-  }
+  const auto alias = context.deviceAliases.find(disk.deviceName);
+  if (alias != context.deviceAliases.end()) disk.displayName = alias->second;
 }
 
 }  // namespace ozmo

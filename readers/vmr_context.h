@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -39,7 +41,7 @@ struct VmrContext {
 
   // Kept for the whole walk.
   std::optional<SystemConfig> config;
-  RecordList<DeviceAlias> deviceAliases;
+  std::map<std::string, std::string, std::less<>> deviceAliases;  // display name by device name
 
   // Emptied and refilled at each ReaderNext.
   TwinPair<RecordList<ProcessorRecord>> processors;
@@ -67,8 +69,7 @@ void ContextFree(VmrContext& context);
 // The same, and what is kept for the whole walk, names and pools included.
 void ContextFreeDeep(VmrContext& context);
 
-// Copies to the record the name its device is known by; no match leaves it as it is, and the first match in
-// list order wins.
+// Copies to the record the name its device is known by; no match leaves it as it is.
 void ContextFindAlias(const VmrContext& context, DiskRecord& disk);
 
 }  // namespace ozmo

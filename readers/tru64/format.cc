@@ -243,8 +243,8 @@ int Tru64DecodeNames(Decoding& decoding) {
   return counted;
 }
 
-// An alias counts from its newest record on. One that comes again takes the place of the older, so that a
-// file that repeats them doesn't make the list grow; nor does a broken one beyond what any host has.
+// An alias counts from its newest record on. A broken file doesn't make the table grow beyond what any host
+// has.
 int Tru64DecodeAlias(Decoding& decoding) {
   constexpr size_t MAX_ALIASES = 4096;
   static const RuleTable<DeviceAlias> rules{
@@ -254,13 +254,9 @@ int Tru64DecodeAlias(Decoding& decoding) {
   DeviceAlias alias;
   const int counted = ApplyRules(rules, alias, decoding);
   if (counted == 0) return 0;
-  for (DeviceAlias& known : decoding.context.deviceAliases) {
-    if (known.deviceName != alias.deviceName) continue;
-    known.displayName = alias.displayName;
-    return counted;
-  }
-  if (decoding.context.deviceAliases.size() >= MAX_ALIASES) return 0;
-  decoding.context.deviceAliases.Push() = alias;
+  auto& aliases = decoding.context.deviceAliases;
+  if (aliases.size() >= MAX_ALIASES && !aliases.contains(alias.deviceName)) return 0;
+  aliases.insert_or_assign(alias.deviceName, alias.displayName);
   return counted;
 }
 
