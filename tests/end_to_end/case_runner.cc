@@ -93,17 +93,11 @@ const CaseRunner::Action CaseRunner::ACTIONS[] = {
     {"records", 1, &CaseRunner::Records},
     {"span", 2, &CaseRunner::Span},
     {"csv", 1, &CaseRunner::Csv},
+    {"graphs", 1, &CaseRunner::Graphs},
+    {"no-graph", 1, &CaseRunner::NoGraph},
     {"run", 0, &CaseRunner::RunTool},
-    {"exit", 1, &CaseRunner::Exit, true},
-    {"stdout", 0, &CaseRunner::Stdout, true},
-    {"stdout-holds", 0, &CaseRunner::StdoutHolds, true},
-    {"stderr", 0, &CaseRunner::Stderr, true},
-    {"stderr-holds", 0, &CaseRunner::StderrHolds, true},
-    {"stderr-begins", 1, &CaseRunner::StderrBegins, true},
-    {"output", 1, &CaseRunner::Output, true},
-    {"output-holds", 1, &CaseRunner::OutputHolds, true},
-    {"output-begins", 2, &CaseRunner::OutputBegins, true},
-    {"absent", 1, &CaseRunner::Absent, true},
+    {"exit", 1, &CaseRunner::Exit},
+    {"absent", 1, &CaseRunner::Absent},
 };
 
 CaseRunner::CaseRunner(std::string path, std::string directory)
@@ -140,9 +134,11 @@ void CaseRunner::Run() {
     openScript_ = nullptr;
     const Action* action = std::find_if(std::begin(ACTIONS), std::end(ACTIONS),
                                         [&](const Action& row) { return statement.keyword == row.keyword; });
-    if (action == std::end(ACTIONS)) return Fail(statement, "unknown statement " + statement.keyword);
+    if (action == std::end(ACTIONS)) {
+      if (!result_ || !Expect(statement)) return Fail(statement, "not a statement, or nothing has been run");
+      continue;
+    }
     if (statement.words.size() < action->words) return Fail(statement, "a word is missing");
-    if (action->looksAtResult && !result_) return Fail(statement, "nothing has been run");
     (this->*action->apply)(statement);
   }
   EXPECT_TRUE(result_) << path_ << " runs nothing";
@@ -181,38 +177,33 @@ void CaseRunner::WriteFile(const std::string& name, const std::string& bytes) {
 
 void CaseRunner::TextFile(const Statement& statement) {
   WriteFile(statement.words[0], Joined(statement.text));
+  if (statement.words[0].ends_with(".vmr")) lastFile_ = statement.words[0];
 }
 
-void CaseRunner::WriteCollector(const Statement& statement, const std::string& name, const std::string& order,
-                                const std::vector<Statement>& script) {
+// The file takes the records that follow, and is written when they are all there.
+void CaseRunner::OpenFile(const Statement& statement, const std::string& name, const std::string& order) {
   if (order != "big" && order != "little") return Fail(statement, "a file is big or little");
-  const CollectorBytes file = WriteCollectorFile(
-      script, order == "big" ? sample::ByteOrder::BIG : sample::ByteOrder::LITTLE, midnight_);
-  if (!file.error.empty()) Fail(statement, file.error);
-  WriteFile(name, file.bytes);
+  lastFile_ = name;
+  openScript_ = &scripts_[name];
+  closeScript_ = [this, statement, name, order] {
+    const auto byteOrder = order == "big" ? sample::ByteOrder::BIG : sample::ByteOrder::LITTLE;
+    const CollectorBytes file = WriteCollectorFile(scripts_[name], byteOrder, midnight_);
+    if (!file.error.empty()) Fail(statement, file.error);
+    WriteFile(name, file.bytes);
+  };
 }
 
 void CaseRunner::File(const Statement& statement) {
-  const std::string name = statement.words[0];
-  lastFile_ = name;
-  openScript_ = &scripts_[name];
-  openScript_->clear();
-  closeScript_ = [this, statement, name] {
-    WriteCollector(statement, name, statement.words[1], scripts_[name]);
-  };
+  scripts_[statement.words[0]].clear();
+  OpenFile(statement, statement.words[0], statement.words[1]);
 }
 
 // A copy takes statements of its own behind the ones it copies.
 void CaseRunner::Copy(const Statement& statement) {
   const auto source = scripts_.find(statement.words[0]);
   if (source == scripts_.end()) return Fail(statement, "no such file to copy");
-  const std::string name = statement.words[1];
-  lastFile_ = name;
-  scripts_[name] = source->second;
-  openScript_ = &scripts_[name];
-  closeScript_ = [this, statement, name] {
-    WriteCollector(statement, name, statement.words[2], scripts_[name]);
-  };
+  scripts_[statement.words[1]] = source->second;
+  OpenFile(statement, statement.words[1], statement.words[2]);
 }
 
 void CaseRunner::Records(const Statement& statement) {
@@ -266,6 +257,16 @@ void CaseRunner::Span(const Statement& statement) {
   }
 }
 
+// The arguments of a run over the span for graph.csv.
+std::vector<std::string> CaseRunner::CsvCommand(const std::string& file, const std::string& item) const {
+  return {"-vmrunix",    file.starts_with('/') ? file : "./" + file,
+          "-begin",      span_[0],
+          "-end",        span_[1],
+          "-item",       item,
+          "-graph_file", "graph.csv",
+          "-type",       "csv"};
+}
+
 // Runs the tool for a CSV file and compares all of it, the graph's path being the case's own.
 void CaseRunner::Csv(const Statement& statement) {
   if (span_.size() < 2) return Fail(statement, "no span");
@@ -277,12 +278,8 @@ void CaseRunner::Csv(const Statement& statement) {
   const std::string file = given.Take("file", lastFile_);
   const std::string overlay = given.Take("overlay", "");
   const std::string output = PathOf((fs::path(given.Take("in", "")) / "graph.csv").string());
-  const std::string first = span_[0];
-  const std::string last = span_[1];
 
-  std::vector<std::string> words = {"-vmrunix", file.starts_with('/') ? file : "./" + file};
-  words.insert(words.end(),
-               {"-begin", first, "-end", last, "-item", item, "-graph_file", "graph.csv", "-type", "csv"});
+  std::vector<std::string> words = CsvCommand(file, item);
   if (!overlay.empty()) words.insert(words.end(), {"-overlay", overlay});
   words.insert(words.end(), options, statement.words.end());
   fs::remove(output);
@@ -292,13 +289,45 @@ void CaseRunner::Csv(const Statement& statement) {
       WriteCsv({.host = given.Take("host", HostOf(file)),
                 .title = given.Take("title", item),
                 .overlayTitle = overlay.substr(0, overlay.find('@')),
-                .first = SecondsOf(first) / 60 * 60,
-                .last = SecondsOf(last) / 60 * 60 + 60 * std::stoi(given.Take("late", "2")),
+                .first = SecondsOf(span_[0]) / 60 * 60,
+                .last = SecondsOf(span_[1]) / 60 * 60 + 60 * std::stoi(given.Take("late", "2")),
                 .columns = statement.text[0],
                 .rows = {statement.text.begin() + 1, statement.text.end()}});
   if (!given.Left().empty()) Fail(statement, "unknown word " + given.Left());
   if (!expected.error.empty()) Fail(statement, expected.error);
   EXPECT_EQ(expected.text, ReadWholeFile(output)) << path_ << ":" << statement.line;
+}
+
+// A csv statement for each line of the text, with the same words but for the minutes.
+void CaseRunner::Graphs(const Statement& statement) {
+  std::vector<std::string> minutes;
+  std::vector<std::string> rest;
+  for (const std::string& word : statement.words) {
+    (word.find('=') == std::string::npos ? minutes : rest).push_back(word);
+  }
+  for (const std::string& line : statement.text) {
+    Statement csv = CsvOfGraphLine(line, minutes);
+    csv.line = statement.line;
+    csv.words.insert(csv.words.end(), rest.begin(), rest.end());
+    Csv(csv);
+  }
+}
+
+// A run an item, which finds no graph; the text tells another message than the usual one.
+void CaseRunner::NoGraph(const Statement& statement) {
+  if (span_.size() < 2) return Fail(statement, "no span");
+  Statement expected = {statement.line, "stdout-holds", {}, statement.text};
+  if (expected.text.empty()) expected.text = {"VELTRIX-INFO  Specified main graph not found."};
+  const auto options = std::find_if(statement.words.begin(), statement.words.end(),
+                                    [](const std::string& word) { return word.starts_with('-'); });
+  for (auto item = statement.words.begin(); item != options; ++item) {
+    std::vector<std::string> words = CsvCommand(lastFile_, *item);
+    words.insert(words.end(), options, statement.words.end());
+    fs::remove(PathOf("graph.csv"));
+    RunWith(statement, words);
+    Expect(expected);
+    if (fs::exists(PathOf("graph.csv"))) Fail(statement, "there is a graph of " + *item);
+  }
 }
 
 // What holds for a run unless the case says otherwise: exit status 1 and nothing on standard error.
@@ -313,56 +342,38 @@ void CaseRunner::FinishRun() {
 }
 
 void CaseRunner::Exit(const Statement& statement) {
+  if (!result_) return Fail(statement, "nothing has been run");
   exitChecked_ = true;
   if (std::to_string(result_->exitStatus) != statement.words[0]) {
     Fail(statement, "exit status is " + std::to_string(result_->exitStatus));
   }
 }
 
-void CaseRunner::ExpectText(const Statement& statement, const std::string& actual) {
-  EXPECT_EQ(Joined(statement.text), actual) << path_ << ":" << statement.line;
-}
-
-void CaseRunner::ExpectLines(const Statement& statement, const std::string& actual) {
-  if (const std::optional<std::string> missing = FirstMissing(actual, statement.text)) {
-    Fail(statement, "no line \"" + *missing + "\" at its place in:\n" + actual);
+// "stdout", "stderr" or "output NAME", alone for all of it, with "-holds" for some lines, "-begins" for the
+// first bytes.
+bool CaseRunner::Expect(const Statement& statement) {
+  const size_t dash = statement.keyword.find('-');
+  const std::string source = statement.keyword.substr(0, dash);
+  const std::string how = dash == std::string::npos ? "" : statement.keyword.substr(dash);
+  const size_t names = source == "output" ? 1 : 0;
+  if (source != "stdout" && source != "stderr" && source != "output") return false;
+  if (statement.words.size() != names + (how == "-begins" ? 1 : 0)) return false;
+  if (source == "stderr") stderrChecked_ = true;
+  const std::string actual = source == "output"   ? ReadWholeFile(PathOf(statement.words[0]))
+                             : source == "stdout" ? result_->standardOutput
+                                                  : result_->standardError;
+  if (how.empty()) {
+    EXPECT_EQ(Joined(statement.text), actual) << path_ << ":" << statement.line;
+  } else if (how == "-holds") {
+    if (const std::optional<std::string> missing = FirstMissing(actual, statement.text))
+      Fail(statement, "no line \"" + *missing + "\" at its place in:\n" + actual);
+  } else if (how == "-begins") {
+    const std::string wanted = Unhex(statement.words[names]);
+    if (!actual.starts_with(wanted)) Fail(statement, "it begins with " + actual.substr(0, wanted.size()));
+  } else {
+    return false;
   }
-}
-
-void CaseRunner::ExpectBeginning(const Statement& statement, const std::string& actual,
-                                 const std::string& wanted) {
-  if (!actual.starts_with(wanted)) Fail(statement, "it begins with " + actual.substr(0, wanted.size()));
-}
-
-void CaseRunner::Stdout(const Statement& statement) { ExpectText(statement, result_->standardOutput); }
-
-void CaseRunner::StdoutHolds(const Statement& statement) { ExpectLines(statement, result_->standardOutput); }
-
-void CaseRunner::Stderr(const Statement& statement) {
-  stderrChecked_ = true;
-  ExpectText(statement, result_->standardError);
-}
-
-void CaseRunner::StderrHolds(const Statement& statement) {
-  stderrChecked_ = true;
-  ExpectLines(statement, result_->standardError);
-}
-
-void CaseRunner::StderrBegins(const Statement& statement) {
-  stderrChecked_ = true;
-  ExpectBeginning(statement, result_->standardError, statement.words[0]);
-}
-
-void CaseRunner::Output(const Statement& statement) {
-  ExpectText(statement, ReadWholeFile(PathOf(statement.words[0])));
-}
-
-void CaseRunner::OutputHolds(const Statement& statement) {
-  ExpectLines(statement, ReadWholeFile(PathOf(statement.words[0])));
-}
-
-void CaseRunner::OutputBegins(const Statement& statement) {
-  ExpectBeginning(statement, ReadWholeFile(PathOf(statement.words[0])), Unhex(statement.words[1]));
+  return true;
 }
 
 void CaseRunner::Absent(const Statement& statement) {

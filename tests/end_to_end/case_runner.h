@@ -25,12 +25,12 @@ class CaseRunner {
   void Run();
 
  private:
-  // A statement of the case itself; those of a collector file stand elsewhere.
+  // A statement of the case itself; those of a collector file, and what is expected of a run, stand
+  // elsewhere.
   struct Action {
     const char* keyword;
     size_t words;  // at least
     void (CaseRunner::*apply)(const Statement&);
-    bool looksAtResult = false;  // of a run
   };
   static const Action ACTIONS[];
 
@@ -45,26 +45,18 @@ class CaseRunner {
   void AddRecord(const Statement& statement);
   void Span(const Statement& statement);
   void Csv(const Statement& statement);
+  void Graphs(const Statement& statement);
+  void NoGraph(const Statement& statement);
   void RunTool(const Statement& statement);
   void Exit(const Statement& statement);
-  void Stdout(const Statement& statement);
-  void StdoutHolds(const Statement& statement);
-  void Stderr(const Statement& statement);
-  void StderrHolds(const Statement& statement);
-  void StderrBegins(const Statement& statement);
-  void Output(const Statement& statement);
-  void OutputHolds(const Statement& statement);
-  void OutputBegins(const Statement& statement);
   void Absent(const Statement& statement);
 
   void WriteFile(const std::string& name, const std::string& bytes);
-  void WriteCollector(const Statement& statement, const std::string& name, const std::string& order,
-                      const std::vector<Statement>& script);
+  void OpenFile(const Statement& statement, const std::string& name, const std::string& order);
+  std::vector<std::string> CsvCommand(const std::string& file, const std::string& item) const;
   void RunWith(const Statement& statement, const std::vector<std::string>& words);
   void FinishRun();
-  void ExpectText(const Statement& statement, const std::string& actual);
-  void ExpectBeginning(const Statement& statement, const std::string& actual, const std::string& wanted);
-  void ExpectLines(const Statement& statement, const std::string& actual);
+  bool Expect(const Statement& statement);
   void Fail(const Statement& statement, const std::string& what) const;
   std::string PathOf(const std::string& name) const;
 

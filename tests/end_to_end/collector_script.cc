@@ -47,6 +47,7 @@ class ScriptWriter {
   void WriteOrder(const std::vector<std::string>& words);
   void WriteDivisors(const std::vector<std::string>& words);
   void WriteRecord(const Statement& statement, std::optional<uint32_t> falseLength);
+  void WriteStamps(const std::vector<std::string>& words);
   std::vector<EncodedField> Fields(uint32_t type, const std::vector<std::string>& words);
   EncodedField Encode(const std::string& size, const std::string& value);
   int64_t Number(const std::string& text);
@@ -134,12 +135,20 @@ void ScriptWriter::WriteRecord(const Statement& statement, std::optional<uint32_
   }
 }
 
+// "7 701 08:00 08:01": a record 7 with the field 701 alone for each time.
+void ScriptWriter::WriteStamps(const std::vector<std::string>& words) {
+  for (size_t i = 2; i < words.size(); ++i) {
+    WriteRecord({line_, "record", {words[0], words[1] + "=@" + words[i]}, {}}, std::nullopt);
+  }
+}
+
 void ScriptWriter::Apply(const Statement& statement) {
   line_ = statement.line;
   if (statement.words.empty() && statement.keyword != "block") return Fail("a word is missing");
   if (statement.keyword == "order") return WriteOrder(statement.words);
   if (statement.keyword == "divisors") return WriteDivisors(statement.words);
   if (statement.keyword == "record") return WriteRecord(statement, std::nullopt);
+  if (statement.keyword == "stamps") return WriteStamps(statement.words);
   if (statement.keyword == "length") {
     if (statement.words.size() < 2) return Fail("length wants a length and a record type");
     return WriteRecord(statement, static_cast<uint32_t>(Number(statement.words[0])));
@@ -163,7 +172,7 @@ void ScriptWriter::Apply(const Statement& statement) {
 
 bool IsCollectorStatement(const Statement& statement) {
   for (const char* keyword :
-       {"order", "divisors", "record", "length", "tag", "cut", "raw", "block", "include"}) {
+       {"order", "divisors", "record", "stamps", "length", "tag", "cut", "raw", "block", "include"}) {
     if (statement.keyword == keyword) return true;
   }
   return false;

@@ -53,4 +53,23 @@ CsvText WriteCsv(const CsvExpectation& expectation) {
   return {text, row == expectation.rows.end() ? "" : "no such minute, or out of order: " + *row};
 }
 
+Statement CsvOfGraphLine(const std::string& line, const std::vector<std::string>& minutes) {
+  const size_t equals = line.find(" = ");
+  std::string columns = "Time";
+  std::vector<std::string> rows = minutes;
+  std::string rest = equals == std::string::npos ? "" : line.substr(equals + 3) + ", ";
+  for (size_t end = 0; (end = rest.find(", ")) != std::string::npos; rest.erase(0, end + 2)) {
+    std::string label = rest.substr(0, end);
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+      const size_t blank = label.find_last_of(' ');
+      if (blank == std::string::npos) break;
+      row->append(label.substr(blank));
+      label.resize(blank);
+    }
+    columns += ",  " + label;
+  }
+  rows.insert(rows.begin(), columns);
+  return {0, "csv", {line.substr(0, equals)}, rows};
+}
+
 }  // namespace ozmo

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/end_to_end/case_file.h"
+
 namespace ozmo {
 
 struct CsvExpectation {
@@ -25,5 +27,8 @@ struct CsvText {
 
 // Times are in UTC. A minute is told as "08:05", or with the day of the month ahead: "23:08:05".
 CsvText WriteCsv(const CsvExpectation& expectation);
+
+// The csv statement that a line "ITEM = LABEL VALUE ..., LABEL VALUE ..." stands for, with a value a minute.
+Statement CsvOfGraphLine(const std::string& line, const std::vector<std::string>& minutes);
 
 }  // namespace ozmo
