@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 namespace ozmo {
@@ -15,44 +15,73 @@ constexpr char SEPARATOR = '~';
 // Printable in the C locale, whatever the locale of the run.
 bool IsPrintable(char c) { return c >= ' ' && c <= '~'; }
 
+std::string Printable(std::string_view text) {
+  std::string printable(text);
+  for (char& c : printable) {
+    if (!IsPrintable(c)) c = ' ';
+  }
+  return printable;
+}
+
+// A field that is a plain decimal number from end to end, as nearly all are: from_chars gives the same value
+// as the C library's functions much faster. What it doesn't take whole (a plus sign, blanks, words, a range)
+// is theirs.
+template <class Number>
+std::optional<Number> PlainNumber(std::string_view text) {
+  Number value = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return error == std::errc() && stop == text.data() + text.size() ? std::optional(value) : std::nullopt;
+}
+
 }  // namespace
 
 bool VmrLine::Assign(std::string_view text) {
-  starts_.clear();
   // Whatever was read last stands for the line end: a file's last line needs one like all others.
   text.remove_suffix(std::min<size_t>(text.size(), 1));
   if (text.ends_with('\r')) text.remove_suffix(1);
-  if (text.empty()) return false;
+  text_ = text;
+  ends_.clear();
+  return !text.empty();
+}
 
-  text = text.substr(0, MAX_LENGTH);
-  starts_.push_back(0);
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == SEPARATOR) {
-      buffer_[i] = '\0';
-      starts_.push_back(i + 1);
-    } else {
-      buffer_[i] = IsPrintable(text[i]) ? text[i] : ' ';
-    }
-  }
-  buffer_[text.size()] = '\0';
+bool VmrLine::CutNext() {
+  const size_t start = ends_.empty() ? 0 : ends_.back() + 1;
+  if (start > text_.size()) return false;
+  ends_.push_back(std::min(text_.find(SEPARATOR, start), text_.size()));
   return true;
 }
 
-int32_t VmrLine::Integer(size_t index) const { return VmrInteger(Field(index)); }
-
-float VmrLine::Number(size_t index) const {
-  const char* text = Field(index);
-  const char* end = text + std::strlen(text);
-  float value = 0.0F;
-  // Most fields are a plain decimal number, for which from_chars gives the same value much faster. Whatever
-  // it doesn't take whole (a sign, blanks, words, a range) is strtof's.
-  const auto [stop, error] = std::from_chars(text, end, value);
-  return error == std::errc() && stop == end ? value : std::strtof(text, nullptr);
+size_t VmrLine::FieldCount() {
+  while (CutNext()) {
+  }
+  return ends_.size();
 }
 
-int32_t VmrInteger(const char* text) {
+std::string_view VmrLine::Field(size_t index) {
+  while (ends_.size() <= index) {
+    if (!CutNext()) return {};
+  }
+  const size_t start = index == 0 ? 0 : ends_[index - 1] + 1;
+  return text_.substr(start, ends_[index] - start);
+}
+
+std::string VmrLine::Text(size_t index) { return Printable(Field(index)); }
+
+int32_t VmrLine::Integer(size_t index) {
+  const std::string_view text = Field(index);
+  const std::optional<int32_t> plain = PlainNumber<int32_t>(text);
+  return plain ? *plain : VmrInteger(Printable(text));
+}
+
+float VmrLine::Number(size_t index) {
+  const std::string_view text = Field(index);
+  const std::optional<float> plain = PlainNumber<float>(text);
+  return plain ? *plain : std::strtof(Printable(text).c_str(), nullptr);
+}
+
+int32_t VmrInteger(const std::string& text) {
   constexpr int DECIMAL = 10;
-  return static_cast<int32_t>(std::clamp<long>(std::strtol(text, nullptr, DECIMAL),
+  return static_cast<int32_t>(std::clamp<long>(std::strtol(text.c_str(), nullptr, DECIMAL),
                                                std::numeric_limits<int32_t>::min(),
                                                std::numeric_limits<int32_t>::max()));
 }

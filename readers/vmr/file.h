@@ -4,7 +4,6 @@
 // and a field that is no number is 0.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,32 +13,37 @@
 
 namespace ozmo {
 
-// One line, cleaned and cut into fields.
+// One line, as it stands in the block that it was read with: valid until the next is read. It is cut into
+// fields no further than it was asked for, since of most lines only the first few fields are read.
+//
+// What can't be printed counts as a blank, in texts and numbers alike.
 class VmrLine {
  public:
   static constexpr size_t MAX_LENGTH = 2047;
 
-  // Takes over a line as it was read: the line end goes, and what can't be printed becomes a blank. False if
-  // nothing is left.
+  // Takes over a line as it was read, without its line end. False if nothing is left.
   bool Assign(std::string_view text);
 
+  bool Is(std::string_view kind) { return Field(0) == kind; }
   // A line without a separator is one field; two separators in a row hold an empty field between them.
-  size_t FieldCount() const { return starts_.size(); }
+  size_t FieldCount();
   // A field behind the last is an empty text.
-  const char* Field(size_t index) const {
-    return index < starts_.size() ? buffer_.data() + starts_[index] : "";
-  }
-  bool Is(std::string_view kind) const { return Field(0) == kind; }
-  int32_t Integer(size_t index) const;
-  float Number(size_t index) const;
+  std::string Text(size_t index);
+  int32_t Integer(size_t index);
+  float Number(size_t index);
 
  private:
-  std::array<char, MAX_LENGTH + 1> buffer_{};  // each field ends with a 0
-  std::vector<size_t> starts_;                 // of the fields in the buffer
+  // A field with its bytes as they were read.
+  std::string_view Field(size_t index);
+  // Finds the end of one more field; false at the end of the line.
+  bool CutNext();
+
+  std::string_view text_;
+  std::vector<size_t> ends_;  // of the fields found so far; a separator or the end of the line stands there
 };
 
 // A decimal integer; out of range goes to the nearest end.
-int32_t VmrInteger(const char* text);
+int32_t VmrInteger(const std::string& text);
 
 class VmrFile {
  public:
@@ -52,7 +56,7 @@ class VmrFile {
   // the file, which is then closed.
   bool ReadLine();
   // The line read last.
-  const VmrLine& line() const { return line_; }
+  VmrLine& line() { return line_; }
 
  private:
   BlockFile file_;

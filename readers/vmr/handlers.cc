@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
-#include "readers/field_rules.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
 namespace {
@@ -12,63 +13,75 @@ namespace {
 constexpr float PAGE_SIZE = 4096.0F;
 constexpr std::string_view TOTAL_INSTANCE = "_Total";
 
-// One value of a data row.
+// One value of a data row, converted when it is asked for.
 struct CounterValue {
-  float sum;
+  VmrLine& line;
+  size_t field;
   int32_t samples;
   VmrRows& rows;
 
-  float Mean() const { return sum / static_cast<float>(samples); }
+  float Sum() const { return line.Number(field); }
+  float Mean() const { return Sum() / static_cast<float>(samples); }
 };
+
+// Whether a builder reads the member.
+enum class Use : uint8_t { GRAPHS, DETAIL };
 
 template <class Record>
 struct CounterRule {
   int32_t counter;
   void (*store)(Record& record, const CounterValue& value);
+  Use use = Use::GRAPHS;
 };
 
 // --- Store functions for the rules ---
 
-template <auto Member>
-using RecordOf = typename MemberOf<decltype(Member)>::Record;
-
-template <auto Member>
-void Mean(RecordOf<Member>& record, const CounterValue& value) {
+template <auto Member, class Record>
+void Mean(Record& record, const CounterValue& value) {
   record.*Member = value.Mean();
 }
 
-template <auto Member>
-void MeanPages(RecordOf<Member>& record, const CounterValue& value) {
+template <auto Member, class Record>
+void MeanPages(Record& record, const CounterValue& value) {
   record.*Member = value.Mean() / PAGE_SIZE;
 }
 
 // In whole numbers; only for objects whose rows have at least one sample.
-template <auto Member>
-void WholeMean(RecordOf<Member>& record, const CounterValue& value) {
-  using Integer = typename MemberOf<decltype(Member)>::Type;
-  record.*Member = ClampTo<Integer>(value.sum) / static_cast<Integer>(value.samples);
+template <auto Member, class Record>
+void WholeMean(Record& record, const CounterValue& value) {
+  using Integer = std::remove_reference_t<decltype(record.*Member)>;
+  record.*Member = ClampTo<Integer>(value.Sum()) / static_cast<Integer>(value.samples);
 }
 
 // The change of a running total. A total of 0 is no base for a change; one that went back gives a negative
 // change.
-template <auto Member, size_t Index>
-void Change(RecordOf<Member>& record, const CounterValue& value) {
+template <auto Member, size_t Index, class Record>
+void Change(Record& record, const CounterValue& value) {
   double& previous = value.rows.previousConnections[Index];
   const float total = value.Mean();
   record.*Member = previous != 0.0 ? static_cast<float>(total - previous) : 0.0F;
   previous = total;
 }
 
+// Finds the rule of each value that the counter row names, in the order of the row. The same counter may be
+// named twice.
+template <const auto& Rules>
+void PlanCounters(VmrRows& rows, bool takesDetails) {
+  rows.plan.clear();
+  for (size_t i = 0; i < rows.counters.size(); ++i) {
+    const auto* rule =
+        std::ranges::find(Rules, rows.counters[i], [](const auto& candidate) { return candidate.counter; });
+    if (rule == std::end(Rules) || (rule->use == Use::DETAIL && !takesDetails)) continue;
+    rows.plan.push_back({i + 1, static_cast<size_t>(rule - std::begin(Rules))});
+  }
+}
+
 // The rules over the row's values. A row shorter than its counter row goes on with empty values.
 template <class Record, size_t Count>
 void ApplyCounters(const CounterRule<Record> (&rules)[Count], Record& record, VmrRows& rows, int32_t samples,
-                   const VmrLine& line) {
-  for (size_t i = 0; i < rows.counters.size(); ++i) {
-    const auto* rule = std::find_if(std::begin(rules), std::end(rules), [&](const CounterRule<Record>& row) {
-      return row.counter == rows.counters[i];
-    });
-    if (rule == std::end(rules)) continue;
-    rule->store(record, {line.Number(i + 1), samples, rows});
+                   VmrLine& line) {
+  for (const PlannedCounter& counter : rows.plan) {
+    rules[counter.rule].store(record, {line, counter.field, samples, rows});
   }
 }
 
@@ -87,18 +100,19 @@ void StoreIdle(ProcessorRecord& processor, const CounterValue& value) {
   processor.idleTime = 100.0 - static_cast<double>(value.Mean());
 }
 
+constexpr CounterRule<ProcessorRecord> PROCESSOR_COUNTERS[] = {
+    {6, StoreIdle},
+    {142, Mean<&ProcessorRecord::userTime>},
+    {144, Mean<&ProcessorRecord::systemTime>},
+    {696, Mean<&ProcessorRecord::dpcTime>},
+    {698, Mean<&ProcessorRecord::interruptTime>},
+};
+
 // The instance of all processors reads as number 0 and stays.
-void VmrStoreProcessor(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<ProcessorRecord> RULES[] = {
-      {6, StoreIdle},
-      {142, Mean<&ProcessorRecord::userTime>},
-      {144, Mean<&ProcessorRecord::systemTime>},
-      {696, Mean<&ProcessorRecord::dpcTime>},
-      {698, Mean<&ProcessorRecord::interruptTime>},
-  };
+void VmrStoreProcessor(VmrContext& context, VmrRows& rows, VmrLine& line) {
   ProcessorRecord& processor = context.processors.primary.Push();
-  processor.cpuId = VmrInteger(rows.instanceName.c_str());
-  ApplyCounters(RULES, processor, rows, rows.instanceSamples, line);
+  processor.cpuId = VmrInteger(rows.instanceName);
+  ApplyCounters(PROCESSOR_COUNTERS, processor, rows, rows.instanceSamples, line);
 }
 
 // --- Physical disk, object 234 ---
@@ -118,20 +132,21 @@ void StoreBusyFraction(DiskRecord& disk, const CounterValue& value) {
   disk.busyFraction = static_cast<float>(1.0 - value.Mean() / 100.0);
 }
 
-void VmrStoreDisk(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<DiskRecord> RULES[] = {
-      {214, Mean<&DiskRecord::readRate>},
-      {216, Mean<&DiskRecord::writeRate>},
-      {220, Mean<&DiskRecord::readBytesRate>},
-      {222, Mean<&DiskRecord::writeBytesRate>},
-      {1400, StoreQueueLength},
-      {1482, StoreBusyFraction},
-  };
+constexpr CounterRule<DiskRecord> DISK_COUNTERS[] = {
+    {214, Mean<&DiskRecord::readRate>},
+    {216, Mean<&DiskRecord::writeRate>},
+    {220, Mean<&DiskRecord::readBytesRate>},
+    {222, Mean<&DiskRecord::writeBytesRate>},
+    {1400, StoreQueueLength},
+    {1482, StoreBusyFraction},
+};
+
+void VmrStoreDisk(VmrContext& context, VmrRows& rows, VmrLine& line) {
   constexpr float MILLISECONDS = 1000.0F;
   if (rows.instanceName == TOTAL_INSTANCE) return;
   DiskRecord& disk = context.disks.primary.Push();
   disk.deviceName = DiskName(rows.instanceName);
-  ApplyCounters(RULES, disk, rows, rows.instanceSamples, line);
+  ApplyCounters(DISK_COUNTERS, disk, rows, rows.instanceSamples, line);
   disk.ioRate = disk.readRate + disk.writeRate;
   disk.totalBytesRate = disk.readBytesRate + disk.writeBytesRate;
   if (disk.ioRate > 0.0F) {
@@ -152,26 +167,27 @@ void StoreElapsed(ProcessRecord& process, const CounterValue& value) {
   process.elapsedSeconds = elapsed < interval ? elapsed : interval;
 }
 
-void VmrStoreProcess(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<ProcessRecord> RULES[] = {
-      {6, Mean<&ProcessRecord::cpuPercent>},
-      {28, Mean<&ProcessRecord::pageFaultsPerSecond>},
-      {142, Mean<&ProcessRecord::userCpuSeconds>},
-      {144, Mean<&ProcessRecord::systemCpuSeconds>},
-      {174, WholeMean<&ProcessRecord::sizeVirtual>},
-      {180, WholeMean<&ProcessRecord::sizeResident>},
-      {682, WholeMean<&ProcessRecord::priority>},
-      {684, StoreElapsed},
-      {784, WholeMean<&ProcessRecord::processId>},
-      {1412, Mean<&ProcessRecord::ioReadsPerSecond>},
-      {1414, Mean<&ProcessRecord::ioWritesPerSecond>},
-      {1420, Mean<&ProcessRecord::ioReadBytesPerSecond>},
-      {1422, Mean<&ProcessRecord::ioWriteBytesPerSecond>},
-  };
+constexpr CounterRule<ProcessRecord> PROCESS_COUNTERS[] = {
+    {6, Mean<&ProcessRecord::cpuPercent>},
+    {28, Mean<&ProcessRecord::pageFaultsPerSecond>, Use::DETAIL},
+    {142, Mean<&ProcessRecord::userCpuSeconds>, Use::DETAIL},
+    {144, Mean<&ProcessRecord::systemCpuSeconds>, Use::DETAIL},
+    {174, WholeMean<&ProcessRecord::sizeVirtual>, Use::DETAIL},
+    {180, WholeMean<&ProcessRecord::sizeResident>, Use::DETAIL},
+    {682, WholeMean<&ProcessRecord::priority>, Use::DETAIL},
+    {684, StoreElapsed},
+    {784, WholeMean<&ProcessRecord::processId>, Use::DETAIL},
+    {1412, Mean<&ProcessRecord::ioReadsPerSecond>, Use::DETAIL},
+    {1414, Mean<&ProcessRecord::ioWritesPerSecond>, Use::DETAIL},
+    {1420, Mean<&ProcessRecord::ioReadBytesPerSecond>, Use::DETAIL},
+    {1422, Mean<&ProcessRecord::ioWriteBytesPerSecond>, Use::DETAIL},
+};
+
+void VmrStoreProcess(VmrContext& context, VmrRows& rows, VmrLine& line) {
   if (rows.instanceName == TOTAL_INSTANCE) return;
   ProcessRecord& process = ContextPushProcess(context, false);
   process.name = rows.instanceName;
-  if (rows.instanceSamples > 0) ApplyCounters(RULES, process, rows, rows.instanceSamples, line);
+  if (rows.instanceSamples > 0) ApplyCounters(PROCESS_COUNTERS, process, rows, rows.instanceSamples, line);
 }
 
 // --- Memory, object 4 ---
@@ -184,102 +200,115 @@ void StoreCommittedPercent(MemoryRecord& memory, const CounterValue& value) {
   }
 }
 
-void VmrStoreMemory(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<MemoryRecord> RULES[] = {
-      {24, MeanPages<&MemoryRecord::freePages>},
-      {26, MeanPages<&MemoryRecord::committedPages>},
-      {28, Mean<&MemoryRecord::pageFaultRate>},
-      {30, MeanPages<&MemoryRecord::commitLimitPages>},
-      {32, Mean<&MemoryRecord::copyOnWriteFaultRate>},
-      {34, Mean<&MemoryRecord::transitionFaultRate>},
-      {36, Mean<&MemoryRecord::cacheFaultRate>},
-      {38, Mean<&MemoryRecord::demandZeroFaultRate>},
-      {40, Mean<&MemoryRecord::pageRate>},
-      {42, Mean<&MemoryRecord::pageReadRate>},
-      {48, Mean<&MemoryRecord::pageOutRate>},
-      {50, Mean<&MemoryRecord::pageWriteRate>},
-      {56, MeanPages<&MemoryRecord::pagedPoolPages>},
-      {58, MeanPages<&MemoryRecord::nonPagedPoolPages>},
-      {66, MeanPages<&MemoryRecord::kernelPages>},
-      {70, MeanPages<&MemoryRecord::kernelPart1Pages>},
-      {74, MeanPages<&MemoryRecord::kernelPart2Pages>},
-      {76, MeanPages<&MemoryRecord::kernelPart3Pages>},
-      {818, MeanPages<&MemoryRecord::cachePages>},
-      {822, Mean<&MemoryRecord::transitionRepurposedRate>},
-      {1406, StoreCommittedPercent},
-  };
+constexpr CounterRule<MemoryRecord> MEMORY_COUNTERS[] = {
+    {24, MeanPages<&MemoryRecord::freePages>},
+    {26, MeanPages<&MemoryRecord::committedPages>},
+    {28, Mean<&MemoryRecord::pageFaultRate>},
+    {30, MeanPages<&MemoryRecord::commitLimitPages>},
+    {32, Mean<&MemoryRecord::copyOnWriteFaultRate>},
+    {34, Mean<&MemoryRecord::transitionFaultRate>},
+    {36, Mean<&MemoryRecord::cacheFaultRate>},
+    {38, Mean<&MemoryRecord::demandZeroFaultRate>},
+    {40, Mean<&MemoryRecord::pageRate>},
+    {42, Mean<&MemoryRecord::pageReadRate>},
+    {48, Mean<&MemoryRecord::pageOutRate>},
+    {50, Mean<&MemoryRecord::pageWriteRate>},
+    {56, MeanPages<&MemoryRecord::pagedPoolPages>},
+    {58, MeanPages<&MemoryRecord::nonPagedPoolPages>},
+    {66, MeanPages<&MemoryRecord::kernelPages>},
+    {70, MeanPages<&MemoryRecord::kernelPart1Pages>},
+    {74, MeanPages<&MemoryRecord::kernelPart2Pages>},
+    {76, MeanPages<&MemoryRecord::kernelPart3Pages>},
+    {818, MeanPages<&MemoryRecord::cachePages>},
+    {822, Mean<&MemoryRecord::transitionRepurposedRate>},
+    {1406, StoreCommittedPercent},
+};
+
+void VmrStoreMemory(VmrContext& context, VmrRows& rows, VmrLine& line) {
   MemoryRecord& memory = OneOf(context.memory.primary);
-  ApplyCounters(RULES, memory, rows, ObjectSamples(rows), line);
+  ApplyCounters(MEMORY_COUNTERS, memory, rows, ObjectSamples(rows), line);
   memory.kernelPages += memory.kernelPart1Pages + memory.kernelPart2Pages + memory.kernelPart3Pages;
 }
 
 // --- Network protocols, objects 546, 638 and 658: one record for all ---
 
-void VmrStoreIp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<NetworkRecord> RULES[] = {
-      {438, Mean<&NetworkRecord::ipDatagramsPerSecond>},
-      {446, Mean<&NetworkRecord::ipReceivedPerSecond>},
-      {552, Mean<&NetworkRecord::ipHeaderErrors>},
-      {554, Mean<&NetworkRecord::ipAddressErrors>},
-      {556, Mean<&NetworkRecord::ipForwardedPerSecond>},
-      {558, Mean<&NetworkRecord::ipUnknownProtocol>},
-      {560, Mean<&NetworkRecord::ipReceivedDiscarded>},
-      {562, Mean<&NetworkRecord::ipDeliveredPerSecond>},
-      {442, Mean<&NetworkRecord::ipSentPerSecond>},
-      {566, Mean<&NetworkRecord::ipOutboundDiscarded>},
-      {568, Mean<&NetworkRecord::ipOutboundNoRoute>},
-      {570, Mean<&NetworkRecord::ipFragmentsReceivedPerSecond>},
-      {572, Mean<&NetworkRecord::ipReassembledPerSecond>},
-      {574, Mean<&NetworkRecord::ipReassemblyFailures>},
-      {576, Mean<&NetworkRecord::ipFragmentedPerSecond>},
-      {578, Mean<&NetworkRecord::ipFragmentationFailures>},
-      {580, Mean<&NetworkRecord::ipFragmentsCreatedPerSecond>},
-  };
-  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+constexpr CounterRule<NetworkRecord> IP_COUNTERS[] = {
+    {438, Mean<&NetworkRecord::ipDatagramsPerSecond>},
+    {446, Mean<&NetworkRecord::ipReceivedPerSecond>},
+    {552, Mean<&NetworkRecord::ipHeaderErrors>},
+    {554, Mean<&NetworkRecord::ipAddressErrors>},
+    {556, Mean<&NetworkRecord::ipForwardedPerSecond>},
+    {558, Mean<&NetworkRecord::ipUnknownProtocol>},
+    {560, Mean<&NetworkRecord::ipReceivedDiscarded>},
+    {562, Mean<&NetworkRecord::ipDeliveredPerSecond>},
+    {442, Mean<&NetworkRecord::ipSentPerSecond>},
+    {566, Mean<&NetworkRecord::ipOutboundDiscarded>},
+    {568, Mean<&NetworkRecord::ipOutboundNoRoute>},
+    {570, Mean<&NetworkRecord::ipFragmentsReceivedPerSecond>},
+    {572, Mean<&NetworkRecord::ipReassembledPerSecond>},
+    {574, Mean<&NetworkRecord::ipReassemblyFailures>},
+    {576, Mean<&NetworkRecord::ipFragmentedPerSecond>},
+    {578, Mean<&NetworkRecord::ipFragmentationFailures>},
+    {580, Mean<&NetworkRecord::ipFragmentsCreatedPerSecond>},
+};
+
+void VmrStoreIp(VmrContext& context, VmrRows& rows, VmrLine& line) {
+  ApplyCounters(IP_COUNTERS, OneOf(context.network), rows, ObjectSamples(rows), line);
 }
 
-void VmrStoreTcp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<NetworkRecord> RULES[] = {
-      {640, Mean<&NetworkRecord::tcpSegmentsPerSecond>},
-      {642, Mean<&NetworkRecord::tcpConnectionsEstablished>},
-      {644, Change<&NetworkRecord::tcpConnectionsActive, 0>},
-      {646, Change<&NetworkRecord::tcpConnectionsPassive, 1>},
-      {648, Change<&NetworkRecord::tcpConnectionFailures, 2>},
-      {650, Change<&NetworkRecord::tcpConnectionsReset, 3>},
-      {652, Mean<&NetworkRecord::tcpSegmentsReceivedPerSecond>},
-      {654, Mean<&NetworkRecord::tcpSegmentsSentPerSecond>},
-      {656, Mean<&NetworkRecord::tcpSegmentsRetransmittedPerSecond>},
-  };
-  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+constexpr CounterRule<NetworkRecord> TCP_COUNTERS[] = {
+    {640, Mean<&NetworkRecord::tcpSegmentsPerSecond>},
+    {642, Mean<&NetworkRecord::tcpConnectionsEstablished>},
+    {644, Change<&NetworkRecord::tcpConnectionsActive, 0>},
+    {646, Change<&NetworkRecord::tcpConnectionsPassive, 1>},
+    {648, Change<&NetworkRecord::tcpConnectionFailures, 2>},
+    {650, Change<&NetworkRecord::tcpConnectionsReset, 3>},
+    {652, Mean<&NetworkRecord::tcpSegmentsReceivedPerSecond>},
+    {654, Mean<&NetworkRecord::tcpSegmentsSentPerSecond>},
+    {656, Mean<&NetworkRecord::tcpSegmentsRetransmittedPerSecond>},
+};
+
+void VmrStoreTcp(VmrContext& context, VmrRows& rows, VmrLine& line) {
+  ApplyCounters(TCP_COUNTERS, OneOf(context.network), rows, ObjectSamples(rows), line);
 }
 
-void VmrStoreUdp(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  static constexpr CounterRule<NetworkRecord> RULES[] = {
-      {438, Mean<&NetworkRecord::udpDatagramsPerSecond>}, {446, Mean<&NetworkRecord::udpReceivedPerSecond>},
-      {664, Mean<&NetworkRecord::udpNoPortPerSecond>},    {666, Mean<&NetworkRecord::udpReceivedErrors>},
-      {442, Mean<&NetworkRecord::udpSentPerSecond>},
-  };
-  ApplyCounters(RULES, OneOf(context.network), rows, ObjectSamples(rows), line);
+constexpr CounterRule<NetworkRecord> UDP_COUNTERS[] = {
+    {438, Mean<&NetworkRecord::udpDatagramsPerSecond>}, {446, Mean<&NetworkRecord::udpReceivedPerSecond>},
+    {664, Mean<&NetworkRecord::udpNoPortPerSecond>},    {666, Mean<&NetworkRecord::udpReceivedErrors>},
+    {442, Mean<&NetworkRecord::udpSentPerSecond>},
+};
+
+void VmrStoreUdp(VmrContext& context, VmrRows& rows, VmrLine& line) {
+  ApplyCounters(UDP_COUNTERS, OneOf(context.network), rows, ObjectSamples(rows), line);
 }
 
 // --- Objects ---
 
 struct ObjectRow {
   int32_t objectId;
-  void (*store)(VmrContext& context, VmrRows& rows, const VmrLine& line);
+  RecordKind kind;
+  void (*plan)(VmrRows& rows, bool takesDetails);
+  void (*store)(VmrContext& context, VmrRows& rows, VmrLine& line);
 };
 
 constexpr ObjectRow OBJECTS[] = {
-    {4, VmrStoreMemory}, {230, VmrStoreProcess}, {234, VmrStoreDisk}, {238, VmrStoreProcessor},
-    {546, VmrStoreIp},   {638, VmrStoreTcp},     {658, VmrStoreUdp},
+    {4, RecordKind::MEMORY, PlanCounters<MEMORY_COUNTERS>, VmrStoreMemory},
+    {230, RecordKind::PROCESSES, PlanCounters<PROCESS_COUNTERS>, VmrStoreProcess},
+    {234, RecordKind::DISKS, PlanCounters<DISK_COUNTERS>, VmrStoreDisk},
+    {238, RecordKind::PROCESSORS, PlanCounters<PROCESSOR_COUNTERS>, VmrStoreProcessor},
+    {546, RecordKind::PROTOCOLS, PlanCounters<IP_COUNTERS>, VmrStoreIp},
+    {638, RecordKind::PROTOCOLS, PlanCounters<TCP_COUNTERS>, VmrStoreTcp},
+    {658, RecordKind::PROTOCOLS, PlanCounters<UDP_COUNTERS>, VmrStoreUdp},
 };
 
 }  // namespace
 
-void VmrStoreRow(VmrContext& context, VmrRows& rows, const VmrLine& line) {
-  for (const ObjectRow& object : OBJECTS) {
-    if (object.objectId == rows.objectId) object.store(context, rows, line);
-  }
+void VmrStoreRow(VmrContext& context, VmrRows& rows, VmrLine& line) {
+  const auto* object = std::ranges::find(OBJECTS, rows.objectId, &ObjectRow::objectId);
+  if (object == std::end(OBJECTS) || !context.kinds.Has(object->kind)) return;
+  if (!rows.isPlanned) object->plan(rows, context.kinds.Has(RecordKind::DETAILS));
+  rows.isPlanned = true;
+  object->store(context, rows, line);
 }
 
 }  // namespace ozmo

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -17,6 +18,12 @@ namespace ozmo {
 
 inline constexpr int32_t NO_VMR_OBJECT = -1;
 
+// A value of a data row that a rule takes.
+struct PlannedCounter {
+  size_t field;
+  size_t rule;  // in the table of the object in effect
+};
+
 // What the head of the file and the rows ahead of a data row say of it. Rows stay in effect until replaced.
 struct VmrRows {
   int32_t intervalSeconds = 0;
@@ -25,12 +32,15 @@ struct VmrRows {
   int32_t objectSamples = 0;
   std::string instanceName;
   int32_t instanceSamples = 0;
-  std::vector<int32_t> counters;  // the name of each value of a data row
+  std::vector<int32_t> counters;     // the name of each value of a data row
+  std::vector<PlannedCounter> plan;  // those of them that are taken; stale after an object or counter row
+  bool isPlanned = false;
   // Running totals of the TCP connection counters at the last sample.
   std::array<double, 4> previousConnections{};
 };
 
-// Gives a data row to the handler of the object in effect; a row of another object is dropped.
-void VmrStoreRow(VmrContext& context, VmrRows& rows, const VmrLine& line);
+// Gives a data row to the handler of the object in effect; a row of another object is dropped, and so is one
+// that the context doesn't want.
+void VmrStoreRow(VmrContext& context, VmrRows& rows, VmrLine& line);
 
 }  // namespace ozmo

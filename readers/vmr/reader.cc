@@ -80,6 +80,7 @@ int VmrReader::Open(VmrContext& context) {
     file_.Close();
     rows_.previousConnections = {};
   }
+  rows_.isPlanned = false;  // the context may want other records
   spanStart_ = context.periodStart / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
   spanEnd_ = context.periodEnd / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
   fileSet_ = NodeFileSet(context.dataPath, context.nodeName, context.periodStart, context.periodEnd);
@@ -130,7 +131,7 @@ int VmrReader::MoveCursor(int result) {
 int VmrReader::OpenFile(const std::string& path, VmrContext* context) {
   file_.Open(path);
   while (file_.ReadLine()) {
-    const VmrLine& line = file_.line();
+    VmrLine& line = file_.line();
     if (line.Is("<HEADER>")) {
       ReadHeader(line, path);
     } else if (line.Is("<META>")) {
@@ -147,7 +148,7 @@ int VmrReader::OpenFile(const std::string& path, VmrContext* context) {
   return READER_END_OF_FILE;
 }
 
-void VmrReader::ReadHeader(const VmrLine& line, const std::string& path) {
+void VmrReader::ReadHeader(VmrLine& line, const std::string& path) {
   constexpr int32_t SHORTEST_PERIOD = 1000;  // milliseconds
   const int32_t samplingPeriod = line.Integer(5);
   if (samplingPeriod < SHORTEST_PERIOD) {
@@ -156,7 +157,7 @@ void VmrReader::ReadHeader(const VmrLine& line, const std::string& path) {
     std::fflush(nullptr);
     std::exit(EXIT_FAILURE);
   }
-  header_.nodeName = line.Field(3);
+  header_.nodeName = line.Text(3);
   header_.filePath = path;
   rows_.intervalSeconds = line.Integer(4);
   rows_.samplesPerInterval = rows_.intervalSeconds / (samplingPeriod / SHORTEST_PERIOD);
@@ -182,20 +183,20 @@ bool VmrReader::SkipBlock(std::string_view endMark) {
 
 bool VmrReader::ReadConfigBlock(VmrContext* context) {
   while (file_.ReadLine()) {
-    const VmrLine& line = file_.line();
+    VmrLine& line = file_.line();
     if (line.Is("<ENDCONFIG>")) return true;
     if (context != nullptr && (line.Is("7") || line.Is("<SYS>"))) ReadSystemLine(line, *context);
   }
   return false;
 }
 
-void VmrReader::ReadSystemLine(const VmrLine& line, VmrContext& context) const {
+void VmrReader::ReadSystemLine(VmrLine& line, VmrContext& context) const {
   if (!context.config) context.config.emplace();
   SystemConfig& config = *context.config;
-  config.configNode = line.Field(1);
-  config.configText[0] = line.Field(2);
-  config.configText[1] = line.Field(3);
-  config.configText[6] = line.Field(6);
+  config.configNode = line.Text(1);
+  config.configText[0] = line.Text(2);
+  config.configText[1] = line.Text(3);
+  config.configText[6] = line.Text(6);
   config.cpuCount = line.Integer(9);
   config.memoryMb = static_cast<float>(WholeMemorySize(line.Integer(10)));
   config.intervalSeconds = static_cast<float>(rows_.intervalSeconds);
@@ -225,16 +226,18 @@ int VmrReader::SkipSample(VmrContext& context) {
 }
 
 void VmrReader::ActOnRow(VmrContext& context) {
-  const VmrLine& line = file_.line();
+  VmrLine& line = file_.line();
   if (line.Is("6")) {
     VmrStoreRow(context, rows_, line);
   } else if (line.Is("4")) {
-    rows_.instanceName = line.Field(1);
+    rows_.instanceName = line.Text(1);
     rows_.instanceSamples = line.Integer(2);
   } else if (line.Is("5")) {
+    rows_.isPlanned = false;
     rows_.counters.clear();
     for (size_t i = 1; i < line.FieldCount(); ++i) rows_.counters.push_back(line.Integer(i));
   } else if (line.Is("2")) {
+    rows_.isPlanned = false;
     rows_.objectId = line.Integer(1);
     rows_.objectSamples = line.FieldCount() > 2 ? line.Integer(2) : rows_.samplesPerInterval;
   } else if (line.Is("3")) {
@@ -247,7 +250,7 @@ void VmrReader::ActOnRow(VmrContext& context) {
   }
 }
 
-Seconds VmrReader::TimeOfRow(const VmrLine& line) const {
+Seconds VmrReader::TimeOfRow(VmrLine& line) const {
   std::tm time = header_.date;
   time.tm_hour = line.Integer(2);
   time.tm_min = line.Integer(3);

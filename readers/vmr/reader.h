@@ -47,16 +47,16 @@ class VmrReader {
 
   // The head of a file, up to its first time row. Without a context only the header line is looked at.
   int OpenFile(const std::string& path, VmrContext* context);
-  void ReadHeader(const VmrLine& line, const std::string& path);
+  void ReadHeader(VmrLine& line, const std::string& path);
   // Both pass the lines of a block; false when the file ends inside it.
   bool SkipBlock(std::string_view endMark);
   bool ReadConfigBlock(VmrContext* context);
-  void ReadSystemLine(const VmrLine& line, VmrContext& context) const;
+  void ReadSystemLine(VmrLine& line, VmrContext& context) const;
 
   int ReadSample(VmrContext& context);
   int SkipSample(VmrContext& context);
   void ActOnRow(VmrContext& context);
-  Seconds TimeOfRow(const VmrLine& line) const;
+  Seconds TimeOfRow(VmrLine& line) const;
   void SetPeriod(VmrContext& context, Seconds end) const;
 
   // Opens the set's current file and goes to the first sample of the span.

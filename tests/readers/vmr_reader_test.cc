@@ -87,7 +87,7 @@ using Times = std::vector<double>;
 std::vector<std::string> FieldsOf(VmrLine& line, std::string_view text) {
   std::vector<std::string> fields;
   if (!line.Assign(text)) return fields;
-  for (size_t i = 0; i < line.FieldCount(); ++i) fields.emplace_back(line.Field(i));
+  for (size_t i = 0; i < line.FieldCount(); ++i) fields.push_back(line.Text(i));
   return fields;
 }
 
@@ -99,7 +99,7 @@ TEST(VmrLineTest, SeparatorsCutFields) {
   VmrLine line;
   EXPECT_EQ(FieldsOf(line, "6~a~~b~\n"), (Fields{"6", "a", "", "b", ""}));
   EXPECT_EQ(FieldsOf(line, "alone\n"), (Fields{"alone"}));
-  EXPECT_STREQ(line.Field(1), "");
+  EXPECT_EQ(line.Text(1), "");
 }
 
 TEST(VmrLineTest, LineEndGoesAndControlCharactersBecomeBlanks) {
@@ -127,7 +127,7 @@ TEST_F(VmrReaderTest, LongLinesAreReadInPieces) {
   file.Open(path);
   for (const std::string& wanted : {std::string(2046, 'a'), std::string("bcd"), std::string("e")}) {
     ASSERT_TRUE(file.ReadLine());
-    EXPECT_EQ(std::string(file.line().Field(0)), wanted);
+    EXPECT_EQ(file.line().Text(0), wanted);
   }
   EXPECT_FALSE(file.ReadLine());
   EXPECT_FALSE(file.IsOpen());
