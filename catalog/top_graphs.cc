@@ -6,18 +6,18 @@
 namespace ozmo {
 namespace {
 
-template <DiskSeries which>
+template <DiskSeries Which>
 std::vector<NamedSeries> DisksBy(const TopSources& sources) {
-  return sources.disks.Named(which);
+  return sources.disks.Named(Which);
 }
 
 // A list of disks, by one of their series.
-template <DiskSeries which>
+template <DiskSeries Which>
 constexpr TopListRule DiskList(Graph graph, TopListSpec TopListSpecs::*spec, Graph total = Graph::COUNT) {
   return {.graph = graph,
           .spec = spec,
-          .named = DisksBy<which>,
-          .diskSeries = which,
+          .named = DisksBy<Which>,
+          .diskSeries = Which,
           .total = total,
           .isOfDetail = true};
 }
