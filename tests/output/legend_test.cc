@@ -15,32 +15,24 @@ using testing::PlotJob;
 using testing::Recording;
 using testing::RecordingStart;
 
-TEST(LegendPlan, FewLabelsAreCentred) {
-  const LegendLayout layout = LegendPlan(73, 5, 3);  // 4096 / 255.5
-  EXPECT_EQ(layout.columns, 16);
-  EXPECT_DOUBLE_EQ(layout.cell, 1.0 / 16);
-  EXPECT_DOUBLE_EQ(layout.left, 0.53 - 1.5 / 16);
-}
-
-TEST(LegendPlan, AFullRowStartsAtTheLeft) {
-  for (const int count : {16, 95}) {
-    const LegendLayout layout = LegendPlan(73, 5, count);
-    EXPECT_EQ(layout.columns, 16);
-    EXPECT_DOUBLE_EQ(layout.cell, 0.94 / 16);
-    EXPECT_DOUBLE_EQ(layout.left, 0.06);
+TEST(LegendPlan, RowsAreCentredOrFullOrPackedCloser) {
+  struct Case {
+    size_t longest, labels;
+    int columns;
+    double cell, left;
+  };
+  for (const Case& row : {Case{5, 3, 16, 1.0 / 16, 0.53 - 1.5 / 16},  // 4096 / 255.5
+                          {5, 16, 16, 0.94 / 16, 0.06},
+                          {5, 95, 16, 0.94 / 16, 0.06},
+                          {5, 96, 19, 1.0 / 19, 0.01},  // six full rows: 4370.432 / 219
+                          {80, 1, 1, 1.0, 0.03},
+                          {81, 1, 0, 0, 0}}) {
+    const LegendLayout layout = LegendPlan(73, static_cast<int>(row.longest), static_cast<int>(row.labels));
+    EXPECT_EQ(layout.columns, row.columns) << row.labels;
+    if (row.columns < 2) continue;
+    EXPECT_DOUBLE_EQ(layout.cell, row.cell) << row.labels;
+    EXPECT_DOUBLE_EQ(layout.left, row.left) << row.labels;
   }
-}
-
-TEST(LegendPlan, SixFullRowsArePackedCloser) {
-  const LegendLayout layout = LegendPlan(73, 5, 96);  // 4370.432 / 219
-  EXPECT_EQ(layout.columns, 19);
-  EXPECT_DOUBLE_EQ(layout.cell, 1.0 / 19);
-  EXPECT_DOUBLE_EQ(layout.left, 0.01);
-}
-
-TEST(LegendPlan, EightyBytesJustFitAndEightyOneDoNot) {
-  EXPECT_EQ(LegendPlan(73, 80, 1).columns, 1);
-  EXPECT_EQ(LegendPlan(73, 81, 1).columns, 0);
 }
 
 class LegendDrawing : public ::testing::Test {
@@ -52,31 +44,6 @@ class LegendDrawing : public ::testing::Test {
 
   Grapher grapher_;
 };
-
-TEST_F(LegendDrawing, ATraceHasABoxInItsColourAndItsLabelInBlack) {
-  PlotJob graph(1);
-  graph.AddTrace("Red", {0.0F});
-  GrapherDrawLegend(grapher_, graph.job);
-  // 73 * 3 * 0.7 leaves 26 columns: the cell starts at 0.53 - 1 / 52 of 4096.
-  EXPECT_THAT(Recording().calls,
-              ElementsAre("fontname 'HersheySans'", "ffontsize 73.728", "linemod 'solid'", "filltype 1",
-                          "pencolorname 'Red'", "fillcolorname 'Red'",
-                          "fbox 2092.111 507.904 2133.071 536.576", "pencolorname 'black'",
-                          "fillcolorname 'black'", "fmove 2153.551 483.328", "alabel l b 'Red'"));
-}
-
-TEST_F(LegendDrawing, TheOverlayHasALineBehindTheTraces) {
-  PlotJob graph(1);
-  graph.AddTrace("Red", {0.0F});
-  graph.SetOverlay(10.0, {0.0F});
-  GrapherDrawLegend(grapher_, graph.job);
-  // "Reads" leaves 16 columns: the second cell starts at 0.53 of 4096.
-  const size_t line = Recording().Find("pencolorname 'orange'");
-  EXPECT_THAT(Recording().Slice(line - 1, 6),
-              ElementsAre("linemod 'solid'", "pencolorname 'orange'", "fline 2170.88 509.952 2232.32 509.952",
-                          "pencolorname 'black'", "fillcolorname 'black'", "fmove 2252.8 471.04"));
-  EXPECT_EQ(Recording().calls.back(), "alabel l b 'Reads'");
-}
 
 TEST_F(LegendDrawing, ARowLiesOneAndAThirdFontSizesLower) {
   PlotJob graph(1);

@@ -20,59 +20,38 @@ PointArray ArrayOf(const std::vector<std::pair<double, double>>& points) {
   return array;
 }
 
-TEST(ArrayBounds, FindsWhatIsNotGivenAndLeavesTheRest) {
-  AxisLimits x{.max = 100.0, .maxGiven = true};
-  AxisLimits y;
-  ArrayBounds(ArrayOf({{5.0, 2.0}, {7.0, -1.0}, {9.0, 8.0}, {9.0, 0.0}}), x, y);
-  EXPECT_EQ(x.min, 5.0);
-  EXPECT_EQ(x.max, 100.0);
-  EXPECT_EQ(y.min, -1.0);
-  EXPECT_EQ(y.max, 8.0);
-}
-
-TEST(ArrayBounds, TheLastPointTakesNoPart) {
-  AxisLimits x;
-  AxisLimits y;
-  ArrayBounds(ArrayOf({{5.0, 2.0}, {6.0, 3.0}, {90.0, -70.0}}), x, y);
-  EXPECT_EQ(x.max, 6.0);
-  EXPECT_EQ(y.min, 2.0);
-}
-
-TEST(ArrayBounds, APointOutsideAGivenLimitWidensNeitherAxis) {
-  AxisLimits x;
-  AxisLimits y{.max = 10.0, .maxGiven = true};
-  ArrayBounds(ArrayOf({{5.0, 2.0}, {1.0, 11.0}, {6.0, 10.0}, {6.0, 0.0}}), x, y);
-  EXPECT_EQ(x.min, 5.0);
-  EXPECT_EQ(y.min, 2.0);
-}
-
-TEST(ArrayBounds, ValuesThatAreNoFiniteNumbersTakeNoPart) {
-  AxisLimits x;
-  AxisLimits y;
-  ArrayBounds(ArrayOf({{1.0, 2.0}, {2.0, NAN}, {3.0, INFINITY}, {4.0, -INFINITY}, {5.0, 3.0}, {6.0, 0.0}}), x,
-              y);
-  EXPECT_EQ(x.max, 5.0);
-  EXPECT_EQ(y.min, 2.0);
-  EXPECT_EQ(y.max, 3.0);
-}
-
-TEST(ArrayBounds, WithoutAPointTheyAreZero) {
-  AxisLimits x{.min = 4.0, .minGiven = true};
-  AxisLimits y{.min = 7.0, .max = 8.0};
-  ArrayBounds(ArrayOf({{5.0, 2.0}}), x, y);
-  EXPECT_EQ(x.min, 4.0);
-  EXPECT_EQ(x.max, 0.0);
-  EXPECT_EQ(y.min, 0.0);
-  EXPECT_EQ(y.max, 0.0);
-}
-
-TEST(ArrayBounds, InAnEmptyArrayAnUnsetMaximumTakesTheMinimum) {
-  AxisLimits x{.min = 4.0, .minGiven = true};
-  AxisLimits y{.min = 7.0, .max = 8.0};
-  ArrayBounds(PointArray(), x, y);
-  EXPECT_EQ(x.max, 4.0);
-  EXPECT_EQ(y.min, 0.0);
-  EXPECT_EQ(y.max, 0.0);
+TEST(ArrayBounds, AreThoseOfThePointsButTheLastWhereTheyAreNotGiven) {
+  struct Case {
+    const char* rule;
+    std::vector<std::pair<double, double>> points;
+    AxisLimits x, y;
+    std::vector<double> limits;  // of x, then of y
+  };
+  const AxisLimits none;
+  for (const Case& row :
+       {Case{"the last takes no part", {{5, 2}, {6, 3}, {90, -70}}, none, none, {5, 6, 2, 3}},
+        {"a given one stays",
+         {{5, 2}, {7, -1}, {9, 8}, {9, 0}},
+         {.max = 100, .maxGiven = true},
+         none,
+         {5, 100, -1, 8}},
+        {"a point beyond a given one widens neither axis",
+         {{5, 2}, {1, 11}, {6, 10}, {6, 0}},
+         none,
+         {.max = 10, .maxGiven = true},
+         {5, 6, 2, 10}},
+        {"nor do those of no finite numbers",
+         {{1, 2}, {2, NAN}, {3, INFINITY}, {4, -INFINITY}, {5, 3}, {6, 0}},
+         none,
+         none,
+         {1, 5, 2, 3}},
+        {"of one point", {{5, 2}}, {.min = 4, .minGiven = true}, {.min = 7, .max = 8}, {4, 0, 0, 0}},
+        {"of no point", {}, {.min = 4, .minGiven = true}, {.min = 7, .max = 8}, {4, 4, 0, 0}}}) {
+    AxisLimits x = row.x;
+    AxisLimits y = row.y;
+    ArrayBounds(ArrayOf(row.points), x, y);
+    EXPECT_EQ((std::vector{x.min, x.max, y.min, y.max}), row.limits) << row.rule;
+  }
 }
 
 TEST(PointReader, EachTraceStartsAtTheFirstXWithAPenUpAndTheNextLineMode) {

@@ -55,6 +55,34 @@ std::vector<std::string> PlotRecording::Slice(size_t from, size_t count) const {
   return slice;
 }
 
+std::string PlotRecording::Text() const {
+  constexpr size_t WIDTH = 106;
+  std::vector<std::string> shown;
+  const auto nameOf = [&](size_t at) {
+    return at < calls.size() ? calls[at].substr(0, calls[at].find(' ')) : "";
+  };
+  for (size_t at = 0; at < calls.size();) {
+    const size_t start = at;
+    const std::string name = nameOf(at);
+    while (nameOf(at) == name) ++at;
+    shown.push_back(calls[start]);
+    for (size_t n = start + 1; n < at; ++n) {
+      const bool isMiddle = at - start > 8 && n > start + 3 && n < at - 1;
+      if (!isMiddle) shown.push_back(calls[n] == name ? name : calls[n].substr(name.size() + 1));
+      if (isMiddle && n == start + 4) shown.push_back("... of " + std::to_string(at - start));
+    }
+  }
+  std::string text;
+  size_t lineStart = 0;
+  for (const std::string& call : shown) {
+    const bool isFull = text.size() - lineStart + call.size() > WIDTH;
+    text += text.empty() || isFull ? "\n" : " ";
+    if (isFull) lineStart = text.size();
+    text += call + ";";
+  }
+  return text + "\n";
+}
+
 }  // namespace ozmo::testing
 
 using ozmo::testing::Record;

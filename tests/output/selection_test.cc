@@ -43,22 +43,24 @@ class Selection : public testing::Test {
 };
 
 TEST(GraphName, BlanksQuotesAndCaseDoNotCount) {
-  EXPECT_EQ(0, GraphNameCompare("'Overall CPU Utilization'", "overallcpuutilization"));
-  EXPECT_EQ(0, GraphNameCompare("OVERALL CPU  UTILIZATION", "Over\"all CPU Utilization"));
-  EXPECT_NE(0, GraphNameCompare("Overall CPU", "Overall\tCPU"));
-  EXPECT_NE(0, GraphNameCompare("Overall CPU", "Overall CPU Utilization"));
-  EXPECT_NE(0, GraphNameCompare("\xC4", "\xE4"));
-  EXPECT_EQ(0, GraphNameCompare(std::string(3000, ' ') + "a", "A"));
+  struct Case {
+    std::string one, other;
+    bool same;
+  };
+  for (const Case& row : {Case{"'Overall CPU Utilization'", "overallcpuutilization", true},
+                          {"OVERALL CPU  UTILIZATION", "Over\"all CPU Utilization", true},
+                          {"Overall CPU", "Overall\tCPU", false},
+                          {"Overall CPU", "Overall CPU Utilization", false},
+                          {"\xC4", "\xE4", false},
+                          {std::string(3000, ' ') + "a", "A", true}}) {
+    EXPECT_EQ(GraphNameCompare(row.one, row.other) == 0, row.same) << row.other;
+  }
 }
 
 TEST_F(Selection, FindsTitlesDepthFirstAndNoOtherTexts) {
-  EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "LOAD"));
-  EXPECT_EQ(disks_, FindGraphRecord(catalog_.itemTree, "disks"));
-  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "G2"));
-  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, "label"));
-  EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, ""));
   disks_->title = "Load";
-  EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "Load"));
+  EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "LOAD"));
+  for (const char* text : {"G2", "label", ""}) EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, text));
 }
 
 TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
@@ -124,16 +126,16 @@ TEST_F(Selection, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
 }
 
 TEST_F(Selection, OverlayFailuresSayWhichPartIsMissing) {
-  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks").failure);
-  EXPECT_STREQ("Specified overlay graph not found.", SelectOverlay(catalog_, *load_, "Disk@c").failure);
-  EXPECT_STREQ("Specified overlay graph not found.", SelectOverlay(catalog_, *load_, "@c").failure);
-  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks@x").failure);
-  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Empty@x").failure);
-}
-
-TEST_F(Selection, TracesWithoutALabelAreNeverFound) {
   disks_->traceLabels.clear();
-  EXPECT_STREQ("Specified overlay trace not found.", SelectOverlay(catalog_, *load_, "Disks@").failure);
+  for (const auto& [name, part] : {std::pair("Disks", "trace"),
+                                   {"Disk@c", "graph"},
+                                   {"@c", "graph"},
+                                   {"Disks@x", "trace"},
+                                   {"Empty@x", "trace"},
+                                   {"Disks@", "trace"}}) {  // the last has no label to be found by
+    EXPECT_EQ(std::string("Specified overlay ") + part + " not found.",
+              SelectOverlay(catalog_, *load_, name).failure);
+  }
 }
 
 }  // namespace
