@@ -73,7 +73,7 @@ class NamedWords {
 std::optional<std::string> FirstMissing(const std::string& text, const std::vector<std::string>& wanted) {
   size_t position = 0;
   for (const std::string& line : wanted) {
-    const size_t found = ("\n" + text).find("\n" + line + "\n", position);
+    const size_t found = ("\n" + text + "\n").find("\n" + line + "\n", position);
     if (found == std::string::npos) return line;
     position = found + line.size() + 1;
   }

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "readers/data_reader.h"
-#include "readers/linux/counters.h"
 #include "runtime/runtime.h"
 #include "sample/kinds.h"
 #include "tests/support/environment.h"
@@ -179,23 +178,6 @@ constexpr Case CASES[] = {
     {&TRU64, "V530", true, false},    {&TRU64, "V520", false, false},  {&TRU64, "V510", false, false},
     {&TRU64, "V505", false, false},
 };
-
-TEST_F(SampleFiles, ByteOrderChangesNoFigure) {
-  std::vector<double> figures[2];
-  for (const bool little : {false, true}) {
-    options_.littleEndian = little;
-    std::vector<double>& all = figures[little ? 1 : 0];
-    options_.replace = true;
-    Walk(SOLARIS, [&](const VmrContext& context) {
-      for (const ProcessorRecord& cpu : context.processors.primary) all.push_back(cpu.userTime);
-      for (const ProcessRecord& process : context.processes.primary) all.push_back(process.userCpuSeconds);
-      for (const LanRecord& adapter : context.lans.primary) all.push_back(adapter.bytesInRate);
-      all.push_back(context.protocolCounters.primary->counters[linux_counters::TCP_CURR_ESTAB]);
-    });
-  }
-  EXPECT_GT(figures[0].size(), 500U);
-  EXPECT_EQ(figures[0], figures[1]);
-}
 
 TEST_F(SampleFiles, MonitorFilesNameTheMachineAndItsParts) {
   const int intervals = Walk(VMR, [](const VmrContext& context) {

@@ -1,0 +1,237 @@
+// What the decoders of the binary formats leave in the context, where a rule has a trap: the cases of
+// decoders/, a file a format.
+//
+// "interval VERSION", with "every=SECONDS" for another configured interval than 60, begins a case: a file of
+// that version with time stamps at 11:59 and 12:00, the records that follow, written as in tests/cases, and a
+// stamp at 12:10. Without a version the records are all of the file. "gives" is a record of the first
+// interval delivered, newest first, with all members that aren't 0 or empty and that a builder reads; "next"
+// is one of the second. The configuration is compared where a "gives" tells it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iterator>
+#include <map>
+#include <sstream>
+
+#include "readers/collector_reader.h"
+#include "readers/formats.h"
+#include "runtime/runtime.h"
+#include "tests/end_to_end/collector_script.h"
+#include "tests/support/environment.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo::testing {
+namespace {
+
+constexpr Seconds NOON = 1329912000;  // 22-Feb-2012 12:00:00 UTC
+
+struct Kind {
+  const CollectorFormat& format;
+  sample::ByteOrder order;
+  const char* fileName;
+  const char* timeRecord;  // type and field
+  const char *configOrder, *config, *versionField, *intervalField;
+};
+constexpr auto BIG = sample::ByteOrder::BIG;
+constexpr auto LITTLE = sample::ByteOrder::LITTLE;
+const std::map<std::string, Kind> KINDS = {
+    {"aix",
+     {AIX_FORMAT, BIG, "qtxa_node_2012Feb22.dat_1", "6 601", "5 501:text 507:text 508 514", "5 507=node",
+      "501", "514"}},
+    {"hpux",
+     {HPUX_FORMAT, BIG, "qtxh_node_2012Feb22.dat_1", "6 601", "5 503:8 507:text 501:text 508 514",
+      "5 503=1048576 507=node", "501", "514"}},
+    {"linux",
+     {LINUX_FORMAT, LITTLE, "qtxl_node_2012Feb22.dat_1", "9 901", "5 504:text 505:text 507 513", "5 504=node",
+      "505", "513"}},
+    {"solaris",
+     {SOLARIS_FORMAT, BIG, "qtxs_node_2012Feb22.dat_1", "7 701", "5 501:text 506:text 507 514 503:8 505",
+      "5 506=node 503=1048576 505=2", "501", "514"}},
+    {"tru64",
+     {TRU64_FORMAT, LITTLE, "node_2012Feb22.dat_1", "9 901", "5 501 504:text 505:text 507 513",
+      "5 501=2048000 504=node", "505", "513"}},
+};
+
+// ---- Records as texts ----
+
+// The kind, what isn't empty of the texts, and the figures that aren't 0 behind their names.
+std::string Line(std::string text, const std::vector<std::string>& texts, const std::string& names,
+                 std::initializer_list<double> figures) {
+  for (const std::string& word : texts) text += word.empty() ? "" : " " + word;
+  std::istringstream words(names);
+  for (const double figure : figures) {
+    std::string name;
+    words >> name;
+    char number[40];
+    std::snprintf(number, sizeof number, " %.7g", std::isnan(figure) ? std::abs(figure) : figure);
+    if (figure != 0.0) text += " " + name + number;
+  }
+  return text;
+}
+
+std::string Text(const char* kind, const ProcessorRecord& r) {
+  return Line(kind, {}, "cpuId userTime niceTime systemTime idleTime waitTime",
+              {double(r.cpuId), r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime});
+}
+
+std::string Text(const DiskRecord& r) {
+  return Line(
+      "disk", {r.deviceName},
+      "readRate writeRate ioRate readBytesRate writeBytesRate totalBytesRate busyFraction queueLength "
+      "waitPerIo servicePerIo size free",
+      {r.readRate, r.writeRate, r.ioRate, r.readBytesRate, r.writeBytesRate, r.totalBytesRate, r.busyFraction,
+       r.queueLength, r.waitPerIo, r.servicePerIo, double(r.size), double(r.free)});
+}
+
+std::string Text(const MemoryRecord& r) {
+  return Line("memory", {},
+              "freePages activePages processPages freeKb realMb pageInRate majorFaultRate zeroFillFaultRate",
+              {r.freePages, r.activePages, r.processPages, r.freeKb, r.realMb, r.pageInRate, r.majorFaultRate,
+               r.zeroFillFaultRate});
+}
+
+std::string Text(const ProcessRecord& r) {
+  return Line("process", {r.name, r.userName},
+              "userCpuSeconds systemCpuSeconds cpuPercent minorFaults majorFaults",
+              {r.userCpuSeconds, r.systemCpuSeconds, r.cpuPercent, r.minorFaults, r.majorFaults});
+}
+
+std::string Text(const FileSystemRecord& r) {
+  return Line("fileSystem", {r.mountName, r.deviceName}, "totalBlocks freeBlocks availableBlocks",
+              {double(r.totalBlocks), double(r.freeBlocks), double(r.availableBlocks)});
+}
+
+std::string Text(const LanRecord& r) {
+  return Line(
+      "adapter", {r.adapterName},
+      "packetsInRate bytesInRate errorsInRate packetsOutRate bytesOutRate errorsOutRate collisionRate",
+      {r.packetsInRate, r.bytesInRate, r.errorsInRate, r.packetsOutRate, r.bytesOutRate, r.errorsOutRate,
+       r.collisionRate});
+}
+
+std::string Text(const ProtocolCounters& r) {
+  std::string text = "counters";
+  for (size_t n = 0; n < r.counters.size(); ++n) text = Line(text, {}, std::to_string(n), {r.counters[n]});
+  return text;
+}
+
+std::string Text(const PartitionRecord& r) {
+  return Line("partition", {}, "isCapped isShared entitledProcessors",
+              {r.isCapped, r.isShared, r.entitledProcessors});
+}
+
+std::string Text(const SystemConfig& r) {
+  return Line("config", {}, "cpuCount memoryMb pageSize intervalSeconds",
+              {double(r.cpuCount), r.memoryMb, double(r.pageSize), r.intervalSeconds});
+}
+
+std::vector<std::string> TextsOf(const VmrContext& context, bool withConfig) {
+  std::vector<std::string> texts;
+  if (withConfig) texts.push_back(Text(context.config.value()));
+  for (const auto& record : context.overallCpu.primary) texts.push_back(Text("machine", record));
+  for (const auto& record : context.processors.primary) texts.push_back(Text("processor", record));
+  for (const auto& record : context.disks.primary) texts.push_back(Text(record));
+  if (context.memory.primary) texts.push_back(Text(*context.memory.primary));
+  for (const auto& record : context.processes.primary) texts.push_back(Text(record));
+  for (const auto& record : context.fileSystems.primary) texts.push_back(Text(record));
+  for (const auto& record : context.lans.primary) texts.push_back(Text(record));
+  if (context.protocolCounters.primary) texts.push_back(Text(*context.protocolCounters.primary));
+  if (context.partition) texts.push_back(Text(*context.partition));
+  return texts;
+}
+
+// ---- Cases ----
+
+struct Case {
+  int line = 0;
+  std::vector<std::string> versions;  // none: the script is all of the file
+  std::string every = "60";
+  std::vector<Statement> script;
+  std::vector<std::string> gives, next;
+};
+
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
+std::vector<Case> CasesOf(const std::string& path) {
+  std::vector<Case> cases;
+  for (const Statement& statement : ReadCaseFile(path)) {
+    std::string joined;
+    for (const std::string& word : statement.words) joined += (joined.empty() ? "" : " ") + word;
+    if (statement.keyword == "interval") {
+      cases.emplace_back();
+      cases.back().line = statement.line;
+      cases.back().versions = statement.words;
+      std::vector<std::string>& versions = cases.back().versions;
+      if (versions.empty() || !versions.back().starts_with("every=")) continue;
+      cases.back().every = versions.back().substr(6);
+      versions.pop_back();
+    } else if (statement.keyword == "gives") {
+      cases.back().gives.push_back(joined);
+    } else if (statement.keyword == "next") {
+      cases.back().next.push_back(joined);
+    } else {
+      EXPECT_TRUE(IsCollectorStatement(statement)) << path << ":" << statement.line;
+      cases.back().script.push_back(statement);
+    }
+  }
+  return cases;
+}
+
+// The case's file of a version: what all files of the kind begin and end with, around the case's own records.
+std::vector<Statement> ScriptOf(const Case& test, const Kind& kind, const std::string& version) {
+  const std::string time = kind.timeRecord;
+  std::vector<Statement> script = {
+      {0, "order", WordsOf(time + (version.find("_64") != version.npos ? ":8" : "")), {}},
+      {0, "order", WordsOf(kind.configOrder), {}},
+      {0, "divisors", WordsOf("5 1 1 1 1 1 1"), {}},
+      {0, "record", WordsOf(kind.config), {}},
+      {0, "stamps", WordsOf(time + " 11:59 12:00"), {}}};
+  std::vector<std::string>& config = script[3].words;
+  config.push_back(std::string(kind.versionField) + "=" + version);
+  config.push_back(std::string(kind.intervalField) + "=" + test.every);
+  script.insert(script.end(), test.script.begin(), test.script.end());
+  script.push_back({0, "stamps", WordsOf(time + " 12:10"), {}});
+  return script;
+}
+
+class Decoders : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Decoders, LeaveWhatTheCasesSay) {
+  const ScopedVariable zone("TZ", "UTC");
+  const TempDirectory directory;
+  const Kind& kind = KINDS.at(GetParam());
+  const std::string path = directory / kind.fileName;
+  const auto expectInterval = [&](const std::vector<Statement>& script, const Case& test) {
+    const CollectorBytes file = WriteCollectorFile(script, kind.order, NOON - 12 * 3600);
+    EXPECT_EQ(file.error, "");
+    ASSERT_TRUE(sample::WriteWholeFile(path, file.bytes));
+    Runtime runtime;
+    CollectorReader reader(kind.format, runtime);
+    VmrContext context;
+    std::string node;
+    Seconds first = 0;
+    EXPECT_EQ(reader.EntryPass(path, node, first), 1);
+    context.periodStart = NOON;
+    context.periodEnd = NOON + 3600;
+    EXPECT_EQ(reader.Open(context), 1);
+    EXPECT_EQ(reader.Next(context), 1);
+    EXPECT_EQ(TextsOf(context, !test.gives.empty() && test.gives[0].starts_with("config")), test.gives);
+    if (test.next.empty()) return;
+    EXPECT_EQ(reader.Next(context), 1);
+    EXPECT_EQ(TextsOf(context, false), test.next);
+  };
+  for (const Case& test : CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case")) {
+    SCOPED_TRACE(GetParam() + ".case:" + std::to_string(test.line));
+    if (test.versions.empty()) expectInterval(test.script, test);
+    for (const std::string& version : test.versions) expectInterval(ScriptOf(test, kind, version), test);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, Decoders, ::testing::Values("aix", "hpux", "linux", "solaris", "tru64"),
+                         [](const auto& parameter) { return parameter.param; });
+
+}  // namespace
+}  // namespace ozmo::testing
