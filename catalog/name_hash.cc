@@ -20,7 +20,7 @@ uint64_t Mix(uint64_t state) {
 
 uint64_t WordOf(const char* bytes, size_t count) {
   uint64_t word = 0;
-  std::memcpy(&word, bytes, count);
+  if (count > 0) std::memcpy(&word, bytes, count);  // an empty name may have no bytes to point at
   return word;
 }
 
