@@ -11,7 +11,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr const char* PACKETS = "Overall LAN Packet Rates by Adapter";
-constexpr const char* DATA = "Overall LAN Data Rates by Adapter";
 
 struct AdapterFixture : BuildFixture {
   using BuildFixture::BuildFixture;
@@ -31,18 +30,6 @@ struct AdapterFixture : BuildFixture {
   }
   int point = 0;
 };
-
-TEST(Adapters, SummaryHasTwoSetsAnAdapter) {
-  AdapterFixture fixture(HPUX_PLATFORM);
-  LanRecord lan = {.adapterName = "lan0", .packetsInRate = 1, .bytesInRate = 3000};
-  lan.packetsOutRate = 2;
-  lan.bytesOutRate = 4000;
-  fixture.Add({lan, {.adapterName = "lan1", .packetsInRate = 10}});
-  EXPECT_THAT(fixture.Last(PACKETS), ElementsAre(1, 2, 10, 0));
-  EXPECT_THAT(fixture.Last(DATA), ElementsAre(3, 4, 0, 0));
-  EXPECT_EQ(fixture.Find(DATA)->Label(1), "lan0 Outbound");
-  EXPECT_EQ(fixture.Find(DATA)->Label(2), "lan1 Inbound");
-}
 
 TEST(Adapters, AllThreeGraphsAreTitledByTheNameAndTheFirstIsFound) {
   AdapterFixture fixture(SOLARIS_PLATFORM);

@@ -109,18 +109,7 @@ class BuildFixture {
   float Image(std::string_view name, int point) const {
     return Named(build.sources().processes.Images(), name, point);
   }
-  float User(std::string_view name, int point) const {
-    return Named(build.sources().processes.Users(), name, point);
-  }
   float ShareSum(int point) const { return PointAt(build.sources().processes.shareSum(), point); }
-
-  // The value of a class in a graph by classes.
-  float Class(Graph graph, std::string_view name, int point) {
-    for (size_t i = 0; i < classes.classes.size(); ++i) {
-      if (classes.classes[i].name == name) return Value(graph, static_cast<int>(i), point);
-    }
-    return NOTHING;
-  }
 
   GraphCatalog catalog;
   WorkloadClassList classes;

@@ -129,21 +129,6 @@ TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
   }
 }
 
-TEST(DiskFigures, SpaceIsAWholeNumberQuotientThatBrokenSizesDoNoHarm) {
-  constexpr uint32_t GB = 1U << 30U;
-  struct Case {
-    uint32_t size, free;
-    float space, usedGb;
-  };
-  for (const Case& test : {Case{GB, GB - 1, 0, 0}, {GB, GB, 1, 0}, {0, 3 * GB, 0, -3}, {GB, 3 * GB, 3, -2}}) {
-    DiskRecord disk;
-    disk.size = test.size;
-    disk.free = test.free;
-    EXPECT_EQ(DiskFiguresOf(disk, false).space, test.space) << test.size;
-    EXPECT_NEAR(DiskFiguresOf(disk, false).usedGb, test.usedGb, 1e-6) << test.size;
-  }
-}
-
 // ---- Graphs of one disk ----
 
 TEST(DiskGraphs, MonitorFilesBringTheirTimes) {

@@ -13,23 +13,6 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-TEST(Memory, LinuxApplicationsHaveWhatIsLeftNegativeOrNot) {
-  BuildFixture fixture(LINUX_PLATFORM);
-  MemoryRecord& memory = fixture.context.memory.primary.emplace();
-  memory.freeKb = 512 * 1024;
-  memory.sharedKb = 1024;
-  memory.cacheKb = 510 * 1024;
-  memory.buffersKb = 4 * 1024;
-  memory.pageInRate = 1;
-  memory.pageOutRate = 2;
-  memory.swapInRate = 4;
-  memory.swapOutRate = 8;
-  fixture.TakeBusy(60, 10);
-  EXPECT_THAT(fixture.Values(Graph::MEMORY_ALLOCATION, 1), ElementsAre(512, -3, 1, 510, 4));
-  EXPECT_THAT(fixture.Values(Graph::MEMORY_UTILIZATION, 1), ElementsAre(50));
-  EXPECT_THAT(fixture.Values(Graph::PAGES_IN_OUT, 1), ElementsAre(15, 2, 4, 1)) << "the top band holds all";
-}
-
 TEST(Memory, WithoutARecordAllFiguresAreZero) {
   for (const PlatformSpec* platform : ALL_PLATFORMS) {
     BuildFixture fixture(*platform);
@@ -56,16 +39,6 @@ TEST(Memory, WithoutASizeUtilizationIsMissingInfiniteOrOfTheUses) {
   }
   EXPECT_TRUE(std::isinf(utilization(HPUX_PLATFORM)));
   EXPECT_EQ(utilization(AIX_PLATFORM), 75.0F);
-}
-
-TEST(Memory, LinuxPageFaultsAreThoseOfTheProcesses) {
-  BuildFixture fixture(LINUX_PLATFORM);
-  ProcessRecord& first = fixture.AddProcess("root", "a", 0);
-  first.majorFaults = 60;
-  first.minorFaults = 120;
-  fixture.AddProcess("root", "b", 0).minorFaults = 240;
-  fixture.TakeBusy(60, 10);
-  EXPECT_THAT(fixture.Values(Graph::PROCESS_PAGEFAULTS, 1), ElementsAre(1, 6));
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "build_fixture.h"
 
 namespace ozmo {
@@ -40,65 +38,6 @@ TEST(ProcessShare, OnlinePartitionProcessorsLimitTheDivisorOnAix) {
   }
 }
 
-TEST(ProcessShare, AnIntervalOfNoLengthIsAFloatDivision) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 50, 0, 50);
-  fixture.AddProcess("adm", "job", 3);
-  fixture.context.periodStart = fixture.context.periodEnd = BuildFixture::START + 60;
-  fixture.build.TakeInterval(fixture.context);
-  EXPECT_TRUE(std::isinf(fixture.Image("job", 1)));
-}
-
-// ---- Where a share goes ----
-
-TEST(Processes, AShareGoesToSumClassImageAndUser) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcess("root", "/usr/sbin/inetd -s", 6);
-  fixture.AddProcess("root", "/sbin/init", 12);
-  fixture.AddProcess("root", "ksh", 6);  // the command of another class for another user
-  fixture.AddProcess(" adm ", "-ksh", 3);
-  fixture.AddProcess("adm", "/usr/bin/ksh", 3);
-  fixture.TakeBusy(60, 100);
-  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 50.0F);
-  EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 5.0F);
-  struct Class {
-    const char* name;
-    float cpu, count;
-  };
-  for (const Class& test :
-       {Class{"daemons", 10, 1}, {"root", 30, 2}, {"others", 10, 2}, {"cde", MISSING_POINT, MISSING_POINT}}) {
-    EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_CPU, test.name, 1), test.cpu) << test.name;
-    EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_COUNT, test.name, 1), test.count) << test.name;
-  }
-  EXPECT_FLOAT_EQ(fixture.Image("ksh", 1), 20.0F);
-  EXPECT_FLOAT_EQ(fixture.Image("inetd", 1), 10.0F);
-  EXPECT_FLOAT_EQ(fixture.User("adm", 1), 10.0F);
-  EXPECT_FLOAT_EQ(fixture.User("root", 1), 40.0F);
-  fixture.build.FinishGraphs();
-  EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_CPU, "root", 1), 60.0F) << "scaled to overall CPU";
-}
-
-TEST(Processes, AixPassesOverWaitButCountsIt) {
-  BuildFixture fixture(AIX_PLATFORM);
-  fixture.AddProcess("root", "wait", 30);
-  fixture.AddProcess("root", "waiter", 6);
-  fixture.TakeBusy(60, 50);
-  EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 2.0F);
-  EXPECT_EQ(fixture.Image("wait", 1), BuildFixture::NOTHING);
-  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 10.0F);
-}
-
-TEST(NoProc, TakesWhatTheProcessesLeaveOfOverallCpu) {
-  BuildFixture fixture(LINUX_PLATFORM);
-  fixture.AddProcess("root", "cron", 6);
-  fixture.TakeBusy(60, 50);
-  EXPECT_FLOAT_EQ(fixture.Image("<NoProc>", 1), 40.0F);
-  EXPECT_FLOAT_EQ(fixture.User("<NoProc>", 1), 40.0F);
-  EXPECT_FLOAT_EQ(fixture.Class(Graph::CLASS_CPU, "others", 1), 40.0F);
-  EXPECT_FLOAT_EQ(fixture.ShareSum(1), 50.0F);
-  EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 1), 1.0F) << "it is no process";
-}
-
 TEST(NoProc, IsAbsentWhereTheProcessesTakeAllAndOnSolaris) {
   BuildFixture taken(TRU64_PLATFORM);
   taken.AddProcess("root", "cron", 6);
@@ -107,7 +46,6 @@ TEST(NoProc, IsAbsentWhereTheProcessesTakeAllAndOnSolaris) {
   BuildFixture solaris(SOLARIS_PLATFORM);
   solaris.TakeBusy(60, 50);
   EXPECT_EQ(solaris.Image("<NoProc>", 1), BuildFixture::NOTHING);
-  EXPECT_EQ(solaris.ShareSum(1), MISSING_POINT);
 }
 
 // ---- Names ----

@@ -10,8 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 
-// ---- Names and sets ----
-
 TEST(Processors, AreSetsInTheOrderOfTheirFirstSight) {
   BuildFixture fixture(SOLARIS_PLATFORM);
   fixture.AddProcessor(0, 10, 0, 90);
@@ -64,20 +62,6 @@ TEST(Processors, LinuxStopsAtTheConfiguredNumber) {
   fixture.Take(60);
   EXPECT_THAT(fixture.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-0", "CPU-1"));
   EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 1), 15.0F);
-}
-
-// ---- Figures ----
-
-TEST(Processors, ARepeatReplacesTheEarlierRecord) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
-  fixture.AddProcessor(0, 30, 0, 70);  // read last, so it stands
-  fixture.AddProcessor(1, 10, 0, 90);
-  fixture.AddProcessor(0, 90, 0, 10);
-  fixture.Take(60);
-  EXPECT_THAT(fixture.Values(Graph::CPU_BY_PROCESSOR, 1), ElementsAre(30, 10));
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 1), 20.0F);
-  // The modes know no repeat: three records over two processors.
-  EXPECT_FLOAT_EQ(fixture.Value(Graph::CPU_BY_MODE, 0, 1), 65.0F);
 }
 
 TEST(Processors, WithAllCountersZeroAProcessorIsIdle) {

@@ -12,8 +12,6 @@ using testing::ElementsAre;
 using testing::FloatEq;
 using testing::Pointwise;
 
-// ---- Others ----
-
 TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
   struct Case {
     const char* rule;
@@ -45,37 +43,6 @@ TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
       EXPECT_THAT(fixture.Labels(Graph::TOP_USERS), ElementsAre("0. ann", "Others"));
     }
   }
-}
-
-// ---- Disks ----
-
-struct DiskDay : BuildFixture {
-  explicit DiskDay(const PlatformSpec& platform, Seconds span = 3600) : BuildFixture(platform, span) {
-    AddDisk("fast", 50, 0.5F);
-    AddDisk("slow", 10, 2.0F);
-    AddDisk("twin", 10, 1.0F);
-    AddDisk("idle", 0, 0.0F);
-    TakeBusy(60, 80);
-    build.FinishGraphs();
-  }
-  void AddDisk(const char* name, float operations, float queue) {
-    DiskRecord& disk = context.disks.primary.Push();
-    disk.deviceName = name;
-    disk.ioRate = operations;
-    disk.queueLength = queue;
-    disk.totalBytesRate = operations * 1024.0F;
-  }
-};
-
-TEST(TopGraphs, ResponseTimesFollowTheOperationsListWithoutRank) {
-  DiskDay day(LINUX_PLATFORM);
-  EXPECT_THAT(day.Labels(Graph::TOP_DISK_OPERATIONS),
-              ElementsAre("#0  fast", "#1  twin", "#2  slow", "#3  idle", "Others"));
-  EXPECT_THAT(day.Labels(Graph::TOP_DISK_RESPONSE), ElementsAre("fast", "twin", "slow", "idle"));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_RESPONSE, 1), ElementsAre(10, 100, 200, 0));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_OPERATIONS, 1), ElementsAre(50, 10, 10, 0, 0));
-  EXPECT_THAT(day.Values(Graph::TOP_DISK_DATA, 1), ElementsAre(50, 10, 10, 0, 0));
-  EXPECT_THAT(day.Labels(Graph::TOP_DISK_QUEUE), ElementsAre("#0 slow", "#1 twin", "#2 fast", "#3 idle"));
 }
 
 TEST(TopGraphsVmr, WithoutImagesOthersAreOverallCpuLessDpcAndInterrupts) {
