@@ -4,11 +4,9 @@
 // "interval VERSION", with "every=SECONDS" for another configured interval than 60, begins a case: a file of
 // that version with time stamps at 11:59 and 12:00, the records that follow, written as in tests/cases, and a
 // stamp at 12:10. Without a version the records are all of the file. "gives" is a record of the first
-// interval delivered, newest first, with all members that aren't 0 or empty and that a builder reads; "next"
-// is one of the second. The configuration is compared where a "gives" tells it.
+// interval delivered; "next" is one of the second. The configuration is compared where a "gives" tells it.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <iterator>
 #include <map>
 #include <sstream>
@@ -18,6 +16,7 @@
 #include "runtime/runtime.h"
 #include "tests/end_to_end/collector_script.h"
 #include "tests/support/environment.h"
+#include "tests/support/interval_text.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
@@ -51,96 +50,6 @@ const std::map<std::string, Kind> KINDS = {
      {TRU64_FORMAT, LITTLE, "node_2012Feb22.dat_1", "9 901", "5 501 504:text 505:text 507 513",
       "5 501=2048000 504=node", "505", "513"}},
 };
-
-// ---- Records as texts ----
-
-// The kind, what isn't empty of the texts, and the figures that aren't 0 behind their names.
-std::string Line(std::string text, const std::vector<std::string>& texts, const std::string& names,
-                 std::initializer_list<double> figures) {
-  for (const std::string& word : texts) text += word.empty() ? "" : " " + word;
-  std::istringstream words(names);
-  for (const double figure : figures) {
-    std::string name;
-    words >> name;
-    char number[40];
-    std::snprintf(number, sizeof number, " %.7g", std::isnan(figure) ? std::abs(figure) : figure);
-    if (figure != 0.0) text += " " + name + number;
-  }
-  return text;
-}
-
-std::string Text(const char* kind, const ProcessorRecord& r) {
-  return Line(kind, {}, "cpuId userTime niceTime systemTime idleTime waitTime",
-              {double(r.cpuId), r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime});
-}
-
-std::string Text(const DiskRecord& r) {
-  return Line(
-      "disk", {r.deviceName},
-      "readRate writeRate ioRate readBytesRate writeBytesRate totalBytesRate busyFraction queueLength "
-      "waitPerIo servicePerIo size free",
-      {r.readRate, r.writeRate, r.ioRate, r.readBytesRate, r.writeBytesRate, r.totalBytesRate, r.busyFraction,
-       r.queueLength, r.waitPerIo, r.servicePerIo, double(r.size), double(r.free)});
-}
-
-std::string Text(const MemoryRecord& r) {
-  return Line("memory", {},
-              "freePages activePages processPages freeKb realMb pageInRate majorFaultRate zeroFillFaultRate",
-              {r.freePages, r.activePages, r.processPages, r.freeKb, r.realMb, r.pageInRate, r.majorFaultRate,
-               r.zeroFillFaultRate});
-}
-
-std::string Text(const ProcessRecord& r) {
-  return Line("process", {r.name, r.userName},
-              "userCpuSeconds systemCpuSeconds cpuPercent minorFaults majorFaults",
-              {r.userCpuSeconds, r.systemCpuSeconds, r.cpuPercent, r.minorFaults, r.majorFaults});
-}
-
-std::string Text(const FileSystemRecord& r) {
-  return Line("fileSystem", {r.mountName, r.deviceName}, "totalBlocks freeBlocks availableBlocks",
-              {double(r.totalBlocks), double(r.freeBlocks), double(r.availableBlocks)});
-}
-
-std::string Text(const LanRecord& r) {
-  return Line(
-      "adapter", {r.adapterName},
-      "packetsInRate bytesInRate errorsInRate packetsOutRate bytesOutRate errorsOutRate collisionRate",
-      {r.packetsInRate, r.bytesInRate, r.errorsInRate, r.packetsOutRate, r.bytesOutRate, r.errorsOutRate,
-       r.collisionRate});
-}
-
-std::string Text(const ProtocolCounters& r) {
-  std::string text = "counters";
-  for (size_t n = 0; n < r.counters.size(); ++n) text = Line(text, {}, std::to_string(n), {r.counters[n]});
-  return text;
-}
-
-std::string Text(const PartitionRecord& r) {
-  return Line("partition", {}, "isCapped isShared entitledProcessors",
-              {r.isCapped, r.isShared, r.entitledProcessors});
-}
-
-std::string Text(const SystemConfig& r) {
-  return Line("config", {}, "cpuCount memoryMb pageSize intervalSeconds",
-              {double(r.cpuCount), r.memoryMb, double(r.pageSize), r.intervalSeconds});
-}
-
-std::vector<std::string> TextsOf(const VmrContext& context, bool withConfig) {
-  std::vector<std::string> texts;
-  if (withConfig) texts.push_back(Text(context.config.value()));
-  for (const auto& record : context.overallCpu.primary) texts.push_back(Text("machine", record));
-  for (const auto& record : context.processors.primary) texts.push_back(Text("processor", record));
-  for (const auto& record : context.disks.primary) texts.push_back(Text(record));
-  if (context.memory.primary) texts.push_back(Text(*context.memory.primary));
-  for (const auto& record : context.processes.primary) texts.push_back(Text(record));
-  for (const auto& record : context.fileSystems.primary) texts.push_back(Text(record));
-  for (const auto& record : context.lans.primary) texts.push_back(Text(record));
-  if (context.protocolCounters.primary) texts.push_back(Text(*context.protocolCounters.primary));
-  if (context.partition) texts.push_back(Text(*context.partition));
-  return texts;
-}
-
-// ---- Cases ----
 
 struct Case {
   int line = 0;
@@ -218,10 +127,10 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
     context.periodEnd = NOON + 3600;
     EXPECT_EQ(reader.Open(context), 1);
     EXPECT_EQ(reader.Next(context), 1);
-    EXPECT_EQ(TextsOf(context, !test.gives.empty() && test.gives[0].starts_with("config")), test.gives);
+    EXPECT_EQ(IntervalTexts(context, !test.gives.empty() && test.gives[0].starts_with("config")), test.gives);
     if (test.next.empty()) return;
     EXPECT_EQ(reader.Next(context), 1);
-    EXPECT_EQ(TextsOf(context, false), test.next);
+    EXPECT_EQ(IntervalTexts(context, false), test.next);
   };
   for (const Case& test : CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case")) {
     SCOPED_TRACE(GetParam() + ".case:" + std::to_string(test.line));

@@ -145,38 +145,38 @@ TEST(RecordTest, TwoSamplesGiveTheRecordsOfTheirIntervals) {
   // What compilers used that have ended is make's: 17 seconds less the 5 that one was seen with before.
   EXPECT_EQ(story.Delivered("qtxl_node_2012Feb22.dat_1", "22-Feb-2012:08:00:00", "22-Feb-2012:09:00:00"),
             R"(22 08:02:00 of 60 s
-  host node 2 2048
-  processor 0 0.55 0.05 0.2 0.1 0.1
-  processor 1 0.1 0 0 0.9 0
-  memory 512000 100000 64000 400000 1 2 1 2
-  disk sda 1 0.1 10240 2 0.2 20480 0.5 1
-  disk cciss/c0d0 0 0 0 0 0 0 0 0
-  process 1 0 0 0 0 0 0 0 me /sbin/init
-  process 2 0 0 0 0 0 0 0 me [kthreadd]
-  process 7 2 0 0.6 0 0 0 0 me [kworker]
-  process 50 1 0.35 0 0 3 0 0 me -sh
-  process 60 1 0 0 0 0 0 0 me /opt/hidden
-  process 100 1 12.06 2 600 0 1024 12 me /usr/bin/make -j 8
-  process 110 100 0.2 0 0 0 0 0 me cc1
-  protocols 0=2 1=64 2=1 8=1 9=2 19=1 21=3 45=1 46=200 47=120000 49=1 53=7 54=10 55=15 56=1 57=1 60=2
-  file system /dev/sda1 / 4096 1000 400 300 100 50
-  file system tank/home /tank/home 131072 2000 2000 2000 9 8
-  adapter lo 0 0 0 0 0 0 0
-  adapter eth0 2 1000 1 1 1000 2 1
+  host 2 2048
+  processor userTime 0.55 niceTime 0.05 systemTime 0.2 idleTime 0.1 waitTime 0.1
+  processor cpuId 1 userTime 0.1 idleTime 0.9
+  disk sda readRate 1 readMergedRate 0.1 readBytesRate 10240 writeRate 2 writeMergedRate 0.2 writeBytesRate 20480 ioRate 3 totalBytesRate 30720 busyFraction 0.5 queueLength 1 waitPerIo 5 servicePerIo 1.666667
+  disk cciss/c0d0
+  memory freeKb 512000 sharedKb 100000 buffersKb 64000 cacheKb 400000 pageInRate 1 pageOutRate 2 swapInRate 1 swapOutRate 2
+  process /sbin/init me processId 1
+  process [kthreadd] me processId 2
+  process [kworker] me processId 7 processIdB 2 systemCpuSeconds 0.6
+  process -sh me processId 50 processIdB 1 userCpuSeconds 0.35 majorFaults 3
+  process /opt/hidden me processId 60 processIdB 1
+  process /usr/bin/make -j 8 me processId 100 processIdB 1 userCpuSeconds 12.06 systemCpuSeconds 2 minorFaults 600 sizeVirtual 1024 sizeResident 12
+  process cc1 me processId 110 processIdB 100 userCpuSeconds 0.2
+  fileSystem / /dev/sda1 blockSize 4096 totalBlocks 1000 freeBlocks 400 availableBlocks 300 totalFiles 100 freeFiles 50
+  fileSystem /tank/home tank/home blockSize 131072 totalBlocks 2000 freeBlocks 2000 availableBlocks 2000 totalFiles 9 freeFiles 8
+  adapter lo
+  adapter eth0 packetsInRate 2 bytesInRate 1000 errorsInRate 1 packetsOutRate 1 bytesOutRate 1000 errorsOutRate 2 collisionRate 1
+  counters 0 2 1 64 2 1 8 1 9 2 19 1 21 3 45 1 46 200 47 120000 49 1 53 7 54 10 55 15 56 1 57 1 60 2
 22 08:03:00 of 60 s
-  host node 1 2048
-  processor 0 0 0 0 1 0
-  memory 512000 100000 64000 400000 0 0 0 0
-  disk sda 0 0 0 0 0 0 0 0
-  disk cciss/c0d0 0 0 0 0 0 0 0 0
-  disk sdb 0 0 0 0 0 0 0 0
-  process 1 0 0 0 0 0 0 0 me /sbin/init
-  process 60 1 0.6 0 0 0 0 0 me /opt/hidden
-  protocols 0=2 1=64 45=1 46=200 47=120000 53=7
-  file system /dev/sda1 / 4096 1000 400 300 100 50
-  file system tank/home /tank/home 131072 2000 2000 2000 9 8
-  adapter lo 0 0 0 0 0 0 0
-  adapter eth0 0 0 0 0 0 0 0
+  host 1 2048
+  processor idleTime 1
+  disk sda
+  disk cciss/c0d0
+  disk sdb
+  memory freeKb 512000 sharedKb 100000 buffersKb 64000 cacheKb 400000
+  process /sbin/init me processId 1
+  process /opt/hidden me processId 60 processIdB 1 userCpuSeconds 0.6
+  fileSystem / /dev/sda1 blockSize 4096 totalBlocks 1000 freeBlocks 400 availableBlocks 300 totalFiles 100 freeFiles 50
+  fileSystem /tank/home tank/home blockSize 131072 totalBlocks 2000 freeBlocks 2000 availableBlocks 2000 totalFiles 9 freeFiles 8
+  adapter lo
+  adapter eth0
+  counters 0 2 1 64 45 1 46 200 47 120000 53 7
 )");
 }
 
@@ -227,8 +227,7 @@ ozmo_record: /proc/self/mountinfo: No such file or directory; no file systems ar
 )");
   // The minute that came twice is told once.
   const std::string busy =
-      "  host node 1 2048\n  processor 0 0.5 0 0 0.5 0\n  memory 0 0 0 0 0 0 0 0\n  process 2 0 0 0 0 0 0 0 "
-      "me busy\n";
+      "  host 1 2048\n  processor userTime 0.5 idleTime 0.5\n  memory\n  process busy me processId 2\n";
   EXPECT_EQ(story.Delivered("qtxl_node_2012Feb22.dat_1", "22-Feb-2012:23:00:00", "23-Feb-2012:02:00:00"),
             "23 00:00:00 of 60 s\n" + busy + "23 00:01:00 of 60 s\n" + busy + "23 01:01:00 of 60 s\n" +
                 "23 01:02:00 of 60 s\n" + busy + "23 01:03:00 of 62 s\n" + busy + "23 01:06:18 of 198 s\n" +

@@ -13,6 +13,7 @@
 #include "readers/data_reader.h"
 #include "runtime/runtime.h"
 #include "tests/support/environment.h"
+#include "tests/support/interval_text.h"
 
 namespace ozmo::testing {
 namespace {
@@ -104,69 +105,23 @@ ProcessResult Story::Record(const std::vector<std::string>& options, const std::
 
 namespace {
 
-// Lines of a list, whose head is the record that was written last.
-template <class List, class Print>
-void PrintList(const List& list, std::ostream& out, const char* name, Print print) {
-  for (const auto& record : list) {
-    out << "  " << name;
-    print(record);
-    out << '\n';
-  }
-}
-
-template <class... Values>
-void Put(std::ostream& out, const Values&... values) {
-  ((out << ' ' << values), ...);
-}
-
 std::string ThisUser() {
   const passwd* user = getpwuid(geteuid());
   return user == nullptr ? std::to_string(geteuid()) : user->pw_name;
 }
 
+// "me" for this user, so that a test can tell the texts.
 void PrintInterval(const VmrContext& context, std::ostream& out) {
-  out << TimeFormat(context.periodEnd, "%d %H:%M:%S");
-  if (context.config) Put(out, "of", context.config->intervalSeconds, "s");
-  out << '\n';
-  if (context.config && !context.processors.primary.empty()) {
-    out << "  host";
-    Put(out, context.config->configNode, context.config->cpuCount, context.config->memoryMb);
-    out << '\n';
+  out << TimeFormat(context.periodEnd, "%d %H:%M:%S") << " of " << context.config.value().intervalSeconds
+      << " s\n";
+  if (context.processors.primary.empty()) return;
+  out << "  host " << context.config->cpuCount << ' ' << context.config->memoryMb << '\n';
+  for (std::string line : IntervalTexts(context, false)) {
+    const std::string user = " " + ThisUser() + " ";
+    const size_t at = line.find(user);
+    if (line.starts_with("process ") && at != std::string::npos) line.replace(at, user.size(), " me ");
+    out << "  " << line << '\n';
   }
-  PrintList(context.processors.primary, out, "processor", [&](const ProcessorRecord& r) {
-    Put(out, r.cpuId, r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime);
-  });
-  if (context.memory.primary) {
-    const MemoryRecord& r = *context.memory.primary;
-    out << "  memory";
-    Put(out, r.freeKb, r.sharedKb, r.buffersKb, r.cacheKb, r.pageInRate, r.pageOutRate, r.swapInRate,
-        r.swapOutRate);
-    out << '\n';
-  }
-  PrintList(context.disks.primary, out, "disk", [&](const DiskRecord& r) {
-    Put(out, r.deviceName, r.readRate, r.readMergedRate, r.readBytesRate, r.writeRate, r.writeMergedRate,
-        r.writeBytesRate, r.busyFraction, r.queueLength);
-  });
-  PrintList(context.processes.primary, out, "process", [&](const ProcessRecord& r) {
-    Put(out, r.processId, r.processIdB, r.userCpuSeconds, r.systemCpuSeconds, r.minorFaults, r.majorFaults,
-        r.sizeVirtual, r.sizeResident, r.userName == ThisUser() ? "me" : r.userName, r.name);
-  });
-  if (context.protocolCounters.primary) {
-    out << "  protocols";
-    const auto& counters = context.protocolCounters.primary->counters;
-    for (size_t i = 0; i < 61; ++i) {
-      if (counters[i] != 0) out << ' ' << i << '=' << counters[i];
-    }
-    out << '\n';
-  }
-  PrintList(context.fileSystems.primary, out, "file system", [&](const FileSystemRecord& r) {
-    Put(out, r.deviceName, r.mountName, r.blockSize, r.totalBlocks, r.freeBlocks, r.availableBlocks,
-        r.totalFiles, r.freeFiles);
-  });
-  PrintList(context.lans.primary, out, "adapter", [&](const LanRecord& r) {
-    Put(out, r.adapterName, r.packetsInRate, r.bytesInRate, r.errorsInRate, r.packetsOutRate, r.bytesOutRate,
-        r.errorsOutRate, r.collisionRate);
-  });
 }
 
 }  // namespace

@@ -18,26 +18,24 @@ using testing::ScopedVariable;
 using testing::TempDirectory;
 
 TEST(ParseResourceLine, CutsFromTheRight) {
-  const std::optional<ResourceLine> line = ParseResourceLine("Yx.model.StepSize:\t10\n");
-  ASSERT_TRUE(line);
-  EXPECT_EQ(line->group, "model");
-  EXPECT_EQ(line->key, "stepsize");
-  EXPECT_EQ(line->value, "10");
-
-  const std::optional<ResourceLine> deep = ParseResourceLine("a.b:c.Main. Study Name :  x y \n");
-  ASSERT_TRUE(deep);
-  EXPECT_EQ(deep->group, "main");
-  EXPECT_EQ(deep->key, "study name");
-  EXPECT_EQ(deep->value, "x y");
-}
-
-TEST(ParseResourceLine, NeedsNoGroupButAKeyAndAValue) {
-  const std::optional<ResourceLine> line = ParseResourceLine("Yx.StepSize: 10");
-  ASSERT_TRUE(line);
-  EXPECT_EQ(line->group, std::nullopt);
-  EXPECT_FALSE(ParseResourceLine("Yx.model.StepSize 10"));
-  EXPECT_FALSE(ParseResourceLine("! remark: no key"));
-  EXPECT_FALSE(ParseResourceLine(""));
+  struct Case {
+    const char* line;
+    std::optional<std::string> group;
+    const char *key, *value;  // null: the line means nothing
+  };
+  for (const Case& row : {Case{"Yx.model.StepSize:\t10\n", "model", "stepsize", "10"},
+                          {"a.b:c.Main. Study Name :  x y \n", "main", "study name", "x y"},
+                          {"Yx.StepSize: 10", std::nullopt, "stepsize", "10"},
+                          {"Yx.model.StepSize 10", {}, nullptr, nullptr},
+                          {"! remark: no key", {}, nullptr, nullptr},
+                          {"", {}, nullptr, nullptr}}) {
+    const std::optional<ResourceLine> line = ParseResourceLine(row.line);
+    ASSERT_EQ(line.has_value(), row.key != nullptr) << row.line;
+    if (!line) continue;
+    EXPECT_EQ(line->group, row.group);
+    EXPECT_EQ(line->key, row.key);
+    EXPECT_EQ(line->value, row.value);
+  }
 }
 
 TEST(UserResourceLookup, ComparesKeysWithoutCaseAndWithTheirBlanks) {
@@ -133,24 +131,18 @@ TEST_F(UserResourcesTest, PassOverLinesThatMeanNothing) {
 }
 
 TEST_F(UserResourcesTest, FileIsTheOneHereThenAtHomeThenInTheLibrary) {
-  Write(library_ / ".yxrc", "Yx.model.StepSize: 1\n");
-  Read();
-  EXPECT_EQ(settings().stepSize, 1);
-  Write(home_ / ".yxrc", "Yx.model.StepSize: 2\n");
-  Read();
-  EXPECT_EQ(settings().stepSize, 2);
-  Write(work_ / ".yxrc", "anything.MODEL.stepsize: 3\n");
-  Read();
-  EXPECT_EQ(settings().stepSize, 3);
-}
-
-TEST_F(UserResourcesTest, DirectoryVariableOfTheFileTakesTheRoleOfHome) {
   const TempDirectory other;
+  const std::string files[] = {library_ / ".yxrc", home_ / ".yxrc", work_ / ".yxrc"};
+  for (int n = 0; n < 3; ++n) {
+    Write(files[n], "anything.MODEL.stepsize: " + std::to_string(n + 1) + "\n");
+    EXPECT_EQ(Read(), "");
+    EXPECT_EQ(settings().stepSize, n + 1);
+  }
+  fs::remove(files[2]);
   Write(other / ".yxrc", "Yx.model.StepSize: 4\n");
-  Write(home_ / ".yxrc", "Yx.model.StepSize: 2\n");
   SetVariable(".yxrc", other.path() + "/");
   Read();
-  EXPECT_EQ(settings().stepSize, 4);
+  EXPECT_EQ(settings().stepSize, 4) << "a variable of the file's name takes the role of the home directory";
 }
 
 TEST_F(UserResourcesTest, VariablesReplaceWhatTheFileSays) {
@@ -165,46 +157,6 @@ TEST_F(UserResourcesTest, VariablesReplaceWhatTheFileSays) {
   EXPECT_EQ(settings().diskThreshold, INT32_MAX);
   EXPECT_EQ(settings().studyName, std::string(2000, 'n'));
   EXPECT_EQ(settings().dtrFilePtr, std::nullopt);
-}
-
-TEST_F(UserResourcesTest, VariablesActWithoutAFileToo) {
-  SetVariable("YX_DTR_FLAG", "1");
-  Read();
-  EXPECT_EQ(settings().dtrFlag, 1);
-}
-
-TEST_F(UserResourcesTest, RelativeDefaultIsAppliedOnceWithoutAFile) {
-  fs::create_directories(work_ / "a/a");
-  SetVariable("YX_DEFAULT", "a");
-  EXPECT_EQ(Read(), "");
-  EXPECT_EQ(fs::current_path(), fs::canonical(work_ / "a"));
-}
-
-TEST_F(UserResourcesTest, RelativeDefaultIsAppliedTwiceWithAFile) {
-  fs::create_directories(work_ / "a/a");
-  Write(home_ / ".yxrc", "");
-  SetVariable("YX_DEFAULT", "a");
-  EXPECT_EQ(Read(), "");
-  EXPECT_EQ(fs::current_path(), fs::canonical(work_ / "a/a"));
-}
-
-TEST_F(UserResourcesTest, FileIsLookedForBehindTheChangeOfDirectory) {
-  fs::create_directories(work_ / "a");
-  Write(work_ / ".yxrc", "Yx.model.StepSize: 4\n");
-  Write(work_ / "a/.yxrc", "Yx.model.StepSize: 5\n");
-  SetVariable("YX_DEFAULT", fs::path(work_ / "a"));
-  Read();
-  EXPECT_EQ(settings().stepSize, 5);
-}
-
-TEST_F(UserResourcesTest, DefaultThatIsNoDirectoryIsReportedAndTheReadGoesOn) {
-  fs::create_directories(library_ / "db");
-  Write(library_ / "db/veltrix_messages.msg", "INVLD_DIR WARNING \"bad %s\"\n");
-  Write(".yxrc", "Yx.model.StepSize: 4\n");
-  SetVariable("YX_DEFAULT", "nowhere");
-  EXPECT_EQ(Read(), "VELTRIX-WARNING  bad nowhere\nVELTRIX-WARNING  bad nowhere\n");
-  EXPECT_EQ(fs::current_path(), fs::canonical(work_.path()));
-  EXPECT_EQ(settings().stepSize, 4);
 }
 
 }  // namespace

@@ -1,0 +1,15 @@
+// What a reader delivered of an interval, as texts to be compared.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "readers/vmr_context.h"
+
+namespace ozmo::testing {
+
+// A text for each record but twins, newest first: its kind, its names, and its figures that aren't 0, each
+// behind the name of its member. The configuration stands ahead where it is asked for.
+std::vector<std::string> IntervalTexts(const VmrContext& context, bool withConfig);
+
+}  // namespace ozmo::testing
