@@ -19,6 +19,8 @@ class CollectorReader {
   // 1: the context holds the next interval, or is empty after a file that couldn't be opened. -1: no more.
   int Next(VmrContext& context);
   int Close(VmrContext& context);
+  // The set of the last Open.
+  const std::vector<std::string>& files() const { return fileSet_; }
 
   const ReaderState& state() const { return file_.state(); }
 

@@ -1,6 +1,9 @@
 #include "readers/data_reader.h"
 
+#include <optional>
+
 #include "readers/formats.h"
+#include "runtime/runtime.h"
 
 namespace ozmo {
 namespace {
@@ -13,14 +16,20 @@ std::variant<CollectorReader, VmrReader> MakeReader(ReaderKind kind, Runtime& ru
 
 }  // namespace
 
-DataReader::DataReader(ReaderKind kind, Runtime& runtime) : kind_(kind), reader_(MakeReader(kind, runtime)) {}
+DataReader::DataReader(ReaderKind kind, Runtime& runtime)
+    : kind_(kind), runtime_(&runtime), reader_(MakeReader(kind, runtime)) {}
 
 int DataReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
   return std::visit([&](auto& reader) { return reader.EntryPass(path, nodeName, firstRecordTime); }, reader_);
 }
 
 int DataReader::Open(VmrContext& context) {
-  return std::visit([&](auto& reader) { return reader.Open(context); }, reader_);
+  const int count = std::visit([&](auto& reader) { return reader.Open(context); }, reader_);
+  const auto files = [](const auto& reader) -> const std::vector<std::string>& { return reader.files(); };
+  for (const std::string& path : std::visit(files, reader_)) {
+    if (const std::optional<FileIdentity> file = IdentityOf(path)) runtime_->inputs.push_back(*file);
+  }
+  return count;
 }
 
 int DataReader::Next(VmrContext& context) {

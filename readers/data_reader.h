@@ -22,7 +22,8 @@ class DataReader {
 
   // One cheap pass over a file for its node name and first time stamp: 1 and both outputs filled, else 0.
   int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
-  // Number of files in the set of the requested span; 0 means nothing to read.
+  // Number of files in the set of the requested span; 0 means nothing to read. The runtime takes note of the
+  // files as inputs.
   int Open(VmrContext& context);
   // 1: the context holds the next interval. 0, -1 or a code of reader_status.h: no more.
   int Next(VmrContext& context);
@@ -30,6 +31,7 @@ class DataReader {
 
  private:
   ReaderKind kind_;
+  Runtime* runtime_;
   std::variant<CollectorReader, VmrReader> reader_;
 };
 

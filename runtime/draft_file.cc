@@ -10,7 +10,7 @@
 namespace ozmo {
 namespace {
 
-constexpr std::array ENDING_SIGNALS = {SIGHUP, SIGINT, SIGTERM};
+constexpr std::array ENDING_SIGNALS = {SIGHUP, SIGINT, SIGTERM, SIGXCPU, SIGXFSZ};
 
 enum State : sig_atomic_t { FREE, ON_SIGNAL, ON_EXIT };
 

@@ -34,6 +34,8 @@ class VmrReader {
   // READER_OUTSIDE_WINDOW: no more.
   int Next(VmrContext& context);
   int Close(VmrContext& context);
+  // The set of the last Open.
+  const std::vector<std::string>& files() const { return fileSet_; }
 
  private:
   // What the header line says of its file.

@@ -34,7 +34,7 @@ class DraftFileTest : public ::testing::Test {
 
 TEST_F(DraftFileTest, WhateverEndsTheRunTakesTheDraftAway) {
   const auto stop = [](int signal) { return [signal](DraftFile&) { raise(signal); }; };
-  for (int signal : {SIGHUP, SIGINT, SIGTERM}) {
+  for (int signal : {SIGHUP, SIGINT, SIGTERM, SIGXCPU, SIGXFSZ}) {
     EXPECT_EXIT(WatchAnd(stop(signal)), KilledBySignal(signal), "");
     EXPECT_FALSE(fs::exists(path_)) << signal;
   }
