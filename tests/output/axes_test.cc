@@ -123,16 +123,6 @@ TEST(ClockText, ShowsLocalHoursAndMinutesOfWholeSeconds) {
   EXPECT_EQ(ClockText(1329897659.99), "13:30");
 }
 
-TEST(AxisToDevice, MapsTheLimitsToTheFrameAndTurnsAReversedAxis) {
-  Grapher grapher;
-  PlotLimits limits{.x = Limits(10.0, 20.0), .y = Limits(4.0, 2.0)};
-  GrapherSetParameters(grapher, PlotSettings{}, limits);
-  EXPECT_DOUBLE_EQ(AxisToDevice(grapher.xMap, 10.0), 0.08 * 4096);
-  EXPECT_DOUBLE_EQ(AxisToDevice(grapher.xMap, 20.0), 0.96 * 4096);
-  EXPECT_DOUBLE_EQ(AxisToDevice(grapher.yMap, 4.0), 0.17 * 4096);
-  EXPECT_DOUBLE_EQ(AxisToDevice(grapher.yMap, 2.0), 0.89 * 4096);
-}
-
 TEST(GrapherSetParameters, MovesIdenticalLimitsApartWithALine) {
   Grapher grapher;
   ::testing::internal::CaptureStderr();
@@ -143,15 +133,6 @@ TEST(GrapherSetParameters, MovesIdenticalLimitsApartWithALine) {
   EXPECT_EQ(grapher.xMap.inputMin, 49.0);
   EXPECT_EQ(grapher.xMap.inputMax, 51.0);
   EXPECT_GT(grapher.yMap.inputRange, 0.0) << "a step of one is too small";
-}
-
-TEST(GrapherSetParameters, ASpacingLosesItsSignAndMustNotBeZero) {
-  Grapher grapher;
-  GrapherSetParameters(grapher, PlotSettings{}, {.x = Limits(0.0, 9.0, -3.0), .y = Limits(0.0, 1.0)});
-  EXPECT_EQ(grapher.xAxis.lastTick, 3);
-  EXPECT_EXIT(
-      GrapherSetParameters(grapher, PlotSettings{}, {.x = Limits(0.0, 9.0, 0.0), .y = Limits(0.0, 1.0)}),
-      ExitedWithCode(1), "^graph: error: zero spacing between ticks on an axis\n$");
 }
 
 }  // namespace

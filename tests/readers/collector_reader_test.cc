@@ -123,20 +123,6 @@ TEST_F(CollectorReaderTest, StartIsAlignedToTheInterval) {
   EXPECT_EQ(context_.periodEnd, NOON + 600);
 }
 
-TEST_F(CollectorReaderTest, RepeatedTimeStampGivesTheDefaultInterval) {
-  const std::string path = Write(Samples({NOON - 60, NOON, NOON, NOON + 60, NOON + 300}));
-  ASSERT_EQ(Open(path, NOON, NOON + 600), 1);
-  NextUserTimes();
-  EXPECT_EQ(reader_.state().intervalSeconds, 240);  // measured from the stamp that ended the window
-  const std::string repeated = Write(Samples({NOON - 60, NOON + 120, NOON + 120, NOON + 120}));
-  reader_.Close(context_);
-  ASSERT_EQ(Open(repeated, NOON, NOON + 600), 1);
-  NextUserTimes();
-  EXPECT_EQ(reader_.state().intervalSeconds, 180);
-  NextUserTimes();
-  EXPECT_EQ(reader_.state().intervalSeconds, 120);
-}
-
 // What a record is decides how much of it is read, whatever its length says: each of these is 1 GiB long.
 TEST_F(CollectorReaderTest, LongRecordsCostNoMemory) {
   constexpr uint32_t LENGTH = 1U << 30U;

@@ -11,7 +11,6 @@ namespace ozmo {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::ScopedDirectory;
 using testing::ScopedVariable;
 
 constexpr Seconds NOON_22_FEB_2012_UTC = 1329912000;
@@ -70,15 +69,6 @@ TEST(TimeLocal, GivesTheEpochOutsideTheCalendar) {
   }
 }
 
-TEST(TimeStampFileName, LiesInTheCurrentDirectory) {
-  const ScopedVariable zone("TZ", UTC);
-  const ScopedDirectory directory("/");
-  const std::tm time = Parsed("22-Feb-2012:14:30:00");
-  EXPECT_EQ(TimeStampFileName("plan", ".out", time), "//plan_2012Feb22_1430.out");
-  EXPECT_EQ(TimeStampFileName("", ".out", time), "//2012Feb22_1430.out");
-  EXPECT_EQ(TimeStampFileName("plan", ".out", std::nullopt), std::nullopt);
-}
-
 TEST(DayList, HoldsEachDayOfTheSpanOnce) {
   const ScopedVariable zone("TZ", UTC);
   const auto list = [](Seconds from, Seconds to) { return DayList(from, to, "%Y%b%d"); };
@@ -104,18 +94,6 @@ TEST(DayList, StaysSmallWhateverTheSpan) {
   const Seconds least = std::numeric_limits<Seconds>::min();
   const Seconds most = std::numeric_limits<Seconds>::max();
   EXPECT_THAT(DayList(least, most, "%Y"), ElementsAre("1970"));
-}
-
-TEST(DayFileNames, DeriveStemAndExtensionFromOneFile) {
-  const ScopedVariable zone("TZ", UTC);
-  const auto names = [](const std::string& path) {
-    return DayFileNamesFor(path, NOON_22_FEB_2012_UTC, NOON_22_FEB_2012_UTC + DAY);
-  };
-  EXPECT_THAT(names("d/qtxa_node_2012Jan01.dat").value(),
-              ElementsAre("d/qtxa_node_2012Feb22.dat", "d/qtxa_node_2012Feb23.dat"));
-  for (const char* path : {"node.dat", "_2012Jan01.dat", "node_2012Jan01", "node_2012Jan01.", ""}) {
-    EXPECT_EQ(names(path), std::nullopt) << path;
-  }
 }
 
 TEST(FormatLocalTime, CarriesTheWallClockOfTheCollectorOver) {
