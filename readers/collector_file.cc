@@ -223,7 +223,7 @@ int CollectorFile::TakeData(const DecoderRow& decoder, const Header& header, Vmr
   Payload payload;
   const int result = ReadPayload(header, plan->reach(), payload);
   if (result != READER_DONE) return result;
-  Decoding decoding{context, state_, header.recordType, decoder.isTwin,
+  Decoding decoding{context, state_, header.recordType == decoder.twin,
                     plan->Place(payload.bytes, payload.size)};
   decoder.decode(decoding);
   return READER_DONE;

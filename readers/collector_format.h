@@ -60,18 +60,19 @@ struct ReaderState {
 struct Decoding {
   VmrContext& context;
   ReaderState& state;
-  int32_t recordType;
   bool isTwin;
   std::span<const FieldValue> fields;
 };
 
-// Leaves the record's figures in the context; how many fields counted.
-using Decoder = int (*)(Decoding& decoding);
+// Leaves the record's figures in the context.
+using Decoder = void (*)(Decoding& decoding);
+
+inline constexpr int32_t NO_TYPE = -1;
 
 struct DecoderRow {
-  int32_t recordType;
-  RecordKind kind;  // what the record is to a builder
-  bool isTwin;
+  int32_t type;
+  int32_t twin = NO_TYPE;  // a second record type that is read the same way, to stores of its own
+  RecordKind kind;         // what the record is to a builder
   Decoder decode;
   std::span<const int32_t> builderFields = {};  // those that builders read the figures of; none: all
 };
@@ -81,7 +82,7 @@ enum class VersionMatch : uint8_t { EQUALS, CONTAINS };
 enum class FlagChange : uint8_t { UNCHANGED, CLEAR, SET };
 
 struct VersionRule {
-  VersionMatch match;
+  VersionMatch match = VersionMatch::EQUALS;
   std::string_view text;
   const RecordTable* table;
   FlagChange wideCounters = FlagChange::UNCHANGED;

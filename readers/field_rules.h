@@ -1,22 +1,34 @@
-// Decoder tables: a row says which field goes to which member of a record, and by which conversion.
+// Rules: tables of rows that say which field goes where in a record, and by which conversion.
+//
+//   constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
+//   constexpr FieldRule<LoadItem> ITEM_RULES[] = {
+//       {.field = 1, .to = To<&LoadItem::itemName>()},
+//       {.field = 2, .last = 7, .to = To<&LoadItem::itemRates>(), .as = RATE},
+//   };
+//
+// A table is a constant, and goes to what works on it as a template argument: the index by field id is made
+// by the compiler, which refuses a field that is named twice and a run of fields that is longer than its
+// array.
 //
 // The arithmetic runs in the type of the member: a member of 32 bits is computed in single precision, one of
-// 64 bits in double precision, a whole number in whole numbers. The steps of a row, in order:
+// 64 bits in double precision, a whole number in whole numbers. The steps of a conversion, in order:
 //
 //   value in its form (0 beyond the limit), / scale, / interval (PER_INTERVAL), / divisor (where the row uses
 //   it), floor at 0
 //
-// A field without a row doesn't count as read; a row that drops its field counts.
+// A field without a row doesn't count as read; a row that leads nowhere drops its field, which counts.
 #pragma once
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <initializer_list>
+#include <iterator>
 #include <limits>
+#include <optional>
 #include <string>
 #include <type_traits>
-#include <vector>
+#include <utility>
 
 #include "readers/collector_format.h"
 #include "runtime/numbers.h"
@@ -36,7 +48,30 @@ enum class Per : uint8_t { RECORD, INTERVAL };
 enum class Divide : uint8_t { NEVER, AT_LEAST_1, ABOVE_1 };
 enum class Sign : uint8_t { ANY, NOT_NEGATIVE };
 
-inline double ValueAsDouble(const FieldValue& field, Form form, const ReaderState& state) {
+// How the number of a field becomes the value of a member. Whole numbers know neither scale, interval nor
+// limit.
+struct Conversion {
+  Form form = Form::INT32;
+  Per per = Per::RECORD;
+  Divide divide = Divide::NEVER;
+  Sign sign = Sign::ANY;
+  double scale = 1.0;                                      // the value is divided by it first
+  double limit = std::numeric_limits<double>::infinity();  // a value not below it counts as 0
+};
+
+// For the limit of counters that are 32 bits wide at their source: one beyond is bad.
+inline constexpr double COUNTER_LIMIT = 4294967296.0;
+
+// What a row works on.
+struct Source {
+  const FieldValue& field;
+  const Conversion& as;
+  size_t place;  // of the field in the row's run
+  Decoding& decoding;
+};
+
+[[gnu::always_inline]] inline double ValueAsDouble(const FieldValue& field, Form form,
+                                                   const ReaderState& state) {
   switch (form) {
     case Form::INT32:
       return field.Int32();
@@ -51,148 +86,259 @@ inline double ValueAsDouble(const FieldValue& field, Form form, const ReaderStat
   }
   return 0.0;
 }
+inline double ValueAsDouble(const Source& from) {
+  return ValueAsDouble(from.field, from.as.form, from.decoding.state);
+}
 
-inline int64_t ValueAsInteger(const FieldValue& field, Form form, const ReaderState& state) {
+[[gnu::always_inline]] inline int64_t ValueAsInteger(const FieldValue& field, Form form,
+                                                     const ReaderState& state) {
   const bool wide = form == Form::UINT64 || (form == Form::WIDE && state.wideCounters) ||
                     ((form == Form::NATURAL || form == Form::SIGNED_HALVES) && field.size == FieldSize::INT8);
   return wide ? static_cast<int64_t>(field.Uint64()) : field.Int32();
 }
 
-template <class Record>
-struct FieldRule {
-  using Store = void (*)(Record& record, const FieldValue& field, const FieldRule& rule, Decoding& decoding);
-
-  int32_t fieldId;
-  Store store;  // null: the field counts and is dropped
-  Form form = Form::INT32;
-  Per per = Per::RECORD;
-  Divide divide = Divide::NEVER;
-  Sign sign = Sign::ANY;
-  double scale = 1.0;                                      // the value is divided by it first
-  double limit = std::numeric_limits<double>::infinity();  // a value not below it counts as 0
-};
-
-// For the limit of counters that are 32 bits wide at their source: one beyond is bad.
-inline constexpr double COUNTER_LIMIT = 4294967296.0;
-
-// The conversion of a row, in the precision of `Number`.
-template <class Number, class Record>
-Number Convert(const FieldValue& field, const FieldRule<Record>& rule, const ReaderState& state) {
-  const bool divides = (rule.divide == Divide::AT_LEAST_1 && field.divisor >= 1) ||
-                       (rule.divide == Divide::ABOVE_1 && field.divisor > 1);
+// The conversion of a row, in the precision of `Number`. Inlined, so that a row is left with the steps it
+// has.
+template <class Number>
+[[gnu::always_inline]] inline Number Convert(const Source& from) {
+  const Conversion& as = from.as;
+  const int32_t divisor = from.field.divisor;
+  const ReaderState& state = from.decoding.state;
+  const bool divides =
+      (as.divide == Divide::AT_LEAST_1 && divisor >= 1) || (as.divide == Divide::ABOVE_1 && divisor > 1);
   if constexpr (std::is_integral_v<Number>) {
-    int64_t value = ValueAsInteger(field, rule.form, state);
-    if (divides) value /= field.divisor;
-    if (rule.sign == Sign::NOT_NEGATIVE) value = std::max<int64_t>(value, 0);
+    int64_t value = ValueAsInteger(from.field, as.form, state);
+    if (divides) value /= divisor;
+    if (as.sign == Sign::NOT_NEGATIVE) value = std::max<int64_t>(value, 0);
     return static_cast<Number>(value);
   } else {
-    const double raw = ValueAsDouble(field, rule.form, state);
-    Number value = raw < rule.limit ? static_cast<Number>(raw) : 0;
-    if (rule.scale != 1.0) value = static_cast<Number>(value / rule.scale);
-    if (rule.per == Per::INTERVAL) value = value / static_cast<Number>(state.intervalSeconds);
-    if (divides) value = value / static_cast<Number>(field.divisor);
-    if (rule.sign == Sign::NOT_NEGATIVE && value < 0) value = 0;
+    const double raw = ValueAsDouble(from);
+    Number value = raw < as.limit ? static_cast<Number>(raw) : 0;
+    if (as.scale != 1.0) value = static_cast<Number>(value / as.scale);
+    if (as.per == Per::INTERVAL) value = value / static_cast<Number>(state.intervalSeconds);
+    if (divides) value = value / static_cast<Number>(divisor);
+    if (as.sign == Sign::NOT_NEGATIVE && value < 0) value = 0;
     return value;
   }
 }
 
-template <class Member>
+// --- Where a row leads ---
+
+template <class Record>
+struct Destination {
+  using Store = void (*)(Record& record, const Source& from);
+
+  Store store;    // null: nowhere
+  size_t room;    // for how many fields one behind the other
+  bool isDetail;  // what no builder reads
+};
+
+template <class Target>
 struct MemberOf;
 template <class Owner, class Value>
 struct MemberOf<Value Owner::*> {
   using Record = Owner;
   using Type = Value;
 };
+template <class Owner>
+struct MemberOf<void (*)(Owner&, const Source&)> {
+  using Record = Owner;
+};
+template <auto Target>
+using TargetRecord = typename MemberOf<decltype(Target)>::Record;
 
-// Store functions for the rows: To<&Record::member>, and ToElement<&Record::array, index>.
-template <auto Member>
-void To(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& field,
-        const FieldRule<typename MemberOf<decltype(Member)>::Record>& rule, Decoding& decoding) {
-  using Type = typename MemberOf<decltype(Member)>::Type;
-  if constexpr (std::is_same_v<Type, std::string>) {
-    record.*Member = field.Text();
+template <class Type>
+inline constexpr size_t ELEMENT_COUNT = 0;
+template <class Element, size_t Count>
+inline constexpr size_t ELEMENT_COUNT<std::array<Element, Count>> = Count;
+
+template <class Member>
+void StoreField(Member& member, const Source& from) {
+  if constexpr (std::is_same_v<Member, std::string>) {
+    member = from.field.Text();
   } else {
-    record.*Member = Convert<Type>(field, rule, decoding.state);
+    member = Convert<Member>(from);
   }
 }
 
-// To a member of double precision, through single precision.
 template <auto Member>
-void ToRounded(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& field,
-               const FieldRule<typename MemberOf<decltype(Member)>::Record>& rule, Decoding& decoding) {
-  record.*Member = static_cast<double>(Convert<float>(field, rule, decoding.state));
+void StoreMember(TargetRecord<Member>& record, const Source& from) {
+  StoreField(record.*Member, from);
 }
 
-template <auto Member, size_t Index>
-void ToElement(typename MemberOf<decltype(Member)>::Record& record, const FieldValue& field,
-               const FieldRule<typename MemberOf<decltype(Member)>::Record>& rule, Decoding& decoding) {
-  using Array = typename MemberOf<decltype(Member)>::Type;
-  using Type = typename Array::value_type;
-  static_assert(Index < std::tuple_size_v<Array>);
-  if constexpr (std::is_same_v<Type, std::string>) {
-    (record.*Member)[Index] = field.Text();
+template <auto Array, size_t First>
+void StoreElement(TargetRecord<Array>& record, const Source& from) {
+  StoreField((record.*Array)[First + from.place], from);
+}
+
+// To a member: To<&Record::member>(). To the elements of an array, from one of them on:
+// To<&Record::array, first>(). By a function, for a rule of its own: To<StoreIt>().
+template <auto Target, size_t First = 0>
+constexpr Destination<TargetRecord<Target>> To() {
+  if constexpr (std::is_member_object_pointer_v<decltype(Target)>) {
+    constexpr size_t COUNT = ELEMENT_COUNT<typename MemberOf<decltype(Target)>::Type>;
+    if constexpr (COUNT > 0) {
+      static_assert(First < COUNT, "the array hasn't got the element");
+      return {StoreElement<Target, First>, COUNT - First, false};
+    } else {
+      return {StoreMember<Target>, 1, false};
+    }
   } else {
-    (record.*Member)[Index] = Convert<Type>(field, rule, decoding.state);
+    return {Target, 1, false};
   }
 }
 
-// The rows of one decoder, found by field id.
+// The same for a figure that no builder reads: a walk for a builder may pass the field over.
+template <auto Target, size_t First = 0>
+constexpr Destination<TargetRecord<Target>> Detail() {
+  Destination<TargetRecord<Target>> destination = To<Target, First>();
+  destination.isDetail = true;
+  return destination;
+}
+
 template <class Record>
-class RuleTable {
- public:
-  RuleTable(std::initializer_list<FieldRule<Record>> rows) : rows_(rows) {
-    const auto [low, high] = std::minmax_element(
-        rows_.begin(), rows_.end(), [](const auto& a, const auto& b) { return a.fieldId < b.fieldId; });
-    first_ = low->fieldId;
-    index_.assign(static_cast<size_t>(int64_t{high->fieldId} - first_ + 1), NONE);
-    for (size_t i = 0; i < rows_.size(); ++i) index_[static_cast<size_t>(rows_[i].fieldId - first_)] = i;
-  }
+constexpr Destination<Record> Nowhere() {
+  return {nullptr, std::numeric_limits<size_t>::max(), true};
+}
 
-  const FieldRule<Record>* Find(int32_t fieldId) const {
-    const auto offset = static_cast<size_t>(int64_t{fieldId} - first_);
-    if (offset >= index_.size() || index_[offset] == NONE) return nullptr;
-    return &rows_[index_[offset]];
-  }
+template <class Record>
+struct FieldRule {
+  using RecordType = Record;
 
- private:
-  static constexpr size_t NONE = std::numeric_limits<size_t>::max();
-  std::vector<FieldRule<Record>> rows_;
-  std::vector<size_t> index_;
-  int32_t first_ = 0;
+  int32_t field;
+  int32_t last = 0;  // of the fields one behind the other that the row takes; 0: it takes one
+  Destination<Record> to = Nowhere<Record>();
+  Conversion as = {};
+
+  constexpr int32_t Last() const { return last == 0 ? field : last; }
 };
 
-// Runs the rows over the record's fields; how many fields counted.
-template <class Record>
-int ApplyRules(const RuleTable<Record>& rules, Record& record, Decoding& decoding) {
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    const FieldRule<Record>* rule = rules.Find(field.fieldId);
-    if (rule == nullptr) continue;
-    ++counted;
-    if (rule->store != nullptr) rule->store(record, field, *rule, decoding);
-  }
-  return counted;
+// --- Tables ---
+
+template <const auto& Rules>
+using RecordOfRules = typename std::remove_cvref_t<decltype(Rules[0])>::RecordType;
+
+template <class Rules>
+constexpr bool RunsFit(const Rules& rules) {
+  return std::all_of(std::begin(rules), std::end(rules), [](const auto& rule) {
+    return rule.Last() >= rule.field && static_cast<size_t>(rule.Last() - rule.field) < rule.to.room;
+  });
 }
 
-// The common decoder: a new head of the list, filled by the rows; without a counted field it is taken off
-// again.
-template <class Record>
-int DecodeToList(const RuleTable<Record>& rules, TwinPair<RecordList<Record>>& lists, Decoding& decoding) {
-  RecordList<Record>& list = lists.Of(decoding.isTwin);
-  const int counted = ApplyRules(rules, list.Push(), decoding);
-  if (counted == 0) list.PopHead();
-  return counted;
+template <class Rules>
+constexpr bool EachFieldHasOneRow(const Rules& rules) {
+  for (auto rule = std::begin(rules); rule != std::end(rules); ++rule) {
+    const bool overlaps = std::any_of(std::begin(rules), rule, [&](const auto& other) {
+      return rule->field <= other.Last() && other.field <= rule->Last();
+    });
+    if (overlaps) return false;
+  }
+  return true;
+}
+
+// What a row does with a field, compiled for that row.
+template <const auto& Rules, size_t Row>
+void ApplyRow(RecordOfRules<Rules>& record, const FieldValue& field, Decoding& decoding) {
+  constexpr const auto& RULE = Rules[Row];
+  if constexpr (RULE.to.store != nullptr) {
+    RULE.to.store(record, {field, RULE.as, static_cast<size_t>(field.fieldId - RULE.field), decoding});
+  }
+}
+
+template <const auto& Rules>
+constexpr int32_t FirstField() {
+  return std::min_element(std::begin(Rules), std::end(Rules),
+                          [](const auto& a, const auto& b) { return a.field < b.field; })
+      ->field;
+}
+template <const auto& Rules>
+constexpr int32_t LastField() {
+  return std::max_element(std::begin(Rules), std::end(Rules),
+                          [](const auto& a, const auto& b) { return a.Last() < b.Last(); })
+      ->Last();
+}
+
+// By field id less that of the first field what its row does with it; null where no row names the field.
+template <const auto& Rules>
+inline constexpr auto RULE_INDEX = []<size_t... Row>(std::index_sequence<Row...>) {
+  static_assert(RunsFit(Rules), "a run of fields is longer than its array");
+  static_assert(EachFieldHasOneRow(Rules), "a field is named twice");
+  using Apply = void (*)(RecordOfRules<Rules>&, const FieldValue&, Decoding&);
+  constexpr int32_t FIRST = FirstField<Rules>();
+  std::array<Apply, static_cast<size_t>(LastField<Rules>() - FIRST + 1)> index{};
+  const auto enter = [&](const auto& rule, Apply apply) {
+    for (int32_t field = rule.field; field <= rule.Last(); ++field) {
+      index[static_cast<size_t>(field - FIRST)] = apply;
+    }
+  };
+  (enter(Rules[Row], ApplyRow<Rules, Row>), ...);
+  return index;
+}
+(std::make_index_sequence<std::size(Rules)>());
+
+template <const auto& Rules>
+constexpr size_t CountBuilderFields() {
+  size_t count = 0;
+  for (const auto& rule : Rules) {
+    if (!rule.to.isDetail) count += static_cast<size_t>(rule.Last() - rule.field + 1);
+  }
+  return count;
+}
+
+// The fields that builders read the figures of.
+template <const auto& Rules>
+inline constexpr auto BUILDER_FIELDS = [] {
+  std::array<int32_t, CountBuilderFields<Rules>()> fields{};
+  size_t next = 0;
+  for (const auto& rule : Rules) {
+    for (int32_t field = rule.field; field <= rule.Last() && !rule.to.isDetail; ++field)
+      fields[next++] = field;
+  }
+  return fields;
+}();
+
+// --- Decoding by rules ---
+
+// Runs the rules over the record's fields; whether a field counted.
+template <const auto& Rules>
+bool ApplyRules(RecordOfRules<Rules>& record, Decoding& decoding) {
+  bool counts = false;
+  for (const FieldValue& field : decoding.fields) {
+    if (field.data == nullptr) continue;
+    const auto place = static_cast<size_t>(int64_t{field.fieldId} - FirstField<Rules>());
+    if (place >= RULE_INDEX<Rules>.size() || RULE_INDEX<Rules>[place] == nullptr) continue;
+    counts = true;
+    RULE_INDEX<Rules>[place](record, field, decoding);
+  }
+  return counts;
+}
+
+// A new head of the list, filled by the rules. Without a field that counts it is taken off again: false.
+template <const auto& Rules, class Record>
+bool FillHead(RecordList<Record>& list, Decoding& decoding) {
+  const bool counts = ApplyRules<Rules>(list.Push(), decoding);
+  if (!counts) list.PopHead();
+  return counts;
 }
 
 // The same for a single record of the interval: one that stands is filled again.
-template <class Record>
-int DecodeToSlot(const RuleTable<Record>& rules, std::optional<Record>& slot, Decoding& decoding) {
+template <const auto& Rules, class Record>
+bool FillSlot(std::optional<Record>& slot, Decoding& decoding) {
   const bool isNew = !slot.has_value();
   if (isNew) slot.emplace();
-  const int counted = ApplyRules(rules, *slot, decoding);
-  if (counted == 0 && isNew) slot.reset();
-  return counted;
+  const bool counts = ApplyRules<Rules>(*slot, decoding);
+  if (!counts && isNew) slot.reset();
+  return counts;
+}
+
+// Decoders that need nothing but their rules. `Store` is the member of VmrContext for a type and its twin.
+template <const auto& Rules, auto Store>
+void DecodeToList(Decoding& decoding) {
+  FillHead<Rules>((decoding.context.*Store).Of(decoding.isTwin), decoding);
+}
+template <const auto& Rules, auto Store>
+void DecodeToSlot(Decoding& decoding) {
+  FillSlot<Rules>((decoding.context.*Store).Of(decoding.isTwin), decoding);
 }
 
 }  // namespace ozmo

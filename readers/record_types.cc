@@ -34,7 +34,9 @@ void RecordTypes::Use(const RecordTable& table, ByteOrder order) {
 
 void RecordTypes::FindDecoders() {
   for (const DecoderRow& row : format_->decoders) {
-    types_[Index(row.recordType)].decoder = wanted_.Has(row.kind) ? &row : nullptr;
+    const DecoderRow* decoder = wanted_.Has(row.kind) ? &row : nullptr;
+    types_[Index(row.type)].decoder = decoder;
+    if (row.twin != NO_TYPE) types_[Index(row.twin)].decoder = decoder;
   }
   DropPlans();
 }

@@ -6,9 +6,9 @@
 namespace ozmo {
 
 // One disk to the disk list; virtual SCSI devices are left out.
-int AixDecodeDisk(Decoding& decoding);
+void AixDecodeDisk(Decoding& decoding);
 
 // The partition, some fifty figures of the hypervisor, to the interval's one PartitionRecord.
-int AixDecodeLpar(Decoding& decoding);
+void AixDecodePartition(Decoding& decoding);
 
 }  // namespace ozmo

@@ -26,26 +26,38 @@ struct DiskFigures {
   bool badCounter = false;
 };
 
-using DiskRule = FieldRule<DiskFigures>;
-
-template <auto Member>
-constexpr DiskRule OldFigure(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1};
-}
-template <auto Member>
-constexpr DiskRule Ticks(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::UINT64};
-}
-
 // One bad counter spoils the whole record.
 template <auto Member>
-void StoreCounter(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/,
-                  Decoding& /*decoding*/) {
-  const auto value = static_cast<double>(field.Uint64());
+void StoreCounter(DiskFigures& figures, const Source& from) {
+  const auto value = static_cast<double>(from.field.Uint64());
   const bool isBad = !(value < COUNTER_LIMIT);
   figures.*Member = isBad ? 0.0 : value;
   figures.badCounter = figures.badCounter || isBad;
 }
+
+constexpr Conversion OLD_FIGURE{.form = Form::WIDE, .divide = Divide::AT_LEAST_1};
+constexpr Conversion TICKS{.form = Form::UINT64};
+
+constexpr FieldRule<DiskFigures> RULES[] = {
+    {.field = 201, .to = To<&DiskFigures::name>()},
+    {.field = 202, .to = To<&DiskFigures::oldTransfers>(), .as = OLD_FIGURE},
+    {.field = 203, .to = To<&DiskFigures::oldBusy>(), .as = OLD_FIGURE},
+    {.field = 204, .to = To<&DiskFigures::oldReadBytes>(), .as = OLD_FIGURE},
+    {.field = 205, .to = To<&DiskFigures::oldWriteBytes>(), .as = OLD_FIGURE},
+    {.field = 206},
+    {.field = 207, .to = To<StoreCounter<&DiskFigures::size>>()},
+    {.field = 208, .to = To<StoreCounter<&DiskFigures::free>>()},
+    {.field = 209, .to = To<StoreCounter<&DiskFigures::blockSize>>()},
+    {.field = 210, .to = To<StoreCounter<&DiskFigures::transfers>>()},
+    {.field = 211, .to = To<StoreCounter<&DiskFigures::readBlocks>>()},
+    {.field = 212, .to = To<StoreCounter<&DiskFigures::writeBlocks>>()},
+    {.field = 213},
+    {.field = 214, .to = To<&DiskFigures::readService>(), .as = TICKS},
+    {.field = 215, .to = To<&DiskFigures::writeService>(), .as = TICKS},
+    {.field = 216},
+    {.field = 217, .to = To<&DiskFigures::busy>(), .as = TICKS},
+    {.field = 218, .to = To<&DiskFigures::wait>(), .as = TICKS},
+};
 
 void FinishOldDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
   disk.ioRate = static_cast<float>(figures.oldTransfers / interval);
@@ -82,36 +94,14 @@ void FinishDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
 
 }  // namespace
 
-int AixDecodeDisk(Decoding& decoding) {
-  static const RuleTable<DiskFigures> rules{
-      {201, To<&DiskFigures::name>},
-      OldFigure<&DiskFigures::oldTransfers>(202),
-      OldFigure<&DiskFigures::oldBusy>(203),
-      OldFigure<&DiskFigures::oldReadBytes>(204),
-      OldFigure<&DiskFigures::oldWriteBytes>(205),
-      {206, nullptr},
-      {207, StoreCounter<&DiskFigures::size>},
-      {208, StoreCounter<&DiskFigures::free>},
-      {209, StoreCounter<&DiskFigures::blockSize>},
-      {210, StoreCounter<&DiskFigures::transfers>},
-      {211, StoreCounter<&DiskFigures::readBlocks>},
-      {212, StoreCounter<&DiskFigures::writeBlocks>},
-      {213, nullptr},
-      Ticks<&DiskFigures::readService>(214),
-      Ticks<&DiskFigures::writeService>(215),
-      {216, nullptr},
-      Ticks<&DiskFigures::busy>(217),
-      Ticks<&DiskFigures::wait>(218),
-  };
+void AixDecodeDisk(Decoding& decoding) {
   DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
+  if (!ApplyRules<RULES>(figures, decoding)) return;
   // A virtual SCSI device stands for disks that have records of their own.
-  if (figures.name.find("vscsi") != figures.name.npos) return counted;
+  if (figures.name.find("vscsi") != figures.name.npos) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.intervalSeconds, disk);
   if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
-  return counted;
 }
 
 }  // namespace ozmo

@@ -9,7 +9,6 @@
 #include "readers/aix/decoders.h"
 #include "readers/aix/layouts.h"
 #include "readers/bsd_protocol_counters.h"
-#include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
 
@@ -20,45 +19,24 @@ ByteOrder AixByteOrder(std::string_view /*path*/) { return ByteOrder::BIG; }
 
 // --- The machine's processors as a whole, types 1 and 17 ---
 
-using CpuRule = FieldRule<ProcessorRecord>;
-
-template <auto Member>
-constexpr CpuRule CpuRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::INTERVAL};
-}
-template <size_t Index>
-constexpr CpuRule EventRate(int32_t fieldId) {
-  return {fieldId, ToElement<&ProcessorRecord::eventRates, Index>, Form::WIDE, Per::INTERVAL};
-}
-template <size_t Index>
-constexpr CpuRule LoadAverage(int32_t fieldId) {
-  return {fieldId,       ToElement<&ProcessorRecord::loadAverage, Index>,
-          Form::WIDE,    Per::RECORD,
-          Divide::NEVER, Sign::ANY,
-          65536.0};
-}
+constexpr Conversion LEVEL{.form = Form::WIDE};
+constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 
 // Unlike those of single processors these times stay what the collector counted per second.
-int AixDecodeCpuOverall(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      CpuRate<&ProcessorRecord::userTime>(101),
-      CpuRate<&ProcessorRecord::systemTime>(102),
-      CpuRate<&ProcessorRecord::idleTime>(103),
-      CpuRate<&ProcessorRecord::waitTime>(104),
-      EventRate<0>(105),
-      EventRate<1>(106),
-      EventRate<2>(107),
-      EventRate<3>(108),
-      EventRate<4>(109),
-      {110, To<&ProcessorRecord::extraSecondsA>, Form::WIDE, Per::RECORD, Divide::NEVER, Sign::ANY, 100.0},
-      CpuRate<&ProcessorRecord::extraSecondsB>(111),
-      LoadAverage<0>(112),
-      LoadAverage<1>(113),
-      LoadAverage<2>(114),
-      EventRate<5>(115),
-  };
-  return DecodeToList(rules, decoding.context.overallCpu, decoding);
-}
+constexpr FieldRule<ProcessorRecord> OVERALL_RULES[] = {
+    {.field = 101, .to = To<&ProcessorRecord::userTime>(), .as = RATE},
+    {.field = 102, .to = To<&ProcessorRecord::systemTime>(), .as = RATE},
+    {.field = 103, .to = To<&ProcessorRecord::idleTime>(), .as = RATE},
+    {.field = 104, .to = To<&ProcessorRecord::waitTime>(), .as = RATE},
+    {.field = 105, .last = 109, .to = To<&ProcessorRecord::eventRates>(), .as = RATE},
+    {.field = 110, .to = To<&ProcessorRecord::extraSecondsA>(), .as = {.form = Form::WIDE, .scale = 100.0}},
+    {.field = 111, .to = To<&ProcessorRecord::extraSecondsB>(), .as = RATE},
+    {.field = 112,
+     .last = 114,
+     .to = To<&ProcessorRecord::loadAverage>(),
+     .as = {.form = Form::WIDE, .scale = 65536.0}},
+    {.field = 115, .to = To<&ProcessorRecord::eventRates, 5>(), .as = RATE},
+};
 
 // --- Logical processors, types 8 and 23 ---
 
@@ -101,279 +79,200 @@ void NormaliseTimes(ProcessorRecord& cpu) {
   cpu.idleTime /= sum;
 }
 
-int AixDecodeCpu(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      {CPU_ID_FIELD, To<&ProcessorRecord::cpuId>},
-      CpuRate<&ProcessorRecord::userTime>(802),
-      CpuRate<&ProcessorRecord::systemTime>(803),
-      CpuRate<&ProcessorRecord::idleTime>(804),
-      CpuRate<&ProcessorRecord::waitTime>(805),
-      {811, To<&ProcessorRecord::coreValueA>, Form::WIDE},
-      EventRate<5>(812),
-      {813, To<&ProcessorRecord::coreValueB>, Form::WIDE},
-  };
+constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
+    {.field = CPU_ID_FIELD, .to = To<&ProcessorRecord::cpuId>()},
+    {.field = 802, .to = To<&ProcessorRecord::userTime>(), .as = RATE},
+    {.field = 803, .to = To<&ProcessorRecord::systemTime>(), .as = RATE},
+    {.field = 804, .to = To<&ProcessorRecord::idleTime>(), .as = RATE},
+    {.field = 805, .to = To<&ProcessorRecord::waitTime>(), .as = RATE},
+    {.field = 811, .to = To<&ProcessorRecord::coreValueA>(), .as = LEVEL},
+    {.field = 812, .to = To<&ProcessorRecord::eventRates, 5>(), .as = RATE},
+    {.field = 813, .to = To<&ProcessorRecord::coreValueB>(), .as = LEVEL},
+};
+
+void DecodeCpu(Decoding& decoding) {
   const FieldValue* id = FindCpuId(decoding.fields);
-  if (id == nullptr) return 0;
+  if (id == nullptr) return;
   ProcessorRecord* cpu = FindOrPush(decoding.context.processors.Of(decoding.isTwin), id->Int32());
-  if (cpu == nullptr) return 0;
-  const int counted = ApplyRules(rules, *cpu, decoding);
+  if (cpu == nullptr) return;
+  ApplyRules<CPU_RULES>(*cpu, decoding);
   NormaliseTimes(*cpu);
-  return counted;
 }
 
-// --- Memory, types 3, 12 and 19 ---
-
-using MemoryRule = FieldRule<MemoryRecord>;
-
-template <auto Member>
-constexpr MemoryRule PageRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::INT32, Per::INTERVAL};
-}
-template <int32_t Field>
-constexpr MemoryRule UnreadRate() {
-  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, Form::INT32, Per::INTERVAL};
-}
+// --- Memory, types 3 and 19; further figures, type 12 ---
 
 // Two figures that share one place in the collector's memory structure, in which the base record keeps the
 // one and the record of further figures the other: what comes last tells both.
-template <auto First, auto Second>
-void ToSharedPlace(MemoryRecord& memory, const FieldValue& field, const MemoryRule& rule,
-                   Decoding& decoding) {
-  memory.*First = Convert<float>(field, rule, decoding.state);
-  memory.*Second = memory.*First;
+void StoreZeroFillsOrProcesses(MemoryRecord& memory, const Source& from) {
+  memory.zeroFillFaultRate = Convert<float>(from);
+  memory.processMb = memory.zeroFillFaultRate;
 }
-constexpr MemoryRule::Store TO_ZERO_FILL_OR_PROCESSES =
-    ToSharedPlace<&MemoryRecord::zeroFillFaultRate, &MemoryRecord::processMb>;
+
+constexpr Conversion NARROW_RATE{.form = Form::INT32, .per = Per::INTERVAL};
+
+constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
+    {.field = 301, .to = To<&MemoryRecord::freePages>()},
+    {.field = 302, .to = To<&MemoryRecord::processPages>()},
+    {.field = 303, .to = To<&MemoryRecord::filePages>()},
+    {.field = 304, .to = To<&MemoryRecord::pageInRate>(), .as = NARROW_RATE},
+    {.field = 305, .to = To<&MemoryRecord::pageOutRate>(), .as = NARROW_RATE},
+    {.field = 306, .to = Detail<&MemoryRecord::unread, 6>(), .as = NARROW_RATE},
+    {.field = 307, .to = To<&MemoryRecord::pageFaultRate>(), .as = NARROW_RATE},
+    {.field = 308, .last = 309, .to = Detail<&MemoryRecord::unread, 8>(), .as = NARROW_RATE},
+    {.field = 310, .to = To<StoreMachinePageSize>()},
+    {.field = 311, .to = To<StoreZeroFillsOrProcesses>(), .as = RATE},
+    {.field = 312, .to = To<&MemoryRecord::execFillFaultRate>(), .as = RATE},
+    {.field = 313, .last = 316},
+};
 
 // The base record and the record of further figures fill one and the same MemoryRecord, whichever comes
 // first; a twin always starts a new one.
-int AixDecodeMemory(Decoding& decoding) {
-  static const RuleTable<MemoryRecord> rules{
-      {301, To<&MemoryRecord::freePages>},
-      {302, To<&MemoryRecord::processPages>},
-      {303, To<&MemoryRecord::filePages>},
-      PageRate<&MemoryRecord::pageInRate>(304),
-      PageRate<&MemoryRecord::pageOutRate>(305),
-      UnreadRate<306>(),
-      PageRate<&MemoryRecord::pageFaultRate>(307),
-      UnreadRate<308>(),
-      UnreadRate<309>(),
-      {310, StoreMachinePageSize},
-      {311, TO_ZERO_FILL_OR_PROCESSES, Form::WIDE, Per::INTERVAL},
-      {312, To<&MemoryRecord::execFillFaultRate>, Form::WIDE, Per::INTERVAL},
-      {313, nullptr},
-      {314, nullptr},
-      {315, nullptr},
-      {316, nullptr},
-  };
+void DecodeMemory(Decoding& decoding) {
   if (decoding.isTwin) decoding.context.memory.twin.reset();
-  return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
+  DecodeToSlot<MEMORY_RULES, &VmrContext::memory>(decoding);
 }
 
 // Pages to megabytes: value * 4096 / 1024 / 1024, whatever page size field 310 has brought.
-constexpr MemoryRule Megabytes(int32_t fieldId, MemoryRule::Store store) {
-  return {fieldId, store, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY, 256.0};
-}
-template <int32_t Field>
-constexpr MemoryRule UnreadMegabytes() {
-  return Megabytes(Field, ToElement<&MemoryRecord::unreadMore, Field>);
-}
-template <int32_t Field>
-constexpr MemoryRule UnreadMoreRate() {
-  return {Field, ToElement<&MemoryRecord::unreadMore, Field>, Form::UINT64, Per::INTERVAL};
-}
-template <int32_t Field>
-constexpr MemoryRule UnreadMore() {
-  return {Field, ToElement<&MemoryRecord::unreadMore, Field>, Form::UINT64};
-}
+constexpr Conversion MEGABYTES{.form = Form::UINT64, .scale = 256.0};
+constexpr Conversion MORE_RATE{.form = Form::UINT64, .per = Per::INTERVAL};
+constexpr Conversion MORE_LEVEL{.form = Form::UINT64};
 
-int AixDecodeMoreMemory(Decoding& decoding) {
-  static const RuleTable<MemoryRecord> rules{
-      UnreadMegabytes<1>(),
-      Megabytes(2,
-                To<&MemoryRecord::execFillFaultRate>),  // a figure of another kind, in the place of field 312
-      Megabytes(3, To<&MemoryRecord::realMb>),
-      Megabytes(4, To<&MemoryRecord::freeMb>),
-      UnreadMegabytes<5>(),
-      UnreadMegabytes<6>(),
-      Megabytes(7, TO_ZERO_FILL_OR_PROCESSES),
-      Megabytes(8, To<&MemoryRecord::systemMb>),
-      UnreadMegabytes<9>(),
-      UnreadMoreRate<10>(),
-      UnreadMoreRate<11>(),
-      UnreadMoreRate<12>(),
-      UnreadMoreRate<13>(),
-      UnreadMoreRate<14>(),
-      UnreadMoreRate<15>(),
-      UnreadMoreRate<16>(),
-      UnreadMoreRate<17>(),
-      UnreadMoreRate<18>(),
-      Megabytes(19, To<&MemoryRecord::fileMb>),
-      UnreadMegabytes<20>(),
-      UnreadMegabytes<21>(),
-      UnreadMegabytes<22>(),
-      UnreadMore<23>(),
-      UnreadMore<24>(),
-      UnreadMore<25>(),
-      UnreadMore<26>(),
-  };
-  return DecodeToSlot(rules, decoding.context.memory.primary, decoding);
-}
+constexpr FieldRule<MemoryRecord> MORE_MEMORY_RULES[] = {
+    {.field = 1, .to = Detail<&MemoryRecord::unreadMore, 1>(), .as = MEGABYTES},
+    // A figure of another kind, in the place of field 312.
+    {.field = 2, .to = To<&MemoryRecord::execFillFaultRate>(), .as = MEGABYTES},
+    {.field = 3, .to = To<&MemoryRecord::realMb>(), .as = MEGABYTES},
+    {.field = 4, .to = To<&MemoryRecord::freeMb>(), .as = MEGABYTES},
+    {.field = 5, .last = 6, .to = Detail<&MemoryRecord::unreadMore, 5>(), .as = MEGABYTES},
+    {.field = 7, .to = To<StoreZeroFillsOrProcesses>(), .as = MEGABYTES},
+    {.field = 8, .to = To<&MemoryRecord::systemMb>(), .as = MEGABYTES},
+    {.field = 9, .to = Detail<&MemoryRecord::unreadMore, 9>(), .as = MEGABYTES},
+    {.field = 10, .last = 18, .to = Detail<&MemoryRecord::unreadMore, 10>(), .as = MORE_RATE},
+    {.field = 19, .to = To<&MemoryRecord::fileMb>(), .as = MEGABYTES},
+    {.field = 20, .last = 22, .to = Detail<&MemoryRecord::unreadMore, 20>(), .as = MEGABYTES},
+    {.field = 23, .last = 26, .to = Detail<&MemoryRecord::unreadMore, 23>(), .as = MORE_LEVEL},
+};
 
 // --- Processes, types 4 and 21 ---
 
-using ProcessRule = FieldRule<ProcessRecord>;
-
-template <auto Member>
-constexpr ProcessRule CpuSeconds(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE};
-}
-constexpr ProcessRule ProcessRate(int32_t fieldId, ProcessRule::Store store) {
-  return {fieldId, store,        Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE,
-          1.0,     COUNTER_LIMIT};
-}
-
-void StoreSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule, Decoding& decoding) {
-  process.values[1] = Convert<int64_t>(field, rule, decoding.state);
+void StoreSize(ProcessRecord& process, const Source& from) {
+  process.values[1] = Convert<int64_t>(from);
   process.sizeResident = std::max<int64_t>(process.values[1], 0);
 }
 
-int AixDecodeProcess(Decoding& decoding) {
-  static const RuleTable<ProcessRecord> rules{
-      {401, nullptr},
-      {402, To<&ProcessRecord::processId>},
-      {403, nullptr},
-      {404, StoreProcessIdText},
-      {405, To<&ProcessRecord::processIdB>},
-      CpuSeconds<&ProcessRecord::userCpuSeconds>(407),
-      CpuSeconds<&ProcessRecord::systemCpuSeconds>(408),
-      ProcessRate(409, ToElement<&ProcessRecord::rates, 0>),
-      ProcessRate(410, ToElement<&ProcessRecord::rates, 1>),
-      ProcessRate(411, To<&ProcessRecord::minorFaults>),
-      ProcessRate(412, To<&ProcessRecord::majorFaults>),
-      {413, ToElement<&ProcessRecord::values, 0>, Form::WIDE},
-      {414, StoreSize, Form::WIDE},
-      {415, ToElement<&ProcessRecord::values, 2>, Form::WIDE},
-      {416, ToElement<&ProcessRecord::rates, 2>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1,
-       Sign::NOT_NEGATIVE},
-      {417, To<&ProcessRecord::elapsedSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {418, ToElement<&ProcessRecord::values, 3>},
-      {419, To<&ProcessRecord::userName>},
-      {420, To<&ProcessRecord::name>},
-  };
-  ProcessRecord& process = ContextPushProcess(decoding.context, decoding.isTwin);
-  const int counted = ApplyRules(rules, process, decoding);
+constexpr Conversion CPU_SECONDS{
+    .form = Form::WIDE, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE};
+constexpr Conversion PROCESS_RATE{.form = Form::WIDE,
+                                  .per = Per::INTERVAL,
+                                  .divide = Divide::AT_LEAST_1,
+                                  .sign = Sign::NOT_NEGATIVE,
+                                  .limit = COUNTER_LIMIT};
+
+constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
+    {.field = 401},
+    {.field = 402, .to = Detail<&ProcessRecord::processId>()},
+    {.field = 403},
+    {.field = 404, .to = Detail<StoreProcessIdText>()},
+    {.field = 405, .to = Detail<&ProcessRecord::processIdB>()},
+    {.field = 407, .to = To<&ProcessRecord::userCpuSeconds>(), .as = CPU_SECONDS},
+    {.field = 408, .to = To<&ProcessRecord::systemCpuSeconds>(), .as = CPU_SECONDS},
+    {.field = 409, .last = 410, .to = Detail<&ProcessRecord::rates>(), .as = PROCESS_RATE},
+    {.field = 411, .to = Detail<&ProcessRecord::minorFaults>(), .as = PROCESS_RATE},
+    {.field = 412, .to = Detail<&ProcessRecord::majorFaults>(), .as = PROCESS_RATE},
+    {.field = 413, .to = Detail<&ProcessRecord::values, 0>(), .as = LEVEL},
+    {.field = 414, .to = Detail<StoreSize>(), .as = LEVEL},
+    {.field = 415, .to = Detail<&ProcessRecord::values, 2>(), .as = LEVEL},
+    {.field = 416,
+     .to = Detail<&ProcessRecord::rates, 2>(),
+     .as = {.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE}},
+    {.field = 417, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 418, .to = Detail<&ProcessRecord::values, 3>()},
+    {.field = 419, .to = To<&ProcessRecord::userName>()},
+    {.field = 420, .to = To<&ProcessRecord::name>()},
+};
+
+void DecodeProcess(Decoding& decoding) {
+  VmrContext& context = decoding.context;
+  ProcessRecord& process = ContextPushProcess(context, decoding.isTwin);
+  const bool counts = ApplyRules<PROCESS_RULES>(process, decoding);
   if (process.name == "wait") {  // the kernel's idle process consumes nothing
     process.userCpuSeconds = 0.0F;
     process.systemCpuSeconds = 0.0F;
   }
-  if (decoding.context.config) process.elapsedSeconds = decoding.context.config->intervalSeconds;
-  if (counted == 0) decoding.context.processes.Of(decoding.isTwin).PopHead();
-  return counted;
+  if (context.config) process.elapsedSeconds = context.config->intervalSeconds;
+  if (!counts) context.processes.Of(decoding.isTwin).PopHead();
 }
 
 // --- Configuration, type 5 ---
 
-int AixDecodeConfig(Decoding& decoding) {
-  static const RuleTable<SystemConfig> rules{
-      {501, To<&SystemConfig::versionText>},
-      {502, ToElement<&SystemConfig::configText, 2>},
-      {503, StoreMemoryMb, Form::NATURAL},
-      {504, ToElement<&SystemConfig::configText, 4>},
-      {505, ToElement<&SystemConfig::configText, 5>},
-      {506, To<&SystemConfig::cpuCount>},
-      {507, To<&SystemConfig::configNode>},
-      {509, ToElement<&SystemConfig::configText, 9>},
-      {510, ToElement<&SystemConfig::configText, 10>},
-      {511, ToElement<&SystemConfig::configText, 5>},  // over the text of field 505
-      {514, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {515, To<&SystemConfig::intervalMillis>},
-  };
-  return DecodeConfigRecord(rules, decoding);
-}
+constexpr FieldRule<SystemConfig> CONFIG_RULES[] = {
+    {.field = 501, .to = To<&SystemConfig::versionText>()},
+    {.field = 502, .to = Detail<&SystemConfig::configText, 2>()},
+    {.field = 503, .to = To<StoreMemoryMb<>>(), .as = {.form = Form::NATURAL}},
+    {.field = 504, .last = 505, .to = Detail<&SystemConfig::configText, 4>()},
+    {.field = 506, .to = To<&SystemConfig::cpuCount>()},
+    {.field = 507, .to = To<&SystemConfig::configNode>()},
+    {.field = 509, .last = 510, .to = Detail<&SystemConfig::configText, 9>()},
+    {.field = 511, .to = Detail<&SystemConfig::configText, 5>()},  // over the text of field 505
+    {.field = 514, .to = To<&SystemConfig::intervalSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 515, .to = Detail<&SystemConfig::intervalMillis>()},
+};
 
 // --- Protocol counters, types 7 and 22 ---
 
 using namespace bsd_counters;
 
-constexpr CounterRange COUNTERS[] = {
-    {.firstField = 701, .lastField = 723, .element = TCP_ATTEMPTS},
-    {.firstField = 724, .lastField = 730, .element = TCP_SENT_CONTROL},
-    {.firstField = 731, .lastField = 731, .element = TCP_DUPLICATE},
-    {.firstField = 732, .lastField = 740, .element = TCP_DUPLICATE_BYTES},
-    {.firstField = 741, .lastField = 741, .element = TCP_DUPLICATE},  // over field 731
-    {.firstField = 742, .lastField = 745, .element = TCP_ACKS_OF_NOTHING},
-    {.firstField = 754, .lastField = 773, .element = IP_RECEIVED},
-    {.firstField = 774, .lastField = 777, .element = IP_RAW_SENT},
-    {.firstField = 789, .lastField = 797, .element = UDP_RECEIVED},
+constexpr FieldRule<ProtocolCounters> COUNTER_RULES[] = {
+    {.field = 701, .last = 723, .to = To<&ProtocolCounters::counters, TCP_ATTEMPTS>(), .as = RATE},
+    {.field = 724, .last = 730, .to = To<&ProtocolCounters::counters, TCP_SENT_CONTROL>(), .as = RATE},
+    {.field = 731, .to = To<&ProtocolCounters::counters, TCP_DUPLICATE>(), .as = RATE},
+    {.field = 732, .last = 740, .to = To<&ProtocolCounters::counters, TCP_DUPLICATE_BYTES>(), .as = RATE},
+    {.field = 741, .to = To<&ProtocolCounters::counters, TCP_DUPLICATE>(), .as = RATE},  // over field 731
+    {.field = 742, .last = 745, .to = To<&ProtocolCounters::counters, TCP_ACKS_OF_NOTHING>(), .as = RATE},
+    {.field = 754, .last = 773, .to = To<&ProtocolCounters::counters, IP_RECEIVED>(), .as = RATE},
+    {.field = 774, .last = 777, .to = To<&ProtocolCounters::counters, IP_RAW_SENT>(), .as = RATE},
+    {.field = 789, .last = 797, .to = To<&ProtocolCounters::counters, UDP_RECEIVED>(), .as = RATE},
 };
-static_assert(RangesFit(COUNTERS));
-
-int AixDecodeNetStats(Decoding& decoding) {
-  return DecodeCounters(COUNTERS, Form::WIDE, decoding.context.protocolCounters.Of(decoding.isTwin),
-                        decoding);
-}
 
 // --- File systems, types 9 and 24; LAN adapters, types 15 and 25 ---
 
-int AixDecodeFileSystem(Decoding& decoding) {
-  static const RuleTable<FileSystemRecord> rules = FileSystemRules(902, 901, 903);
-  return DecodeToList(rules, decoding.context.fileSystems, decoding);
-}
-
-int AixDecodeLan(Decoding& decoding) {
-  static const RuleTable<LanRecord> rules = LanRules(Divide::AT_LEAST_1, COUNTER_LIMIT);
-  return DecodeToList(rules, decoding.context.lans, decoding);
-}
+constexpr auto FILE_SYSTEM_RULES = FileSystemRules(902, 901, 903);
+constexpr auto LAN_RULES = LanRules(
+    {.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1, .limit = COUNTER_LIMIT});
 
 // --- The format ---
 
 // The partition's twin, type 31, has a layout and no decoder: it is read and dropped.
-// CPU times, names of a process.
-constexpr int32_t PROCESS_FIELDS[] = {407, 408, 419, 420};
-
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, Kind::MACHINE_CPU, false, AixDecodeCpuOverall},
-    {17, Kind::MACHINE_CPU, true, AixDecodeCpuOverall},
-    {2, Kind::DISKS, false, AixDecodeDisk},
-    {18, Kind::DISKS, true, AixDecodeDisk},
-    {3, Kind::MEMORY, false, AixDecodeMemory},
-    {19, Kind::MEMORY, true, AixDecodeMemory},
-    {12, Kind::MEMORY, false, AixDecodeMoreMemory},
-    {4, Kind::PROCESSES, false, AixDecodeProcess, PROCESS_FIELDS},
-    {21, Kind::PROCESSES, true, AixDecodeProcess, PROCESS_FIELDS},
-    {5, Kind::CONFIGURATION, false, AixDecodeConfig},
-    {7, Kind::PROTOCOLS, false, AixDecodeNetStats},
-    {22, Kind::PROTOCOLS, true, AixDecodeNetStats},
-    {8, Kind::PROCESSORS, false, AixDecodeCpu},
-    {23, Kind::PROCESSORS, true, AixDecodeCpu},
-    {9, Kind::FILE_SYSTEMS, false, AixDecodeFileSystem},
-    {24, Kind::FILE_SYSTEMS, true, AixDecodeFileSystem},
-    {13, Kind::OTHERS, false, DecodeLoadItem},
-    {29, Kind::OTHERS, true, DecodeLoadItem},
-    {14, Kind::PARTITION, false, AixDecodeLpar},
-    {15, Kind::ADAPTERS, false, AixDecodeLan},
-    {25, Kind::ADAPTERS, true, AixDecodeLan},
-    {16, Kind::OTHERS, false, DecodeSummary},
-    {26, Kind::OTHERS, true, DecodeSummary},
-};
-
-constexpr VersionRule VERSIONS[] = {
-    {VersionMatch::EQUALS, "P910_64", &AIX_P910_64, FlagChange::SET},
-    {VersionMatch::EQUALS, "P910", &AIX_P910, FlagChange::CLEAR},
-    {VersionMatch::EQUALS, "P730_64", &AIX_P730_64, FlagChange::SET},
-    {VersionMatch::EQUALS, "P730", &AIX_P730, FlagChange::CLEAR},
-    {VersionMatch::EQUALS, "P720_64", &AIX_P720_64, FlagChange::SET},
-    {VersionMatch::EQUALS, "P720", &AIX_P720, FlagChange::CLEAR},
-    {VersionMatch::EQUALS, "P300_64", &AIX_P300_64, FlagChange::SET},
-    {VersionMatch::EQUALS, "P300", &AIX_P300, FlagChange::CLEAR},
-    {VersionMatch::EQUALS, "540", &AIX_P300, FlagChange::CLEAR},
+    {.type = 1,
+     .twin = 17,
+     .kind = Kind::MACHINE_CPU,
+     .decode = DecodeToList<OVERALL_RULES, &VmrContext::overallCpu>},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = AixDecodeDisk},
+    {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeMemory},
+    {.type = 12, .kind = Kind::MEMORY, .decode = DecodeToSlot<MORE_MEMORY_RULES, &VmrContext::memory>},
+    {.type = 4,
+     .twin = 21,
+     .kind = Kind::PROCESSES,
+     .decode = DecodeProcess,
+     .builderFields = BUILDER_FIELDS<PROCESS_RULES>},
+    {.type = 5, .kind = Kind::CONFIGURATION, .decode = DecodeConfigBy<CONFIG_RULES>},
+    {.type = 7, .twin = 22, .kind = Kind::PROTOCOLS, .decode = DecodeCountersBy<COUNTER_RULES>},
+    {.type = 8, .twin = 23, .kind = Kind::PROCESSORS, .decode = DecodeCpu},
+    {.type = 9,
+     .twin = 24,
+     .kind = Kind::FILE_SYSTEMS,
+     .decode = DecodeToList<FILE_SYSTEM_RULES, &VmrContext::fileSystems>},
+    {.type = 13, .twin = 29, .kind = Kind::OTHERS, .decode = DecodeLoadItem},
+    {.type = 14, .kind = Kind::PARTITION, .decode = AixDecodePartition},
+    {.type = 15, .twin = 25, .kind = Kind::ADAPTERS, .decode = DecodeToList<LAN_RULES, &VmrContext::lans>},
+    {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
 }  // namespace
 
-const CollectorFormat AIX_FORMAT{
+constexpr CollectorFormat AIX_FORMAT{
     .name = "AIX",
     .byteOrderOf = AixByteOrder,
     .timeRecord = 6,
@@ -383,8 +282,8 @@ const CollectorFormat AIX_FORMAT{
     .configuredIntervalIsDefault = true,
     .missingVersionIsUnsupported = true,
     .keepsTag = false,
-    .entryTable = &AIX_P910,
-    .versions = VERSIONS,
+    .entryTable = &aix_layouts::P910_TABLE,
+    .versions = aix_layouts::VERSIONS,
     .versionTexts = {.notice = VersionNotice::NONE,
                      .file = {},
                      .version = {},

@@ -4,81 +4,44 @@
 namespace ozmo {
 namespace {
 
-using PartitionRule = FieldRule<PartitionRecord>;
+constexpr Conversion FIGURE{.form = Form::UINT64};
+constexpr Conversion HUNDREDTHS{.form = Form::UINT64, .scale = 100.0};
+constexpr Conversion THOUSANDTHS{.form = Form::UINT64, .scale = 1000.0};
+constexpr Conversion RATE{.form = Form::UINT64, .per = Per::INTERVAL};
 
-// A figure as it stands, or divided by `scale`.
-template <auto Member>
-constexpr PartitionRule Figure(int32_t fieldId, double scale = 1.0) {
-  return {fieldId, To<Member>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY, scale};
-}
-template <auto Member, size_t Index>
-constexpr PartitionRule FigureOf(int32_t fieldId) {
-  return {fieldId, ToElement<Member, Index>, Form::UINT64};
-}
-template <int32_t Field>
-constexpr PartitionRule Unread(double scale = 1.0) {
-  return {
-      Field, ToElement<&PartitionRecord::unread, Field>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY,
-      scale};
-}
-template <auto Member>
-constexpr PartitionRule Rate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::UINT64, Per::INTERVAL};
-}
+constexpr FieldRule<PartitionRecord> RULES[] = {
+    {.field = 1, .to = To<&PartitionRecord::name>()},
+    {.field = 3, .to = To<&PartitionRecord::isCapped>()},
+    {.field = 4, .to = To<&PartitionRecord::isShared>()},
+    {.field = 5, .to = To<&PartitionRecord::seesPool>()},
+    {.field = 6, .to = To<&PartitionRecord::isDonating>()},
+    {.field = 7, .to = Detail<&PartitionRecord::unread, 7>()},
+    {.field = 8, .last = 11, .to = Detail<&PartitionRecord::unread, 8>(), .as = FIGURE},
+    {.field = 12, .to = Detail<&PartitionRecord::unread, 12>(), .as = RATE},
+    {.field = 15, .to = To<&PartitionRecord::entitledProcessors>(), .as = HUNDREDTHS},
+    {.field = 16, .to = To<&PartitionRecord::onlineProcessors>(), .as = FIGURE},
+    {.field = 17, .last = 22, .to = Detail<&PartitionRecord::unread, 17>(), .as = FIGURE},
+    {.field = 23, .last = 25, .to = Detail<&PartitionRecord::unread, 23>(), .as = HUNDREDTHS},
+    {.field = 26, .last = 29, .to = Detail<&PartitionRecord::unread, 26>(), .as = FIGURE},
+    {.field = 30, .to = To<&PartitionRecord::poolProcessors>(), .as = FIGURE},
+    {.field = 31, .to = Detail<&PartitionRecord::unread, 31>(), .as = HUNDREDTHS},
+    {.field = 32, .last = 33, .to = Detail<&PartitionRecord::unread, 32>(), .as = THOUSANDTHS},
+    {.field = 34, .last = 37, .to = To<&PartitionRecord::timeByMode>(), .as = FIGURE},
+    {.field = 38, .to = To<&PartitionRecord::donatedTime>(), .as = FIGURE},
+    {.field = 39, .to = To<&PartitionRecord::spareTime, 0>(), .as = FIGURE},
+    {.field = 40, .to = Detail<&PartitionRecord::unread, 40>(), .as = FIGURE},
+    {.field = 41, .to = To<&PartitionRecord::spareTime, 1>(), .as = FIGURE},
+    {.field = 42, .to = Detail<&PartitionRecord::unread, 42>(), .as = FIGURE},
+    {.field = 43, .to = To<&PartitionRecord::spareTime, 2>(), .as = FIGURE},
+    {.field = 44, .last = 46, .to = Detail<&PartitionRecord::unread, 44>(), .as = FIGURE},
+    {.field = 47, .to = To<&PartitionRecord::phantomInterruptRate>(), .as = RATE},
+    {.field = 48, .to = To<&PartitionRecord::involuntarySwitchRate>(), .as = RATE},
+    {.field = 49, .to = To<&PartitionRecord::voluntarySwitchRate>(), .as = RATE},
+    {.field = 50, .to = To<&PartitionRecord::timeBase>(), .as = FIGURE},
+};
 
 }  // namespace
 
-int AixDecodeLpar(Decoding& decoding) {
-  static const RuleTable<PartitionRecord> rules{
-      {1, To<&PartitionRecord::name>},
-      {3, To<&PartitionRecord::isCapped>},
-      {4, To<&PartitionRecord::isShared>},
-      {5, To<&PartitionRecord::seesPool>},
-      {6, To<&PartitionRecord::isDonating>},
-      {7, ToElement<&PartitionRecord::unread, 7>},
-      Unread<8>(),
-      Unread<9>(),
-      Unread<10>(),
-      Unread<11>(),
-      {12, ToElement<&PartitionRecord::unread, 12>, Form::UINT64, Per::INTERVAL},
-      Figure<&PartitionRecord::entitledProcessors>(15, 100.0),
-      Figure<&PartitionRecord::onlineProcessors>(16),
-      Unread<17>(),
-      Unread<18>(),
-      Unread<19>(),
-      Unread<20>(),
-      Unread<21>(),
-      Unread<22>(),
-      Unread<23>(100.0),
-      Unread<24>(100.0),
-      Unread<25>(100.0),
-      Unread<26>(),
-      Unread<27>(),
-      Unread<28>(),
-      Unread<29>(),
-      Figure<&PartitionRecord::poolProcessors>(30),
-      Unread<31>(100.0),
-      Unread<32>(1000.0),
-      Unread<33>(1000.0),
-      FigureOf<&PartitionRecord::timeByMode, 0>(34),
-      FigureOf<&PartitionRecord::timeByMode, 1>(35),
-      FigureOf<&PartitionRecord::timeByMode, 2>(36),
-      FigureOf<&PartitionRecord::timeByMode, 3>(37),
-      Figure<&PartitionRecord::donatedTime>(38),
-      FigureOf<&PartitionRecord::spareTime, 0>(39),
-      Unread<40>(),
-      FigureOf<&PartitionRecord::spareTime, 1>(41),
-      Unread<42>(),
-      FigureOf<&PartitionRecord::spareTime, 2>(43),
-      Unread<44>(),
-      Unread<45>(),
-      Unread<46>(),
-      Rate<&PartitionRecord::phantomInterruptRate>(47),
-      Rate<&PartitionRecord::involuntarySwitchRate>(48),
-      Rate<&PartitionRecord::voluntarySwitchRate>(49),
-      {50, To<&PartitionRecord::timeBase>, Form::UINT64},
-  };
-  return DecodeToSlot(rules, decoding.context.partition, decoding);
-}
+void AixDecodePartition(Decoding& decoding) { FillSlot<RULES>(decoding.context.partition, decoding); }
 
 }  // namespace ozmo

@@ -18,6 +18,24 @@ struct DiskFigures {
   float busyFraction = 0.0F;
 };
 
+constexpr double BLOCKS_PER_BYTE = 1.0 / 64.0;
+
+constexpr Conversion FIGURE{.form = Form::WIDE};
+constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
+constexpr Conversion BYTE_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = BLOCKS_PER_BYTE};
+constexpr Conversion PERCENT_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = 100.0};
+
+constexpr FieldRule<DiskFigures> RULES[] = {
+    {.field = 201, .to = To<&DiskFigures::name>()},
+    {.field = 202, .to = To<&DiskFigures::ioRate>(), .as = RATE},
+    {.field = 203, .to = To<&DiskFigures::totalBytesRate>(), .as = BYTE_RATE},
+    {.field = 204, .to = To<&DiskFigures::transfers>(), .as = FIGURE},
+    {.field = 205},  // wait time and queue length are worked out from the others
+    {.field = 206, .to = To<&DiskFigures::microseconds>(), .as = {.form = Form::UINT64}},
+    {.field = 207},
+    {.field = 208, .to = To<&DiskFigures::busyFraction>(), .as = PERCENT_RATE},
+};
+
 void FinishDisk(const DiskFigures& figures, bool legacyDiskData, DiskRecord& disk) {
   disk.deviceName = figures.name;
   disk.ioRate = figures.ioRate;
@@ -33,26 +51,12 @@ void FinishDisk(const DiskFigures& figures, bool legacyDiskData, DiskRecord& dis
 
 }  // namespace
 
-int HpuxDecodeDisk(Decoding& decoding) {
-  constexpr double BLOCKS_PER_BYTE = 1.0 / 64.0;
-  static const RuleTable<DiskFigures> rules{
-      {201, To<&DiskFigures::name>},
-      {202, To<&DiskFigures::ioRate>, Form::WIDE, Per::INTERVAL},
-      {203, To<&DiskFigures::totalBytesRate>, Form::WIDE, Per::INTERVAL, Divide::NEVER, Sign::ANY,
-       BLOCKS_PER_BYTE},
-      {204, To<&DiskFigures::transfers>, Form::WIDE},
-      {205, nullptr},  // wait time and queue length are worked out from the others
-      {206, To<&DiskFigures::microseconds>, Form::UINT64},
-      {207, nullptr},
-      {208, To<&DiskFigures::busyFraction>, Form::WIDE, Per::INTERVAL, Divide::NEVER, Sign::ANY, 100.0},
-  };
+void HpuxDecodeDisk(Decoding& decoding) {
   DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
+  if (!ApplyRules<RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.legacyDiskData, disk);
   if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
-  return counted;
 }
 
 }  // namespace ozmo

@@ -6,6 +6,6 @@
 namespace ozmo {
 
 // One disk to the disk list; types 2 and 18.
-int HpuxDecodeDisk(Decoding& decoding);
+void HpuxDecodeDisk(Decoding& decoding);
 
 }  // namespace ozmo

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "readers/bsd_protocol_counters.h"
-#include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/hpux/disks.h"
 #include "readers/hpux/layouts.h"
@@ -19,8 +18,6 @@ ByteOrder HpuxByteOrder(std::string_view /*path*/) { return ByteOrder::BIG; }
 
 // --- The machine's processors as a whole, types 1 and 17 ---
 
-using CpuRule = FieldRule<ProcessorRecord>;
-
 // Old versions bring time at lowered priority in field 105. Without a configuration record none is known.
 bool HasNiceTime(const VmrContext& context) {
   if (!context.config) return false;
@@ -29,72 +26,59 @@ bool HasNiceTime(const VmrContext& context) {
          version.find("P300") != version.npos;
 }
 
-template <auto Member>
-constexpr CpuRule OverallRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1};
-}
-template <size_t Index>
-constexpr CpuRule EventRate(int32_t fieldId) {
-  return {fieldId, ToElement<&ProcessorRecord::eventRates, Index>, Form::INT32, Per::INTERVAL,
-          Divide::AT_LEAST_1};
-}
-template <size_t Index>
-constexpr CpuRule Load(int32_t fieldId) {
-  return {fieldId,       ToElement<&ProcessorRecord::loadAverage, Index>,
-          Form::INT32,   Per::RECORD,
-          Divide::NEVER, Sign::ANY,
-          100.0};
-}
-
 void DivideWaitTime(ProcessorRecord& cpu, const FieldValue& field) {
   if (field.divisor >= 1) cpu.waitTime /= field.divisor;
 }
 
-void StoreWaitTime(ProcessorRecord& cpu, const FieldValue& field, const CpuRule& rule, Decoding& decoding) {
-  cpu.waitTime = Convert<double>(field, rule, decoding.state);
-  DivideWaitTime(cpu, field);
+void StoreWaitTime(ProcessorRecord& cpu, const Source& from) {
+  cpu.waitTime = Convert<double>(from);
+  DivideWaitTime(cpu, from.field);
 }
 
 // The divisor of the nice time lands on the wait time, which has been stored before it.
-void StoreNiceTime(ProcessorRecord& cpu, const FieldValue& field, const CpuRule& rule, Decoding& decoding) {
-  if (!HasNiceTime(decoding.context)) return;
-  cpu.niceTime = Convert<double>(field, rule, decoding.state);
-  DivideWaitTime(cpu, field);
+void StoreNiceTime(ProcessorRecord& cpu, const Source& from) {
+  if (!HasNiceTime(from.decoding.context)) return;
+  cpu.niceTime = Convert<double>(from);
+  DivideWaitTime(cpu, from.field);
 }
 
 // In whole numbers; without an interval there is no rate.
-void StoreExtraSeconds(ProcessorRecord& cpu, const FieldValue& field, const CpuRule& /*rule*/,
-                       Decoding& decoding) {
-  const int64_t interval = decoding.state.intervalSeconds;
-  const int64_t seconds = interval != 0 ? field.Int32() / interval : 0;
+void StoreExtraSeconds(ProcessorRecord& cpu, const Source& from) {
+  const int64_t interval = from.decoding.state.intervalSeconds;
+  const int64_t seconds = interval != 0 ? from.field.Int32() / interval : 0;
   cpu.extraSecondsA = static_cast<double>(seconds);
 }
 
-int HpuxDecodeCpuOverall(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      OverallRate<&ProcessorRecord::userTime>(101),
-      OverallRate<&ProcessorRecord::systemTime>(102),
-      OverallRate<&ProcessorRecord::idleTime>(103),
-      {104, StoreWaitTime, Form::INT32, Per::INTERVAL},
-      {105, StoreNiceTime, Form::INT32, Per::INTERVAL},
-      EventRate<5>(106),
-      EventRate<6>(107),
-      EventRate<7>(110),
-      EventRate<3>(111),
-      {113, StoreExtraSeconds},
-      Load<0>(114),
-      Load<1>(115),
-      Load<2>(116),
-  };
-  return DecodeToList(rules, decoding.context.overallCpu, decoding);
-}
+constexpr Conversion NARROW_RATE{.per = Per::INTERVAL};
+constexpr Conversion DIVIDED_RATE{.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
+
+constexpr FieldRule<ProcessorRecord> OVERALL_RULES[] = {
+    {.field = 101, .to = To<&ProcessorRecord::userTime>(), .as = DIVIDED_RATE},
+    {.field = 102, .to = To<&ProcessorRecord::systemTime>(), .as = DIVIDED_RATE},
+    {.field = 103, .to = To<&ProcessorRecord::idleTime>(), .as = DIVIDED_RATE},
+    {.field = 104, .to = To<StoreWaitTime>(), .as = NARROW_RATE},
+    {.field = 105, .to = To<StoreNiceTime>(), .as = NARROW_RATE},
+    {.field = 106, .last = 107, .to = To<&ProcessorRecord::eventRates, 5>(), .as = DIVIDED_RATE},
+    {.field = 110, .to = To<&ProcessorRecord::eventRates, 7>(), .as = DIVIDED_RATE},
+    {.field = 111, .to = To<&ProcessorRecord::eventRates, 3>(), .as = DIVIDED_RATE},
+    {.field = 113, .to = To<StoreExtraSeconds>()},
+    {.field = 114, .last = 116, .to = To<&ProcessorRecord::loadAverage>(), .as = {.scale = 100.0}},
+};
 
 // --- Processors, types 8 and 23 ---
 
-template <auto Member>
-constexpr CpuRule CpuTime(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1};
-}
+constexpr Conversion CPU_TIME{.divide = Divide::AT_LEAST_1};
+
+constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
+    {.field = 801, .to = To<&ProcessorRecord::cpuId>()},
+    {.field = 802, .to = To<&ProcessorRecord::idleTime>(), .as = CPU_TIME},
+    {.field = 803, .to = To<&ProcessorRecord::userTime>(), .as = CPU_TIME},
+    {.field = 804, .to = To<&ProcessorRecord::waitTime>(), .as = CPU_TIME},
+    {.field = 805, .to = To<&ProcessorRecord::systemTime>(), .as = CPU_TIME},
+};
+constexpr FieldRule<ProcessorRecord> CLOCK_RULES[] = {
+    {.field = 812, .to = To<&ProcessorRecord::clockTicks>(), .as = CPU_TIME},
+};
 
 // Ticks become fractions of the interval by the file's own ticks per second; a record without those divides
 // by 0. Twins keep their ticks.
@@ -106,256 +90,186 @@ void DivideTimes(ProcessorRecord& cpu, int32_t intervalSeconds) {
   cpu.systemTime /= ticks;
 }
 
-int HpuxDecodeCpu(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      {801, To<&ProcessorRecord::cpuId>},         CpuTime<&ProcessorRecord::idleTime>(802),
-      CpuTime<&ProcessorRecord::userTime>(803),   CpuTime<&ProcessorRecord::waitTime>(804),
-      CpuTime<&ProcessorRecord::systemTime>(805),
-  };
-  static const RuleTable<ProcessorRecord> ticks{CpuTime<&ProcessorRecord::clockTicks>(812)};
+void DecodeCpu(Decoding& decoding) {
   RecordList<ProcessorRecord>& list = decoding.context.processors.Of(decoding.isTwin);
   ProcessorRecord& cpu = list.Push();
-  const int counted = ApplyRules(rules, cpu, decoding);
-  ApplyRules(ticks, cpu, decoding);  // they don't count
+  const bool counts = ApplyRules<CPU_RULES>(cpu, decoding);
+  ApplyRules<CLOCK_RULES>(cpu, decoding);  // ticks per second alone make no record
   if (!decoding.isTwin) DivideTimes(cpu, decoding.state.intervalSeconds);
-  if (counted == 0) list.PopHead();
-  return counted;
+  if (!counts) list.PopHead();
 }
 
 // --- Memory, types 3 and 19 ---
 
-using MemoryRule = FieldRule<MemoryRecord>;
+constexpr Conversion LEVEL{.form = Form::WIDE};
+constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 
-template <auto Member>
-constexpr MemoryRule PageRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::INTERVAL};
-}
-template <int32_t Field>
-constexpr MemoryRule Unread(Per per) {
-  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, Form::WIDE, per};
-}
-
-int HpuxDecodeMemory(Decoding& decoding) {
-  static const RuleTable<MemoryRecord> rules{
-      {301, To<&MemoryRecord::freePages>, Form::UINT64},
-      Unread<303>(Per::RECORD),
-      Unread<304>(Per::RECORD),
-      {305, StoreMachinePageSize, Form::WIDE},
-      PageRate<&MemoryRecord::pageInRate>(306),
-      PageRate<&MemoryRecord::pageOutRate>(307),
-      Unread<308>(Per::INTERVAL),
-      Unread<309>(Per::INTERVAL),
-      PageRate<&MemoryRecord::swapInRate>(310),
-      PageRate<&MemoryRecord::swapOutRate>(311),
-      PageRate<&MemoryRecord::majorFaultRate>(313),
-      {322, To<&MemoryRecord::activePages>, Form::WIDE},
-      Unread<323>(Per::RECORD),
-      PageRate<&MemoryRecord::copyOnWriteFaultRate>(326),
-      PageRate<&MemoryRecord::zeroFillFaultRate>(327),
-  };
-  return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
-}
+constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
+    {.field = 301, .to = To<&MemoryRecord::freePages>(), .as = {.form = Form::UINT64}},
+    {.field = 303, .last = 304, .to = Detail<&MemoryRecord::unread, 3>(), .as = LEVEL},
+    {.field = 305, .to = To<StoreMachinePageSize>(), .as = LEVEL},
+    {.field = 306, .to = To<&MemoryRecord::pageInRate>(), .as = RATE},
+    {.field = 307, .to = To<&MemoryRecord::pageOutRate>(), .as = RATE},
+    {.field = 308, .last = 309, .to = Detail<&MemoryRecord::unread, 8>(), .as = RATE},
+    {.field = 310, .to = To<&MemoryRecord::swapInRate>(), .as = RATE},
+    {.field = 311, .to = To<&MemoryRecord::swapOutRate>(), .as = RATE},
+    {.field = 313, .to = To<&MemoryRecord::majorFaultRate>(), .as = RATE},
+    {.field = 322, .to = To<&MemoryRecord::activePages>(), .as = LEVEL},
+    {.field = 323, .to = Detail<&MemoryRecord::unread, 23>(), .as = LEVEL},
+    {.field = 326, .to = To<&MemoryRecord::copyOnWriteFaultRate>(), .as = RATE},
+    {.field = 327, .to = To<&MemoryRecord::zeroFillFaultRate>(), .as = RATE},
+};
 
 // --- Processes, types 4 and 21 ---
 
-using ProcessRule = FieldRule<ProcessRecord>;
-
-template <auto Member>
-constexpr ProcessRule CpuSeconds(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE};
-}
-template <auto Member>
-constexpr ProcessRule ProcessRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE};
-}
-template <size_t Index>
-constexpr ProcessRule NeutralValue(int32_t fieldId) {
-  return {fieldId,
-          ToElement<&ProcessRecord::values, Index>,
-          Form::WIDE,
-          Per::RECORD,
-          Divide::AT_LEAST_1,
-          Sign::NOT_NEGATIVE};
-}
-
 // Pages, by the page size that a memory record has told.
-void StoreResidentSize(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule,
-                       Decoding& decoding) {
-  const auto pages = static_cast<uint64_t>(Convert<int64_t>(field, rule, decoding.state));
-  const auto& config = decoding.context.config;
-  const uint64_t pageSize = config && config->pageSize > 0 ? static_cast<uint64_t>(config->pageSize) : 1;
-  process.sizeResident = static_cast<int64_t>(pages * pageSize);
+void StoreResidentSize(ProcessRecord& process, const Source& from) {
+  const auto pages = static_cast<uint64_t>(Convert<int64_t>(from));
+  process.sizeResident = static_cast<int64_t>(pages * PageSizeOf(from.decoding.context));
 }
 
-int HpuxDecodeProcess(Decoding& decoding) {
-  static const RuleTable<ProcessRecord> rules{
-      {401, nullptr},
-      {402, To<&ProcessRecord::processId>},
-      {403, To<&ProcessRecord::processIdC>},
-      {404, StoreProcessIdText},
-      {405, To<&ProcessRecord::processIdB>},
-      CpuSeconds<&ProcessRecord::userCpuSeconds>(406),
-      CpuSeconds<&ProcessRecord::systemCpuSeconds>(407),
-      {408, StoreResidentSize, Form::WIDE, Per::RECORD, Divide::AT_LEAST_1, Sign::NOT_NEGATIVE},
-      ProcessRate<&ProcessRecord::minorFaults>(409),
-      ProcessRate<&ProcessRecord::majorFaults>(410),
-      {411, ToElement<&ProcessRecord::rates, 2>, Form::WIDE, Per::INTERVAL, Divide::AT_LEAST_1,
-       Sign::NOT_NEGATIVE},
-      NeutralValue<0>(412),
-      NeutralValue<2>(413),
-      NeutralValue<1>(414),
-      {415, To<&ProcessRecord::elapsedSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {416, ToElement<&ProcessRecord::values, 3>},
-      {417, To<&ProcessRecord::name>},
-      {418, To<&ProcessRecord::userName>},
-  };
+constexpr Conversion FIGURE{.form = Form::WIDE, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE};
+constexpr Conversion PROCESS_RATE{
+    .form = Form::WIDE, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE};
+
+constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
+    {.field = 401},
+    {.field = 402, .to = Detail<&ProcessRecord::processId>()},
+    {.field = 403, .to = Detail<&ProcessRecord::processIdC>()},
+    {.field = 404, .to = Detail<StoreProcessIdText>()},
+    {.field = 405, .to = Detail<&ProcessRecord::processIdB>()},
+    {.field = 406, .to = To<&ProcessRecord::userCpuSeconds>(), .as = FIGURE},
+    {.field = 407, .to = To<&ProcessRecord::systemCpuSeconds>(), .as = FIGURE},
+    {.field = 408, .to = Detail<StoreResidentSize>(), .as = FIGURE},
+    {.field = 409, .to = Detail<&ProcessRecord::minorFaults>(), .as = PROCESS_RATE},
+    {.field = 410, .to = Detail<&ProcessRecord::majorFaults>(), .as = PROCESS_RATE},
+    {.field = 411, .to = Detail<&ProcessRecord::rates, 2>(), .as = PROCESS_RATE},
+    {.field = 412, .to = Detail<&ProcessRecord::values, 0>(), .as = FIGURE},
+    {.field = 413, .to = Detail<&ProcessRecord::values, 2>(), .as = FIGURE},
+    {.field = 414, .to = Detail<&ProcessRecord::values, 1>(), .as = FIGURE},
+    {.field = 415, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 416, .to = Detail<&ProcessRecord::values, 3>()},
+    {.field = 417, .to = To<&ProcessRecord::name>()},
+    {.field = 418, .to = To<&ProcessRecord::userName>()},
+};
+
+void DecodeProcess(Decoding& decoding) {
   ProcessRecord& process = ContextPushProcess(decoding.context, decoding.isTwin);
-  const int counted = ApplyRules(rules, process, decoding);
-  if (counted == 0) decoding.context.processes.Of(decoding.isTwin).PopHead();
-  return counted;
+  const bool counts = ApplyRules<PROCESS_RULES>(process, decoding);
+  if (!counts) decoding.context.processes.Of(decoding.isTwin).PopHead();
 }
 
 // --- Configuration, type 5 ---
 
-int HpuxDecodeConfig(Decoding& decoding) {
-  static const RuleTable<SystemConfig> rules{
-      {501, To<&SystemConfig::versionText>},
-      {502, ToElement<&SystemConfig::configText, 2>},
-      {503, StoreMemoryMb, Form::UINT64},
-      {504, ToElement<&SystemConfig::configText, 4>},
-      {505, ToElement<&SystemConfig::configText, 5>},
-      {506, To<&SystemConfig::cpuCount>},
-      {507, To<&SystemConfig::configNode>},
-      {509, ToElement<&SystemConfig::configText, 9>},
-      {510, ToElement<&SystemConfig::configText, 10>},
-      {511, ToElement<&SystemConfig::configText, 11>},
-      {514, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {515, To<&SystemConfig::intervalMillis>},
-  };
-  return DecodeConfigRecord(rules, decoding);
-}
+constexpr FieldRule<SystemConfig> CONFIG_RULES[] = {
+    {.field = 501, .to = To<&SystemConfig::versionText>()},
+    {.field = 502, .to = Detail<&SystemConfig::configText, 2>()},
+    {.field = 503, .to = To<StoreMemoryMb<>>(), .as = {.form = Form::UINT64}},
+    {.field = 504, .last = 505, .to = Detail<&SystemConfig::configText, 4>()},
+    {.field = 506, .to = To<&SystemConfig::cpuCount>()},
+    {.field = 507, .to = To<&SystemConfig::configNode>()},
+    {.field = 509, .last = 511, .to = Detail<&SystemConfig::configText, 9>()},
+    {.field = 514, .to = To<&SystemConfig::intervalSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 515, .to = Detail<&SystemConfig::intervalMillis>()},
+};
 
 // --- Protocol counters: types 7, and 11 with its twin 22 ---
 
 using namespace bsd_counters;
 
-constexpr CounterRange FIRST_PART[] = {
-    {.firstField = 701, .lastField = 752, .element = TCP_ATTEMPTS},
-    {.firstField = 755, .lastField = 764, .element = IP_RECEIVED},
+template <size_t Element>
+constexpr auto Counters() {
+  return To<&ProtocolCounters::counters, Element>();
+}
+
+constexpr FieldRule<ProtocolCounters> FIRST_PART_RULES[] = {
+    {.field = 701, .last = 752, .to = Counters<TCP_ATTEMPTS>(), .as = NARROW_RATE},
+    {.field = 755, .last = 764, .to = Counters<IP_RECEIVED>(), .as = NARROW_RATE},
 };
-static_assert(RangesFit(FIRST_PART));
 
 // The second part stands in the place of the BSD counters from the delivered IP packets on, where the graphs
 // read it.
-constexpr CounterRange SECOND_PART[] = {
-    {.firstField = 1001, .lastField = 1001, .element = IP_DELIVERED},
-    {.firstField = 1002,
-     .lastField = 1002,
-     .element = IP_GENERATED,
-     .per = Per::RECORD},  // connections: a level
-    {.firstField = 1003, .lastField = 1008, .element = 69},
-    {.firstField = 1009, .lastField = 1035, .element = 76},
-    {.firstField = 1036, .lastField = 1044, .element = 104},
-    {.firstField = 1045, .lastField = 1045, .element = 115},
-    {.firstField = 1046, .lastField = 1047, .element = 117},
-    {.firstField = 1048, .lastField = 1048, .element = 116},
-    {.firstField = 1049, .lastField = 1056, .element = 119},
-    {.firstField = 1057, .lastField = 1061, .element = 128},
-    {.firstField = 1062, .lastField = 1067, .element = 134},
-    {.firstField = 1068, .lastField = 1080, .element = 141},
-    {.firstField = 1081, .lastField = 1083, .element = 167},
-    {.firstField = 1084, .lastField = 1085, .element = 172},
-    {.firstField = 1086, .lastField = 1098, .element = 154},
-    {.firstField = 1099, .lastField = 1100, .element = 170},
+constexpr FieldRule<ProtocolCounters> SECOND_PART_RULES[] = {
+    {.field = 1001, .to = Counters<IP_DELIVERED>(), .as = NARROW_RATE},
+    {.field = 1002, .to = Counters<IP_GENERATED>()},  // connections: a level
+    {.field = 1003, .last = 1008, .to = Counters<69>(), .as = NARROW_RATE},
+    {.field = 1009, .last = 1035, .to = Counters<76>(), .as = NARROW_RATE},
+    {.field = 1036, .last = 1044, .to = Counters<104>(), .as = NARROW_RATE},
+    {.field = 1045, .to = Counters<115>(), .as = NARROW_RATE},
+    {.field = 1046, .last = 1047, .to = Counters<117>(), .as = NARROW_RATE},
+    {.field = 1048, .to = Counters<116>(), .as = NARROW_RATE},
+    {.field = 1049, .last = 1056, .to = Counters<119>(), .as = NARROW_RATE},
+    {.field = 1057, .last = 1061, .to = Counters<128>(), .as = NARROW_RATE},
+    {.field = 1062, .last = 1067, .to = Counters<134>(), .as = NARROW_RATE},
+    {.field = 1068, .last = 1080, .to = Counters<141>(), .as = NARROW_RATE},
+    {.field = 1081, .last = 1083, .to = Counters<167>(), .as = NARROW_RATE},
+    {.field = 1084, .last = 1085, .to = Counters<172>(), .as = NARROW_RATE},
+    {.field = 1086, .last = 1098, .to = Counters<154>(), .as = NARROW_RATE},
+    {.field = 1099, .last = 1100, .to = Counters<170>(), .as = NARROW_RATE},
 };
-static_assert(RangesFit(SECOND_PART));
 
 // Each part makes a record of its own: the part that comes last in an interval is what stands.
-int HpuxDecodeNetStats(Decoding& decoding) {
+void DecodeFirstPart(Decoding& decoding) {
   std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.primary;
   slot.reset();
-  const int counted = DecodeCounters(FIRST_PART, Form::INT32, slot, decoding);
+  FillCounters<FIRST_PART_RULES>(slot, decoding);
   if (slot) slot->hasFirstPart = true;
-  return counted;
 }
 
-int HpuxDecodeNetStats2(Decoding& decoding) {
+void DecodeSecondPart(Decoding& decoding) {
   std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.Of(decoding.isTwin);
   slot.reset();
-  return DecodeCounters(SECOND_PART, Form::INT32, slot, decoding);
+  FillCounters<SECOND_PART_RULES>(slot, decoding);
 }
 
-// --- File systems, types 9 and 24 ---
+// --- File systems, types 9 and 24; LAN adapters, types 15 and 25 ---
 
-int HpuxDecodeFileSystem(Decoding& decoding) {
-  static const RuleTable<FileSystemRecord> rules = FileSystemRules(901, 902, 903);
-  return DecodeToList(rules, decoding.context.fileSystems, decoding);
-}
-
-// --- LAN adapters, types 15 and 25 ---
+constexpr auto FILE_SYSTEM_RULES = FileSystemRules(901, 902, 903);
+constexpr auto LAN_RULES =
+    LanRules({.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1});
 
 // The divisor of the errors acts a second time, tested by nothing.
-int HpuxDecodeLan(Decoding& decoding) {
+void DecodeLan(Decoding& decoding) {
   constexpr int32_t ERRORS_IN = 1504;
-  static const RuleTable<LanRecord> rules = LanRules();
-  auto& lists = decoding.context.lans;
-  const int counted = DecodeToList(rules, lists, decoding);
+  RecordList<LanRecord>& list = decoding.context.lans.Of(decoding.isTwin);
+  FillHead<LAN_RULES>(list, decoding);
   for (const FieldValue& field : decoding.fields) {
     if (field.data == nullptr || field.fieldId != ERRORS_IN) continue;
-    lists.Of(decoding.isTwin).head().errorsInRate /= static_cast<float>(field.divisor);
+    list.head().errorsInRate /= static_cast<float>(field.divisor);
   }
-  return counted;
 }
 
 // --- The format ---
 
-// CPU times, names of a process.
-constexpr int32_t PROCESS_FIELDS[] = {406, 407, 417, 418};
-
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, Kind::MACHINE_CPU, false, HpuxDecodeCpuOverall},
-    {17, Kind::MACHINE_CPU, true, HpuxDecodeCpuOverall},
-    {2, Kind::DISKS, false, HpuxDecodeDisk},
-    {18, Kind::DISKS, true, HpuxDecodeDisk},
-    {3, Kind::MEMORY, false, HpuxDecodeMemory},
-    {19, Kind::MEMORY, true, HpuxDecodeMemory},
-    {4, Kind::PROCESSES, false, HpuxDecodeProcess, PROCESS_FIELDS},
-    {21, Kind::PROCESSES, true, HpuxDecodeProcess, PROCESS_FIELDS},
-    {5, Kind::CONFIGURATION, false, HpuxDecodeConfig},
-    {7, Kind::PROTOCOLS, false, HpuxDecodeNetStats},
-    {8, Kind::PROCESSORS, false, HpuxDecodeCpu},
-    {23, Kind::PROCESSORS, true, HpuxDecodeCpu},
-    {9, Kind::FILE_SYSTEMS, false, HpuxDecodeFileSystem},
-    {24, Kind::FILE_SYSTEMS, true, HpuxDecodeFileSystem},
-    {11, Kind::PROTOCOLS, false, HpuxDecodeNetStats2},
-    {22, Kind::PROTOCOLS, true, HpuxDecodeNetStats2},
-    {13, Kind::OTHERS, false, DecodeLoadItem},
-    {29, Kind::OTHERS, true, DecodeLoadItem},
-    {15, Kind::ADAPTERS, false, HpuxDecodeLan},
-    {25, Kind::ADAPTERS, true, HpuxDecodeLan},
-    {16, Kind::OTHERS, false, DecodeSummary},
-    {26, Kind::OTHERS, true, DecodeSummary},
-};
-
-constexpr VersionMatch EQUALS = VersionMatch::EQUALS;
-constexpr VersionRule VERSIONS[] = {
-    {EQUALS, "P730_64", &HPUX_P730_64, FlagChange::SET},
-    {EQUALS, "P730", &HPUX_P730, FlagChange::CLEAR},
-    {EQUALS, "P720_64", &HPUX_P720_64, FlagChange::SET},
-    {EQUALS, "P720", &HPUX_P720, FlagChange::CLEAR},
-    {EQUALS, "P300_64", &HPUX_P300_64, FlagChange::SET, FlagChange::SET},
-    {EQUALS, "P300", &HPUX_P300, FlagChange::CLEAR, FlagChange::SET},
-    {VersionMatch::CONTAINS, "540", &HPUX_P300, FlagChange::UNCHANGED, FlagChange::SET},
-    {EQUALS, "V530", &HPUX_V530, FlagChange::UNCHANGED, FlagChange::SET},
-    {EQUALS, "V525", &HPUX_V520, FlagChange::UNCHANGED, FlagChange::SET},
-    {EQUALS, "V520", &HPUX_V520, FlagChange::UNCHANGED, FlagChange::SET},
-    {EQUALS, "V510", &HPUX_V520, FlagChange::UNCHANGED, FlagChange::SET},
+    {.type = 1,
+     .twin = 17,
+     .kind = Kind::MACHINE_CPU,
+     .decode = DecodeToList<OVERALL_RULES, &VmrContext::overallCpu>},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = HpuxDecodeDisk},
+    {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeToSlot<MEMORY_RULES, &VmrContext::memory>},
+    {.type = 4,
+     .twin = 21,
+     .kind = Kind::PROCESSES,
+     .decode = DecodeProcess,
+     .builderFields = BUILDER_FIELDS<PROCESS_RULES>},
+    {.type = 5, .kind = Kind::CONFIGURATION, .decode = DecodeConfigBy<CONFIG_RULES>},
+    {.type = 7, .kind = Kind::PROTOCOLS, .decode = DecodeFirstPart},
+    {.type = 8, .twin = 23, .kind = Kind::PROCESSORS, .decode = DecodeCpu},
+    {.type = 9,
+     .twin = 24,
+     .kind = Kind::FILE_SYSTEMS,
+     .decode = DecodeToList<FILE_SYSTEM_RULES, &VmrContext::fileSystems>},
+    {.type = 11, .twin = 22, .kind = Kind::PROTOCOLS, .decode = DecodeSecondPart},
+    {.type = 13, .twin = 29, .kind = Kind::OTHERS, .decode = DecodeLoadItem},
+    {.type = 15, .twin = 25, .kind = Kind::ADAPTERS, .decode = DecodeLan},
+    {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
 }  // namespace
 
-const CollectorFormat HPUX_FORMAT{
+constexpr CollectorFormat HPUX_FORMAT{
     .name = "HP-UX",
     .byteOrderOf = HpuxByteOrder,
     .timeRecord = 6,
@@ -365,8 +279,8 @@ const CollectorFormat HPUX_FORMAT{
     .configuredIntervalIsDefault = true,
     .missingVersionIsUnsupported = true,
     .keepsTag = false,
-    .entryTable = &HPUX_P730,
-    .versions = VERSIONS,
+    .entryTable = &hpux_layouts::P730_TABLE,
+    .versions = hpux_layouts::VERSIONS,
     .versionTexts = {.notice = VersionNotice::ALWAYS,
                      .file = "Reading data file:    %s  \n",
                      .version = "Reading data version: %s \n",

@@ -1,18 +1,92 @@
-// The record tables of the HP-UX collector, one a layout of its versions. The 64 tables differ from their
-// narrow siblings in the width of time stamps and counters.
+// The record layouts of the HP-UX collector's versions. Those of 64 differ from their narrow siblings in the
+// width of time stamps and counters.
 #pragma once
 
-#include "readers/collector_format.h"
+#include "readers/shared_layouts.h"
 
-namespace ozmo {
+namespace ozmo::hpux_layouts {
 
-extern const RecordTable HPUX_P730;
-extern const RecordTable HPUX_P730_64;
-extern const RecordTable HPUX_P720;
-extern const RecordTable HPUX_P720_64;
-extern const RecordTable HPUX_P300;
-extern const RecordTable HPUX_P300_64;
-extern const RecordTable HPUX_V530;
-extern const RecordTable HPUX_V520;
+enum Version : uint32_t {
+  V520 = 1,
+  V530 = 2,
+  P300 = 4,
+  P300_64 = 8,
+  P720 = 16,
+  P720_64 = 32,
+  P730 = 64,
+  P730_64 = 128,
+  ANY_P730 = P730 | P730_64,
+  FROM_P720 = P720 | P720_64 | ANY_P730,
+  FROM_P300 = P300 | P300_64 | FROM_P720,
+  FROM_V530 = V530 | FROM_P300,
+  ALL = V520 | FROM_V530,
+};
 
-}  // namespace ozmo
+inline constexpr FieldRun OVERALL[] = {Int4(101, 116)};
+inline constexpr FieldRun DISK[] = {Text(201), Counter(202, 204), Int8(205, 206), Counter(207, 208)};
+inline constexpr FieldRun MEMORY[] = {Int8(301), Int4(302), Counter(303, 323), Int4(324, 325),
+                                      Counter(326, 328)};
+inline constexpr FieldRun PROCESS[] = {Int4(401, 405), Counter(406, 414), Int4(415), Counter(416),
+                                       Text(417, 418)};
+inline constexpr FieldRun CONFIG[] = {Int8(503),      Int4(506), Text(504, 505), Text(507),
+                                      Text(501, 502), Int4(508), Text(509, 511), Int4(512, 515)};
+inline constexpr FieldRun TIME[] = {Counter(601)};
+inline constexpr FieldRun NET_STATS[] = {Int4(701, 765)};
+inline constexpr FieldRun CPU[] = {Int4(801, 812)};
+inline constexpr FieldRun FILE_SYSTEM[] = {Text(901, 902), Int4(903, 909)};
+inline constexpr FieldRun NET_STATS_2[] = {Int4(1001, 1015), Int4(1017), Int4(1016), Int4(1018, 1100)};
+
+// A twin shares the definition lists of its base, so the list that arrived last serves both.
+inline constexpr LayoutRow LAYOUTS[] = {
+    {.type = 1, .versions = ALL, .fields = OVERALL},
+    {.type = 2, .versions = ALL, .fields = DISK},
+    {.type = 3, .versions = ALL, .fields = MEMORY},
+    {.type = 4, .versions = ALL, .fields = PROCESS},
+    {.type = 5, .versions = ALL, .fields = CONFIG},
+    {.type = 6, .versions = ALL, .fields = TIME},
+    {.type = 7, .versions = ALL, .fields = NET_STATS},
+    {.type = 8, .versions = ALL, .fields = CPU},
+    {.type = 9, .versions = FROM_V530, .fields = FILE_SYSTEM},
+    {.type = 11, .versions = FROM_P300, .fields = NET_STATS_2},
+    {.type = 13, .versions = ANY_P730, .fields = LOAD_ITEM},
+    {.type = 15, .versions = FROM_P720, .fields = LAN},
+    {.type = 16, .versions = ANY_P730, .fields = SUMMARY},
+    {.type = 17, .listsOf = 1, .versions = ANY_P730, .fields = OVERALL},
+    {.type = 18, .listsOf = 2, .versions = ANY_P730, .fields = DISK},
+    {.type = 19, .listsOf = 3, .versions = ANY_P730, .fields = MEMORY},
+    {.type = 21, .listsOf = 4, .versions = ANY_P730, .fields = PROCESS},
+    {.type = 22, .listsOf = 11, .versions = ANY_P730, .fields = NET_STATS_2},
+    {.type = 23, .listsOf = 8, .versions = ANY_P730, .fields = CPU},
+    {.type = 24, .listsOf = 9, .versions = ANY_P730, .fields = FILE_SYSTEM},
+    {.type = 25, .listsOf = 15, .versions = ANY_P730, .fields = LAN},
+    {.type = 26, .listsOf = 16, .versions = ANY_P730, .fields = SUMMARY},
+    {.type = 29, .listsOf = 13, .versions = ANY_P730, .fields = LOAD_ITEM},
+};
+
+inline constexpr RecordTable P730_TABLE = TableOf<LAYOUTS, P730, NARROW_COUNTERS>("P730");
+inline constexpr RecordTable P730_64_TABLE = TableOf<LAYOUTS, P730_64, WIDE_COUNTERS>("P730_64");
+inline constexpr RecordTable P720_TABLE = TableOf<LAYOUTS, P720, NARROW_COUNTERS>("P720");
+inline constexpr RecordTable P720_64_TABLE = TableOf<LAYOUTS, P720_64, WIDE_COUNTERS>("P720_64");
+inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300, NARROW_COUNTERS>("P300");
+inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUNTERS>("P300_64");
+inline constexpr RecordTable V530_TABLE = TableOf<LAYOUTS, V530, NARROW_COUNTERS>("V530");
+inline constexpr RecordTable V520_TABLE = TableOf<LAYOUTS, V520, NARROW_COUNTERS>("V520");
+
+constexpr FlagChange SET = FlagChange::SET;
+constexpr FlagChange CLEAR = FlagChange::CLEAR;
+
+inline constexpr VersionRule VERSIONS[] = {
+    {.text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},
+    {.text = "P730", .table = &P730_TABLE, .wideCounters = CLEAR},
+    {.text = "P720_64", .table = &P720_64_TABLE, .wideCounters = SET},
+    {.text = "P720", .table = &P720_TABLE, .wideCounters = CLEAR},
+    {.text = "P300_64", .table = &P300_64_TABLE, .wideCounters = SET, .legacyDiskData = SET},
+    {.text = "P300", .table = &P300_TABLE, .wideCounters = CLEAR, .legacyDiskData = SET},
+    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .legacyDiskData = SET},
+    {.text = "V530", .table = &V530_TABLE, .legacyDiskData = SET},
+    {.text = "V525", .table = &V520_TABLE, .legacyDiskData = SET},
+    {.text = "V520", .table = &V520_TABLE, .legacyDiskData = SET},
+    {.text = "V510", .table = &V520_TABLE, .legacyDiskData = SET},
+};
+
+}  // namespace ozmo::hpux_layouts

@@ -14,19 +14,12 @@ struct DiskFigures {
   double writeMilliseconds = 0.0;
 };
 
-using DiskRule = FieldRule<DiskFigures>;
-
-void StoreDiskName(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/,
-                   Decoding& /*decoding*/) {
-  figures.disk.deviceName = field.Text();
-}
+void StoreDiskName(DiskFigures& figures, const Source& from) { figures.disk.deviceName = from.field.Text(); }
 
 // The older counters.
 template <auto Member>
-void StoreOldRate(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/,
-                  Decoding& decoding) {
-  figures.disk.*Member = static_cast<float>(ValueAsDouble(field, Form::WIDE, decoding.state)) /
-                         static_cast<float>(decoding.state.intervalSeconds);
+void StoreOldRate(DiskFigures& figures, const Source& from) {
+  figures.disk.*Member = Convert<float>(from);
 }
 
 // A newer counter; one beyond 0x80000000 counts as wrapped once more.
@@ -38,24 +31,44 @@ uint64_t DiskCounter(const FieldValue& field) {
 }
 
 template <auto Member, unsigned Shift = 0>
-void StoreRate(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/, Decoding& decoding) {
-  figures.disk.*Member =
-      static_cast<float>(DiskCounter(field) << Shift) / static_cast<float>(decoding.state.intervalSeconds);
+void StoreRate(DiskFigures& figures, const Source& from) {
+  figures.disk.*Member = static_cast<float>(DiskCounter(from.field) << Shift) /
+                         static_cast<float>(from.decoding.state.intervalSeconds);
 }
 
 template <auto Member>
-void StoreMilliseconds(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/,
-                       Decoding& /*decoding*/) {
-  figures.*Member = static_cast<double>(DiskCounter(field));
+void StoreMilliseconds(DiskFigures& figures, const Source& from) {
+  figures.*Member = static_cast<double>(DiskCounter(from.field));
 }
 
 // Milliseconds of the interval as a fraction of it.
 template <auto Member>
-void StoreFraction(DiskFigures& figures, const FieldValue& field, const DiskRule& /*rule*/,
-                   Decoding& decoding) {
-  figures.disk.*Member =
-      static_cast<float>(static_cast<double>(DiskCounter(field)) / (1000.0 * decoding.state.intervalSeconds));
+void StoreFraction(DiskFigures& figures, const Source& from) {
+  figures.disk.*Member = static_cast<float>(static_cast<double>(DiskCounter(from.field)) /
+                                            (1000.0 * from.decoding.state.intervalSeconds));
 }
+
+constexpr unsigned SECTOR_SHIFT = 9;  // sectors of 512 bytes
+constexpr Conversion OLD_RATE{.form = Form::WIDE, .per = Per::INTERVAL};
+
+constexpr FieldRule<DiskFigures> RULES[] = {
+    {.field = 201, .to = To<StoreDiskName>()},
+    {.field = 202, .to = To<StoreOldRate<&DiskRecord::readRate>>(), .as = OLD_RATE},
+    {.field = 203, .to = To<StoreOldRate<&DiskRecord::writeRate>>(), .as = OLD_RATE},
+    {.field = 204, .to = To<StoreOldRate<&DiskRecord::readBytesRate>>(), .as = OLD_RATE},
+    {.field = 205, .to = To<StoreOldRate<&DiskRecord::writeBytesRate>>(), .as = OLD_RATE},
+    {.field = 206, .to = To<StoreRate<&DiskRecord::readRate>>()},
+    {.field = 207, .to = To<StoreRate<&DiskRecord::readMergedRate>>()},
+    {.field = 208, .to = To<StoreRate<&DiskRecord::readBytesRate, SECTOR_SHIFT>>()},
+    {.field = 209, .to = To<StoreMilliseconds<&DiskFigures::readMilliseconds>>()},
+    {.field = 210, .to = To<StoreRate<&DiskRecord::writeRate>>()},
+    {.field = 211, .to = To<StoreRate<&DiskRecord::writeMergedRate>>()},
+    {.field = 212, .to = To<StoreRate<&DiskRecord::writeBytesRate, SECTOR_SHIFT>>()},
+    {.field = 213, .to = To<StoreMilliseconds<&DiskFigures::writeMilliseconds>>()},
+    {.field = 214},
+    {.field = 215, .to = To<StoreFraction<&DiskRecord::busyFraction>>()},
+    {.field = 216, .to = To<StoreFraction<&DiskRecord::queueLength>>()},
+};
 
 void FinishDisk(DiskFigures& figures, int32_t intervalSeconds) {
   DiskRecord& disk = figures.disk;
@@ -69,34 +82,13 @@ void FinishDisk(DiskFigures& figures, int32_t intervalSeconds) {
 
 }  // namespace
 
-int LinuxDecodeDisk(Decoding& decoding) {
-  constexpr unsigned SECTOR_SHIFT = 9;  // sectors of 512 bytes
-  static const RuleTable<DiskFigures> rules{
-      {201, StoreDiskName},
-      {202, StoreOldRate<&DiskRecord::readRate>},
-      {203, StoreOldRate<&DiskRecord::writeRate>},
-      {204, StoreOldRate<&DiskRecord::readBytesRate>},
-      {205, StoreOldRate<&DiskRecord::writeBytesRate>},
-      {206, StoreRate<&DiskRecord::readRate>},
-      {207, StoreRate<&DiskRecord::readMergedRate>},
-      {208, StoreRate<&DiskRecord::readBytesRate, SECTOR_SHIFT>},
-      {209, StoreMilliseconds<&DiskFigures::readMilliseconds>},
-      {210, StoreRate<&DiskRecord::writeRate>},
-      {211, StoreRate<&DiskRecord::writeMergedRate>},
-      {212, StoreRate<&DiskRecord::writeBytesRate, SECTOR_SHIFT>},
-      {213, StoreMilliseconds<&DiskFigures::writeMilliseconds>},
-      {214, nullptr},
-      {215, StoreFraction<&DiskRecord::busyFraction>},
-      {216, StoreFraction<&DiskRecord::queueLength>},
-  };
+void LinuxDecodeDisk(Decoding& decoding) {
   DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
+  if (!ApplyRules<RULES>(figures, decoding)) return;
   FinishDisk(figures, decoding.state.intervalSeconds);
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   disk = std::move(figures.disk);
   ContextFindAlias(decoding.context, disk);
-  return counted;
 }
 
 }  // namespace ozmo

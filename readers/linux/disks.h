@@ -6,6 +6,6 @@
 namespace ozmo {
 
 // One disk to the disk list; types 2 and 18.
-int LinuxDecodeDisk(Decoding& decoding);
+void LinuxDecodeDisk(Decoding& decoding);
 
 }  // namespace ozmo

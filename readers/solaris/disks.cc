@@ -19,8 +19,26 @@ struct DiskFigures {
   float queueB = 0.0F;
 };
 
+constexpr Conversion NANOSECONDS{.form = Form::UINT64};
+constexpr Conversion KILOBYTE_RATE{.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
+constexpr Conversion OPERATION_RATE{.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
+
+constexpr FieldRule<DiskFigures> RULES[] = {
+    {.field = 201, .to = To<&DiskFigures::name>()},
+    {.field = 202, .to = To<&DiskFigures::readKb>(), .as = KILOBYTE_RATE},
+    {.field = 203, .to = To<&DiskFigures::writeKb>(), .as = KILOBYTE_RATE},
+    {.field = 204, .to = To<&DiskFigures::reads>(), .as = OPERATION_RATE},
+    {.field = 205, .to = To<&DiskFigures::writes>(), .as = OPERATION_RATE},
+    {.field = 206, .to = To<&DiskFigures::busy>(), .as = NANOSECONDS},
+    {.field = 207, .to = To<&DiskFigures::queueA>(), .as = NANOSECONDS},
+    {.field = 208},
+    {.field = 209, .to = To<&DiskFigures::busy>(), .as = NANOSECONDS},  // in place of field 206
+    {.field = 210, .to = To<&DiskFigures::queueB>(), .as = NANOSECONDS},
+    {.field = 212, .last = 213},
+};
+
 void FinishDisk(const DiskFigures& figures, int32_t intervalSeconds, DiskRecord& disk) {
-  constexpr double NANOSECONDS = 1e9;
+  constexpr double SECOND = 1e9;
   const auto interval = static_cast<float>(intervalSeconds);
   disk.deviceName = figures.name;
   disk.readBytesRate = figures.readKb;
@@ -28,39 +46,23 @@ void FinishDisk(const DiskFigures& figures, int32_t intervalSeconds, DiskRecord&
   disk.readRate = figures.reads;
   disk.writeRate = figures.writes;
   disk.ioRate = figures.reads + figures.writes;
-  disk.busyFraction = static_cast<float>(figures.busy / NANOSECONDS / interval);
-  disk.queueLength = static_cast<float>((figures.queueA + figures.queueB) / NANOSECONDS / interval);
-  disk.servicePerIo =
-      disk.ioRate > 0.0F ? static_cast<float>(figures.busy * 1000.0F / NANOSECONDS / (interval * disk.ioRate))
-                         : 0.0F;
+  disk.busyFraction = static_cast<float>(figures.busy / SECOND / interval);
+  disk.queueLength = static_cast<float>((figures.queueA + figures.queueB) / SECOND / interval);
+  disk.servicePerIo = disk.ioRate > 0.0F
+                          ? static_cast<float>(figures.busy * 1000.0F / SECOND / (interval * disk.ioRate))
+                          : 0.0F;
   disk.waitPerIo = 0.0F;  // no field of this format brings a wait time
   disk.responsePerIo = disk.servicePerIo + disk.waitPerIo;
 }
 
 }  // namespace
 
-int SolarisDecodeDisk(Decoding& decoding) {
-  static const RuleTable<DiskFigures> rules{
-      {201, To<&DiskFigures::name>},
-      {202, To<&DiskFigures::readKb>, Form::UINT64, Per::INTERVAL, Divide::AT_LEAST_1},
-      {203, To<&DiskFigures::writeKb>, Form::UINT64, Per::INTERVAL, Divide::AT_LEAST_1},
-      {204, To<&DiskFigures::reads>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1},
-      {205, To<&DiskFigures::writes>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1},
-      {206, To<&DiskFigures::busy>, Form::UINT64},
-      {207, To<&DiskFigures::queueA>, Form::UINT64},
-      {208, nullptr},
-      {209, To<&DiskFigures::busy>, Form::UINT64},  // in place of field 206
-      {210, To<&DiskFigures::queueB>, Form::UINT64},
-      {212, nullptr},
-      {213, nullptr},
-  };
+void SolarisDecodeDisk(Decoding& decoding) {
   DiskFigures figures;
-  const int counted = ApplyRules(rules, figures, decoding);
-  if (counted == 0) return 0;
+  if (!ApplyRules<RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.intervalSeconds, disk);
   ContextFindAlias(decoding.context, disk);
-  return counted;
 }
 
 }  // namespace ozmo

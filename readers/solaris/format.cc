@@ -3,7 +3,6 @@
 #include <array>
 #include <string_view>
 
-#include "readers/config_decoder.h"
 #include "readers/field_rules.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
@@ -21,200 +20,150 @@ ByteOrder SolarisByteOrder(std::string_view path) {
 
 // --- Overall counters, types 1 and 17 ---
 
-using Rates = FieldRule<RateRecord>;
-
-template <size_t Index>
-constexpr Rates OverallRate(int32_t fieldId, Divide divide) {
-  return {fieldId, ToElement<&RateRecord::rates, Index>, Form::UINT64, Per::INTERVAL, divide};
-}
-template <size_t Index>
-constexpr Rates OverallPercent(int32_t fieldId) {
-  return {
-      fieldId, ToElement<&RateRecord::percent, Index>, Form::UINT64, Per::RECORD, Divide::NEVER, Sign::ANY,
-      100.0};
-}
-
-int DecodeOverall(Decoding& decoding) {
-  static const RuleTable<RateRecord> rules{
-      OverallRate<0>(101, Divide::AT_LEAST_1),
-      OverallRate<1>(102, Divide::AT_LEAST_1),
-      OverallRate<2>(103, Divide::AT_LEAST_1),
-      OverallRate<3>(104, Divide::AT_LEAST_1),
-      OverallRate<4>(105, Divide::AT_LEAST_1),
-      OverallRate<5>(106, Divide::AT_LEAST_1),
-      OverallRate<6>(107, Divide::AT_LEAST_1),
-      OverallRate<7>(108, Divide::AT_LEAST_1),
-      OverallRate<8>(110, Divide::NEVER),
-      OverallRate<9>(111, Divide::NEVER),
-      OverallPercent<0>(112),
-      OverallPercent<1>(113),
-      OverallPercent<2>(114),
-  };
-  return DecodeToList(rules, decoding.context.rateItems, decoding);
-}
+constexpr FieldRule<RateRecord> OVERALL_RULES[] = {
+    {.field = 101,
+     .last = 108,
+     .to = Detail<&RateRecord::rates, 0>(),
+     .as = {.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1}},
+    {.field = 110,
+     .last = 111,
+     .to = Detail<&RateRecord::rates, 8>(),
+     .as = {.form = Form::UINT64, .per = Per::INTERVAL}},
+    {.field = 112,
+     .last = 114,
+     .to = Detail<&RateRecord::percent>(),
+     .as = {.form = Form::UINT64, .scale = 100.0}},
+};
 
 // --- Memory, types 3 and 19 ---
 
-using MemoryRule = FieldRule<MemoryRecord>;
+constexpr Conversion LEVEL{.form = Form::SIGNED_HALVES, .divide = Divide::AT_LEAST_1};
+constexpr Conversion RATE{.form = Form::SIGNED_HALVES, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 
-template <int32_t Field>
-constexpr MemoryRule Unread(Per per, Form form = Form::SIGNED_HALVES) {
-  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, form, per, Divide::AT_LEAST_1};
-}
-template <auto Member>
-constexpr MemoryRule Rate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::SIGNED_HALVES, Per::INTERVAL, Divide::AT_LEAST_1};
-}
-
-void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const MemoryRule& /*rule*/,
-                   Decoding& decoding) {
-  if (decoding.context.config) decoding.context.config->pageSize = ClampTo<int32_t>(field.SignedHalves());
-}
+constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
+    {.field = 301,
+     .last = 302,
+     .to = Detail<&MemoryRecord::unread, 1>(),
+     .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 303, .to = To<StoreMachinePageSize>(), .as = LEVEL},
+    {.field = 304, .last = 309, .to = Detail<&MemoryRecord::unread, 4>(), .as = LEVEL},
+    {.field = 327, .to = To<&MemoryRecord::pageInRate>(), .as = RATE},
+    {.field = 328, .to = To<&MemoryRecord::pageOutRate>(), .as = RATE},
+    {.field = 329, .last = 330, .to = Detail<&MemoryRecord::unread, 29>(), .as = RATE},
+    {.field = 331, .to = To<&MemoryRecord::majorFaultRate>(), .as = RATE},
+    {.field = 332, .to = To<&MemoryRecord::copyOnWriteFaultRate>(), .as = RATE},
+    {.field = 333, .to = To<&MemoryRecord::protectionFaultRate>(), .as = RATE},
+    {.field = 334, .to = To<&MemoryRecord::softLockFaultRate>(), .as = RATE},
+    {.field = 335, .to = To<&MemoryRecord::kernelAddressFaultRate>(), .as = RATE},
+    {.field = 336, .to = To<&MemoryRecord::zeroFillFaultRate>(), .as = RATE},
+    {.field = 337, .to = To<&MemoryRecord::translationFaultRate>(), .as = RATE},
+    {.field = 338, .to = To<&MemoryRecord::addressFaultRate>(), .as = RATE},
+    {.field = 339, .to = To<&MemoryRecord::swapInRate>(), .as = RATE},
+    {.field = 340, .to = To<&MemoryRecord::swapOutRate>(), .as = RATE},
+    {.field = 341, .to = To<&MemoryRecord::freePages>(), .as = LEVEL},
+};
 
 // Both types fill the base's record: a twin ahead of its base has nowhere to go.
-int DecodeMemory(Decoding& decoding) {
-  static const RuleTable<MemoryRecord> rules{
-      Unread<301>(Per::RECORD, Form::INT32),
-      Unread<302>(Per::RECORD, Form::INT32),
-      {303, StorePageSize},
-      Unread<304>(Per::RECORD),
-      Unread<305>(Per::RECORD),
-      Unread<306>(Per::RECORD),
-      Unread<307>(Per::RECORD),
-      Unread<308>(Per::RECORD),
-      Unread<309>(Per::RECORD),
-      Rate<&MemoryRecord::pageInRate>(327),
-      Rate<&MemoryRecord::pageOutRate>(328),
-      Unread<329>(Per::INTERVAL),
-      Unread<330>(Per::INTERVAL),
-      Rate<&MemoryRecord::majorFaultRate>(331),
-      Rate<&MemoryRecord::copyOnWriteFaultRate>(332),
-      Rate<&MemoryRecord::protectionFaultRate>(333),
-      Rate<&MemoryRecord::softLockFaultRate>(334),
-      Rate<&MemoryRecord::kernelAddressFaultRate>(335),
-      Rate<&MemoryRecord::zeroFillFaultRate>(336),
-      Rate<&MemoryRecord::translationFaultRate>(337),
-      Rate<&MemoryRecord::addressFaultRate>(338),
-      Rate<&MemoryRecord::swapInRate>(339),
-      Rate<&MemoryRecord::swapOutRate>(340),
-      {341, To<&MemoryRecord::freePages>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
-  };
-  VmrContext& context = decoding.context;
-  if (!decoding.isTwin) return DecodeToSlot(rules, context.memory.primary, decoding);
-  if (!context.memory.primary) return 0;
-  const int counted = ApplyRules(rules, *context.memory.primary, decoding);
-  if (counted > 0) context.memory.twin.emplace();
-  return counted;
+void DecodeMemory(Decoding& decoding) {
+  auto& memory = decoding.context.memory;
+  if (!decoding.isTwin) {
+    FillSlot<MEMORY_RULES>(memory.primary, decoding);
+  } else if (memory.primary && ApplyRules<MEMORY_RULES>(*memory.primary, decoding)) {
+    memory.twin.emplace();
+  }
 }
 
 // --- Processes, types 4 and 21 ---
 
-using ProcessRule = FieldRule<ProcessRecord>;
-
 // Process times are nanoseconds, on the oldest table seconds. The divisor counts from 2 on here.
-float CpuSeconds(const FieldValue& field, const Decoding& decoding) {
-  double seconds = static_cast<double>(field.Uint64());
-  if (decoding.state.activeTable != &SOLARIS_P300) seconds /= 1e9;
+float CpuSeconds(const Source& from) {
+  const int32_t divisor = from.field.divisor;
+  double seconds = static_cast<double>(from.field.Uint64());
+  if (from.decoding.state.activeTable != &solaris_layouts::P300_TABLE) seconds /= 1e9;
   auto value = static_cast<float>(seconds);
-  if (field.divisor > 1) value /= static_cast<float>(field.divisor);
+  if (divisor > 1) value /= static_cast<float>(divisor);
   return value < 0.0F ? 0.0F : value;
 }
 
 template <auto... Members>
-void StoreCpu(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
-              Decoding& decoding) {
-  ((process.*Members = CpuSeconds(field, decoding)), ...);
+void StoreCpu(ProcessRecord& process, const Source& from) {
+  ((process.*Members = CpuSeconds(from)), ...);
 }
 
 // Pages to kilobytes.
 template <auto Member>
-void StorePages(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule,
-                Decoding& decoding) {
-  int64_t pages = ValueAsInteger(field, rule.form, decoding.state);
-  if (field.divisor >= 1) pages /= field.divisor;
-  const auto& config = decoding.context.config;
-  const uint64_t pageSize = config && config->pageSize > 0 ? static_cast<uint64_t>(config->pageSize) : 1;
-  const auto bytes = static_cast<int64_t>(static_cast<uint64_t>(pages) * pageSize);
-  process.*Member = field.size == FieldSize::INT8 ? bytes >> 10 : bytes / 1024;
+void StorePages(ProcessRecord& process, const Source& from) {
+  const auto pages = static_cast<uint64_t>(Convert<int64_t>(from));
+  const auto bytes = static_cast<int64_t>(pages * PageSizeOf(from.decoding.context));
+  process.*Member = from.field.size == FieldSize::INT8 ? bytes >> 10 : bytes / 1024;
 }
 
-template <auto Member>
-constexpr ProcessRule ProcessRate(int32_t fieldId, Sign sign = Sign::NOT_NEGATIVE) {
-  return {fieldId, To<Member>, Form::NATURAL, Per::INTERVAL, Divide::AT_LEAST_1, sign};
-}
-template <size_t Index>
-constexpr ProcessRule NeutralRate(int32_t fieldId, Sign sign) {
-  return {fieldId, ToElement<&ProcessRecord::rates, Index>, Form::NATURAL, Per::INTERVAL, Divide::AT_LEAST_1,
-          sign};
-}
+constexpr Conversion NARROW_PAGES{.divide = Divide::AT_LEAST_1};
+constexpr Conversion PAGES{.form = Form::UINT64, .divide = Divide::AT_LEAST_1};
+constexpr Conversion SIGNED_RATE{.form = Form::NATURAL, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
+constexpr Conversion PROCESS_RATE{
+    .form = Form::NATURAL, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE};
 
-int DecodeProcess(Decoding& decoding) {
-  static const RuleTable<ProcessRecord> rules{
-      {402, To<&ProcessRecord::processId>},
-      {403, To<&ProcessRecord::processField403>},
-      {404, StoreProcessIdText},
-      {406, To<&ProcessRecord::processField406>},
-      {407, StorePages<&ProcessRecord::sizeResident>},
-      {410, StoreCpu<&ProcessRecord::userCpuSeconds>},
-      // The rule of field 411 runs on into that of 412: a file without 412 shows the system time there.
-      {411, StoreCpu<&ProcessRecord::systemCpuSeconds, &ProcessRecord::otherCpuSeconds>},
-      {412, StoreCpu<&ProcessRecord::otherCpuSeconds>},
-      ProcessRate<&ProcessRecord::ioReadsPerSecond>(413),
-      ProcessRate<&ProcessRecord::ioWritesPerSecond>(414),
-      {415, To<&ProcessRecord::name>},
-      ProcessRate<&ProcessRecord::pageFaultsPerSecond>(416),
-      NeutralRate<2>(417, Sign::NOT_NEGATIVE),
-      NeutralRate<3>(418, Sign::ANY),
-      NeutralRate<0>(419, Sign::ANY),
-      NeutralRate<4>(420, Sign::NOT_NEGATIVE),
-      {421, To<&ProcessRecord::userName>},
-      {422, To<&ProcessRecord::elapsedSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {423, To<&ProcessRecord::priority>},
-      {424, To<&ProcessRecord::extraText>},
-      {425, StorePages<&ProcessRecord::sizeResident>, Form::UINT64},
-      {426, StorePages<&ProcessRecord::sizeVirtual>, Form::UINT64},
-  };
-  ProcessRecord& process = ContextPushProcess(decoding.context, decoding.isTwin);
-  const int counted = ApplyRules(rules, process, decoding);
-  if (decoding.context.config) process.elapsedSeconds = decoding.context.config->intervalSeconds;
+constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
+    {.field = 402, .to = Detail<&ProcessRecord::processId>()},
+    {.field = 403, .to = Detail<&ProcessRecord::processField403>()},
+    {.field = 404, .to = Detail<StoreProcessIdText>()},
+    {.field = 406, .to = Detail<&ProcessRecord::processField406>()},
+    {.field = 407, .to = Detail<StorePages<&ProcessRecord::sizeResident>>(), .as = NARROW_PAGES},
+    {.field = 410, .to = To<StoreCpu<&ProcessRecord::userCpuSeconds>>()},
+    // The rule of field 411 runs on into that of 412: a file without 412 shows the system time there.
+    {.field = 411, .to = To<StoreCpu<&ProcessRecord::systemCpuSeconds, &ProcessRecord::otherCpuSeconds>>()},
+    {.field = 412, .to = Detail<StoreCpu<&ProcessRecord::otherCpuSeconds>>()},
+    {.field = 413, .to = Detail<&ProcessRecord::ioReadsPerSecond>(), .as = PROCESS_RATE},
+    {.field = 414, .to = Detail<&ProcessRecord::ioWritesPerSecond>(), .as = PROCESS_RATE},
+    {.field = 415, .to = To<&ProcessRecord::name>()},
+    {.field = 416, .to = Detail<&ProcessRecord::pageFaultsPerSecond>(), .as = PROCESS_RATE},
+    {.field = 417, .to = Detail<&ProcessRecord::rates, 2>(), .as = PROCESS_RATE},
+    {.field = 418, .to = Detail<&ProcessRecord::rates, 3>(), .as = SIGNED_RATE},
+    {.field = 419, .to = Detail<&ProcessRecord::rates, 0>(), .as = SIGNED_RATE},
+    {.field = 420, .to = Detail<&ProcessRecord::rates, 4>(), .as = PROCESS_RATE},
+    {.field = 421, .to = To<&ProcessRecord::userName>()},
+    {.field = 422, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 423, .to = Detail<&ProcessRecord::priority>()},
+    {.field = 424, .to = Detail<&ProcessRecord::extraText>()},
+    {.field = 425, .to = Detail<StorePages<&ProcessRecord::sizeResident>>(), .as = PAGES},
+    {.field = 426, .to = Detail<StorePages<&ProcessRecord::sizeVirtual>>(), .as = PAGES},
+};
+
+void DecodeProcess(Decoding& decoding) {
+  VmrContext& context = decoding.context;
+  ProcessRecord& process = ContextPushProcess(context, decoding.isTwin);
+  const bool counts = ApplyRules<PROCESS_RULES>(process, decoding);
+  if (context.config) process.elapsedSeconds = context.config->intervalSeconds;
   // An empty record is withdrawn at the other end of the list: it takes the oldest with it and stays.
-  if (counted == 0) decoding.context.processes.Of(decoding.isTwin).PopLast();
-  return counted;
+  if (!counts) context.processes.Of(decoding.isTwin).PopLast();
 }
 
 // --- Configuration, type 5 ---
 
-int DecodeConfig(Decoding& decoding) {
-  static const RuleTable<SystemConfig> rules{
-      {501, To<&SystemConfig::versionText>},
-      {502, ToElement<&SystemConfig::configText, 9>},
-      {503, StoreMemoryMb, Form::UINT64},
-      {504, ToElement<&SystemConfig::configText, 6>},
-      {505, To<&SystemConfig::cpuCount>},
-      {506, To<&SystemConfig::configNode>},
-      {508, ToElement<&SystemConfig::configText, 0>},
-      {509, ToElement<&SystemConfig::configText, 1>},
-      {510, ToElement<&SystemConfig::configText, 3>},
-      {511, ToElement<&SystemConfig::configText, 4>},
-      {514, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {515, To<&SystemConfig::intervalMillis>},
-  };
-  return DecodeConfigRecord(rules, decoding);
-}
+constexpr FieldRule<SystemConfig> CONFIG_RULES[] = {
+    {.field = 501, .to = To<&SystemConfig::versionText>()},
+    {.field = 502, .to = Detail<&SystemConfig::configText, 9>()},
+    {.field = 503, .to = To<StoreMemoryMb<>>(), .as = {.form = Form::UINT64}},
+    {.field = 504, .to = Detail<&SystemConfig::configText, 6>()},
+    {.field = 505, .to = To<&SystemConfig::cpuCount>()},
+    {.field = 506, .to = To<&SystemConfig::configNode>()},
+    {.field = 508, .last = 509, .to = Detail<&SystemConfig::configText, 0>()},
+    {.field = 510, .last = 511, .to = Detail<&SystemConfig::configText, 3>()},
+    {.field = 514, .to = To<&SystemConfig::intervalSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 515, .to = Detail<&SystemConfig::intervalMillis>()},
+};
 
 // --- Processors, types 6 and 23 ---
 
-int DecodeProcessor(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      {601, To<&ProcessorRecord::cpuId>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {605, To<&ProcessorRecord::userTime>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
-      {606, To<&ProcessorRecord::systemTime>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
-      {607, To<&ProcessorRecord::idleTime>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
-      {613, To<&ProcessorRecord::waitTime>, Form::SIGNED_HALVES, Per::RECORD, Divide::AT_LEAST_1},
-      {614, nullptr},
-  };
-  return DecodeToList(rules, decoding.context.processors, decoding);
-}
+constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
+    {.field = 601, .to = To<&ProcessorRecord::cpuId>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 605, .to = To<&ProcessorRecord::userTime>(), .as = LEVEL},
+    {.field = 606, .to = To<&ProcessorRecord::systemTime>(), .as = LEVEL},
+    {.field = 607, .to = To<&ProcessorRecord::idleTime>(), .as = LEVEL},
+    {.field = 613, .to = To<&ProcessorRecord::waitTime>(), .as = LEVEL},
+    {.field = 614},
+};
 
 // --- Kernel counters, types 8 and 22 ---
 
@@ -229,145 +178,127 @@ bool IsLevel(size_t element) {
   return std::find(std::begin(LEVELS), std::end(LEVELS), element) != std::end(LEVELS);
 }
 
-int DecodeKernel(Decoding& decoding) {
-  constexpr int32_t FIRST_FIELD = 801;
-  std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.Of(decoding.isTwin);
-  const bool isNew = !slot.has_value();
-  if (isNew) slot.emplace();
-  int counted = 0;
-  for (const FieldValue& field : decoding.fields) {
-    if (field.data == nullptr) continue;
-    ++counted;
-    const auto index = static_cast<size_t>(field.fieldId - FIRST_FIELD);
-    const int64_t interval = decoding.state.intervalSeconds;
-    int64_t value = field.Int32();
-    // Rates are whole numbers here, cut towards 0; without an interval there is no rate.
-    if (!IsLevel(index)) value = interval != 0 ? value / interval : 0;
-    slot->counters[index] = static_cast<float>(value);
-  }
-  if (counted == 0 && isNew) slot.reset();
-  return counted;
+// Rates are whole numbers here, cut towards 0; without an interval there is no rate.
+void StoreKernelCounter(ProtocolCounters& counters, const Source& from) {
+  const int64_t interval = from.decoding.state.intervalSeconds;
+  int64_t value = from.field.Int32();
+  if (!IsLevel(from.place)) value = interval != 0 ? value / interval : 0;
+  counters.counters[from.place] = static_cast<float>(value);
 }
+
+constexpr FieldRule<ProtocolCounters> KERNEL_RULES[] = {
+    {.field = 801,
+     .last = 920,
+     .to = {.store = StoreKernelCounter, .room = COUNTER_COUNT, .isDetail = false}},
+};
 
 // --- File systems, types 12 and 24 ---
 
 // The numbers pass through single precision, and are divided as whole numbers.
 template <auto Member>
-void StoreBlocks(FileSystemRecord& fileSystem, const FieldValue& field,
-                 const FieldRule<FileSystemRecord>& /*rule*/, Decoding& /*decoding*/) {
+void StoreBlocks(FileSystemRecord& fileSystem, const Source& from) {
   // A number that only an unsigned one could hold is a negative one: what is available can be overdrawn.
-  auto value = ClampTo<int64_t>(static_cast<float>(static_cast<int64_t>(field.Uint64())));
-  if (field.divisor >= 1) value /= field.divisor;
+  auto value = ClampTo<int64_t>(static_cast<float>(static_cast<int64_t>(from.field.Uint64())));
+  if (from.field.divisor >= 1) value /= from.field.divisor;
   fileSystem.*Member = value;
 }
 
+constexpr FieldRule<FileSystemRecord> FILE_SYSTEM_NAME_RULES[] = {
+    {.field = 1201, .to = To<&FileSystemRecord::mountName>()},
+    {.field = 1202, .to = To<&FileSystemRecord::deviceName>()},
+};
+constexpr FieldRule<FileSystemRecord> FILE_SYSTEM_RULES[] = {
+    {.field = 1203, .to = To<StoreBlocks<&FileSystemRecord::blockSize>>()},
+    {.field = 1204, .to = To<StoreBlocks<&FileSystemRecord::totalBlocks>>()},
+    {.field = 1205, .to = To<StoreBlocks<&FileSystemRecord::freeBlocks>>()},
+    {.field = 1206, .to = To<StoreBlocks<&FileSystemRecord::availableBlocks>>()},
+    {.field = 1207, .to = To<StoreBlocks<&FileSystemRecord::totalFiles>>()},
+    {.field = 1208, .to = To<StoreBlocks<&FileSystemRecord::freeFiles>>()},
+    {.field = 1209, .to = To<StoreBlocks<&FileSystemRecord::lastField>>()},
+};
+
 // A twin's numbers go to the newest record of the base list: a base record must stand ahead of it.
-int DecodeFileSystem(Decoding& decoding) {
-  static const RuleTable<FileSystemRecord> texts{
-      {1201, To<&FileSystemRecord::mountName>},
-      {1202, To<&FileSystemRecord::deviceName>},
-  };
-  static const RuleTable<FileSystemRecord> numbers{
-      {1203, StoreBlocks<&FileSystemRecord::blockSize>},
-      {1204, StoreBlocks<&FileSystemRecord::totalBlocks>},
-      {1205, StoreBlocks<&FileSystemRecord::freeBlocks>},
-      {1206, StoreBlocks<&FileSystemRecord::availableBlocks>},
-      {1207, StoreBlocks<&FileSystemRecord::totalFiles>},
-      {1208, StoreBlocks<&FileSystemRecord::freeFiles>},
-      {1209, StoreBlocks<&FileSystemRecord::lastField>},
-  };
+void DecodeFileSystem(Decoding& decoding) {
   auto& lists = decoding.context.fileSystems;
   auto& list = lists.Of(decoding.isTwin);
-  int counted = ApplyRules(texts, list.Push(), decoding);
-  if (!lists.primary.empty()) counted += ApplyRules(numbers, lists.primary.head(), decoding);
-  if (counted == 0) list.PopHead();
-  return counted;
+  bool counts = ApplyRules<FILE_SYSTEM_NAME_RULES>(list.Push(), decoding);
+  if (!lists.primary.empty() && ApplyRules<FILE_SYSTEM_RULES>(lists.primary.head(), decoding)) counts = true;
+  if (!counts) list.PopHead();
 }
 
 // --- LAN adapters, types 15 and 25 ---
 
 // Byte counters whose high half has its bit 15 set are taken as wrapped once.
 template <auto Member>
-void StoreBytes(LanRecord& adapter, const FieldValue& field, const FieldRule<LanRecord>& /*rule*/,
-                Decoding& decoding) {
+void StoreBytes(LanRecord& adapter, const Source& from) {
   constexpr uint32_t WRAP_MARK = 0x8000;
-  double value = field.SignedHalves();
-  if ((field.High() & WRAP_MARK) != 0) value += 4294967295.0;
-  float rate = static_cast<float>(value) / static_cast<float>(decoding.state.intervalSeconds);
-  if (field.divisor >= 1) rate /= static_cast<float>(field.divisor);
+  double value = from.field.SignedHalves();
+  if ((from.field.High() & WRAP_MARK) != 0) value += 4294967295.0;
+  float rate = static_cast<float>(value) / static_cast<float>(from.decoding.state.intervalSeconds);
+  if (from.field.divisor >= 1) rate /= static_cast<float>(from.field.divisor);
   adapter.*Member = rate;
 }
 
-template <auto Member>
-constexpr FieldRule<LanRecord> LanRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::SIGNED_HALVES, Per::INTERVAL, Divide::AT_LEAST_1};
-}
-
-int DecodeLan(Decoding& decoding) {
-  static const RuleTable<LanRecord> rules{
-      {1501, To<&LanRecord::adapterName>},         LanRate<&LanRecord::packetsInRate>(1502),
-      {1503, StoreBytes<&LanRecord::bytesInRate>}, LanRate<&LanRecord::errorsInRate>(1504),
-      LanRate<&LanRecord::packetsOutRate>(1505),   {1506, StoreBytes<&LanRecord::bytesOutRate>},
-      LanRate<&LanRecord::errorsOutRate>(1507),    LanRate<&LanRecord::collisionRate>(1508),
-  };
-  return DecodeToList(rules, decoding.context.lans, decoding);
-}
+constexpr FieldRule<LanRecord> LAN_RULES[] = {
+    {.field = 1501, .to = To<&LanRecord::adapterName>()},
+    {.field = 1502, .to = To<&LanRecord::packetsInRate>(), .as = RATE},
+    {.field = 1503, .to = To<StoreBytes<&LanRecord::bytesInRate>>()},
+    {.field = 1504, .to = To<&LanRecord::errorsInRate>(), .as = RATE},
+    {.field = 1505, .to = To<&LanRecord::packetsOutRate>(), .as = RATE},
+    {.field = 1506, .to = To<StoreBytes<&LanRecord::bytesOutRate>>()},
+    {.field = 1507, .to = To<&LanRecord::errorsOutRate>(), .as = RATE},
+    {.field = 1508, .to = To<&LanRecord::collisionRate>(), .as = RATE},
+};
 
 // --- Load items, types 13 and 29 ---
 
-template <size_t Index>
-constexpr FieldRule<LoadItem> LoadFigure(int32_t fieldId, Per per) {
-  return {fieldId, ToElement<&LoadItem::itemRates, Index>, Form::UINT64, per};
-}
+constexpr Conversion ITEM_LEVEL{.form = Form::UINT64};
+constexpr Conversion ITEM_RATE{.form = Form::UINT64, .per = Per::INTERVAL};
 
-int DecodeItem(Decoding& decoding) {
-  static const RuleTable<LoadItem> rules{
-      {1, To<&LoadItem::itemName>},  LoadFigure<0>(2, Per::INTERVAL), LoadFigure<1>(3, Per::RECORD),
-      LoadFigure<2>(4, Per::RECORD), LoadFigure<3>(5, Per::INTERVAL), LoadFigure<4>(6, Per::RECORD),
-      LoadFigure<5>(7, Per::RECORD),
-  };
-  return DecodeToList(rules, decoding.context.loadItems, decoding);
-}
+constexpr FieldRule<LoadItem> LOAD_ITEM_RULES[] = {
+    {.field = 1, .to = To<&LoadItem::itemName>()},
+    {.field = 2, .to = Detail<&LoadItem::itemRates, 0>(), .as = ITEM_RATE},
+    {.field = 3, .last = 4, .to = Detail<&LoadItem::itemRates, 1>(), .as = ITEM_LEVEL},
+    {.field = 5, .to = Detail<&LoadItem::itemRates, 3>(), .as = ITEM_RATE},
+    {.field = 6, .last = 7, .to = Detail<&LoadItem::itemRates, 4>(), .as = ITEM_LEVEL},
+};
 
 // --- The format ---
 
-// CPU times, names of a process.
-constexpr int32_t PROCESS_FIELDS[] = {410, 411, 415, 421};
-
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, Kind::OTHERS, false, DecodeOverall},
-    {17, Kind::OTHERS, true, DecodeOverall},
-    {2, Kind::DISKS, false, SolarisDecodeDisk},
-    {18, Kind::DISKS, true, SolarisDecodeDisk},
-    {3, Kind::MEMORY, false, DecodeMemory},
-    {19, Kind::MEMORY, true, DecodeMemory},
-    {4, Kind::PROCESSES, false, DecodeProcess, PROCESS_FIELDS},
-    {21, Kind::PROCESSES, true, DecodeProcess, PROCESS_FIELDS},
-    {5, Kind::CONFIGURATION, false, DecodeConfig},
-    {6, Kind::PROCESSORS, false, DecodeProcessor},
-    {23, Kind::PROCESSORS, true, DecodeProcessor},
-    {8, Kind::PROTOCOLS, false, DecodeKernel},
-    {22, Kind::PROTOCOLS, true, DecodeKernel},
-    {12, Kind::FILE_SYSTEMS, false, DecodeFileSystem},
-    {24, Kind::FILE_SYSTEMS, true, DecodeFileSystem},
-    {13, Kind::OTHERS, false, DecodeItem},
-    {29, Kind::OTHERS, true, DecodeItem},
-    {15, Kind::ADAPTERS, false, DecodeLan},
-    {25, Kind::ADAPTERS, true, DecodeLan},
-    {16, Kind::OTHERS, false, DecodeSummary},
-    {26, Kind::OTHERS, true, DecodeSummary},
-};
-
-constexpr VersionRule VERSIONS[] = {
-    {VersionMatch::CONTAINS, "P730", &SOLARIS_P730},
-    {VersionMatch::CONTAINS, "P720", &SOLARIS_P720},
-    {VersionMatch::CONTAINS, "P300", &SOLARIS_P300},
+    {.type = 1,
+     .twin = 17,
+     .kind = Kind::OTHERS,
+     .decode = DecodeToList<OVERALL_RULES, &VmrContext::rateItems>},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = SolarisDecodeDisk},
+    {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeMemory},
+    {.type = 4,
+     .twin = 21,
+     .kind = Kind::PROCESSES,
+     .decode = DecodeProcess,
+     .builderFields = BUILDER_FIELDS<PROCESS_RULES>},
+    {.type = 5, .kind = Kind::CONFIGURATION, .decode = DecodeConfigBy<CONFIG_RULES>},
+    {.type = 6,
+     .twin = 23,
+     .kind = Kind::PROCESSORS,
+     .decode = DecodeToList<CPU_RULES, &VmrContext::processors>},
+    {.type = 8,
+     .twin = 22,
+     .kind = Kind::PROTOCOLS,
+     .decode = DecodeToSlot<KERNEL_RULES, &VmrContext::protocolCounters>},
+    {.type = 12, .twin = 24, .kind = Kind::FILE_SYSTEMS, .decode = DecodeFileSystem},
+    {.type = 13,
+     .twin = 29,
+     .kind = Kind::OTHERS,
+     .decode = DecodeToList<LOAD_ITEM_RULES, &VmrContext::loadItems>},
+    {.type = 15, .twin = 25, .kind = Kind::ADAPTERS, .decode = DecodeToList<LAN_RULES, &VmrContext::lans>},
+    {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
 }  // namespace
 
-const CollectorFormat SOLARIS_FORMAT{
+constexpr CollectorFormat SOLARIS_FORMAT{
     .name = "Solaris",
     .byteOrderOf = SolarisByteOrder,
     .timeRecord = 7,
@@ -377,8 +308,8 @@ const CollectorFormat SOLARIS_FORMAT{
     .configuredIntervalIsDefault = false,
     .missingVersionIsUnsupported = false,
     .keepsTag = false,
-    .entryTable = &SOLARIS_P730,
-    .versions = VERSIONS,
+    .entryTable = &solaris_layouts::P730_TABLE,
+    .versions = solaris_layouts::VERSIONS,
     .versionTexts = {.notice = VersionNotice::WHEN_ACCEPTED,
                      .file = "Reading data file %s : ",
                      .version = "Collector Version %s\n",

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "readers/bsd_protocol_counters.h"
-#include "readers/config_decoder.h"
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
 #include "readers/tru64/layouts.h"
@@ -15,29 +14,29 @@ ByteOrder Tru64ByteOrder(std::string_view /*path*/) { return ByteOrder::LITTLE; 
 
 // --- Overall counters, types 1 and 17 ---
 
-template <size_t Index>
-constexpr FieldRule<RateRecord> OverallRate(int32_t fieldId) {
-  return {fieldId, ToElement<&RateRecord::rates, Index>, Form::INT32, Per::INTERVAL, Divide::AT_LEAST_1};
-}
+constexpr Conversion DIVIDED_RATE{.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 
-int Tru64DecodeOverall(Decoding& decoding) {
-  static const RuleTable<RateRecord> rules{
-      OverallRate<0>(104),
-      OverallRate<1>(105),
-      OverallRate<2>(106),
-      OverallRate<3>(107),
-  };
-  return DecodeToList(rules, decoding.context.rateItems, decoding);
-}
+constexpr FieldRule<RateRecord> OVERALL_RULES[] = {
+    {.field = 104, .last = 107, .to = Detail<&RateRecord::rates>(), .as = DIVIDED_RATE},
+};
 
 // --- Disks, types 2 and 18 ---
 
-using DiskRule = FieldRule<DiskRecord>;
+constexpr Conversion DISK_RATE{.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 
-template <auto Member>
-constexpr DiskRule DiskRate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::UINT64, Per::INTERVAL, Divide::AT_LEAST_1};
-}
+constexpr FieldRule<DiskRecord> DISK_RULES[] = {
+    {.field = 201, .to = To<&DiskRecord::deviceName>()},
+    {.field = 202, .to = To<&DiskRecord::ioRate>(), .as = DISK_RATE},
+    {.field = 203, .to = To<&DiskRecord::totalBytesRate>(), .as = DISK_RATE},
+    {.field = 204},  // the queue length is worked out from the others
+    {.field = 205,
+     .to = To<&DiskRecord::waitPerIo>(),
+     .as = {.form = Form::UINT64, .divide = Divide::AT_LEAST_1}},
+    {.field = 206,
+     .to = To<&DiskRecord::servicePerIo>(),
+     .as = {.form = Form::UINT64, .divide = Divide::ABOVE_1}},
+    {.field = 207},
+};
 
 // A disk without operations has no times, whatever the file says; nor has one without an interval.
 void FinishDisk(DiskRecord& disk, int32_t intervalSeconds) {
@@ -54,239 +53,164 @@ void FinishDisk(DiskRecord& disk, int32_t intervalSeconds) {
   }
 }
 
-int Tru64DecodeDisk(Decoding& decoding) {
-  static const RuleTable<DiskRecord> rules{
-      {201, To<&DiskRecord::deviceName>},
-      DiskRate<&DiskRecord::ioRate>(202),
-      DiskRate<&DiskRecord::totalBytesRate>(203),
-      {204, nullptr},  // the queue length is worked out from the others
-      {205, To<&DiskRecord::waitPerIo>, Form::UINT64, Per::RECORD, Divide::AT_LEAST_1},
-      {206, To<&DiskRecord::servicePerIo>, Form::UINT64, Per::RECORD, Divide::ABOVE_1},
-      {207, nullptr},
-  };
-  auto& lists = decoding.context.disks;
-  const int counted = DecodeToList(rules, lists, decoding);
-  if (counted == 0) return 0;
-  DiskRecord& disk = lists.Of(decoding.isTwin).head();
-  FinishDisk(disk, decoding.state.intervalSeconds);
-  ContextFindAlias(decoding.context, disk);
-  return counted;
+void DecodeDisk(Decoding& decoding) {
+  RecordList<DiskRecord>& list = decoding.context.disks.Of(decoding.isTwin);
+  if (!FillHead<DISK_RULES>(list, decoding)) return;
+  FinishDisk(list.head(), decoding.state.intervalSeconds);
+  ContextFindAlias(decoding.context, list.head());
 }
 
 // --- Memory, types 3 and 19 ---
 
-using MemoryRule = FieldRule<MemoryRecord>;
-
-template <int32_t Field>
-constexpr MemoryRule Unread(Form form = Form::UINT64) {
-  return {Field, ToElement<&MemoryRecord::unread, Field - 300>, form};
-}
-template <auto Member>
-constexpr MemoryRule Pages(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::UINT64};
-}
-template <auto Member>
-constexpr MemoryRule Rate(int32_t fieldId) {
-  return {fieldId, To<Member>, Form::UINT64, Per::INTERVAL};
-}
-
-void StorePageSize(MemoryRecord& /*memory*/, const FieldValue& field, const MemoryRule& /*rule*/,
-                   Decoding& decoding) {
-  const auto size = static_cast<double>(field.Uint64());
-  if (decoding.context.config) decoding.context.config->pageSize = ClampTo<int32_t>(size);
+// The free pages pass through single precision, unlike those of other formats.
+void StoreFreePages(MemoryRecord& memory, const Source& from) {
+  memory.freePages = static_cast<double>(Convert<float>(from));
 }
 
 // Sums over the records of an interval.
-void AddWiredPages(MemoryRecord& memory, const FieldValue& field, const MemoryRule& /*rule*/,
-                   Decoding& /*decoding*/) {
-  memory.wiredPages += static_cast<float>(field.Uint64());
-}
+void AddWiredPages(MemoryRecord& memory, const Source& from) { memory.wiredPages += Convert<float>(from); }
 
-int Tru64DecodeMemory(Decoding& decoding) {
-  static const RuleTable<MemoryRecord> rules{
-      Unread<301>(Form::INT32),
-      Unread<302>(Form::INT32),
-      Unread<303>(),
-      Unread<304>(),
-      Unread<305>(),
-      Unread<306>(),
-      Unread<307>(),
-      Unread<308>(),
-      {309, StorePageSize},
-      {310, ToRounded<&MemoryRecord::freePages>, Form::UINT64},
-      Pages<&MemoryRecord::activePages>(311),
-      Pages<&MemoryRecord::inactivePages>(312),
-      {313, AddWiredPages},
-      Rate<&MemoryRecord::kernelFaultRate>(314),
-      Rate<&MemoryRecord::copyOnWriteFaultRate>(315),
-      Rate<&MemoryRecord::copyOnWriteStealRate>(316),
-      Rate<&MemoryRecord::zeroFillFaultRate>(317),
-      Rate<&MemoryRecord::kernelZeroFillFaultRate>(318),
-      Rate<&MemoryRecord::bufferCacheFaultRate>(319),
-      Pages<&MemoryRecord::bufferCachePages>(325),
-      {328, nullptr},
-      {329, nullptr},
-      {331, nullptr},
-      {332, nullptr},
-      Rate<&MemoryRecord::pageReadRate>(333),
-      Rate<&MemoryRecord::pageWriteRate>(334),
-  };
-  return DecodeToSlot(rules, decoding.context.memory.Of(decoding.isTwin), decoding);
-}
+constexpr Conversion LEVEL{.form = Form::UINT64};
+constexpr Conversion RATE{.form = Form::UINT64, .per = Per::INTERVAL};
+
+constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
+    {.field = 301, .last = 302, .to = Detail<&MemoryRecord::unread, 1>()},
+    {.field = 303, .last = 308, .to = Detail<&MemoryRecord::unread, 3>(), .as = LEVEL},
+    {.field = 309, .to = To<StoreMachinePageSize>(), .as = LEVEL},
+    {.field = 310, .to = To<StoreFreePages>(), .as = LEVEL},
+    {.field = 311, .to = To<&MemoryRecord::activePages>(), .as = LEVEL},
+    {.field = 312, .to = To<&MemoryRecord::inactivePages>(), .as = LEVEL},
+    {.field = 313, .to = To<AddWiredPages>(), .as = LEVEL},
+    {.field = 314, .to = To<&MemoryRecord::kernelFaultRate>(), .as = RATE},
+    {.field = 315, .to = To<&MemoryRecord::copyOnWriteFaultRate>(), .as = RATE},
+    {.field = 316, .to = To<&MemoryRecord::copyOnWriteStealRate>(), .as = RATE},
+    {.field = 317, .to = To<&MemoryRecord::zeroFillFaultRate>(), .as = RATE},
+    {.field = 318, .to = To<&MemoryRecord::kernelZeroFillFaultRate>(), .as = RATE},
+    {.field = 319, .to = To<&MemoryRecord::bufferCacheFaultRate>(), .as = RATE},
+    {.field = 325, .to = To<&MemoryRecord::bufferCachePages>(), .as = LEVEL},
+    {.field = 328, .last = 329},
+    {.field = 331, .last = 332},
+    {.field = 333, .to = To<&MemoryRecord::pageReadRate>(), .as = RATE},
+    {.field = 334, .to = To<&MemoryRecord::pageWriteRate>(), .as = RATE},
+};
 
 // --- Processes, types 4 and 21 ---
 
-using ProcessRule = FieldRule<ProcessRecord>;
-
 // Newer collectors count in microseconds; old ones in hundredths, which is the divisor of their layout.
 template <auto Member>
-void StoreCpuSeconds(ProcessRecord& process, const FieldValue& field, const ProcessRule& rule,
-                     Decoding& decoding) {
-  const RecordTable* table = decoding.state.activeTable;
-  const bool isMicroseconds = table == &TRU64_P730 || table == &TRU64_P720;
-  ProcessRule scaled = rule;
-  scaled.scale = isMicroseconds ? 1000000.0 : 1.0;
-  process.*Member = Convert<float>(field, scaled, decoding.state);
-}
-
-template <auto Member>
-constexpr ProcessRule CpuSeconds(int32_t fieldId) {
-  return {fieldId, StoreCpuSeconds<Member>, Form::UINT64, Per::RECORD, Divide::ABOVE_1, Sign::NOT_NEGATIVE};
-}
-template <size_t Index>
-constexpr ProcessRule NeutralRate(int32_t fieldId) {
-  return {fieldId,
-          ToElement<&ProcessRecord::rates, Index>,
-          Form::UINT64,
-          Per::RECORD,
-          Divide::AT_LEAST_1,
-          Sign::NOT_NEGATIVE};
+void StoreCpuSeconds(ProcessRecord& process, const Source& from) {
+  const RecordTable* table = from.decoding.state.activeTable;
+  Conversion as = from.as;
+  if (table == &tru64_layouts::P730_TABLE || table == &tru64_layouts::P720_TABLE) as.scale = 1000000.0;
+  process.*Member = Convert<float>({from.field, as, from.place, from.decoding});
 }
 
 // Bytes to kilobytes.
-void StoreKilobytes(ProcessRecord& process, const FieldValue& field, const ProcessRule& /*rule*/,
-                    Decoding& /*decoding*/) {
-  process.values[0] = static_cast<int64_t>(field.Uint64() >> 10);
+void StoreKilobytes(ProcessRecord& process, const Source& from) {
+  process.values[0] = static_cast<int64_t>(from.field.Uint64() >> 10);
 }
 
-int Tru64DecodeProcess(Decoding& decoding) {
-  static const RuleTable<ProcessRecord> rules{
-      {402, To<&ProcessRecord::processId>},
-      {403, To<&ProcessRecord::processIdC>},
-      {404, To<&ProcessRecord::processField406>},
-      {405, To<&ProcessRecord::processIdB>},
-      CpuSeconds<&ProcessRecord::userCpuSeconds>(407),
-      CpuSeconds<&ProcessRecord::systemCpuSeconds>(408),
-      NeutralRate<0>(409),
-      NeutralRate<1>(410),
-      {411, To<&ProcessRecord::name>},
-      NeutralRate<2>(412),
-      NeutralRate<3>(413),
-      {414, To<&ProcessRecord::sizeVirtual>, Form::UINT64},
-      {415, To<&ProcessRecord::sizeResident>, Form::UINT64},
-      {416, StoreKilobytes},
-      NeutralRate<4>(417),
-      {418, To<&ProcessRecord::userName>},
-      {419, To<&ProcessRecord::elapsedSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {420, To<&ProcessRecord::priority>},
-      {421, To<&ProcessRecord::extraText>},
-  };
+constexpr Conversion CPU_SECONDS{.form = Form::UINT64, .divide = Divide::ABOVE_1, .sign = Sign::NOT_NEGATIVE};
+constexpr Conversion FIGURE{.form = Form::UINT64, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE};
+
+constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
+    {.field = 402, .to = Detail<&ProcessRecord::processId>()},
+    {.field = 403, .to = Detail<&ProcessRecord::processIdC>()},
+    {.field = 404, .to = Detail<&ProcessRecord::processField406>()},
+    {.field = 405, .to = Detail<&ProcessRecord::processIdB>()},
+    {.field = 407, .to = To<StoreCpuSeconds<&ProcessRecord::userCpuSeconds>>(), .as = CPU_SECONDS},
+    {.field = 408, .to = To<StoreCpuSeconds<&ProcessRecord::systemCpuSeconds>>(), .as = CPU_SECONDS},
+    {.field = 409, .last = 410, .to = Detail<&ProcessRecord::rates, 0>(), .as = FIGURE},
+    {.field = 411, .to = To<&ProcessRecord::name>()},
+    {.field = 412, .last = 413, .to = Detail<&ProcessRecord::rates, 2>(), .as = FIGURE},
+    {.field = 414, .to = Detail<&ProcessRecord::sizeVirtual>(), .as = LEVEL},
+    {.field = 415, .to = Detail<&ProcessRecord::sizeResident>(), .as = LEVEL},
+    {.field = 416, .to = Detail<StoreKilobytes>()},
+    {.field = 417, .to = Detail<&ProcessRecord::rates, 4>(), .as = FIGURE},
+    {.field = 418, .to = To<&ProcessRecord::userName>()},
+    {.field = 419, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 420, .to = Detail<&ProcessRecord::priority>()},
+    {.field = 421, .to = Detail<&ProcessRecord::extraText>()},
+};
+
+void DecodeProcess(Decoding& decoding) {
   VmrContext& context = decoding.context;
   ProcessRecord& process = ContextPushProcess(context, decoding.isTwin);
-  const int counted = ApplyRules(rules, process, decoding);
+  const bool counts = ApplyRules<PROCESS_RULES>(process, decoding);
   if (context.config) process.elapsedSeconds = context.config->intervalSeconds;
-  if (counted == 0) context.processes.Of(decoding.isTwin).RecycleHead(context.processes.primary);
-  return counted;
+  if (!counts) context.processes.Of(decoding.isTwin).RecycleHead(context.processes.primary);
 }
 
 // --- Configuration, type 5 ---
 
-void StoreMemorySize(SystemConfig& config, const FieldValue& field, const FieldRule<SystemConfig>& /*rule*/,
-                     Decoding& /*decoding*/) {
-  const double value = field.Int32();
-  config.memoryMb = static_cast<float>(field.divisor > 0 ? value / (1000.0 * field.divisor) : value);
+void StoreSystemRelease(SystemConfig& config, const Source& from) {
+  config.configText[1] = from.field.Text();
+  if (config.configText[0] == "OSF1" && from.field.Text().starts_with("V5.0")) config.isOsf1V5 = true;
 }
 
-void StoreSystemRelease(SystemConfig& config, const FieldValue& field,
-                        const FieldRule<SystemConfig>& /*rule*/, Decoding& /*decoding*/) {
-  config.configText[1] = field.Text();
-  if (config.configText[0] == "OSF1" && field.Text().starts_with("V5.0")) config.isOsf1V5 = true;
-}
-
-int Tru64DecodeConfig(Decoding& decoding) {
-  static const RuleTable<SystemConfig> rules{
-      {501, StoreMemorySize},
-      {502, ToElement<&SystemConfig::configText, 6>},
-      {503, To<&SystemConfig::cpuCount>},
-      {504, To<&SystemConfig::configNode>},
-      {505, To<&SystemConfig::versionText>},
-      {506, ToElement<&SystemConfig::configText, 9>},
-      {508, ToElement<&SystemConfig::configText, 0>},
-      {509, StoreSystemRelease},
-      {510, ToElement<&SystemConfig::configText, 3>},
-      {513, To<&SystemConfig::intervalSeconds>, Form::INT32, Per::RECORD, Divide::AT_LEAST_1},
-      {515, To<&SystemConfig::intervalMillis>},
-  };
-  return DecodeConfigRecord(rules, decoding);
-}
+constexpr FieldRule<SystemConfig> CONFIG_RULES[] = {
+    {.field = 501, .to = To<StoreMemoryMb<1000>>()},
+    {.field = 502, .to = Detail<&SystemConfig::configText, 6>()},
+    {.field = 503, .to = To<&SystemConfig::cpuCount>()},
+    {.field = 504, .to = To<&SystemConfig::configNode>()},
+    {.field = 505, .to = To<&SystemConfig::versionText>()},
+    {.field = 506, .to = Detail<&SystemConfig::configText, 9>()},
+    {.field = 508, .to = Detail<&SystemConfig::configText, 0>()},
+    {.field = 509, .to = Detail<StoreSystemRelease>()},
+    {.field = 510, .to = Detail<&SystemConfig::configText, 3>()},
+    {.field = 513, .to = To<&SystemConfig::intervalSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
+    {.field = 515, .to = Detail<&SystemConfig::intervalMillis>()},
+};
 
 // --- Names, type 6, and device aliases, type 7 ---
 
-int Tru64DecodeNames(Decoding& decoding) {
-  static const RuleTable<NameRecord> rules{
-      {601, To<&NameRecord::first>},
-      {602, To<&NameRecord::second>},
-  };
-  RecordList<NameRecord>& names = decoding.context.names;
-  const int counted = ApplyRules(rules, names.Push(), decoding);
-  if (counted == 0) names.PopHead();
-  return counted;
-}
+constexpr FieldRule<NameRecord> NAME_RULES[] = {
+    {.field = 601, .to = Detail<&NameRecord::first>()},
+    {.field = 602, .to = Detail<&NameRecord::second>()},
+};
+
+void DecodeNames(Decoding& decoding) { FillHead<NAME_RULES>(decoding.context.names, decoding); }
+
+constexpr FieldRule<DeviceAlias> ALIAS_RULES[] = {
+    {.field = 701, .to = To<&DeviceAlias::deviceName>()},
+    {.field = 702, .to = To<&DeviceAlias::displayName>()},
+};
 
 // An alias counts from its newest record on. A broken file doesn't make the table grow beyond what any host
 // has.
-int Tru64DecodeAlias(Decoding& decoding) {
+void DecodeAlias(Decoding& decoding) {
   constexpr size_t MAX_ALIASES = 4096;
-  static const RuleTable<DeviceAlias> rules{
-      {701, To<&DeviceAlias::deviceName>},
-      {702, To<&DeviceAlias::displayName>},
-  };
   DeviceAlias alias;
-  const int counted = ApplyRules(rules, alias, decoding);
-  if (counted == 0) return 0;
+  if (!ApplyRules<ALIAS_RULES>(alias, decoding)) return;
   auto& aliases = decoding.context.deviceAliases;
-  if (aliases.size() >= MAX_ALIASES && !aliases.contains(alias.deviceName)) return 0;
+  if (aliases.size() >= MAX_ALIASES && !aliases.contains(alias.deviceName)) return;
   aliases.insert_or_assign(alias.deviceName, alias.displayName);
-  return counted;
 }
 
 // --- Processors, types 8 and 23 ---
 
-using CpuRule = FieldRule<ProcessorRecord>;
-
 template <auto Member>
-void StoreTicks(ProcessorRecord& cpu, const FieldValue& field, const CpuRule& /*rule*/,
-                Decoding& /*decoding*/) {
-  cpu.*Member = 100.0 * static_cast<double>(field.Uint64());
+void StoreTicks(ProcessorRecord& cpu, const Source& from) {
+  cpu.*Member = 100.0 * static_cast<double>(from.field.Uint64());
 }
 
+constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
+    {.field = 801, .to = To<&ProcessorRecord::cpuId>()},
+    {.field = 804, .to = To<StoreTicks<&ProcessorRecord::niceTime>>()},
+    {.field = 805, .to = To<StoreTicks<&ProcessorRecord::userTime>>()},
+    {.field = 806, .to = To<StoreTicks<&ProcessorRecord::systemTime>>()},
+    {.field = 807, .to = To<StoreTicks<&ProcessorRecord::waitTime>>()},
+    {.field = 808, .to = To<StoreTicks<&ProcessorRecord::idleTime>>()},
+    {.field = 809, .to = To<&ProcessorRecord::clockTicks>()},
+};
+
 // Without its ticks per second a processor can't be told and is dropped.
-int Tru64DecodeCpu(Decoding& decoding) {
-  static const RuleTable<ProcessorRecord> rules{
-      {801, To<&ProcessorRecord::cpuId>},
-      {804, StoreTicks<&ProcessorRecord::niceTime>},
-      {805, StoreTicks<&ProcessorRecord::userTime>},
-      {806, StoreTicks<&ProcessorRecord::systemTime>},
-      {807, StoreTicks<&ProcessorRecord::waitTime>},
-      {808, StoreTicks<&ProcessorRecord::idleTime>},
-      {809, To<&ProcessorRecord::clockTicks>},
-  };
+void DecodeCpu(Decoding& decoding) {
   RecordList<ProcessorRecord>& list = decoding.context.processors.Of(decoding.isTwin);
   ProcessorRecord& cpu = list.Push();
-  const int counted = ApplyRules(rules, cpu, decoding);
-  if (counted == 0 || !(cpu.clockTicks > 0.0)) {
+  if (!ApplyRules<CPU_RULES>(cpu, decoding) || !(cpu.clockTicks > 0.0)) {
     list.PopHead();
-    return 0;
+    return;
   }
   const double ticks = decoding.state.intervalSeconds * cpu.clockTicks;
   for (const auto member :
@@ -294,89 +218,71 @@ int Tru64DecodeCpu(Decoding& decoding) {
         &ProcessorRecord::waitTime, &ProcessorRecord::idleTime}) {
     cpu.*member /= ticks;
   }
-  return counted;
 }
 
 // --- Kernel and network counters, types 11 and 22 ---
 
-int Tru64DecodeCounters(Decoding& decoding) {
-  static constexpr CounterRange COUNTERS[] = {
-      {.firstField = 1101, .lastField = 1129, .element = bsd_counters::TCP_ATTEMPTS}};
-  static_assert(RangesFit(COUNTERS));
-  return DecodeCounters(COUNTERS, Form::INT32, decoding.context.protocolCounters.Of(decoding.isTwin),
-                        decoding);
-}
+constexpr FieldRule<ProtocolCounters> COUNTER_RULES[] = {
+    {.field = 1101,
+     .last = 1129,
+     .to = To<&ProtocolCounters::counters, bsd_counters::TCP_ATTEMPTS>(),
+     .as = {.per = Per::INTERVAL}},
+};
 
 // --- File systems, types 12 and 24 ---
 
 template <auto Member>
-void StoreShortText(FileSystemRecord& fileSystem, const FieldValue& field,
-                    const FieldRule<FileSystemRecord>& /*rule*/, Decoding& /*decoding*/) {
+void StoreShortText(FileSystemRecord& fileSystem, const Source& from) {
   constexpr size_t LONGEST_TEXT = 32;
-  fileSystem.*Member = field.Text().substr(0, LONGEST_TEXT);
+  fileSystem.*Member = from.field.Text().substr(0, LONGEST_TEXT);
 }
 
-int Tru64DecodeFileSystem(Decoding& decoding) {
-  static const RuleTable<FileSystemRecord> rules{
-      {1201, StoreShortText<&FileSystemRecord::mountName>},
-      {1202, StoreShortText<&FileSystemRecord::deviceName>},
-      {1203, To<&FileSystemRecord::blockSize>},
-      {1204, To<&FileSystemRecord::totalBlocks>},
-      {1205, To<&FileSystemRecord::freeBlocks>},
-      {1206, To<&FileSystemRecord::availableBlocks>},
-      {1207, To<&FileSystemRecord::totalFiles>},
-      {1208, To<&FileSystemRecord::freeFiles>},
-  };
-  return DecodeToList(rules, decoding.context.fileSystems, decoding);
-}
+constexpr FieldRule<FileSystemRecord> FILE_SYSTEM_RULES[] = {
+    {.field = 1201, .to = To<StoreShortText<&FileSystemRecord::mountName>>()},
+    {.field = 1202, .to = To<StoreShortText<&FileSystemRecord::deviceName>>()},
+    {.field = 1203, .to = To<&FileSystemRecord::blockSize>()},
+    {.field = 1204, .to = To<&FileSystemRecord::totalBlocks>()},
+    {.field = 1205, .to = To<&FileSystemRecord::freeBlocks>()},
+    {.field = 1206, .to = To<&FileSystemRecord::availableBlocks>()},
+    {.field = 1207, .to = To<&FileSystemRecord::totalFiles>()},
+    {.field = 1208, .to = To<&FileSystemRecord::freeFiles>()},
+};
 
 // --- LAN adapters, types 15 and 25 ---
 
-int Tru64DecodeLan(Decoding& decoding) {
-  static const RuleTable<LanRecord> rules = LanRules(Divide::NEVER);
-  return DecodeToList(rules, decoding.context.lans, decoding);
-}
+constexpr auto LAN_RULES = LanRules({.form = Form::UINT64, .per = Per::INTERVAL});
 
 // --- The format ---
 
-// CPU times, names of a process.
-constexpr int32_t PROCESS_FIELDS[] = {407, 408, 411, 418};
-
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
-    {1, Kind::OTHERS, false, Tru64DecodeOverall},
-    {17, Kind::OTHERS, true, Tru64DecodeOverall},
-    {2, Kind::DISKS, false, Tru64DecodeDisk},
-    {18, Kind::DISKS, true, Tru64DecodeDisk},
-    {3, Kind::MEMORY, false, Tru64DecodeMemory},
-    {19, Kind::MEMORY, true, Tru64DecodeMemory},
-    {4, Kind::PROCESSES, false, Tru64DecodeProcess, PROCESS_FIELDS},
-    {21, Kind::PROCESSES, true, Tru64DecodeProcess, PROCESS_FIELDS},
-    {5, Kind::CONFIGURATION, false, Tru64DecodeConfig},
-    {6, Kind::OTHERS, false, Tru64DecodeNames},
-    {7, Kind::DISKS, false, Tru64DecodeAlias},
-    {8, Kind::PROCESSORS, false, Tru64DecodeCpu},
-    {23, Kind::PROCESSORS, true, Tru64DecodeCpu},
-    {11, Kind::PROTOCOLS, false, Tru64DecodeCounters},
-    {22, Kind::PROTOCOLS, true, Tru64DecodeCounters},
-    {12, Kind::FILE_SYSTEMS, false, Tru64DecodeFileSystem},
-    {24, Kind::FILE_SYSTEMS, true, Tru64DecodeFileSystem},
-    {15, Kind::ADAPTERS, false, Tru64DecodeLan},
-    {25, Kind::ADAPTERS, true, Tru64DecodeLan},
-    {16, Kind::OTHERS, false, DecodeSummary},
-    {26, Kind::OTHERS, true, DecodeSummary},
-};
-
-constexpr VersionRule VERSIONS[] = {
-    {VersionMatch::CONTAINS, "P730", &TRU64_P730}, {VersionMatch::CONTAINS, "P720", &TRU64_P720},
-    {VersionMatch::EQUALS, "P300", &TRU64_P300},   {VersionMatch::EQUALS, "V530", &TRU64_P300},
-    {VersionMatch::EQUALS, "V520", &TRU64_V520},   {VersionMatch::EQUALS, "V510", &TRU64_V520},
-    {VersionMatch::EQUALS, "V505", &TRU64_V520},
+    {.type = 1,
+     .twin = 17,
+     .kind = Kind::OTHERS,
+     .decode = DecodeToList<OVERALL_RULES, &VmrContext::rateItems>},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = DecodeDisk},
+    {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeToSlot<MEMORY_RULES, &VmrContext::memory>},
+    {.type = 4,
+     .twin = 21,
+     .kind = Kind::PROCESSES,
+     .decode = DecodeProcess,
+     .builderFields = BUILDER_FIELDS<PROCESS_RULES>},
+    {.type = 5, .kind = Kind::CONFIGURATION, .decode = DecodeConfigBy<CONFIG_RULES>},
+    {.type = 6, .kind = Kind::OTHERS, .decode = DecodeNames},
+    {.type = 7, .kind = Kind::DISKS, .decode = DecodeAlias},
+    {.type = 8, .twin = 23, .kind = Kind::PROCESSORS, .decode = DecodeCpu},
+    {.type = 11, .twin = 22, .kind = Kind::PROTOCOLS, .decode = DecodeCountersBy<COUNTER_RULES>},
+    {.type = 12,
+     .twin = 24,
+     .kind = Kind::FILE_SYSTEMS,
+     .decode = DecodeToList<FILE_SYSTEM_RULES, &VmrContext::fileSystems>},
+    {.type = 15, .twin = 25, .kind = Kind::ADAPTERS, .decode = DecodeToList<LAN_RULES, &VmrContext::lans>},
+    {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
 }  // namespace
 
-const CollectorFormat TRU64_FORMAT{
+constexpr CollectorFormat TRU64_FORMAT{
     .name = "Tru64",
     .byteOrderOf = Tru64ByteOrder,
     .timeRecord = 9,
@@ -386,8 +292,8 @@ const CollectorFormat TRU64_FORMAT{
     .configuredIntervalIsDefault = false,
     .missingVersionIsUnsupported = false,
     .keepsTag = false,
-    .entryTable = &TRU64_P730,
-    .versions = VERSIONS,
+    .entryTable = &tru64_layouts::P730_TABLE,
+    .versions = tru64_layouts::VERSIONS,
     .versionTexts = {.notice = VersionNotice::ALWAYS,
                      .file = "Reading data file %s : ",
                      .version = "Collector Version %s\n",
