@@ -74,6 +74,7 @@ int CollectorFile::WalkPass(VmrContext& context) {
   state_.windowStart = context.periodStart;
   state_.windowEnd = context.periodEnd;
   state_.currentRecordTime = 0;
+  ++state_.pass;
   int result = READER_DONE;
   while (result == READER_DONE) result = TakeWalkRecord(context);
   if (result == READER_NOTHING) result = READER_DONE;  // the window is over

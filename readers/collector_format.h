@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "readers/field_value.h"
@@ -35,6 +37,15 @@ struct RecordTable {
   std::span<const RecordLayout> rows;
 };
 
+// The processors that the records of a walk have named, by number, for formats whose records of one number
+// merge. An entry holds for the pass that made it; entries stay, so that a walk over the same processors
+// makes none.
+struct NamedProcessor {
+  ProcessorRecord* record = nullptr;
+  uint64_t pass = 0;
+};
+using NamedProcessors = std::map<int32_t, NamedProcessor>;
+
 // What a reader remembers of its file, and what decoders may ask.
 struct ReaderState {
   Seconds firstRecordTime = 0;
@@ -45,13 +56,15 @@ struct ReaderState {
   std::string collectorVersion;
   std::string nodeName;
   std::string filePath;
-  Seconds currentRecordTime = 0;  // 0 until a time record has been seen in this pass
-  Seconds previousRawTime = 0;    // as stored in the file; survives passes
-  int32_t intervalSeconds = 60;   // configured, then measured from the time records
-  int32_t defaultInterval = 120;  // what a measured interval below 1 becomes
-  bool wideCounters = false;      // the file's counters are 8 bytes wide
-  bool legacyDiskData = false;    // HP-UX: disk timing figures are not to be trusted
-  std::string collectorTag;       // Linux: text of the latest tag record
+  Seconds currentRecordTime = 0;              // 0 until a time record has been seen in this pass
+  Seconds previousRawTime = 0;                // as stored in the file; survives passes
+  int32_t intervalSeconds = 60;               // configured, then measured from the time records
+  int32_t defaultInterval = 120;              // what a measured interval below 1 becomes
+  bool wideCounters = false;                  // the file's counters are 8 bytes wide
+  bool legacyDiskData = false;                // HP-UX: disk timing figures are not to be trusted
+  std::string collectorTag;                   // Linux: text of the latest tag record
+  uint64_t pass = 0;                          // counts the passes of a walk
+  TwinPair<NamedProcessors> namedProcessors;  // AIX
   const RecordTable* activeTable = nullptr;
 };
 

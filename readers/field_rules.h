@@ -128,7 +128,7 @@ template <class Record>
 struct Destination {
   using Store = void (*)(Record& record, const Source& from);
 
-  Store store;    // null: nowhere
+  Store store;
   size_t room;    // for how many fields one behind the other
   bool isDetail;  // what no builder reads
 };
@@ -197,8 +197,11 @@ constexpr Destination<TargetRecord<Target>> Detail() {
 }
 
 template <class Record>
+void Drop(Record& /*record*/, const Source& /*from*/) {}
+
+template <class Record>
 constexpr Destination<Record> Nowhere() {
-  return {nullptr, std::numeric_limits<size_t>::max(), true};
+  return {Drop<Record>, std::numeric_limits<size_t>::max(), true};
 }
 
 template <class Record>
@@ -240,9 +243,7 @@ constexpr bool EachFieldHasOneRow(const Rules& rules) {
 template <const auto& Rules, size_t Row>
 void ApplyRow(RecordOfRules<Rules>& record, const FieldValue& field, Decoding& decoding) {
   constexpr const auto& RULE = Rules[Row];
-  if constexpr (RULE.to.store != nullptr) {
-    RULE.to.store(record, {field, RULE.as, static_cast<size_t>(field.fieldId - RULE.field), decoding});
-  }
+  RULE.to.store(record, {field, RULE.as, static_cast<size_t>(field.fieldId - RULE.field), decoding});
 }
 
 template <const auto& Rules>

@@ -55,17 +55,24 @@ const FieldValue* FindCpuId(std::span<const FieldValue> fields) {
   return isFirst ? &*id : nullptr;
 }
 
-// More processors than any machine has: a file that names ever new ones must not cost a search of them all.
+// More processors than any machine has: a file that names ever new ones must not fill the memory.
 constexpr size_t MAX_PROCESSORS = 4096;
 
-// The list's record of that processor, or a new one: records of one number merge. Null when the list is full.
-ProcessorRecord* FindOrPush(RecordList<ProcessorRecord>& list, int32_t cpuId) {
-  const auto known =
-      std::find_if(list.begin(), list.end(), [&](const ProcessorRecord& cpu) { return cpu.cpuId == cpuId; });
-  if (known != list.end()) return &*known;
+// The pass's record of that processor, or a new one: records of one number merge. Null when there are too
+// many.
+ProcessorRecord* FindOrPush(Decoding& decoding, int32_t cpuId) {
+  NamedProcessors& named = decoding.state.namedProcessors.Of(decoding.isTwin);
+  RecordList<ProcessorRecord>& list = decoding.context.processors.Of(decoding.isTwin);
+  const uint64_t pass = decoding.state.pass;
+  const auto known = named.find(cpuId);
+  if (known != named.end() && known->second.pass == pass) return known->second.record;
   if (list.size() >= MAX_PROCESSORS) return nullptr;
+  if (named.size() >= 2 * MAX_PROCESSORS) {
+    std::erase_if(named, [&](const auto& entry) { return entry.second.pass != pass; });
+  }
   ProcessorRecord& cpu = list.Push();
   cpu.cpuId = cpuId;
+  named[cpuId] = {&cpu, pass};
   return &cpu;
 }
 
@@ -93,7 +100,7 @@ constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
 void DecodeCpu(Decoding& decoding) {
   const FieldValue* id = FindCpuId(decoding.fields);
   if (id == nullptr) return;
-  ProcessorRecord* cpu = FindOrPush(decoding.context.processors.Of(decoding.isTwin), id->Int32());
+  ProcessorRecord* cpu = FindOrPush(decoding, id->Int32());
   if (cpu == nullptr) return;
   ApplyRules<CPU_RULES>(*cpu, decoding);
   NormaliseTimes(*cpu);
