@@ -14,8 +14,7 @@ class Selection : public testing::Test {
     load_ = Add("Load", {{9.0F, 5.0F, -1.0F, 3.0F}, {4.0F, 2.0F, 1.0F, 1.0F}}, {"User", "System"});
     disks_ = Add("Disks", {{6.0F, 6.0F, 8.0F, 6.0F}, {5.0F, 5.0F, 5.0F, 5.0F}, {3.0F, 3.0F, 3.0F, 2.0F}},
                  {"a b", "c", "d@e"});
-    empty_ = Add("Empty", {}, {});
-    catalog_.itemTree = {Group("G1", {Row(load_)}), Group("G2", {Group("G3", {Row(disks_)}), Row(empty_)})};
+    catalog_.itemTree = {Group("G1", {Row(load_)}), Group("G2", {Group("G3", {Row(disks_)})})};
     catalog_.pointCount = POINTS;
   }
 
@@ -39,7 +38,6 @@ class Selection : public testing::Test {
   GraphCatalog catalog_;
   GraphRecord* load_;
   GraphRecord* disks_;
-  GraphRecord* empty_;
 };
 
 TEST(GraphName, BlanksQuotesAndCaseDoNotCount) {
@@ -123,19 +121,6 @@ TEST_F(Selection, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
   ASSERT_TRUE(selection.overlay);
   EXPECT_EQ((Series{0.0F, 3.0F, -1.0F, 0.0F}), Points(selection.overlay->traces[0]));
   EXPECT_DOUBLE_EQ(1.1 * 5.0, selection.overlay->yMax);
-}
-
-TEST_F(Selection, OverlayFailuresSayWhichPartIsMissing) {
-  disks_->traceLabels.clear();
-  for (const auto& [name, part] : {std::pair("Disks", "trace"),
-                                   {"Disk@c", "graph"},
-                                   {"@c", "graph"},
-                                   {"Disks@x", "trace"},
-                                   {"Empty@x", "trace"},
-                                   {"Disks@", "trace"}}) {  // the last has no label to be found by
-    EXPECT_EQ(std::string("Specified overlay ") + part + " not found.",
-              SelectOverlay(catalog_, *load_, name).failure);
-  }
 }
 
 }  // namespace

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 #include <ctime>
-#include <set>
+#include <map>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,38 +41,76 @@ std::tm AtHour(int hour) {
   return time;
 }
 
-class ItemsTest : public ::testing::TestWithParam<Kind> {};
+class ItemsTest : public ::testing::TestWithParam<Kind> {
+ protected:
+  // Writes hours of the kind's host.
+  void Write(int startHour, int hours, int interval) {
+    options_.directory = directory_.path();
+    options_.startHour = startHour;
+    options_.hours = hours;
+    options_.intervalSeconds = interval;
+    const sample::SampleResult written =
+        sample::WriteSample(*sample::FindSampleKind(GetParam().name), options_);
+    ASSERT_EQ(written.error, "");
+    request_.vmrUnixFile = written.files.at(0);
+    request_.beginTime = AtHour(startHour);
+    request_.endTime = AtHour(startHour + hours - 1);
+  }
+
+  std::unique_ptr<GraphCatalog> Build(const WantedTitles& titles) {
+    Runtime runtime;
+    DataReader reader(ReaderKindOf(*request_.vmrUnixFile), runtime);
+    Seconds first = 0;
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(reader.EntryPass(*request_.vmrUnixFile, request_.hostName, first), 1);
+    WorkloadClassList classes;
+    auto catalog = BuildCatalog(reader, request_, classes, runtime, titles);
+    ::testing::internal::GetCapturedStdout();
+    return catalog;
+  }
+
+  // The graphs that -item finds: the first of each title.
+  static std::map<std::string, const GraphRecord*> Graphs(GraphCatalog& catalog) {
+    std::map<std::string, const GraphRecord*> graphs;
+    VisitGraphs(catalog.itemTree, [&](const GraphRecord& record) { graphs.emplace(record.title, &record); });
+    return graphs;
+  }
+
+  const ScopedVariable zone_{"TZ", "UTC"};
+  const ScopedVariable library_{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR};
+  const TempDirectory directory_;
+  sample::SampleOptions options_;
+  RunRequest request_;
+};
 
 TEST_P(ItemsTest, EachShowsSomething) {
-  const Kind& kind = GetParam();
-  const ScopedVariable zone("TZ", "UTC");
-  const ScopedVariable library("VELTRIX_LIBRARY", OZMO_SOURCE_DIR);
-  const TempDirectory directory;
-  sample::SampleOptions options;
-  options.directory = directory.path();
-  options.intervalSeconds = 900;
-  const sample::SampleResult written = sample::WriteSample(*sample::FindSampleKind(kind.name), options);
-  ASSERT_EQ(written.error, "");
-  Runtime runtime;
-  DataReader reader(ReaderKindOf(written.files.at(0)), runtime);
-  RunRequest request;
-  request.vmrUnixFile = written.files.at(0);
-  Seconds first = 0;
-  ASSERT_EQ(reader.EntryPass(written.files[0], request.hostName, first), 1);
-  request.beginTime = AtHour(0);
-  request.endTime = AtHour(23);
-  WorkloadClassList classes;
-  const auto catalog = BuildCatalog(reader, request, classes, runtime);
-
-  std::set<std::string> titles;  // -item finds the first of a title
-  VisitGraphs(catalog->itemTree, [&](const GraphRecord& record) {
-    if (!titles.insert(record.title).second) return;
-    const auto startsTitle = [&](std::string_view start) { return record.title.starts_with(start); };
+  Write(0, 24, 900);
+  const auto catalog = Build(WantedTitles::All());
+  const auto graphs = Graphs(*catalog);
+  for (const auto& [title, record] : graphs) {
+    const auto startsTitle = [&](std::string_view start) { return record->title.starts_with(start); };
     // Stacked, so that the first set holds the sum of all.
-    const bool shows = record.data.nsets() > 0 && std::ranges::max(record.data.y[0]) > 0;
-    EXPECT_NE(shows, std::ranges::any_of(kind.empty, startsTitle)) << record.title;
-  });
-  EXPECT_GT(titles.size(), 50U);
+    const bool shows = record->data.nsets() > 0 && std::ranges::max(record->data.y[0]) > 0;
+    EXPECT_NE(shows, std::ranges::any_of(GetParam().empty, startsTitle)) << title;
+  }
+  EXPECT_GT(graphs.size(), 50U);
+}
+
+// What nobody needs for a graph is neither read nor kept, and that changes nothing in it.
+TEST_P(ItemsTest, EachIsTheSameAloneAndAmongAll) {
+  Write(11, 2, 900);
+  const auto catalog = Build(WantedTitles::All());
+  for (const auto& [title, amongAll] : Graphs(*catalog)) {
+    const auto one = Build(WantedTitles({title}));
+    const auto graphs = Graphs(*one);
+    ASSERT_EQ(graphs.count(title), 1U) << title;
+    const GraphRecord& alone = *graphs.at(title);
+    EXPECT_EQ(alone.data.y, amongAll->data.y) << title;
+    EXPECT_EQ(alone.data.npoints, amongAll->data.npoints) << title;
+    EXPECT_EQ(alone.traceLabels, amongAll->traceLabels) << title;
+    EXPECT_EQ(alone.traceColours, amongAll->traceColours) << title;
+    EXPECT_EQ(alone.yMax, amongAll->yMax) << title;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ItemsTest, ::testing::ValuesIn(KINDS),
