@@ -1,5 +1,4 @@
-// Data files of one kind, OZMO_FUZZ_KIND: a day of one or two files, the whole way from the command line to
-// the CSV file.
+// Data files of one kind: a day of one or two files, the whole way from the command line to the CSV file.
 //
 // Beyond that nothing breaks the target holds that a catalog for one graph alone has the same series as the
 // catalog of all graphs.
@@ -12,6 +11,7 @@
 #include "catalog/builder.h"
 #include "cli/entry.h"
 #include "fuzz/day_input.h"
+#include "fuzz/day_kind.h"
 #include "fuzz/harness.h"
 #include "fuzz/records.h"
 #include "output/selection.h"
@@ -40,7 +40,7 @@ constexpr DayKind DAY_KINDS[] = {
 
 const DayKind& Kind() {
   return *std::find_if(std::begin(DAY_KINDS), std::end(DAY_KINDS),
-                       [](const DayKind& row) { return row.name == OZMO_FUZZ_KIND; });
+                       [](const DayKind& row) { return row.name == DAY_KIND; });
 }
 
 bool IsText() { return Kind().name == "vmr"; }
