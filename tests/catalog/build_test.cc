@@ -115,18 +115,5 @@ TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
   }
 }
 
-TEST(FinishSeries, WithoutDataEverySeriesIsZero) {
-  for (const PlatformSpec* platform : ALL_PLATFORMS) {
-    BuildFixture fixture(*platform);
-    fixture.Finish();
-    int graphs = 0;
-    VisitGraphs(fixture.catalog.itemTree, [&](const GraphRecord& record) {
-      for (const Series& series : record.data.y) EXPECT_THAT(series, Each(0.0F)) << record.title;
-      ++graphs;
-    });
-    EXPECT_GT(graphs, 10);
-  }
-}
-
 }  // namespace
 }  // namespace ozmo

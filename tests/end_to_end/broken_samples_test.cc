@@ -70,13 +70,13 @@ TEST_P(BrokenSamples, EndByThemselves) {
     const ProcessResult result = RunProcess(
         {TOOL, "-vmrunix", sample.files[0], "-begin", "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:09:00:00",
          "-item", "Top 10 Images by CPU Utilization", "-graph_file", "out.csv", "-type", "csv"},
-        {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+        {{"TZ", "UTC"},
+         {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR},
+         {"ASAN_OPTIONS", "exitcode=99"},
+         {"UBSAN_OPTIONS", "halt_on_error=1:exitcode=99"}},
+        directory.path(), directory.path());
     EXPECT_EQ(result.signal, 0) << "round " << round;
     EXPECT_TRUE(result.exitStatus == 0 || result.exitStatus == 1)
-        << "round " << round << result.standardError;
-    EXPECT_EQ(result.standardError.find("Sanitizer"), std::string::npos)
-        << "round " << round << result.standardError;
-    EXPECT_EQ(result.standardError.find("runtime error"), std::string::npos)
         << "round " << round << result.standardError;
   }
 }

@@ -1,5 +1,4 @@
 // Runs the built tool on the cases of tests/cases. Each case is one test, in a directory of its own.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -7,8 +6,6 @@
 #include <filesystem>
 
 #include "tests/end_to_end/case_runner.h"
-#include "tests/end_to_end/process.h"
-#include "tests/support/temp_directory.h"
 
 namespace ozmo {
 namespace {
@@ -33,14 +30,6 @@ TEST_P(EndToEnd, Case) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, EndToEnd, ::testing::ValuesIn(CaseNames()),
                          [](const auto& parameter) { return parameter.param; });
-
-TEST(Streams, KeepTheOrderOfTheirLinesWhereTheyAreOne) {
-  const testing::TempDirectory directory;
-  const ProcessResult result = RunProcess(
-      {"/bin/sh", "-c", OZMO_BINARY_DIR "/ozmo_graph -vmrunix none -item I -graph_file F -type csv 2>&1"},
-      {{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
-  EXPECT_THAT(result.standardOutput, ::testing::StartsWith("ozmo_graph V10.0-001\nVELTRIX-ERROR  "));
-}
 
 }  // namespace
 }  // namespace ozmo

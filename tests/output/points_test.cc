@@ -54,22 +54,5 @@ TEST(ArrayBounds, AreThoseOfThePointsButTheLastWhereTheyAreNotGiven) {
   }
 }
 
-TEST(PointReader, EachTraceStartsAtTheFirstXWithAPenUpAndTheNextLineMode) {
-  PlotSettings settings;
-  settings.firstX = 1000.0;
-  PointReader reader = PointReaderNew(settings);
-  PointArray array;
-  PointReadTrace(reader, std::vector{1.0F, 2.0F}, array);
-  PointReaderAlter(reader, settings, {});
-  PointReadTrace(reader, std::vector{3.0F, 4.0F}, array);
-
-  std::vector<std::vector<double>> seen;
-  for (const PlotPoint& point : array) {
-    seen.push_back({point.x, point.y, point.pendown ? 1.0 : 0.0, static_cast<double>(point.lineMode)});
-  }
-  using Rows = std::vector<std::vector<double>>;
-  EXPECT_EQ(seen, (Rows{{1000, 1, 0, 1}, {1060, 2, 1, 1}, {1000, 3, 0, 2}, {1060, 4, 1, 2}}));
-}
-
 }  // namespace
 }  // namespace ozmo

@@ -5,8 +5,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "tests/support/temp_directory.h"
 
@@ -32,47 +34,47 @@ class DraftFileTest : public ::testing::Test {
   std::string path_ = directory_ / "file";
 };
 
-TEST_F(DraftFileTest, WhateverEndsTheRunTakesTheDraftAway) {
-  const auto stop = [](int signal) { return [signal](DraftFile&) { raise(signal); }; };
-  for (int signal : {SIGHUP, SIGINT, SIGTERM, SIGXCPU, SIGXFSZ}) {
-    EXPECT_EXIT(WatchAnd(stop(signal)), KilledBySignal(signal), "");
-    EXPECT_FALSE(fs::exists(path_)) << signal;
-  }
-  EXPECT_EXIT(WatchAnd([](DraftFile&) { std::exit(3); }), ExitedWithCode(3), "");
-  EXPECT_FALSE(fs::exists(path_));
-  WatchAnd([](DraftFile&) {});
-  EXPECT_FALSE(fs::exists(path_));
-}
-
-TEST_F(DraftFileTest, WhatIsFinishedStays) {
-  WatchAnd([](DraftFile& draft) { draft.Finish(); });
-  EXPECT_TRUE(fs::exists(path_));
-}
-
-TEST_F(DraftFileTest, OnceItIsKeptOnExitOnlyASignalTakesItAway) {
-  const auto keepAnd = [](void (*end)()) {
-    return [end](DraftFile& draft) {
-      draft.KeepOnExit();
-      end();
-    };
+TEST_F(DraftFileTest, WhateverEndsTheRunTakesADraftAwayThatIsNotFinishedOrKept) {
+  struct Case {
+    std::function<void(DraftFile&)> first;
+    int signal;  // 0: exit with 3
+    bool stays;
   };
-  EXPECT_EXIT(WatchAnd(keepAnd([] { std::exit(3); })), ExitedWithCode(3), "");
-  EXPECT_TRUE(fs::exists(path_));
-  EXPECT_EXIT(WatchAnd(keepAnd([] { raise(SIGTERM); })), KilledBySignal(SIGTERM), "");
-  EXPECT_FALSE(fs::exists(path_));
+  const auto nothing = [](DraftFile&) {};
+  const auto keep = [](DraftFile& draft) { draft.KeepOnExit(); };
+  const auto finish = [](DraftFile& draft) { draft.Finish(); };
+  for (const Case& row : {Case{nothing, SIGHUP, false},
+                          {nothing, SIGINT, false},
+                          {nothing, SIGTERM, false},
+                          {nothing, 0, false},
+                          {keep, 0, true},
+                          {keep, SIGTERM, false},
+                          {finish, 0, true},
+                          {finish, SIGTERM, true}}) {
+    const auto end = [&](DraftFile& draft) {
+      row.first(draft);
+      if (row.signal == 0) std::exit(3);
+      raise(row.signal);
+    };
+    if (row.signal == 0) {
+      EXPECT_EXIT(WatchAnd(end), ExitedWithCode(3), "");
+    } else {
+      EXPECT_EXIT(WatchAnd(end), KilledBySignal(row.signal), "");
+    }
+    EXPECT_EQ(fs::exists(path_), row.stays) << row.signal;
+    fs::remove(path_);
+  }
+  WatchAnd(nothing);
+  EXPECT_FALSE(fs::exists(path_)) << "in a run that goes on";
 }
 
 TEST_F(DraftFileTest, AnIgnoredSignalStaysIgnored) {
-  EXPECT_EXIT(
-      {
-        std::signal(SIGHUP, SIG_IGN);
-        WatchAnd([](DraftFile& draft) {
-          raise(SIGHUP);
-          draft.Finish();
-          std::exit(4);
-        });
-      },
-      ExitedWithCode(4), "");
+  const auto end = [](DraftFile& draft) {
+    raise(SIGHUP);
+    draft.Finish();
+    std::exit(4);
+  };
+  EXPECT_EXIT((std::signal(SIGHUP, SIG_IGN), WatchAnd(end)), ExitedWithCode(4), "");
   EXPECT_TRUE(fs::exists(path_));
 }
 

@@ -1,5 +1,6 @@
-// The built tool started without standard streams, as a daemon may start it: the numbers of the closed
-// streams must not go to files, or a message would land in the picture.
+// The standard streams of the built tool: both of them one, or none, as a daemon may start it. The numbers of
+// the closed streams must not go to files then, or a message would land in the picture.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/end_to_end/process.h"
@@ -8,7 +9,7 @@
 namespace ozmo {
 namespace {
 
-TEST(ClosedStreams, NoMessageLandsInThePicture) {
+TEST(Streams, ClosedOnesLetNoMessageLandInThePicture) {
   const testing::TempDirectory directory;
   const auto run = [&](const std::string& file, const std::string& redirections) {
     const std::string command = OZMO_BINARY_DIR
@@ -21,6 +22,14 @@ TEST(ClosedStreams, NoMessageLandsInThePicture) {
   const std::string picture = run("open.gif", "");
   ASSERT_NE(picture, "");
   EXPECT_EQ(run("closed.gif", " <&- >&- 2>&-"), picture);
+}
+
+TEST(Streams, KeepTheOrderOfTheirLinesWhereTheyAreOne) {
+  const testing::TempDirectory directory;
+  const ProcessResult result = RunProcess(
+      {"/bin/sh", "-c", OZMO_BINARY_DIR "/ozmo_graph -vmrunix none -item I -graph_file F -type csv 2>&1"},
+      {{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+  EXPECT_THAT(result.standardOutput, ::testing::StartsWith("ozmo_graph V10.0-001\nVELTRIX-ERROR  "));
 }
 
 }  // namespace
