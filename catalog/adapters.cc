@@ -71,7 +71,7 @@ void AddToPoint(Series& series, int point, double value) {
 
 // One more set, which holds 0 at the interval's point. LAN graphs have one point less than others.
 void AddSet(const Minute& minute, GraphRecord& record) {
-  const int set = XrtSeriesAdd(minute.catalog, record);
+  const int set = AddSeries(minute.catalog, record);
   record.data.npoints = minute.catalog.pointCount;
   PointStore(record.data.y[static_cast<size_t>(set)], minute.point, 0.0F);
 }
@@ -127,13 +127,7 @@ std::array<GraphRecord*, ADAPTER_GRAPHS> MakeRow(const Minute& minute, size_t nu
 
 }  // namespace
 
-bool AdapterHasAnyName(std::string_view) { return true; }
-
-bool AdapterIsNamed(std::string_view name) { return !name.empty(); }
-
-bool AdapterEndsInDigit(std::string_view name) {
-  return !name.empty() && name.back() >= '0' && name.back() <= '9';
-}
+bool AdapterHasAnyName(std::string_view /*name*/) { return true; }
 
 // The adapter's pair of sets in the summary graphs, made if there is none; false when all pairs are taken. A
 // label that begins with the name counts as the adapter's, so en1 shares the pair of en10.

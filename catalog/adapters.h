@@ -14,10 +14,8 @@ namespace ozmo {
 inline constexpr size_t MAX_ADAPTERS = 15;
 inline constexpr size_t ADAPTER_GRAPHS = 3;
 
-// Adapter filters of platforms: whether the adapter of this name has graphs.
+// The rule of platforms on which every adapter has graphs, whatever its name.
 bool AdapterHasAnyName(std::string_view name);
-bool AdapterIsNamed(std::string_view name);
-bool AdapterEndsInDigit(std::string_view name);
 
 // The adapters seen so far.
 class AdapterPass {

@@ -1,6 +1,8 @@
-// How a platform's disk records become graphs: which names are disks, and which graphs a disk gets.
+// How a platform's disk records become graphs: which names are disks, and which graphs a disk gets. Each
+// platform's description says which of these it has.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -42,19 +44,15 @@ struct DiskGraph {
 
 struct DiskSpec {
   // The disk that a record's name tells; absent for a name that is no disk.
-  struct Name {
-    bool isDisk;
-    std::string_view name;
-  };
-  Name (*name)(std::string_view recordName) = nullptr;
+  std::optional<std::string_view> (*name)(std::string_view recordName) = nullptr;
   std::span<const DiskGraph> graphs = {};  // rows of a disk, in order
   bool timesMeasured = false;              // service and response time are in the record
 };
 
-// Name rules.
-DiskSpec::Name DiskNameAsIs(std::string_view recordName);
-DiskSpec::Name DiskNameWithoutDirectory(std::string_view recordName);  // a leading "/dev/dsk/" is cut off
-DiskSpec::Name DiskNameLinux(std::string_view recordName);             // no partitions
+// Name rules that more than one platform has.
+std::optional<std::string_view> DiskNameAsIs(std::string_view recordName);
+// A leading "/dev/dsk/" is cut off.
+std::optional<std::string_view> DiskNameWithoutDirectory(std::string_view recordName);
 
 namespace disk_graphs {
 
@@ -101,12 +99,5 @@ inline constexpr DiskGraph SUMMED[] = {
     Operations(SUMMED_OPERATION_TRACES), Data(SUMMED_DATA_TRACES), QUEUE, UTILIZATION, WAIT, RESPONSE};
 
 }  // namespace disk_graphs
-
-inline constexpr DiskSpec SOLARIS_DISKS = {DiskNameWithoutDirectory, disk_graphs::PLAIN};
-inline constexpr DiskSpec LINUX_DISKS = {DiskNameLinux, disk_graphs::PLAIN};
-inline constexpr DiskSpec AIX_DISKS = {DiskNameAsIs, disk_graphs::WITH_SPACE};
-inline constexpr DiskSpec HPUX_DISKS = {DiskNameWithoutDirectory, disk_graphs::SUMMED};
-inline constexpr DiskSpec TRU64_DISKS = {DiskNameAsIs, disk_graphs::WITH_SPACE};
-inline constexpr DiskSpec VMR_DISKS = {DiskNameAsIs, disk_graphs::PLAIN, true};
 
 }  // namespace ozmo

@@ -71,7 +71,7 @@ GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::strin
     record.traceLabels.emplace_back(NameText(trace.labelFormat, name));
     record.traceColours.emplace_back(trace.colour);
   }
-  XrtSeriesCreate(catalog, record, static_cast<int>(graph.traces.size()));
+  CreateSeries(catalog, record, static_cast<int>(graph.traces.size()));
   return record;
 }
 
@@ -87,22 +87,12 @@ void StoreTotals(const Minute& minute, const DiskFigures& totals, const PagingOp
 
 }  // namespace
 
-DiskSpec::Name DiskNameAsIs(std::string_view recordName) { return {true, recordName}; }
+std::optional<std::string_view> DiskNameAsIs(std::string_view recordName) { return recordName; }
 
-DiskSpec::Name DiskNameWithoutDirectory(std::string_view recordName) {
+std::optional<std::string_view> DiskNameWithoutDirectory(std::string_view recordName) {
   constexpr std::string_view DIRECTORY = "/dev/dsk/";
   if (recordName.starts_with(DIRECTORY)) recordName.remove_prefix(DIRECTORY.size());
-  return {true, recordName};
-}
-
-DiskSpec::Name DiskNameLinux(std::string_view recordName) {
-  const std::string_view name = TrimText(recordName, " ");
-  if (name.starts_with("cciss") && name.find('p') != std::string_view::npos) return {false, name};
-  const bool numbered = !name.empty() && name.back() >= '0' && name.back() <= '9';
-  for (const std::string_view kind : {"sd", "hd", "fd"}) {
-    if (numbered && name.starts_with(kind)) return {false, name};
-  }
-  return {true, name};
+  return recordName;
 }
 
 DiskFigures DiskFiguresOf(const DiskRecord& disk, bool timesMeasured) {
@@ -153,11 +143,11 @@ void DiskPass::Run(const Minute& minute, const VmrContext& interval, const Pagin
   DiskFigures totals;
   for (const DiskRecord& disk : interval.disks.primary) {
     if (disk.deviceName.empty()) continue;
-    const DiskSpec::Name name = spec_.name(disk.deviceName);
-    if (!name.isDisk) continue;
+    const std::optional<std::string_view> name = spec_.name(disk.deviceName);
+    if (!name) continue;
     const DiskFigures figures = DiskFiguresOf(disk, spec_.timesMeasured);
     for (const auto figure : SUMMED_FIGURES) totals.*figure += figures.*figure;
-    if (detail_.IsWanted()) Store(minute, TrimText(name.name, " "), figures);
+    if (detail_.IsWanted()) Store(minute, TrimText(*name, " "), figures);
   }
   StoreTotals(minute, totals, paging);
 }

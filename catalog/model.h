@@ -27,7 +27,7 @@ inline constexpr float MISSING_POINT = -1.0F;
 using Series = std::vector<float>;
 
 // The y arrays of a graph, index = set number. Every array has at least `npoints` values.
-struct XrtData {
+struct TraceSeries {
   int npoints = 0;
   std::vector<Series> y;
   int nsets() const { return static_cast<int>(y.size()); }
@@ -42,7 +42,7 @@ struct GraphRecord {
   // By set number; shorter than the set count where the rest has none.
   std::vector<std::optional<std::string>> traceLabels;
   std::vector<std::optional<std::string>> traceColours;
-  XrtData data;
+  TraceSeries data;
   bool isNeeded = true;  // for the graphs that the catalog is built for; else it gets no series
 
   void SetLabel(int set, std::string label);
@@ -94,7 +94,7 @@ struct GraphCatalog {
   std::deque<GraphRecord> runtimeRecords;           // of disks, adapters, processors: addresses are stable
   std::vector<GraphMenuEntry> itemTree;
   // The rows whose sub-tables fill at run time, by RowKind; null where the platform has no such row.
-  std::array<GraphMenuEntry*, 5> runtimeRows{};
+  std::array<GraphMenuEntry*, ROW_KIND_COUNT> runtimeRows{};
   Series overlayScratch;  // selection puts the overlay trace here
   WantedTitles titles = WantedTitles::All();
   SeriesBudget budget;
@@ -128,22 +128,23 @@ inline float PointAt(const Series& series, int point) {
 inline void PointStore(Series& series, int point, float value) {
   if (PointInside(series, point)) series[static_cast<size_t>(point)] = value;
 }
-// Adds to the point, which counts as 0 while it is missing.
-inline void PointFeed(Series& series, int point, float value) {
-  if (!PointInside(series, point)) return;
-  float& sum = series[static_cast<size_t>(point)];
+// Adds to a sum, which counts as 0 while it is missing.
+inline void FeedSum(float& sum, float value) {
   if (sum == MISSING_POINT) sum = 0.0F;
   sum += value;
 }
+inline void PointFeed(Series& series, int point, float value) {
+  if (PointInside(series, point)) FeedSum(series[static_cast<size_t>(point)], value);
+}
 
 // A series of `pointCount` + 1 values, all MISSING_POINT, counted in the budget.
-Series SeriesNew(GraphCatalog& catalog);
+Series NewSeries(GraphCatalog& catalog);
 
 // Gives the record `nsets` missing series of `pointCount` + 1 values.
-void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets);
+void CreateSeries(GraphCatalog& catalog, GraphRecord& record, int nsets);
 
 // One more missing series; returns its set number.
-int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record);
+int AddSeries(GraphCatalog& catalog, GraphRecord& record);
 
 // For each graph row of the tree: fills holes of at most `maxGap` - 1 missing points by a straight line. The
 // last `maxGap` points can't act as right ends.

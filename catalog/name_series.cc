@@ -40,9 +40,7 @@ void NameSeries::Feed(SeriesPages& pages, int number, float value) {
     if ((*place)->page != page) place = std::lower_bound(pages_.begin(), pages_.end(), page, StandsAhead);
   }
   if (place == pages_.end() || (*place)->page != page) place = pages_.insert(place, &pages.Make(page));
-  float& sum = (*place)->values[static_cast<size_t>(number % VALUES)];
-  if (sum == MISSING_POINT) sum = 0.0F;
-  sum += value;
+  FeedSum((*place)->values[static_cast<size_t>(number % VALUES)], value);
 }
 
 float NameSeries::At(int number) const {

@@ -113,6 +113,7 @@ bool NeedsFinder::MayHold(RowKind kind, std::string_view key) const {
       return true;
     case RowKind::GRAPH:
     case RowKind::GROUP:
+    case RowKind::COUNT:
       break;
   }
   return false;

@@ -7,6 +7,7 @@
 
 #include "catalog/disk_spec.h"
 #include "catalog/minute.h"
+#include "catalog/points.h"
 #include "catalog/tables.h"
 #include "readers/vmr_context.h"
 
@@ -14,18 +15,6 @@ namespace ozmo {
 
 class ProcessorPass;
 class ProcessPass;
-
-// How many points a span has.
-enum class PointCountRule {
-  OF_DIFFERENCE,  // (end - start) / 60 + 2
-  OF_QUOTIENTS    // end / 60 - start / 60 + 2
-};
-
-// The point of a time stamp.
-enum class PointRule {
-  NEAREST_MINUTE,  // half a minute rounds up
-  TRUNCATED        // to the minute of the clock
-};
 
 // The length of the collection interval, as the builder knows it.
 struct CollectionInterval {
@@ -102,6 +91,7 @@ struct ProcessSpec {
 };
 
 struct PlatformSpec {
+  const char* system = nullptr;  // whose collector writes the files: "HP-UX"
   std::span<const RecordText> records = {};
   std::span<const RowText> tree = {};
 
@@ -145,6 +135,9 @@ struct PlatformSpec {
 };
 
 // The configuration of the walk; all members 0 where the file told none.
-const SystemConfig& ConfigOf(const VmrContext& interval);
+inline const SystemConfig& ConfigOf(const VmrContext& interval) {
+  static const SystemConfig NONE;
+  return interval.config ? *interval.config : NONE;
+}
 
 }  // namespace ozmo

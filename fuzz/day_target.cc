@@ -8,7 +8,7 @@
 #include <cstring>
 #include <memory>
 
-#include "catalog/builder.h"
+#include "catalog/build_catalog.h"
 #include "cli/entry.h"
 #include "fuzz/day_input.h"
 #include "fuzz/day_kind.h"
@@ -87,7 +87,7 @@ std::unique_ptr<GraphCatalog> CatalogOf(const DayInput& input, const WantedTitle
   const std::string path = PathOf(input, '1');
   DataReader reader(ReaderKindOf(path), runtime);
   RunRequest request;
-  request.vmrUnixFile = path;
+  request.dataFile = path;
   request.beginTime = TimeLocal(TimeOf(input.beginMinute));
   request.endTime = TimeLocal(TimeOf(input.endMinute));
   std::string node;

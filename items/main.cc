@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/builder.h"
+#include "catalog/build_catalog.h"
 #include "items/descriptions.h"
 #include "output/selection.h"
 #include "readers/data_reader.h"
@@ -85,11 +85,11 @@ std::unique_ptr<GraphCatalog> CatalogOf(const Platform& platform, const std::fil
 
   Runtime runtime;
   RunRequest request;
-  request.vmrUnixFile = written.files.front();
-  DataReader reader(ReaderKindOf(*request.vmrUnixFile), runtime);
+  request.dataFile = written.files.front();
+  DataReader reader(ReaderKindOf(*request.dataFile), runtime);
   std::string nodeName;
   Seconds first = 0;
-  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, first) != 1) Fail("can't read a sample file");
+  if (ReaderEntryPass(reader, *request.dataFile, nodeName, first) != 1) Fail("can't read a sample file");
   request.beginTime = TimeLocal(first);
   request.endTime = TimeLocal(first + 3600);
   WorkloadClassList classes;

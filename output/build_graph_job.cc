@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "catalog/builder.h"
+#include "catalog/build_catalog.h"
 #include "output/export_csv.h"
 #include "output/plot_driver.h"
 #include "output/selection.h"
@@ -15,7 +15,7 @@ namespace {
 constexpr double DEFAULT_WIDTH_INCHES = 11.0;
 constexpr double DEFAULT_HEIGHT_INCHES = 8.5;
 
-void Report(Runtime& runtime, const char* text) { MessageEmit(runtime, "UNDEFINED", {text}); }
+void Report(Runtime& runtime, const char* text) { MessageEmit(runtime, PLAIN_MESSAGE, {text}); }
 
 // A job always has both sizes: one that is missing drops the other.
 void SetSize(GraphJob& job, const RunRequest& request) {
@@ -29,9 +29,7 @@ GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int poin
   GraphJob job;
   job.inputs = runtime.inputs;
   job.graphType = request.graphType;
-  job.startTime = catalog.spanStart;
-  job.endTime = catalog.spanStart + Seconds{pointCount} * 60 - 60;
-  job.pointCount = pointCount;
+  job.SetSpan(catalog.spanStart, pointCount);
   SetSize(job, request);
   job.graphFile = request.graphFile.value_or("");
   job.hostName = request.hostName;
@@ -46,14 +44,14 @@ std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& cat
     return std::nullopt;
   }
   GraphJob job = JobFor(request, catalog, record->data.npoints, runtime);
-  job.mainOverlay = PrepareMainOverlay(*record);
+  job.mainLayer = PrepareMainLayer(*record);
   if (request.overlayName) {
     OverlaySelection selection = SelectOverlay(catalog, *record, *request.overlayName);
     if (!selection.overlay) {
       Report(runtime, selection.failure);
       return std::nullopt;
     }
-    job.additionalOverlay = std::move(selection.overlay);
+    job.overlay = std::move(selection.overlay);
   }
   return job;
 }
@@ -83,7 +81,7 @@ void WriteGraph(const GraphJob& job, Runtime& runtime) {
 
 void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime) {
   // There is nothing behind -mw: it is accepted, and nothing is built or reported.
-  if ((request.requestFlags & REQUEST_MW) != 0) return;
+  if ((request.dataFlags & REQUEST_MW) != 0) return;
   if (reader == nullptr) {
     Report(runtime, "Data not found.");
     return;

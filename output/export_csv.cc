@@ -10,8 +10,6 @@
 namespace ozmo {
 namespace {
 
-constexpr Seconds POINT_SECONDS = 60;
-
 std::string PeriodEnd(Seconds time) { return TimeFormat(time, "%a %b %d %H:%M %Z %Y"); }
 
 void WriteHead(std::FILE* stream, const GraphJob& job) {
@@ -20,20 +18,19 @@ void WriteHead(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "Time Period: From %s To %s\n", PeriodEnd(job.startTime).c_str(),
                PeriodEnd(job.endTime).c_str());
   std::fprintf(stream, "Host Name: %s,\n", job.hostName.c_str());
-  std::fprintf(stream, "Main Overlay: %s\n", job.mainOverlay.title.c_str());
-  std::fprintf(stream, "Additional Overlay: %s\n",
-               job.additionalOverlay ? job.additionalOverlay->title.c_str() : "(null)");
+  std::fprintf(stream, "Main Overlay: %s\n", job.mainLayer.title.c_str());
+  std::fprintf(stream, "Additional Overlay: %s\n", job.overlay ? job.overlay->title.c_str() : "(null)");
 }
 
 // A column always has a head: "(null)" stands for a trace without a label.
-void WriteColumnHead(std::FILE* stream, const OverlayTrace& trace) {
+void WriteColumnHead(std::FILE* stream, const LayerTrace& trace) {
   std::fprintf(stream, ",  %s", trace.label ? trace.label->c_str() : "(null)");
 }
 
 void WriteColumnHeads(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "Time");
-  for (const OverlayTrace& trace : job.mainOverlay.traces) WriteColumnHead(stream, trace);
-  if (job.additionalOverlay) WriteColumnHead(stream, job.additionalOverlay->traces.front());
+  for (const LayerTrace& trace : job.mainLayer.traces) WriteColumnHead(stream, trace);
+  if (job.overlay) WriteColumnHead(stream, job.overlay->traces.front());
   std::fprintf(stream, "\n");
 }
 
@@ -41,14 +38,13 @@ void WriteValue(std::FILE* stream, float value) {
   std::fprintf(stream, ",  %6.2f", static_cast<double>(value));
 }
 
-void WritePoint(std::FILE* stream, const GraphJob& job, size_t point) {
-  std::fprintf(
-      stream, "%s",
-      TimeFormat(job.startTime + static_cast<Seconds>(point) * POINT_SECONDS, "%m/%d/%Y %H:%M:%S").c_str());
-  for (size_t set = 0; set < job.mainOverlay.traces.size(); ++set) {
-    WriteValue(stream, OwnValue(job.mainOverlay, set, point));
+void WritePoint(std::FILE* stream, const GraphJob& job, int number) {
+  const auto point = static_cast<size_t>(number);
+  std::fprintf(stream, "%s", TimeFormat(job.TimeOfPoint(number), "%m/%d/%Y %H:%M:%S").c_str());
+  for (size_t set = 0; set < job.mainLayer.traces.size(); ++set) {
+    WriteValue(stream, OwnValue(job.mainLayer, set, point));
   }
-  if (job.additionalOverlay) WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
+  if (job.overlay) WriteValue(stream, job.overlay->traces.front().series[point]);
   std::fprintf(stream, "\n");
 }
 
@@ -57,21 +53,19 @@ void WritePoint(std::FILE* stream, const GraphJob& job, size_t point) {
 void WriteCsv(std::FILE* stream, const GraphJob& job) {
   WriteHead(stream, job);
   WriteColumnHeads(stream, job);
-  for (int point = 0; point < job.pointCount; ++point) {
-    WritePoint(stream, job, static_cast<size_t>(point));
-  }
+  for (int point = 0; point < job.pointCount; ++point) WritePoint(stream, job, point);
 }
 
-int ExportCsv(const GraphJob& job, Runtime& runtime) {
+bool ExportCsv(const GraphJob& job, Runtime& runtime) {
   DraftFile draft;
   const Stream stream = OutputFileOpen(job, draft);
   if (!stream) {
-    MessageEmit(runtime, "UNDEFINED", {"Could not open graph file."});
-    return 0;
+    MessageEmit(runtime, PLAIN_MESSAGE, {"Could not open graph file."});
+    return false;
   }
   WriteCsv(stream.get(), job);
   draft.Finish();
-  return 1;
+  return true;
 }
 
 }  // namespace ozmo

@@ -17,7 +17,7 @@
 namespace ozmo {
 
 // One trace of a layer.
-struct OverlayTrace {
+struct LayerTrace {
   // Absent for a set that was counted on and never seen: a table heads its column "(null)", a plot's key
   // shows the box without a text.
   std::optional<std::string> label;
@@ -26,13 +26,13 @@ struct OverlayTrace {
   std::span<const float> series;  // GraphJob::pointCount points, which belong to the catalog
 };
 
-// One plotted layer: the graph of -item, or the single trace of -overlay.
-struct Overlay {
+// What is drawn to one pair of axes: the graph of -item, or the single trace of -overlay.
+struct Layer {
   std::string title;
   std::string yTitle;
   double yMin = 0.0;
   double yMax = 0.0;  // top of the y axis
-  std::vector<OverlayTrace> traces;
+  std::vector<LayerTrace> traces;
 };
 
 // A y axis goes somewhat higher than its values.
@@ -43,17 +43,17 @@ inline double AxisTopOf(float peak) { return peak > 0.0F ? AXIS_HEADROOM * stati
 
 // The own value of a stacked trace: its sum less the next trace's. The difference is one of floats: it may
 // show the rounding of the sums, as "-0.00" does.
-inline float OwnValue(const Overlay& overlay, size_t set, size_t point) {
-  const float sum = overlay.traces[set].series[point];
-  return set + 1 == overlay.traces.size() ? sum : sum - overlay.traces[set + 1].series[point];
+inline float OwnValue(const Layer& layer, size_t set, size_t point) {
+  const float sum = layer.traces[set].series[point];
+  return set + 1 == layer.traces.size() ? sum : sum - layer.traces[set + 1].series[point];
 }
 
 struct GraphJob {
-  Overlay mainOverlay;
-  std::optional<Overlay> additionalOverlay;
+  Layer mainLayer;
+  std::optional<Layer> overlay;  // of one trace
   GraphType graphType = GraphType::CSV;
   Seconds startTime = 0;  // of point 0
-  Seconds endTime = 0;    // startTime + (pointCount - 1) * 60: points are one minute apart
+  Seconds endTime = 0;    // of the last point: points are one minute apart
   SizeUnit sizeUnit = SizeUnit::INCHES;
   int pointCount = 0;
   double width = 0.0;
@@ -61,6 +61,14 @@ struct GraphJob {
   std::string graphFile;
   std::vector<FileIdentity> inputs;  // files that the run reads and must not write
   std::string hostName;
+
+  // Points from `start` on, which set both ends of the span.
+  void SetSpan(Seconds start, int points) {
+    startTime = start;
+    pointCount = points;
+    endTime = TimeOfPoint(points) - SECONDS_PER_MINUTE;
+  }
+  Seconds TimeOfPoint(int point) const { return startTime + point * SECONDS_PER_MINUTE; }
 };
 
 }  // namespace ozmo

@@ -31,7 +31,7 @@ struct PlotPass {
 
 // The top of the y axis. One that no axis can have, from an infinite value in the data, is worked out again
 // from the values that are drawn.
-double TopOf(const Overlay& layer) {
+double TopOf(const Layer& layer) {
   if (std::isfinite(layer.yMax)) return layer.yMax;
   float peak = 0.0F;
   for (float value : layer.traces.front().series) {
@@ -41,7 +41,7 @@ double TopOf(const Overlay& layer) {
 }
 
 // What is known ahead of the points: where time ends, and how high the values go.
-PlotLimits LimitsOf(const GraphJob& job, const Overlay& layer) {
+PlotLimits LimitsOf(const GraphJob& job, const Layer& layer) {
   PlotLimits limits;
   limits.x.max = static_cast<double>(job.endTime);
   limits.x.maxGiven = true;
@@ -51,27 +51,24 @@ PlotLimits LimitsOf(const GraphJob& job, const Overlay& layer) {
   return limits;
 }
 
-PointArray PointsOf(const Overlay& layer, const PlotSettings& settings, int pointCount) {
+PointArray PointsOf(const GraphJob& job, const Layer& layer) {
   PointArray points;
-  points.reserve(layer.traces.size() * static_cast<size_t>(std::max(pointCount, 0)));
-  PointReader reader = PointReaderNew(settings);
-  for (const OverlayTrace& trace : layer.traces) {
-    if (!points.empty()) PointReaderAlter(reader, settings, {});
-    PointReadTrace(reader, trace.series, points);
+  points.reserve(layer.traces.size() * static_cast<size_t>(std::max(job.pointCount, 0)));
+  int number = 0;
+  for (const LayerTrace& trace : layer.traces) {
+    AddTrace(points, number++, static_cast<double>(job.startTime), trace.series);
   }
   return points;
 }
 
-PlotPass PassOf(const GraphJob& job, const Overlay& layer, PlotSettings settings) {
-  PointArray points = PointsOf(layer, settings, job.pointCount);
-  return {std::move(settings), LimitsOf(job, layer), std::move(points)};
+PlotPass PassOf(const GraphJob& job, const Layer& layer, PlotSettings settings) {
+  return {std::move(settings), LimitsOf(job, layer), PointsOf(job, layer)};
 }
 
 // Traces are filled areas, in the colours of the table by their number.
 PlotSettings MainSettings(const GraphJob& job) {
-  const Overlay& layer = job.mainOverlay;
+  const Layer& layer = job.mainLayer;
   PlotSettings settings;
-  settings.firstX = static_cast<double>(job.startTime);
   settings.title = layer.title;
   settings.yTitle = layer.yTitle;
   for (size_t row = 0; row < std::min(layer.traces.size(), settings.colours.size()); ++row) {
@@ -80,14 +77,12 @@ PlotSettings MainSettings(const GraphJob& job) {
   return settings;
 }
 
-// A line over the areas of the main layer, which must not be wiped out, with an axis of its own at the right.
+// A line over the areas of the main layer, with an axis of its own at the right.
 PlotSettings OverlaySettings(const GraphJob& job) {
   PlotSettings settings = MainSettings(job);
-  settings.blankOutFraction = 0.0;
-  settings.switchXAxisEnd = !settings.switchXAxisEnd;
-  settings.fillFraction = -1.0;
-  settings.yTitle = job.additionalOverlay->yTitle;
-  settings.symbol = 0;
+  settings.yAxisAtRight = true;
+  settings.isFilled = false;
+  settings.yTitle = job.overlay->yTitle;
   settings.colours[0] = OVERLAY_COLOUR;
   return settings;
 }
@@ -118,46 +113,45 @@ void DrawPass(Grapher& grapher, const GraphJob& job, const PlotPass& pass, bool 
 }
 
 // Opens the page and draws the graph of the job with the whole key. Under an overlay the x axis is left to
-// what the points say: the time axis belongs to the layer on top. Returns 0, or 1 when there is no page to
-// draw on.
-int DrawMainLayer(Grapher& grapher, PlotDevice& device, const GraphJob& job) {
-  PlotPass pass = PassOf(job, job.mainOverlay, MainSettings(job));
+// what the points say: the time axis belongs to the layer on top. False when there is no page to draw on.
+bool DrawMainLayer(Grapher& grapher, PlotDevice& device, const GraphJob& job) {
+  PlotPass pass = PassOf(job, job.mainLayer, MainSettings(job));
   ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
-  if (!job.additionalOverlay) SetTimeAxis(job, pass.limits.x);
+  if (!job.overlay) SetTimeAxis(job, pass.limits.x);
   GrapherSetParameters(grapher, pass.settings, pass.limits);
-  if (GrapherOpen(device, job, pass.settings) < 0) {
+  if (!GrapherOpen(device, job)) {
     GrapherError("couldn't open plot device");
-    return 1;
+    return false;
   }
   DrawPass(grapher, job, pass, true);
-  return 0;
+  return true;
 }
 
 void DrawOverlayLayer(Grapher& grapher, const GraphJob& job) {
-  PlotPass pass = PassOf(job, *job.additionalOverlay, OverlaySettings(job));
+  PlotPass pass = PassOf(job, *job.overlay, OverlaySettings(job));
   ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
   SetTimeAxis(job, pass.limits.x);
   GrapherSetParameters(grapher, pass.settings, pass.limits);
   DrawPass(grapher, job, pass, false);
 }
 
-int FinishPlot(PlotDevice& device, const GraphJob& job) {
-  if (GrapherClose(device) < 0) {
+bool FinishPlot(PlotDevice& device, const GraphJob& job) {
+  if (!GrapherClose(device)) {
     GrapherError("could not close plot device");
-    return 1;
+    return false;
   }
   if (job.graphType == GraphType::JPEG) JpegFinish(*device.map, job);
-  return 0;
+  return true;
 }
 
 }  // namespace
 
-int PlotGraphJob(const GraphJob& job) {
+bool PlotGraphJob(const GraphJob& job) {
   GrapherSetBitmapSize(BitmapSizeOf(job));
   Grapher grapher;
   PlotDevice device;
-  if (DrawMainLayer(grapher, device, job) != 0) return 1;
-  if (job.additionalOverlay) DrawOverlayLayer(grapher, job);
+  if (!DrawMainLayer(grapher, device, job)) return false;
+  if (job.overlay) DrawOverlayLayer(grapher, job);
   return FinishPlot(device, job);
 }
 

@@ -1,5 +1,7 @@
 #include "output/portable_map.h"
 
+#include "runtime/text.h"
+
 namespace ozmo {
 namespace {
 
@@ -14,8 +16,6 @@ struct MapForm {
 };
 
 constexpr MapForm MAP_FORMS[] = {{'2', 1, false}, {'3', 3, false}, {'5', 1, true}, {'6', 3, true}};
-
-bool IsDigit(int character) { return character >= '0' && character <= '9'; }
 
 bool IsBlank(int character) {
   return character == ' ' || character == '\t' || character == '\r' || character == '\n';

@@ -75,9 +75,9 @@ Stream TempMap::Open(const char* mode) const {
   return file < 0 ? nullptr : StreamOf(file, mode);
 }
 
-int TempMap::Delete() {
+bool TempMap::Delete() {
   draft_.Finish();
-  return unlink(TEMP_MAP_NAME);
+  return unlink(TEMP_MAP_NAME) == 0;
 }
 
 }  // namespace ozmo

@@ -4,8 +4,6 @@
 #include <csignal>
 #include <ctime>
 
-#include "runtime/times.h"
-
 namespace ozmo::record {
 namespace {
 
@@ -71,12 +69,6 @@ bool SleepUntil(int64_t steady) {
     if (sigtimedwait(&signals, nullptr, &time) > 0) return false;
     if (Read(CLOCK_MONOTONIC) >= steady) return true;
   }
-}
-
-int32_t StandardOffset(int64_t time) {
-  constexpr int32_t DAYLIGHT_PART = 3600;
-  const std::tm local = TimeLocal(time);
-  return static_cast<int32_t>(local.tm_gmtoff) - (local.tm_isdst > 0 ? DAYLIGHT_PART : 0);
 }
 
 }  // namespace ozmo::record

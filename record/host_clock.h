@@ -37,7 +37,4 @@ void HoldStopSignals();
 // Sleeps until that steady time; false when a signal has stopped the recorder.
 [[nodiscard]] bool SleepUntil(int64_t steady);
 
-// Offset of the host's standard time from UTC, in seconds, positive to the east.
-int32_t StandardOffset(int64_t time);
-
 }  // namespace ozmo::record

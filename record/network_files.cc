@@ -16,17 +16,13 @@ namespace {
 constexpr std::string_view PROTOCOL_NAMES[] = {
     "Ip: Forwarding DefaultTTL InReceives InHdrErrors InAddrErrors ForwDatagrams InUnknownProtos InDiscards "
     "InDelivers OutRequests OutDiscards OutNoRoutes ReasmTimeout ReasmReqds ReasmOKs ReasmFails FragOKs "
-    "FragFails "
-    "FragCreates",
+    "FragFails FragCreates",
     "Icmp: InMsgs InErrors InDestUnreachs InTimeExcds InParmProbs InSrcQuenchs InRedirects InEchos "
-    "InEchoReps "
-    "InTimestamps InTimestampReps InAddrMasks InAddrMaskReps OutMsgs OutErrors OutDestUnreachs OutTimeExcds "
-    "OutParmProbs OutSrcQuenchs OutRedirects OutEchos OutEchoReps OutTimestamps OutTimestampReps "
-    "OutAddrMasks "
-    "OutAddrMaskReps",
+    "InEchoReps InTimestamps InTimestampReps InAddrMasks InAddrMaskReps OutMsgs OutErrors OutDestUnreachs "
+    "OutTimeExcds OutParmProbs OutSrcQuenchs OutRedirects OutEchos OutEchoReps OutTimestamps "
+    "OutTimestampReps OutAddrMasks OutAddrMaskReps",
     "Tcp: RtoAlgorithm RtoMin RtoMax MaxConn ActiveOpens PassiveOpens AttemptFails EstabResets CurrEstab "
-    "InSegs "
-    "OutSegs RetransSegs",
+    "InSegs OutSegs RetransSegs",
     "Udp: InDatagrams NoPorts InErrors OutDatagrams",
 };
 

@@ -3,10 +3,11 @@
 #include <getopt.h>
 
 #include <charconv>
-#include <ctime>
+#include <optional>
 #include <string_view>
 
 #include "record/host_clock.h"
+#include "runtime/times.h"
 
 namespace ozmo::record {
 namespace {
@@ -23,9 +24,6 @@ constexpr option LONG_OPTIONS[] = {{"interval", required_argument, nullptr, INTE
                                    {"version", no_argument, nullptr, VERSION},
                                    {nullptr, 0, nullptr, 0}};
 
-constexpr const char* TIME_FORMS[] = {"%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M", "%Y-%m-%d %H:%M:%S",
-                                      "%Y-%m-%d %H:%M", "%d-%b-%Y:%H:%M:%S"};
-
 template <class Number>
 std::string TakeNumber(const char* option, Number largest, Number& number) {
   const std::string_view text = optarg;
@@ -36,18 +34,13 @@ std::string TakeNumber(const char* option, Number largest, Number& number) {
 }
 
 std::string TakeUntil(int64_t& until) {
-  for (const char* form : TIME_FORMS) {
-    std::tm time{};
-    const char* end = strptime(optarg, form, &time);
-    if (end == nullptr || *end != '\0') continue;
-    const int day = time.tm_mday;
-    time.tm_isdst = -1;
-    until = std::mktime(&time);
-    if (time.tm_mday != day) break;  // a thirtieth of February
-    return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
+  const std::optional<Seconds> time = TimeOf(optarg);
+  if (!time) {
+    return std::string("--until takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"") +
+           optarg + "\"";
   }
-  return std::string("--until takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"") +
-         optarg + "\"";
+  until = *time;
+  return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
 }
 
 std::string TakeOption(int number, const std::string& word, ParsedOptions& parsed) {

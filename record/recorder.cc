@@ -152,7 +152,7 @@ std::string Recorder::EndFile(int64_t closingStamp) {
 Configuration Recorder::ConfigurationOf(const HostFigures& figures, int64_t stamp, int64_t seconds) const {
   Configuration configuration;
   configuration.node = options_.node;
-  configuration.utcOffset = StandardOffset(stamp);
+  configuration.utcOffset = static_cast<int32_t>(StandardOffset(stamp));
   configuration.daylightTime = TimeLocal(stamp).tm_isdst > 0;
   configuration.intervalSeconds = static_cast<int32_t>(seconds);
   configuration.memoryKilobytes = figures.memory.total;

@@ -4,9 +4,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 
 #include "runtime/times.h"
@@ -79,14 +77,6 @@ void RecordingFile::Remove() {
 
 std::string RecordingFile::Failure() const { return path_ + ": " + std::strerror(errno); }
 
-std::string FileDate(int64_t time) {
-  static constexpr std::array MONTHS = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                        "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  const std::tm local = TimeLocal(time);
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%04d%s%02d", local.tm_year + 1900,
-                MONTHS.at(static_cast<size_t>(local.tm_mon)), local.tm_mday);
-  return text.data();
-}
+std::string FileDate(int64_t time) { return TimeFormat(time, "%Y%b%d"); }
 
 }  // namespace ozmo::record

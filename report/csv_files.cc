@@ -6,6 +6,7 @@
 #include <set>
 
 #include "output/export_csv.h"
+#include "output/output_file.h"
 #include "output/selection.h"
 #include "runtime/stream.h"
 #include "runtime/text.h"
@@ -16,7 +17,7 @@ namespace {
 constexpr size_t LONGEST_NAME = 120;
 constexpr std::string_view EXTENSION = ".csv";
 
-bool IsPlain(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
+bool IsPlain(char c) { return (c >= 'a' && c <= 'z') || IsDigit(c); }
 
 std::string PlainName(const std::string& heading) {
   std::string name;
@@ -35,10 +36,8 @@ std::string PlainName(const std::string& heading) {
 
 GraphJob JobOf(const Item& item, const DataDay& day) {
   GraphJob job;
-  job.mainOverlay = PrepareMainOverlay(*item.record);
-  job.pointCount = item.record->data.npoints;
-  job.startTime = day.begin;
-  job.endTime = day.begin + (Seconds{job.pointCount} - 1) * 60;
+  job.mainLayer = PrepareMainLayer(*item.record);
+  job.SetSpan(day.begin, item.record->data.npoints);
   job.hostName = day.node;
   return job;
 }
@@ -48,8 +47,7 @@ std::string WriteFile(const std::string& path, const GraphJob& job) {
   Stream stream(std::fopen(path.c_str(), "w"));
   if (stream) {
     WriteCsv(stream.get(), job);
-    const bool written = std::fflush(stream.get()) == 0 && std::ferror(stream.get()) == 0;
-    if (written) return "";
+    if (StreamIsSound(stream.get())) return "";
   }
   return path + ": " + std::strerror(errno);
 }

@@ -5,7 +5,8 @@
 #include <cerrno>
 #include <cstring>
 
-#include "catalog/builder.h"
+#include "catalog/build_catalog.h"
+#include "catalog/platforms.h"
 #include "readers/data_reader.h"
 #include "runtime/times.h"
 #include "workload/workload.h"
@@ -13,33 +14,9 @@
 namespace ozmo::report {
 namespace {
 
-struct KindRow {
-  ReaderKind kind;
-  const char* system;
-};
-constexpr KindRow KINDS[] = {{ReaderKind::SOLARIS, "Solaris"}, {ReaderKind::HPUX, "HP-UX"},
-                             {ReaderKind::AIX, "AIX"},         {ReaderKind::LINUX, "Linux"},
-                             {ReaderKind::VMR, "Monitor"},     {ReaderKind::TRU64, "Tru64"}};
-
-const KindRow& RowOf(ReaderKind kind) {
-  for (const KindRow& row : KINDS) {
-    if (row.kind == kind) return row;
-  }
-  return KINDS[0];
-}
-
 // The readers find the files of a day set by their directory, which a bare name doesn't tell.
 std::string WithDirectory(const std::string& path) {
   return path.find('/') == std::string::npos ? "./" + path : path;
-}
-
-Seconds ClockOfDay(Seconds day, int hour, int minute, int second) {
-  std::tm time = TimeLocal(day);
-  time.tm_hour = hour;
-  time.tm_min = minute;
-  time.tm_sec = second;
-  time.tm_isdst = -1;
-  return std::mktime(&time);
 }
 
 std::string SpanText(const DataDay& day) {
@@ -53,16 +30,16 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
   }
   DataDay day;
-  day.kind = ReaderKindOf(request.dataFile);
-  const KindRow& row = RowOf(day.kind);
+  const ReaderKind kind = ReaderKindOf(request.dataFile);
+  day.system = PlatformOf(kind).system;
 
   RunRequest run;
-  run.vmrUnixFile = WithDirectory(request.dataFile);
-  DataReader reader(day.kind, runtime);
+  run.dataFile = WithDirectory(request.dataFile);
+  DataReader reader(kind, runtime);
   Seconds firstRecord = 0;
-  if (ReaderEntryPass(reader, *run.vmrUnixFile, day.node, firstRecord) != 1) {
+  if (ReaderEntryPass(reader, *run.dataFile, day.node, firstRecord) != 1) {
     return {std::nullopt,
-            request.dataFile + ": not a " + row.system + " data file (the name tells the kind)"};
+            request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
   }
   day.begin = request.begin.value_or(ClockOfDay(firstRecord, 0, 0, 0));
   day.end = request.end.value_or(ClockOfDay(day.begin, 23, 59, 59));
@@ -84,7 +61,5 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   }
   return {std::move(day), ""};
 }
-
-const char* SystemName(ReaderKind kind) { return RowOf(kind).system; }
 
 }  // namespace ozmo::report

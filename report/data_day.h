@@ -6,7 +6,6 @@
 #include <string>
 
 #include "catalog/model.h"
-#include "readers/file_kind.h"
 #include "runtime/runtime.h"
 
 namespace ozmo::report {
@@ -20,7 +19,7 @@ struct DayRequest {
 
 // A data file over a span, every graph worked out.
 struct DataDay {
-  ReaderKind kind = ReaderKind::TRU64;
+  std::string system;  // whose collector wrote the file: "HP-UX"
   std::string node;
   Seconds begin = 0;
   Seconds end = 0;
@@ -35,8 +34,5 @@ struct DayResult {
 // Reads the file, and the others of its day set that the span covers, in one walk. A day has an interval at
 // least.
 DayResult ReadDay(const DayRequest& request, Runtime& runtime);
-
-// The system whose collector writes files of a kind.
-const char* SystemName(ReaderKind kind);
 
 }  // namespace ozmo::report

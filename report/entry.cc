@@ -1,7 +1,6 @@
 #include "report/entry.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,7 +13,8 @@
 #include "report/page.h"
 #include "report/text.h"
 #include "runtime/memory.h"
-#include "runtime/stream.h"
+#include "runtime/messages.h"
+#include "runtime/whole_file.h"
 
 namespace ozmo::report {
 namespace {
@@ -22,9 +22,6 @@ namespace {
 constexpr int DONE_STATUS = 0;
 constexpr int FAILED_STATUS = 1;
 constexpr int USAGE_STATUS = 2;
-
-// Says what is being read, and nothing of the data.
-constexpr const char* PROGRESS_CODE = "UNDEFINED";
 
 void Complain(const std::string& text) { std::fprintf(stderr, "ozmo_report: %s\n", LineText(text).c_str()); }
 
@@ -85,7 +82,8 @@ struct ReadResult {
 ReadResult Read(const Options& options, Runtime& runtime) {
   ReadResult read;
   runtime.messageSink = [&](const ReadyMessage& message) {
-    if (!message.isProblem || message.code == PROGRESS_CODE) return;
+    // A plain message says what is being read, and nothing of the data.
+    if (!message.isProblem || message.code == PLAIN_MESSAGE) return;
     // At once: behind the message of a failed allocation the process ends.
     Complain(message.text);
     read.problems.push_back(message.text);
@@ -109,40 +107,19 @@ void PrintList(const std::vector<Section>& sections) {
   });
 }
 
-bool IsSameFile(const std::string& first, const std::string& second) {
-  struct stat a {};
-  struct stat b {};
-  return stat(first.c_str(), &a) == 0 && stat(second.c_str(), &b) == 0 && a.st_dev == b.st_dev &&
-         a.st_ino == b.st_ino;
-}
-
-// Answers what went wrong. A file that could not be written whole doesn't stay, but a device does.
-std::string WriteText(const std::string& path, const std::string& text) {
-  Stream stream(std::fopen(path.c_str(), "w"));
-  if (!stream) return path + ": " + std::strerror(errno);
-  const bool written =
-      std::fwrite(text.data(), 1, text.size(), stream.get()) == text.size() && std::fflush(stream.get()) == 0;
-  if (written) return "";
-  std::string failure = path + ": " + std::strerror(errno);
-  struct stat status {};
-  if (lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)) std::remove(path.c_str());
-  return failure;
-}
-
-std::string WritePage(const Options& options, const PageData& data, const Runtime& runtime) {
+std::string WritePage(const Options& options, const PageData& data) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
-  if (IsSameFile(path, options.dataFile)) return path + ": is the data file";
-  const std::string page = PageOf(data, "ozmo_report " + runtime.identity.versionText);
-  std::string failure = WriteText(path, page);
-  if (failure.empty()) {
-    std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
-  }
-  return failure;
+  const std::optional<FileIdentity> dataFile = IdentityOf(options.dataFile);
+  if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
+  const std::string page = PageOf(data, std::string("ozmo_report ") + VERSION_TEXT);
+  if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
+  std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
+  return "";
 }
 
 // Writes what was asked for; answers what went wrong.
 std::string Write(const Options& options, const DataDay& day, const std::vector<Section>& sections,
-                  const std::vector<std::string>& problems, const Runtime& runtime) {
+                  const std::vector<std::string>& problems) {
   if (options.list) PrintList(sections);
   if (!options.csvDirectory.empty()) {
     const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
@@ -153,7 +130,7 @@ std::string Write(const Options& options, const DataDay& day, const std::vector<
   PageData data = PageDataOf(day, sections);
   data.file = BaseName(options.dataFile);
   data.problems = problems;
-  return WritePage(options, data, runtime);
+  return WritePage(options, data);
 }
 
 // Answers whether all went well.
@@ -169,7 +146,7 @@ bool Report(const Options& options, Runtime& runtime) {
     Complain("no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
     return false;
   }
-  const std::string failure = Write(options, day, sections, read.problems, runtime);
+  const std::string failure = Write(options, day, sections, read.problems);
   if (!failure.empty()) Complain(failure);
   return failure.empty() && read.problems.empty();
 }
@@ -189,7 +166,7 @@ int ReportEntry(int argc, char* const argv[]) {
       std::fputs(HelpText().c_str(), stdout);
       return DONE_STATUS;
     case Action::VERSION:
-      std::printf("ozmo_report %s\n", runtime.identity.versionText.c_str());
+      std::printf("ozmo_report %s\n", VERSION_TEXT);
       return DONE_STATUS;
     case Action::REPORT:
       break;

@@ -2,7 +2,6 @@
 
 #include <getopt.h>
 
-#include <array>
 #include <ctime>
 
 namespace ozmo::report {
@@ -19,25 +18,6 @@ constexpr option LONG_OPTIONS[] = {
     {"list", no_argument, nullptr, LIST},         {"csv", required_argument, nullptr, CSV},
     {"output", required_argument, nullptr, 'o'},  {"help", no_argument, nullptr, HELP},
     {"version", no_argument, nullptr, VERSION},   {nullptr, 0, nullptr, 0}};
-
-// A form of a time. Fields that it hasn't are those of the edge of the day.
-struct TimeForm {
-  const char* format;
-  bool hasClock;
-};
-constexpr TimeForm TIME_FORMS[] = {{"%Y-%m-%dT%H:%M:%S", true}, {"%Y-%m-%dT%H:%M", true},
-                                   {"%Y-%m-%d %H:%M:%S", true}, {"%Y-%m-%d %H:%M", true},
-                                   {"%d-%b-%Y:%H:%M:%S", true}, {"%Y-%m-%d", false}};
-
-// The time as a calendar has it, in local time; absent for a thirtieth of February.
-std::optional<Seconds> CalendarTime(std::tm time) {
-  const std::tm asked = time;
-  time.tm_isdst = -1;
-  const Seconds seconds = std::mktime(&time);
-  const bool kept =
-      time.tm_mday == asked.tm_mday && time.tm_mon == asked.tm_mon && time.tm_year == asked.tm_year;
-  return kept ? std::optional(seconds) : std::nullopt;
-}
 
 std::string TakeTime(std::optional<Seconds>& time, const char* option, const char* text, DayEdge edge) {
   time = TimeOf(text, edge);
@@ -115,17 +95,14 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
 }
 
 std::optional<Seconds> TimeOf(const std::string& text, DayEdge edge) {
-  for (const TimeForm& form : TIME_FORMS) {
-    std::tm time{};
-    if (edge == DayEdge::END && !form.hasClock) {
-      time.tm_hour = 23;
-      time.tm_min = 59;
-      time.tm_sec = 59;
-    }
-    const char* end = strptime(text.c_str(), form.format, &time);
-    if (end != nullptr && *end == '\0') return CalendarTime(time);
+  if (const std::optional<Seconds> time = ozmo::TimeOf(text)) return time;
+  std::tm clock{};
+  if (edge == DayEdge::END) {
+    clock.tm_hour = 23;
+    clock.tm_min = 59;
+    clock.tm_sec = 59;
   }
-  return std::nullopt;
+  return ozmo::TimeOf(text, "%Y-%m-%d", clock);
 }
 
 std::string HelpText() {

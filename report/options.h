@@ -36,9 +36,8 @@ ParsedOptions ParseOptions(int argc, char* const argv[]);
 // What a time without a clock means.
 enum class DayEdge { BEGIN, END };
 
-// Local time of a text: 2012-02-22T08:00, with seconds or without, a blank in place of the T; 2012-02-22,
-// which is the first or the last second of the day; or 22-Feb-2012:08:00:00. Absent for any other text and
-// for a day that isn't in the calendar.
+// Local time of a text: as TimeOf in runtime/times.h, or 2012-02-22, which is the first or the last second of
+// the day. Absent for any other text and for a day that isn't in the calendar.
 std::optional<Seconds> TimeOf(const std::string& text, DayEdge edge);
 
 // The text of --help.

@@ -9,10 +9,8 @@
 namespace ozmo::report {
 namespace {
 
-constexpr Seconds POINT_SECONDS = 60;
-
 std::string PointTime(const PageData& data, int point, const char* format) {
-  return TimeFormat(data.start + point * POINT_SECONDS, format);
+  return TimeFormat(data.start + point * SECONDS_PER_MINUTE, format);
 }
 
 // "Wednesday, 22 February 2012, 00:01 to 23:59 UTC", or both days of a longer span.
@@ -36,18 +34,12 @@ std::string Count(int count, const char* thing) {
   return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
 }
 
-std::string Figure(double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%.2f", value);
-  return text;
-}
-
 void AppendTableRows(std::string& html, const PageGraph& graph) {
   html += "<tbody><tr><th scope=\"rowgroup\" colspan=\"3\">" + HtmlText(graph.heading) + " <small>" +
           HtmlText(graph.unit) + "</small></th></tr>\n";
   for (const PageTrace& trace : graph.traces) {
-    html += "<tr><td>" + HtmlText(trace.label) + "</td><td>" + Figure(trace.figures.mean) + "</td><td>" +
-            Figure(trace.figures.peak) + "</td></tr>\n";
+    html += "<tr><td>" + HtmlText(trace.label) + "</td><td>" + FigureText(trace.figures.mean) + "</td><td>" +
+            FigureText(trace.figures.peak) + "</td></tr>\n";
   }
   html += "</tbody>\n";
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "output/number_text.h"
 #include "output/selection.h"
 #include "report/colours.h"
 #include "report/text.h"
@@ -10,27 +11,25 @@
 namespace ozmo::report {
 namespace {
 
-constexpr int POINT_SECONDS = 60;
-
-std::vector<int64_t> OwnHundredths(const Overlay& overlay, size_t set, int pointCount) {
+std::vector<int64_t> OwnHundredths(const Layer& layer, size_t set, int pointCount) {
   std::vector<float> own(static_cast<size_t>(pointCount));
-  for (size_t point = 0; point < own.size(); ++point) own[point] = OwnValue(overlay, set, point);
+  for (size_t point = 0; point < own.size(); ++point) own[point] = OwnValue(layer, set, point);
   return HundredthsOf(own);
 }
 
-std::string ColourText(const OverlayTrace& trace, size_t set) {
+std::string ColourText(const LayerTrace& trace, size_t set) {
   return trace.colour ? ColourOf(*trace.colour) : ColourOfSet(static_cast<int>(set));
 }
 
 PageGraph GraphOf(const Item& item, const PageData& data) {
-  const Overlay overlay = PrepareMainOverlay(*item.record);
+  const Layer layer = PrepareMainLayer(*item.record);
   PageGraph graph;
   graph.heading = item.heading;
-  graph.unit = overlay.yTitle;
-  graph.top = item.record->yMax > 0.0F ? overlay.yMax : 0.0;
-  for (size_t set = 0; set < overlay.traces.size(); ++set) {
-    const OverlayTrace& trace = overlay.traces[set];
-    const std::vector<int64_t> hundredths = OwnHundredths(overlay, set, item.record->data.npoints);
+  graph.unit = layer.yTitle;
+  graph.top = item.record->yMax > 0.0F ? layer.yMax : 0.0;
+  for (size_t set = 0; set < layer.traces.size(); ++set) {
+    const LayerTrace& trace = layer.traces[set];
+    const std::vector<int64_t> hundredths = OwnHundredths(layer, set, item.record->data.npoints);
     const int last = std::min(data.lastPoint, static_cast<int>(hundredths.size()) - 1);
     graph.traces.push_back(
         {trace.label.value_or(""), ColourText(trace, set), FiguresOf(hundredths, data.firstPoint, last), ""});
@@ -40,10 +39,10 @@ PageGraph GraphOf(const Item& item, const PageData& data) {
 
 // Gives the graph its points; false when they take more than `room`, which is less by them otherwise.
 bool GivePoints(PageGraph& graph, const Item& item, size_t& room) {
-  const Overlay overlay = PrepareMainOverlay(*item.record);
+  const Layer layer = PrepareMainLayer(*item.record);
   size_t taken = 0;
   for (size_t set = 0; set < graph.traces.size() && taken <= room; ++set) {
-    graph.traces[set].points = EncodeSeries(OwnHundredths(overlay, set, item.record->data.npoints));
+    graph.traces[set].points = EncodeSeries(OwnHundredths(layer, set, item.record->data.npoints));
     taken += graph.traces[set].points.size();
   }
   graph.hasChart = taken <= room;
@@ -83,16 +82,10 @@ void GiveAllPoints(PageData& data, const std::vector<Section>& sections, size_t 
   }
 }
 
-std::string Number(double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%.2f", value);
-  return text;
-}
-
 // Where the offset from UTC changes: pairs of a point and the offset from there on.
 std::string OffsetsText(const PageData& data) {
   const auto offsetOf = [&](int point) {
-    return TimeLocal(data.start + Seconds{point} * POINT_SECONDS).tm_gmtoff;
+    return TimeLocal(data.start + point * SECONDS_PER_MINUTE).tm_gmtoff;
   };
   long offset = offsetOf(0);
   std::string text = "[[0," + std::to_string(offset) + ']';
@@ -110,13 +103,13 @@ std::string OffsetsText(const PageData& data) {
 
 void AppendTrace(std::string& json, const PageTrace& trace) {
   json += "{\"label\":" + JsonText(trace.label) + ",\"colour\":\"" + trace.colour +
-          "\",\"mean\":" + Number(trace.figures.mean) + ",\"peak\":" + Number(trace.figures.peak) +
+          "\",\"mean\":" + FigureText(trace.figures.mean) + ",\"peak\":" + FigureText(trace.figures.peak) +
           ",\"at\":" + std::to_string(trace.figures.peakPoint) + ",\"points\":\"" + trace.points + "\"}";
 }
 
 void AppendGraph(std::string& json, const PageGraph& graph) {
   json += "{\"title\":" + JsonText(graph.heading) + ",\"unit\":" + JsonText(graph.unit) +
-          ",\"top\":" + Number(graph.top) + ",\"chart\":" + (graph.hasChart ? "true" : "false") +
+          ",\"top\":" + FigureText(graph.top) + ",\"chart\":" + (graph.hasChart ? "true" : "false") +
           ",\"traces\":[";
   for (size_t i = 0; i < graph.traces.size(); ++i) {
     if (i > 0) json += ',';
@@ -141,7 +134,7 @@ PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, si
   PageData data;
   const GraphCatalog& catalog = *day.catalog;
   data.node = day.node;
-  data.system = SystemName(day.kind);
+  data.system = day.system;
   data.start = day.begin;
   data.pointCount = catalog.pointCount;
   data.firstPoint = std::clamp(catalog.extent.firstPoint, 0, data.pointCount - 1);
@@ -157,6 +150,8 @@ PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, si
   GiveAllPoints(data, sections, room);
   return data;
 }
+
+std::string FigureText(double value) { return NumberText(value, 2); }
 
 std::string JsonOf(const PageData& data) {
   std::string json =

@@ -55,6 +55,9 @@ struct PageData {
 // (by the mean of their first graph), until `room` is used up.
 PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, size_t room = LARGEST_CHARTS);
 
+// A figure as a page shows it, with the two decimals of a CSV file.
+std::string FigureText(double value);
+
 // The data as JSON, fit to stand in a script element.
 std::string JsonOf(const PageData& data);
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "runtime/text.h"
+
 namespace ozmo {
 namespace {
 
@@ -98,7 +100,7 @@ class FormatScanner {
       return arguments_.NextSize();
     }
     int size = 0;
-    while (!rest_.empty() && rest_.front() >= '0' && rest_.front() <= '9') {
+    while (!rest_.empty() && IsDigit(rest_.front())) {
       size = std::min(size * 10 + (rest_.front() - '0'), WIDEST_FIELD);
       rest_.remove_prefix(1);
     }

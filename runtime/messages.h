@@ -16,10 +16,12 @@ struct Runtime;
 // What a message's format may ask for: a text for %s, an integer for %d.
 using MessageArgument = std::variant<std::string, long long>;
 
+// The code of a message that says what its one argument says.
+inline constexpr const char* PLAIN_MESSAGE = "UNDEFINED";
+
 // Looks `code` up, fills `arguments` into its text and prints the line on the stream of its severity, or
-// hands it to the runtime's sink. Returns 1 when the code was found and printed, 0 otherwise (the failure
-// itself is then printed).
-int MessageEmit(Runtime& runtime, const std::string& code,
-                std::initializer_list<MessageArgument> arguments = {});
+// hands it to the runtime's sink. False when the code was not found: that is then printed.
+bool MessageEmit(Runtime& runtime, const std::string& code,
+                 std::initializer_list<MessageArgument> arguments = {});
 
 }  // namespace ozmo

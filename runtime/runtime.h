@@ -1,9 +1,10 @@
-// The services of one run: who we are, where our library directory lies.
+// The services of one run: where its library directory lies, which files it reads, who takes its messages.
 //
 // A Runtime is made once at the top of a run and passed by reference to whoever prints messages.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,9 +28,8 @@ using MessageSink = std::function<void(const ReadyMessage&)>;
 using ProgressSink = std::function<void(Seconds)>;
 
 struct Runtime {
-  ProductIdentity identity = ProductIdentityInit();
-  LibraryDirectoryCache library;
-  std::vector<FileIdentity> inputs;  // the data files, which no output may overwrite
+  std::optional<std::string> libraryDirectory;  // as the environment first named it
+  std::vector<FileIdentity> inputs;             // the data files, which no output may overwrite
   MessageSink messageSink;    // takes the messages; empty: problems go to standard error, other messages to
                               // standard output
   ProgressSink progressSink;  // may be empty

@@ -9,6 +9,9 @@ namespace ozmo {
 inline char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 inline char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
+inline bool IsDigit(int c) { return c >= '0' && c <= '9'; }
+inline bool EndsInDigit(std::string_view text) { return !text.empty() && IsDigit(text.back()); }
+
 inline std::string LowerText(std::string_view text) {
   std::string result(text);
   for (char& c : result) c = LowerLetter(c);

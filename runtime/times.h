@@ -1,4 +1,4 @@
-// Broken-down times and the date-stamped names of collector files. All times are the C library's tm and
+// Times, their texts and broken-down forms. All times are the C library's tm and
 // time_t in local time; month and day names are those of the C locale. The zone is looked up at each
 // conversion, so a change of TZ acts at once.
 //
@@ -13,20 +13,21 @@
 
 namespace ozmo {
 
-using Seconds = int64_t;  // since 1970
+using Seconds = int64_t;  // since 1970, or of a span
 
-// strptime formats by number: the form of -begin and -end is DAY_MONTH_YEAR_TIME, 22-Feb-2012:14:30:00.
-enum class TimeFormatNumber {
-  UNIX_DATE = 0,
-  DAY_MONTH_YEAR_TIME = 1,
-  MONTH_DAY_TIME_YEAR = 2,
-  DAY_MONTH_YEAR_MINUTE = 3,
-  CTIME = 5
-};
+inline constexpr Seconds SECONDS_PER_MINUTE = 60;
+inline constexpr Seconds SECONDS_PER_DAY = 86400;
 
-// Fills the fields of `time` that `text` gives; a text that doesn't fit leaves the others as they were.
-// Returns 1 if it ran, 0 for an empty text or an unknown format.
-int TimeParse(std::tm& time, const std::string& text, TimeFormatNumber format);
+// Fills the fields of `time` that `text` gives, in the form of -begin and -end, 22-Feb-2012:14:30:00; a text
+// that doesn't fit leaves the others as they were.
+void TimeParse(std::tm& time, const std::string& text);
+
+// A time as the other programs take it: 2012-02-22T14:30, with seconds or without, a blank in place of the T,
+// or 22-Feb-2012:14:30:00. Absent for any other text, and for a day that isn't in the calendar.
+std::optional<Seconds> TimeOf(const std::string& text);
+
+// The same of a text in one form of strptime; what the form doesn't tell is as in `time`.
+std::optional<Seconds> TimeOf(const std::string& text, const char* form, std::tm time);
 
 // mktime of the record; 0 for an absent one.
 Seconds TimeToSeconds(const std::optional<std::tm>& time);
@@ -37,19 +38,8 @@ std::tm TimeLocal(Seconds seconds);
 // strftime in local time.
 std::string TimeFormat(Seconds seconds, const char* format);
 
-// -1, 0 or 1 as `first` is before, at or after `second`.
-int TimeCompare(const std::tm& first, const std::tm& second);
-
-// Seconds of `first` less seconds of `second`, in 32 bits.
-int32_t TimeDifference(const std::tm& first, const std::tm& second);
-
-// The stamp of a file name, such as 2012Feb22_1430, in local time.
-std::string TimeStamp(Seconds seconds);
-
-// "<current directory>/<prefix>_<stamp><extension>"; without a prefix its "_" goes too. Absent for an absent
-// time.
-std::optional<std::string> TimeStampFileName(const std::string& prefix, const std::string& extension,
-                                             const std::optional<std::tm>& time);
+// The time of a clock time on the day of `day`, in local time.
+Seconds ClockOfDay(Seconds day, int hour, int minute, int second);
 
 // One text by `format` for each day from the date of `from` to the date of `to`, in steps of 86400 seconds;
 // a daylight-saving change isn't allowed for. Ends after DAY_LIST_LIMIT days.
@@ -63,12 +53,12 @@ inline constexpr int DAY_LIST_LIMIT = 400'000;
 std::vector<std::string> DayFileNames(const std::string& stem, const std::string& extension, Seconds from,
                                       Seconds to);
 
-// The day names of the series that the file `path` belongs to. Absent if `path` isn't such a name.
-std::optional<std::vector<std::string>> DayFileNamesFor(const std::string& path, Seconds from, Seconds to);
+// The offset of local standard time from UTC, the daylight part of `time` taken out; positive to the east.
+Seconds StandardOffset(Seconds time);
 
 // The collector's wall clock carried over to the reader's zone, so that hours read the same on both
-// machines: `time` less the difference between the reader's own offset from UTC, its daylight part taken
-// out, and the collector's `utcOffset`.
+// machines: `time` less the difference between the reader's own standard offset from UTC and the collector's
+// `utcOffset`.
 Seconds FormatLocalTime(Seconds time, Seconds utcOffset);
 
 }  // namespace ozmo

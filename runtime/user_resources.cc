@@ -87,10 +87,10 @@ int32_t ParseBoolean(const std::string& text) {
   return ParseNumber(lowered);
 }
 
-void SetDefaults(UserSettings& settings, const ProductIdentity& identity) {
+void SetDefaults(UserSettings& settings) {
   settings = UserSettings{};
   settings.clickInterval = 250;
-  settings.studyName = identity.productName;
+  settings.studyName = PRODUCT_NAME;
   settings.automaticClassCreation = 1;
   settings.divideTransient = 1;
   settings.delayCenter = 1;
@@ -168,7 +168,7 @@ void UserResourceEnvironment(UserResources& resources, Runtime& runtime) {
 }
 
 void UserResourceDefaults(UserResources& resources, Runtime& runtime) {
-  SetDefaults(resources.settings, runtime.identity);
+  SetDefaults(resources.settings);
   resources.initialised = true;
   UserResourceEnvironment(resources, runtime);
 }
@@ -184,13 +184,13 @@ Stream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std
     file = TextFileOpen(path + name);
     if (file) return file;
   }
-  return TextFileOpen(LibraryDirectory(runtime, "veltrix") + name);
+  return TextFileOpen(LibraryDirectory(runtime) + name);
 }
 
-int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name) {
+bool UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name) {
   if (!resources.initialised) UserResourceDefaults(resources, runtime);
   const Stream file = UserResourceFileOpen(runtime, name, name);
-  if (!file) return 0;
+  if (!file) return false;
 
   std::string text;
   while (TextFileReadLine(file.get(), LONGEST_LINE, text)) {
@@ -201,7 +201,7 @@ int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::str
   }
   UserResourceEnvironment(resources, runtime);
   resources.settings.dtrFilePtr.reset();
-  return 1;
+  return true;
 }
 
 }  // namespace ozmo

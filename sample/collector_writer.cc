@@ -1,8 +1,8 @@
 #include "sample/collector_writer.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
+
+#include "runtime/whole_file.h"
 
 namespace ozmo::sample {
 namespace {
@@ -103,19 +103,6 @@ void CollectorWriter::PutField(const EncodedField& field) {
       bytes_ += field.text;
       break;
   }
-}
-
-bool WriteWholeFile(const std::string& path, std::string_view bytes) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) return false;
-  const bool isWritten =
-      std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() && std::fflush(file) == 0;
-  const int reason = errno;
-  if (std::fclose(file) == 0 && isWritten) return true;
-  const int closeReason = errno;
-  std::remove(path.c_str());
-  errno = isWritten ? closeReason : reason;
-  return false;
 }
 
 }  // namespace ozmo::sample

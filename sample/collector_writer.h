@@ -67,7 +67,7 @@ class CollectorWriter {
   CollectorWriter& CutTail(size_t byteCount);
 
   const std::string& Bytes() const { return bytes_; }
-  // As WriteWholeFile.
+  // As WriteWholeFile in runtime/whole_file.h.
   bool WriteFile(const std::string& path) const;
 
  private:
@@ -77,9 +77,5 @@ class CollectorWriter {
   ByteOrder order_;
   std::string bytes_;
 };
-
-// Writes `bytes` to the file at `path`. False when that can't be done whole: errno tells why, and a part is
-// removed.
-bool WriteWholeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace ozmo::sample

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "sample/collector_writer.h"
+#include "runtime/whole_file.h"
 
 namespace ozmo::sample {
 namespace {

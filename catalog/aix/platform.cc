@@ -104,6 +104,7 @@ static_assert(EachGraphHasOneRecord(aix_texts::RECORDS));
 static_assert(RowsLeadToRecords(aix_texts::TREE, aix_texts::RECORDS));
 
 constinit const PlatformSpec AIX_PLATFORM = {
+    .system = "AIX",
     .records = aix_texts::RECORDS,
     .tree = aix_texts::TREE,
     .pointCountRule = PointCountRule::OF_DIFFERENCE,
@@ -118,7 +119,7 @@ constinit const PlatformSpec AIX_PLATFORM = {
     .partition = AddPartition,
     .processorSpec = {.namePrefix = "cpu", .countsNice = false},
     .processSpec = {.share = ShareOf, .passedOver = "wait"},
-    .diskSpec = AIX_DISKS,
+    .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,
     .topLists = {.images = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL, .isRescaled = true},

@@ -14,7 +14,6 @@ namespace ozmo {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::NICE, CpuMode::USER, CpuMode::SYSTEM};
-constexpr Seconds TWO_DAYS = 172800;
 
 PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   if (!interval.memory.primary) return StoreNoMemory(minute);
@@ -44,10 +43,11 @@ static_assert(EachGraphHasOneRecord(hpux_texts::RECORDS));
 static_assert(RowsLeadToRecords(hpux_texts::TREE, hpux_texts::RECORDS));
 
 constinit const PlatformSpec HPUX_PLATFORM = {
+    .system = "HP-UX",
     .records = hpux_texts::RECORDS,
     .tree = hpux_texts::TREE,
     .gapExtra = 1,
-    .detailLimit = TWO_DAYS,
+    .detailLimit = 2 * SECONDS_PER_DAY,
     .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
@@ -55,7 +55,7 @@ constinit const PlatformSpec HPUX_PLATFORM = {
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES},
     .processSpec = {.share = ShareOf},
-    .diskSpec = HPUX_DISKS,
+    .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::SUMMED},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL, .isRescaled = true},

@@ -1,6 +1,5 @@
 // Linux: memory in kilobytes, page faults from the processes, and a "<NoProc>" for what no process takes.
 
-#include "catalog/adapters.h"
 #include "catalog/disks.h"
 #include "catalog/file_systems.h"
 #include "catalog/linux/network.h"
@@ -9,12 +8,25 @@
 #include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "catalog/processors.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::WAIT, CpuMode::NICE, CpuMode::USER, CpuMode::SYSTEM};
 constexpr double KB_PER_MB = 1024.0;
+
+// No partitions, "sda1" or "cciss/c0d0p1", and no floppies.
+std::optional<std::string_view> DiskName(std::string_view recordName) {
+  const std::string_view name = TrimText(recordName, " ");
+  if (name.starts_with("cciss") && name.find('p') != std::string_view::npos) return std::nullopt;
+  for (const std::string_view kind : {"sd", "hd", "fd"}) {
+    if (EndsInDigit(name) && name.starts_with(kind)) return std::nullopt;
+  }
+  return name;
+}
+
+bool IsNamedAdapter(std::string_view name) { return !name.empty(); }
 
 PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   const double memMb = MemorySizeOf(interval).memMb;
@@ -72,6 +84,7 @@ static_assert(EachGraphHasOneRecord(linux_texts::RECORDS));
 static_assert(RowsLeadToRecords(linux_texts::TREE, linux_texts::RECORDS));
 
 constinit const PlatformSpec LINUX_PLATFORM = {
+    .system = "Linux",
     .records = linux_texts::RECORDS,
     .tree = linux_texts::TREE,
     .dropsBeyondEnd = true,
@@ -84,9 +97,9 @@ constinit const PlatformSpec LINUX_PLATFORM = {
     .protocols = AddLinuxProtocols,
     .processorSpec = {.modes = MODES, .stopsAtConfigured = true},
     .processSpec = {.share = ShareOf, .restIsNamed = true, .sumStartsMissing = true},
-    .diskSpec = LINUX_DISKS,
+    .diskSpec = {.name = DiskName, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
-    .hasAdapterGraphs = AdapterIsNamed,
+    .hasAdapterGraphs = IsNamedAdapter,
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
                  .users = {.labelFormat = "%d. %s", .others = OthersRule::TOTAL, .isRescaled = true},
                  .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},

@@ -1,6 +1,5 @@
 // Solaris: mode means over the processors, free pages, eight kinds of page faults.
 
-#include "catalog/adapters.h"
 #include "catalog/disks.h"
 #include "catalog/file_systems.h"
 #include "catalog/memory.h"
@@ -9,6 +8,7 @@
 #include "catalog/processors.h"
 #include "catalog/solaris/network.h"
 #include "catalog/solaris/texts.h"
+#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
@@ -46,6 +46,7 @@ static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
 static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
 
 constinit const PlatformSpec SOLARIS_PLATFORM = {
+    .system = "Solaris",
     .records = solaris_texts::RECORDS,
     .tree = solaris_texts::TREE,
     .gapExtra = 1,
@@ -56,9 +57,9 @@ constinit const PlatformSpec SOLARIS_PLATFORM = {
     .protocols = AddSolarisProtocols,
     .processorSpec = {.modes = MODES},
     .processSpec = {.share = ShareOf, .sumStartsMissing = true},
-    .diskSpec = SOLARIS_DISKS,
+    .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
-    .hasAdapterGraphs = AdapterEndsInDigit,
+    .hasAdapterGraphs = EndsInDigit,  // "hme0"; not "lo" and the like
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
                  .users = {.labelFormat = "%d. %s", .others = OthersRule::TOTAL, .isRescaled = true},
                  .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},

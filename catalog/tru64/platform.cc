@@ -46,6 +46,7 @@ static_assert(EachGraphHasOneRecord(tru64_texts::RECORDS));
 static_assert(RowsLeadToRecords(tru64_texts::TREE, tru64_texts::RECORDS));
 
 constinit const PlatformSpec TRU64_PLATFORM = {
+    .system = "Tru64",
     .records = tru64_texts::RECORDS,
     .tree = tru64_texts::TREE,
     .usesInterval = HasProcessors,
@@ -55,7 +56,7 @@ constinit const PlatformSpec TRU64_PLATFORM = {
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES, .setsFromConfiguration = true},
     .processSpec = {.share = ShareOf, .restIsNamed = true},
-    .diskSpec = TRU64_DISKS,
+    .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL, .isRescaled = true},
                  .users = {.labelFormat = "%d. %s", .others = OthersRule::TOTAL, .isRescaled = true},

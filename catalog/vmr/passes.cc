@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "catalog/build.h"
+#include "catalog/points.h"
 
 namespace ozmo {
 namespace {
@@ -25,7 +25,7 @@ std::array<double, MODE_COUNT> ModesOf(const ProcessorRecord& processor) {
           processor.dpcTime, processor.interruptTime};
 }
 
-void StoreModes(XrtData& data, int point, const std::array<double, MODE_COUNT>& modes) {
+void StoreModes(TraceSeries& data, int point, const std::array<double, MODE_COUNT>& modes) {
   for (size_t set = 0; set < MODE_COUNT && set < data.y.size(); ++set) {
     PointStore(data.y[set], point, static_cast<float>(modes[set]));
   }
@@ -38,7 +38,7 @@ GraphRecord& NewModeRecord(GraphCatalog& catalog, GraphMenuEntry& group, const s
   record.yTitle = "%CPU Utilization";
   record.yMax = 100.0F;
   record.legendFormat = "%s %.1f%% ";
-  XrtSeriesCreate(catalog, record, MODE_COUNT);
+  CreateSeries(catalog, record, MODE_COUNT);
   for (size_t set = 0; set < MODE_COUNT; ++set) {
     record.SetLabel(static_cast<int>(set), MODE_TRACES[set].label);
     record.SetColour(static_cast<int>(set), MODE_TRACES[set].colour);

@@ -27,6 +27,7 @@ static_assert(EachGraphHasOneRecord(vmr_texts::RECORDS));
 static_assert(RowsLeadToRecords(vmr_texts::TREE, vmr_texts::RECORDS));
 
 constinit const PlatformSpec VMR_PLATFORM = {
+    .system = "Monitor",
     .records = vmr_texts::RECORDS,
     .tree = vmr_texts::TREE,
     .pointRule = PointRule::NEAREST_MINUTE,
@@ -38,7 +39,7 @@ constinit const PlatformSpec VMR_PLATFORM = {
     .processes = AddVmrProcesses,
     .protocols = AddVmrProtocols,
     .processSpec = {.classesAreRescaled = false},
-    .diskSpec = VMR_DISKS,
+    .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::PLAIN, .timesMeasured = true},
     .topLists = {.images = {.labelFormat = "#%d  %s", .firstRank = 1, .others = OthersRule::DPC_INTERRUPT},
                  .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},
                  .diskData = {.labelFormat = "#%d %s", .others = OthersRule::TOTAL},

@@ -12,7 +12,6 @@
 namespace ozmo {
 namespace {
 
-constexpr Seconds SECONDS_PER_MINUTE = 60;
 constexpr int32_t PAGE_SIZE = 4096;
 constexpr std::string_view TIME_ROW = "1";
 

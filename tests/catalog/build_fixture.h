@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "catalog/build.h"
+#include "catalog/catalog_build.h"
 #include "catalog/platforms.h"
 
 namespace ozmo {

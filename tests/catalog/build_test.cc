@@ -1,5 +1,3 @@
-#include "catalog/build.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,6 +5,7 @@
 #include <limits>
 
 #include "build_fixture.h"
+#include "catalog/catalog_build.h"
 
 namespace ozmo {
 namespace {
@@ -18,15 +17,15 @@ constexpr auto INFINITE = std::numeric_limits<float>::infinity();
 
 // ---- Points ----
 
-TEST(PointsOf, QuotientsDependOnTheSecondsOfTheStart) {
+TEST(PointCountOf, QuotientsDependOnTheSecondsOfTheStart) {
   struct Case {
     Seconds start, length;
     int ofDifference, ofQuotients;
   };
   for (const Case& test : {Case{MINUTE, 3600, 62, 62}, {MINUTE, 3599, 61, 61}, {MINUTE + 30, 3599, 61, 62}}) {
     const Seconds end = test.start + test.length;
-    EXPECT_EQ(PointsOf(PointCountRule::OF_DIFFERENCE, test.start, end), test.ofDifference);
-    EXPECT_EQ(PointsOf(PointCountRule::OF_QUOTIENTS, test.start, end), test.ofQuotients);
+    EXPECT_EQ(PointCountOf(PointCountRule::OF_DIFFERENCE, test.start, end), test.ofDifference);
+    EXPECT_EQ(PointCountOf(PointCountRule::OF_QUOTIENTS, test.start, end), test.ofQuotients);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "runtime/whole_file.h"
 #include "sample/collector_writer.h"
 #include "sample/kinds.h"
 #include "tests/end_to_end/process.h"
@@ -66,7 +67,7 @@ TEST_P(BrokenSamples, EndByThemselves) {
   for (int round = 0; round < ROUNDS; ++round) {
     std::string bytes = whole;
     damage.Do(bytes);
-    ASSERT_TRUE(sample::WriteWholeFile(sample.files[0], bytes));
+    ASSERT_TRUE(WriteWholeFile(sample.files[0], bytes));
     const ProcessResult result = RunProcess(
         {TOOL, "-vmrunix", sample.files[0], "-begin", "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:09:00:00",
          "-item", "Top 10 Images by CPU Utilization", "-graph_file", "out.csv", "-type", "csv"},

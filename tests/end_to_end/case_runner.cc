@@ -6,6 +6,7 @@
 #include <ctime>
 #include <filesystem>
 
+#include "runtime/whole_file.h"
 #include "tests/end_to_end/collector_script.h"
 #include "tests/end_to_end/csv_expectation.h"
 
@@ -172,7 +173,7 @@ void CaseRunner::Dir(const Statement& statement) { fs::create_directories(PathOf
 
 void CaseRunner::WriteFile(const std::string& name, const std::string& bytes) {
   fs::create_directories(fs::path(PathOf(name)).parent_path());
-  EXPECT_TRUE(sample::WriteWholeFile(PathOf(name), bytes)) << name;
+  EXPECT_TRUE(WriteWholeFile(PathOf(name), bytes)) << name;
 }
 
 void CaseRunner::TextFile(const Statement& statement) {

@@ -12,6 +12,7 @@
 
 #include "readers/formats.h"
 #include "runtime/runtime.h"
+#include "runtime/whole_file.h"
 #include "sample/collector_writer.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
@@ -242,7 +243,7 @@ TEST_F(CollectorReaderTest, GarbageEndsWithoutAResult) {
   for (const std::string& bytes :
        {std::string(), std::string("seven b"), std::string(100000, '\0'), std::string(100000, '\xff'),
         std::string("\0\0\0\x08\x80\0\0\0", 8)}) {  // the last is a record of a negative type
-    ASSERT_TRUE(sample::WriteWholeFile(path, bytes));
+    ASSERT_TRUE(WriteWholeFile(path, bytes));
     EXPECT_EQ(Enter(path), 0);
   }
   EXPECT_EQ(Enter(directory_.path()), 0);

@@ -14,6 +14,7 @@
 #include "readers/collector_reader.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
+#include "runtime/whole_file.h"
 #include "tests/end_to_end/collector_script.h"
 #include "tests/support/environment.h"
 #include "tests/support/interval_text.h"
@@ -116,7 +117,7 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
   const auto expectInterval = [&](const std::vector<Statement>& script, const Case& test) {
     const CollectorBytes file = WriteCollectorFile(script, kind.order, NOON - 12 * 3600);
     EXPECT_EQ(file.error, "");
-    ASSERT_TRUE(sample::WriteWholeFile(path, file.bytes));
+    ASSERT_TRUE(WriteWholeFile(path, file.bytes));
     Runtime runtime;
     CollectorReader reader(kind.format, runtime);
     VmrContext context;

@@ -1,15 +1,9 @@
-#include "catalog/build.h"
+#include "catalog/catalog_build.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
-
-#include "runtime/numbers.h"
 
 namespace ozmo {
 namespace {
-
-constexpr Seconds SECONDS_PER_MINUTE = 60;
 
 // Series that a catalog has beside those of its records: the sum of the shares and the overlay's.
 constexpr int64_t SERIES_BESIDE_RECORDS = 2;
@@ -35,7 +29,7 @@ Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classe
   const bool isDetailed = platform.detailLimit == 0 || end - start <= platform.detailLimit;
   const Needs needs = NeedsOf(platform, catalog.titles, isDetailed);
 
-  const int64_t points = PointsOf(platform.pointCountRule, start, end);
+  const int64_t points = PointCountOf(platform.pointCountRule, start, end);
   const int64_t classSeries = 2 * static_cast<int64_t>(classes.classes.size());
   catalog.budget.Take(FixedSeriesCount(platform.records) + classSeries + SERIES_BESIDE_RECORDS,
                       points < 0 ? points : points + 1);
@@ -64,30 +58,6 @@ void RescaleClasses(GraphCatalog& catalog, const Series& shareSum) {
 }
 
 }  // namespace
-
-int64_t PointsOf(PointCountRule rule, Seconds start, Seconds end) {
-  if (rule == PointCountRule::OF_DIFFERENCE) return (end - start) / SECONDS_PER_MINUTE + 2;
-  return end / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE + 2;
-}
-
-const SystemConfig& ConfigOf(const VmrContext& interval) {
-  static const SystemConfig NONE;
-  return interval.config ? *interval.config : NONE;
-}
-
-int WholeNumber(double value) {
-  constexpr int LIMIT = std::numeric_limits<int>::max() / 2;
-  return std::clamp(ClampTo<int>(value), -LIMIT, LIMIT);
-}
-
-int MinutesOf(float seconds) { return WholeNumber(static_cast<double>(seconds / 60.0F)); }
-
-int PointOf(PointRule rule, Seconds start, Seconds timeStamp) {
-  if (rule == PointRule::NEAREST_MINUTE)
-    return WholeNumber(std::floor(0.5 + static_cast<double>(timeStamp - start) / 60.0));
-  const Seconds minutes = timeStamp / SECONDS_PER_MINUTE - start / SECONDS_PER_MINUTE;
-  return WholeNumber(static_cast<double>(minutes));
-}
 
 CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, Seconds start,
                            Seconds end, GraphCatalog& catalog)

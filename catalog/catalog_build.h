@@ -1,4 +1,4 @@
-// The steps of one catalog build, without the reader: the builder runs them around a walk, and a test on
+// The steps of one catalog build, without the reader: BuildCatalog runs them around a walk, and a test on
 // records of its own.
 #pragma once
 
@@ -53,17 +53,5 @@ class CatalogBuild {
   int lastPoint_ = 0;           // of the last interval used
   int processorsSeenLast_ = 0;  // in that interval
 };
-
-// Points of a span, its two ends included and one more; negative for a span that ends well before it starts.
-int64_t PointsOf(PointCountRule rule, Seconds start, Seconds end);
-
-// The point of a time stamp; beyond the series for one outside the span.
-int PointOf(PointRule rule, Seconds start, Seconds timeStamp);
-
-// Truncated; an undefined value is 0. Far values are cut so that sums of two fit.
-int WholeNumber(double value);
-
-// Whole minutes of a collection interval.
-int MinutesOf(float seconds);
 
 }  // namespace ozmo

@@ -1,6 +1,6 @@
-#include "catalog/builder.h"
+#include "catalog/build_catalog.h"
 
-#include "catalog/build.h"
+#include "catalog/catalog_build.h"
 #include "catalog/platforms.h"
 #include "runtime/messages.h"
 #include "runtime/times.h"
@@ -28,7 +28,7 @@ void Walk(const PlatformSpec& platform, CatalogBuild& build, DataReader& reader,
     if (result < 1) return;
     if (runtime.progressSink) runtime.progressSink(interval.periodEnd);
     if (build.TakeInterval(interval) && !isAnnounced) {
-      MessageEmit(runtime, "UNDEFINED", {"Processing " + interval.nodeName + " ..."});
+      MessageEmit(runtime, PLAIN_MESSAGE, {"Processing " + interval.nodeName + " ..."});
       isAnnounced = true;
     }
   }
