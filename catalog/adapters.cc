@@ -91,8 +91,9 @@ void AddToSummary(const Minute& minute, size_t pair, const LanRecord& lan) {
   const int firstSet = static_cast<int>(pair) * SETS_PER_ADAPTER;
   for (const SummaryGraph& summary : SUMMARIES) {
     for (int i = 0; i < SETS_PER_ADAPTER; ++i) {
-      if (Series* series = minute.catalog.FindSeries(summary.graph, firstSet + i))
+      if (Series* series = minute.catalog.FindSeries(summary.graph, firstSet + i)) {
         AddToPoint(*series, minute.point, summary.traces[static_cast<size_t>(i)].Value(lan));
+      }
     }
   }
 }
@@ -161,8 +162,9 @@ void AdapterPass::Run(const Minute& minute, const VmrContext& interval) {
     const Entry* entry = EntryOf(minute, lan.adapterName);
     if (entry == nullptr || entry->graphs[0] == nullptr) continue;
     for (size_t g = 0; g < GRAPHS.size(); ++g) {
-      for (size_t set = 0; set < GRAPHS[g].traces.size(); ++set)
+      for (size_t set = 0; set < GRAPHS[g].traces.size(); ++set) {
         AddToPoint(entry->graphs[g]->data.y[set], minute.point, GRAPHS[g].traces[set].Value(lan));
+      }
     }
   }
 }

@@ -35,8 +35,9 @@ Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classe
                       points < 0 ? points : points + 1);
   catalog.pointCount = static_cast<int>(points);
   for (size_t graph = 0; graph < GRAPH_COUNT; ++graph) {
-    if (GraphRecord* record = catalog.Find(static_cast<Graph>(graph)))
+    if (GraphRecord* record = catalog.Find(static_cast<Graph>(graph))) {
       record->isNeeded = needs.Has(static_cast<Graph>(graph));
+    }
   }
   CreateFixedSeries(catalog, platform.records);
   CreateClassSeries(catalog, classes);

@@ -1,7 +1,5 @@
 #include "catalog/disks.h"
 
-#include <algorithm>
-
 #include "catalog/name_text.h"
 #include "runtime/text.h"
 
@@ -134,8 +132,9 @@ void DiskPass::Store(const Minute& minute, std::string_view name, const DiskFigu
     if (detail_.series[i]) entry.series[i].Feed(pages_, minute.sample, figures.*SERIES_FIGURES[i]);
   }
   for (const auto& [graph, record] : entry.graphs) {
-    for (size_t set = 0; set < graph->traces.size(); ++set)
+    for (size_t set = 0; set < graph->traces.size(); ++set) {
       PointStore(record->data.y[set], minute.point, figures.*graph->traces[set].figure);
+    }
   }
 }
 
@@ -155,8 +154,9 @@ void DiskPass::Run(const Minute& minute, const VmrContext& interval, const Pagin
 std::vector<NamedSeries> DiskPass::Named(DiskSeries series) const {
   std::vector<NamedSeries> named;
   named.reserve(entries_.size());
-  for (const auto& [name, entry] : entries_)
+  for (const auto& [name, entry] : entries_) {
     named.push_back({name, &entry.series[static_cast<size_t>(series)]});
+  }
   SortByName(named);
   return named;
 }

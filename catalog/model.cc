@@ -1,7 +1,6 @@
 #include "catalog/model.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "runtime/memory.h"

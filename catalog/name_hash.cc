@@ -30,8 +30,9 @@ uint64_t NameSeed() {
   static const uint64_t SEED = [] {
     uint64_t seed = 0;
     // Without a source of randomness the clock has to do: it differs from run to run as well.
-    if (getrandom(&seed, sizeof(seed), GRND_NONBLOCK) != sizeof(seed))
+    if (getrandom(&seed, sizeof(seed), GRND_NONBLOCK) != sizeof(seed)) {
       seed = static_cast<uint64_t>(std::clock());
+    }
     return seed;
   }();
   return SEED;

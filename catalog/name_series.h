@@ -6,7 +6,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <deque>
 #include <string_view>
 #include <vector>

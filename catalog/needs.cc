@@ -170,8 +170,9 @@ void NeedsFinder::AddPasses() {
   if (HasGroup(RowKind::PROCESSORS) || needs_.processes.shares) Add(PassKind::PROCESSORS);
   // A processor's record is known for a repeat by the value that stands at its point.
   if (needs_.Has(PassKind::PROCESSORS)) Add(Graph::CPU_BY_PROCESSOR);
-  if (platform_.fileSystemKeyFormat == nullptr)
+  if (platform_.fileSystemKeyFormat == nullptr) {
     needs_.passes.reset(static_cast<size_t>(PassKind::FILE_SYSTEMS));
+  }
   if (platform_.hasAdapterGraphs == nullptr) needs_.passes.reset(static_cast<size_t>(PassKind::ADAPTERS));
   if (platform_.partition == nullptr) needs_.passes.reset(static_cast<size_t>(PassKind::PARTITION));
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <bitset>
-#include <cstdint>
 
 #include "catalog/disks.h"
 #include "catalog/graph_name.h"

@@ -59,8 +59,9 @@ void ProcessorPass::Add(const Minute& minute, const ProcessorRecord& processor, 
   const double active = processor.systemTime + processor.userTime + nice;
   double total = active + processor.idleTime + processor.waitTime;
   if (total > 0.0) {
-    for (size_t mode = 0; mode < MODE_COUNT; ++mode)
+    for (size_t mode = 0; mode < MODE_COUNT; ++mode) {
       totals.modes[mode] += 100.0 * processor.*MODE_TIMES[mode] / total;
+    }
   }
   if (total == 0.0) total = 1.0;
   const double busy = 100.0 * active / total;
@@ -97,8 +98,9 @@ ProcessorSums ProcessorPass::Run(const Minute& minute, const VmrContext& interva
   }
   sums.overallCpu = StoreOverallCpu(minute, totals.busy);
   int set = 0;
-  for (const CpuMode mode : spec_.modes)
+  for (const CpuMode mode : spec_.modes) {
     minute.Store(Graph::CPU_BY_MODE, set++, static_cast<float>(totals.modes[static_cast<size_t>(mode)]));
+  }
   return sums;
 }
 

@@ -1,7 +1,6 @@
 #include "catalog/top_graphs.h"
 
 #include <string>
-#include <utility>
 
 namespace ozmo {
 namespace {
@@ -194,8 +193,9 @@ void FinishTopLists(GraphCatalog& catalog, const PlatformSpec& platform, const T
     if (isFollowed) UseResponseTimes(catalog, list, sources);
   }
   // Each file system can add up to 100 in the stack.
-  if (GraphRecord* record = catalog.FindNeeded(Graph::TOP_FILE_SYSTEMS))
+  if (GraphRecord* record = catalog.FindNeeded(Graph::TOP_FILE_SYSTEMS)) {
     record->yMax = 100.0F * static_cast<float>(record->data.nsets());
+  }
 }
 
 }  // namespace ozmo

@@ -254,8 +254,9 @@ void WriteLists(const std::filesystem::path& directory) {
   }
   std::filesystem::remove_all(samples);
   for (const Description& description : Descriptions()) {
-    if (!used.contains(&description))
+    if (!used.contains(&description)) {
       Fail("no item for the description of \"" + std::string(description.title) + "\"");
+    }
   }
   if (!document.flush() || !titles.flush()) Fail("can't write to " + directory.string());
 }

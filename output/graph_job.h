@@ -4,7 +4,6 @@
 // all sets, and a trace's own value is the difference of two neighbours.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>

@@ -9,6 +9,7 @@
 #include "output/jpeg.h"
 #include "output/libplot.h"
 #include "output/output_file.h"
+#include "output/plot_settings.h"
 #include "runtime/numbers.h"
 
 namespace ozmo {

@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "output/graph_job.h"
-#include "output/plot_settings.h"
 #include "output/temp_map.h"
 #include "runtime/draft_file.h"
 #include "runtime/stream.h"

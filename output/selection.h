@@ -4,11 +4,10 @@
 // sum of all traces, the last set the last trace alone.
 #pragma once
 
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
-#include "catalog/graph_name.h"
 #include "catalog/model.h"
 #include "output/graph_job.h"
 

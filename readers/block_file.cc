@@ -67,10 +67,12 @@ void BlockFile::Close() {
 
 void BlockFile::TellFault() const {
   const std::string path = TextFor(stderr, path_);
-  if (fault_ == ReadFault::ERROR)
+  if (fault_ == ReadFault::ERROR) {
     std::fprintf(stderr, "Can't read file %s: %s\n", path.c_str(), std::strerror(error_));
-  if (fault_ == ReadFault::SHORTER)
+  }
+  if (fault_ == ReadFault::SHORTER) {
     std::fprintf(stderr, "File %s has become shorter while it was read\n", path.c_str());
+  }
 }
 
 std::string_view BlockFile::ReadLine(size_t limit) {

@@ -64,8 +64,9 @@ std::vector<FileSystemFigures> ReadFileSystems(Notices& notices) {
     if (!IsOnDisk(mount) && mountPoint != "/") continue;
     const std::string identity = IdentityOf(mount);
     if (seen.count(identity) != 0) continue;
-    if (TakeFigures(TextOf(mnt_fs_get_source(mount)), mountPoint, notices, fileSystems))
+    if (TakeFigures(TextOf(mnt_fs_get_source(mount)), mountPoint, notices, fileSystems)) {
       seen.insert(identity);
+    }
   }
   mnt_free_iter(iterator);
   mnt_unref_table(table);

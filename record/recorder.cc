@@ -125,8 +125,9 @@ std::string Recorder::WriteSample(int64_t begin, int64_t stamp, const HostFigure
 
 // A file begins with the time at which its first sample begins; its day is that of `stamp`.
 std::string Recorder::BeginFile(int64_t begin, int64_t stamp) {
-  if (std::string failure = file_.Create(options_.directory, options_.node, stamp); !failure.empty())
+  if (std::string failure = file_.Create(options_.directory, options_.node, stamp); !failure.empty()) {
     return failure;
+  }
   samplesInFile_ = 0;
   std::string failure =
       file_.Append(HeadRecords(ConfigurationOf(host_, stamp, options_.intervalSeconds)) + TimeRecord(begin));

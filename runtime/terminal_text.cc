@@ -39,8 +39,9 @@ std::string PrintableText(std::string_view text) {
   for (size_t i = 0; i < text.size();) {
     const size_t length = std::max<size_t>(Utf8Length(text.substr(i)), 1);
     const std::string_view character = text.substr(i, length);
-    if (length == 1 ? IsControl(ByteAt(character, 0)) : IsUtf8Control(character))
+    if (length == 1 ? IsControl(ByteAt(character, 0)) : IsUtf8Control(character)) {
       shown.replace(i, length, length, '?');
+    }
     i += length;
   }
   return shown;

@@ -82,10 +82,12 @@ const SampleKind* FindSampleKind(std::string_view name) {
 
 std::string CheckOptions(const SampleKind& kind, const SampleOptions& options) {
   const std::string name(kind.name);
-  if (options.node.find('/') != std::string::npos)
+  if (options.node.find('/') != std::string::npos) {
     return "a host name is part of a file name and holds no \"/\"";
-  if (options.littleEndian && kind.littleEndianPrefix.empty())
+  }
+  if (options.littleEndian && kind.littleEndianPrefix.empty()) {
     return name + " files have one byte order only";
+  }
   if (kind.versions.empty()) {
     if (!options.version.empty()) return name + " files have no collector version";
     if (options.utcOffset != 0) return name + " files hold no offset from UTC";

@@ -85,11 +85,13 @@ std::vector<option> LongOptions() {
                                  {"list", no_argument, nullptr, LIST},
                                  {"help", no_argument, nullptr, HELP_TEXT}};
   int place = NUMBERS;
-  for (const NumberOption& row : NUMBER_OPTIONS)
+  for (const NumberOption& row : NUMBER_OPTIONS) {
     options.push_back({row.name, required_argument, nullptr, place++});
+  }
   place = TEXTS;
-  for (const TextOption& row : TEXT_OPTIONS)
+  for (const TextOption& row : TEXT_OPTIONS) {
     options.push_back({row.name, required_argument, nullptr, place++});
+  }
   options.push_back({nullptr, 0, nullptr, 0});
   return options;
 }

@@ -1,8 +1,5 @@
 // Solaris: big-endian, or little-endian under the other file prefix.
 
-#include <algorithm>
-#include <array>
-
 #include "sample/collector_format.h"
 
 namespace ozmo::sample {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "catalog/memory.h"
-
 namespace ozmo {
 namespace {
 
@@ -87,8 +85,9 @@ void AddPartition(const Minute& minute, const VmrContext& interval) {
   if (partition.voluntarySwitchRate + partition.involuntarySwitchRate < MAX_RATE) {
     minute.Store(Graph::CONTEXT_SWITCHES, {partition.voluntarySwitchRate, partition.involuntarySwitchRate});
   }
-  if (partition.phantomInterruptRate < MAX_RATE)
+  if (partition.phantomInterruptRate < MAX_RATE) {
     minute.Store(Graph::PHANTOM_INTERRUPTS, {partition.phantomInterruptRate});
+  }
 }
 
 void RemoveIdleProcessors(GraphCatalog& catalog, int processors) {

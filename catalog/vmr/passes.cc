@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <string>
 
 #include "catalog/points.h"
@@ -66,8 +65,9 @@ void AddProcessor(ProcessorPass& pass, const Minute& minute, const ProcessorReco
     const double busy = processor.userTime + processor.systemTime;
     minute.Store(Graph::CPU_BY_PROCESSOR, processor.cpuId, static_cast<float>(busy));
   }
-  if (GraphRecord* record = ModeRecordOf(pass, minute.catalog, processor.cpuId))
+  if (GraphRecord* record = ModeRecordOf(pass, minute.catalog, processor.cpuId)) {
     StoreModes(record->data, minute.point, ModesOf(processor));
+  }
 }
 
 // Seconds lived in intervals of the walk: 0.5 for half of one.
