@@ -3,9 +3,11 @@
 
 #include <cmath>
 #include <limits>
+#include <set>
 
 #include "build_fixture.h"
 #include "catalog/catalog_build.h"
+#include "catalog/needs.h"
 
 namespace ozmo {
 namespace {
@@ -111,6 +113,33 @@ TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
   fixture.Finish();
   for (const auto& [point, value] : {std::pair(4, 0.0F), {7, 7.0F}, {54, 54.0F}, {57, 0.0F}, {60, 60.0F}}) {
     EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, point), value) << point;
+  }
+}
+
+// ---- What is read ----
+
+TEST(Needs, WhatNobodyNeedsIsNotRead) {
+  using enum PassKind;
+  struct Case {
+    const PlatformSpec& platform;
+    const char* title;
+    std::set<PassKind> passes;
+  };
+  for (const Case& test : {Case{SOLARIS_PLATFORM, "overall CPU utilization", {PROCESSORS}},
+                           {SOLARIS_PLATFORM, "Memory Utilization", {MEMORY}},
+                           {SOLARIS_PLATFORM, "Process Count", {PROCESSES}},
+                           {SOLARIS_PLATFORM, "Top 10 Users by CPU Utilization", {PROCESSES, PROCESSORS}},
+                           {SOLARIS_PLATFORM, "Utilization for sda", {DISKS, ADAPTERS}},
+                           {SOLARIS_PLATFORM, "hme0", {ADAPTERS}},
+                           {AIX_PLATFORM, "Shared Pool CPU Utilization", {PARTITION, ADAPTERS}},
+                           {TRU64_PLATFORM, "hme0", {}},
+                           {VMR_PLATFORM, "CPU-1 Utilization by Mode", {PROCESSORS}}}) {
+    const Needs needs = NeedsOf(test.platform, WantedTitles({test.title}), true);
+    std::set<PassKind> passes;
+    for (size_t pass = 0; pass < needs.passes.size(); ++pass) {
+      if (needs.passes[pass]) passes.insert(static_cast<PassKind>(pass));
+    }
+    EXPECT_EQ(passes, test.passes) << test.title;
   }
 }
 

@@ -1,6 +1,5 @@
 // ozmo_record on the host that runs the tests. OZMO_LIVE_SECONDS asks for more than the few seconds of a
 // check.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -46,9 +45,7 @@ std::map<int64_t, Modes> WatchKernel(int64_t until) {
   return watched;
 }
 
-std::string GraphTime(int64_t seconds) { return TimeFormat(seconds, "%d-%b-%Y:%H:%M:%S"); }
-
-TEST(LiveRecordTest, AgreesWithTheKernelAndIsReadWithoutAMessage) {
+TEST(LiveRecordTest, AgreesWithTheKernel) {
   constexpr int INTERVAL = 2;
   const char* asked = std::getenv("OZMO_LIVE_SECONDS");
   const int samples = (asked == nullptr ? 8 : std::atoi(asked)) / INTERVAL;
@@ -86,17 +83,6 @@ TEST(LiveRecordTest, AgreesWithTheKernelAndIsReadWithoutAMessage) {
     EXPECT_NEAR(recorded[mode], kernel[last][mode] - kernel[last - seconds][mode], tolerance)
         << "mode " << mode;
   }
-
-  const ProcessResult graph =
-      RunProcess({OZMO_BINARY_DIR "/ozmo_graph", "-vmrunix", path, "-begin", GraphTime(begin - 120), "-end",
-                  GraphTime(begin + 120), "-item", "Overall CPU Utilization By Mode", "-graph_file",
-                  "mode.csv", "-type", "csv"},
-                 {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
-  EXPECT_EQ(graph.standardError, "");
-  EXPECT_THAT(graph.standardOutput,
-              ::testing::EndsWith("Collector Version P730_64\nVELTRIX-INFO  Processing live ...\n"));
-  EXPECT_THAT(ReadWholeFile(directory / "mode.csv"),
-              ::testing::HasSubstr("Time,  IOwait,  Nice,  User,  System\n"));
 }
 
 }  // namespace
