@@ -5,46 +5,14 @@
 #include <cstdlib>
 #include <limits>
 
-#include "readers/file_set.h"
+#include "readers/vmr/node_files.h"
 #include "runtime/terminal_text.h"
-#include "runtime/text.h"
 
 namespace ozmo {
 namespace {
 
 constexpr int32_t PAGE_SIZE = 4096;
 constexpr std::string_view TIME_ROW = "1";
-
-// The paths that are to be expected of a node, day by day, up to the first number of a day that the
-// directory doesn't hold.
-std::vector<std::string> NodeFileSet(const std::string& dataPath, const std::string& nodeName, Seconds start,
-                                     Seconds end) {
-  const std::string directory = DirectoryOf(dataPath);
-  std::vector<std::string> listed = ListDirectory(directory);
-  std::erase_if(listed, [](const std::string& name) {
-    const size_t dot = name.rfind('.');
-    return dot == std::string::npos || LowerText(name.substr(dot)) != ".vmr";
-  });
-  std::vector<std::string> files;
-  if (listed.empty()) return files;
-
-  const auto isListed = [&](const std::string& path) {
-    return std::any_of(listed.begin(), listed.end(), [&](const std::string& name) {
-      return path.find(name) != std::string::npos || name.find(path) != std::string::npos;
-    });
-  };
-  const std::string series = directory + "/qtx_" + nodeName + "_";
-  for (const std::string& day : DayList(start, end, "%Y%b%d")) {
-    // No day has more files than the directory has names: a name may be found in every path.
-    for (size_t n = 1; n <= listed.size(); ++n) {
-      std::string path = series;
-      path.append(day).append("_").append(std::to_string(n)).append(".vmr");
-      if (!isListed(path)) break;
-      files.push_back(std::move(path));
-    }
-  }
-  return files;
-}
 
 // A year or month counted from another start; far values stay in range.
 int CountedFrom(int32_t value, int32_t start) {
@@ -82,7 +50,7 @@ int VmrReader::Open(VmrContext& context) {
   rows_.isPlanned = false;  // the context may want other records
   spanStart_ = context.periodStart / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
   spanEnd_ = context.periodEnd / SECONDS_PER_MINUTE * SECONDS_PER_MINUTE;
-  fileSet_ = NodeFileSet(context.dataPath, context.nodeName, context.periodStart, context.periodEnd);
+  fileSet_ = VmrNodeFiles(context.dataPath, context.nodeName, context.periodStart, context.periodEnd);
   cursor_ = 0;
   return static_cast<int>(fileSet_.size());
 }

@@ -4,8 +4,6 @@
 // head ends with the first time row. A sample is a time row and the rows behind it, up to the next time row:
 // for each object an object row, a counter row, and a data row, for objects with instances one instance row
 // and one data row each.
-//
-// The files of a node lie in one directory, qtx_<node>_<date>_<n>.vmr, with n counted from 1 for each day.
 #pragma once
 
 #include <ctime>
