@@ -37,7 +37,8 @@ double CpuSecondsOf(const ProcessRecord& process) {
 
 ProcessPass::ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail,
                          const WorkloadClassList& classes, GraphCatalog& catalog)
-    : spec_(spec), detail_(detail), classes_(classes), pages_(catalog.budget) {
+    : spec_(spec), detail_(detail), pages_(catalog.budget) {
+  if (detail_.classes) classifier_.emplace(classes);
   if (detail_.shares) {
     const auto points = static_cast<size_t>(catalog.pointCount) + 1;
     shareSum_.assign(points, spec_.sumStartsMissing ? MISSING_POINT : 0.0F);
@@ -54,7 +55,7 @@ ProcessPass::Entry& ProcessPass::EntryOf(std::string_view user, std::string_view
   }
   Entry& entry = *identities_.try_emplace(ProcessKey{std::string(user), std::string(command)}).first;
   Identity& identity = entry.second;
-  if (detail_.classes) identity.workloadClass = WorkloadClassify(classes_, user, command);
+  if (classifier_) identity.workloadClass = classifier_->Classify(user, command);
   if (detail_.images) identity.image = &SeriesOf(images_, ImageOfCommand(command));
   if (detail_.users) identity.user = &SeriesOf(users_, TrimText(user, " "));
   return entry;

@@ -1,6 +1,7 @@
 // The process pass: each process's share of the machine goes to its class, image and user.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -9,6 +10,7 @@
 #include "catalog/name_hash.h"
 #include "catalog/name_series.h"
 #include "catalog/platform.h"
+#include "workload/classifier.h"
 #include "workload/workload.h"
 
 namespace ozmo {
@@ -91,7 +93,7 @@ class ProcessPass {
 
   const ProcessSpec& spec_;
   ProcessDetail detail_;
-  const WorkloadClassList& classes_;
+  std::optional<WorkloadClassifier> classifier_;  // where somebody wants classes
   SeriesPages pages_;
   SeriesTable images_;
   SeriesTable users_;

@@ -1,6 +1,6 @@
 // The class file. Behind a NUL stand users and commands to be classified, one a line.
 #include "fuzz/harness.h"
-#include "workload/workload.h"
+#include "workload/classifier.h"
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace ozmo::fuzz;
@@ -8,9 +8,10 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   WriteScratch("QTX.memory", CutUpTo(rest, '\0'));
   ozmo::WorkloadClassList list;
   if (ozmo::WorkloadLoad(list, "QTX.memory") == 0) ozmo::WorkloadDefaults(list);
+  const ozmo::WorkloadClassifier classifier(list);
   while (!rest.empty()) {
     const std::string_view user = CutUpTo(rest, '\n');
-    ozmo::WorkloadClassify(list, user, CutUpTo(rest, '\n'));
+    classifier.Classify(user, CutUpTo(rest, '\n'));
   }
   return 0;
 }

@@ -37,7 +37,8 @@ enum class MatchMode {
   DROP_EXTENSION = 1  // an item without stars such as "abc.exe" loses its ending of three letters
 };
 
-// 1 if an item matches `text` or the list is empty, else 0.
+// 1 if an item matches `text` or the list is empty, else 0. This is one list at a time; an index of the lists
+// of all classes (pattern_index.h) says the same of whole texts in their own case.
 //
 // The items are tried in order. A "*abc" item that meets a text no longer than "abc" answers 0 for the
 // whole list, and the items behind it are not tried: short names fall through to a later class, and class

@@ -39,15 +39,4 @@ void WorkloadDefaults(WorkloadClassList& list) {
   }
 }
 
-int WorkloadClassify(const WorkloadClassList& list, std::string_view user, std::string_view command) {
-  for (size_t i = 0; i < list.classes.size(); ++i) {
-    const WorkloadClass& candidate = list.classes[i];
-    if (WorkloadMatchList(user, candidate.uid) == 1 && WorkloadMatchList(command, candidate.command) == 1) {
-      return static_cast<int>(i);
-    }
-  }
-  if (list.catchAllClass) return static_cast<int>(*list.catchAllClass);
-  return static_cast<int>(list.classes.size()) - 1;
-}
-
 }  // namespace ozmo

@@ -48,8 +48,4 @@ int WorkloadLoad(WorkloadClassList& list, const std::string& path);
 // Makes the fixed list. Its last class takes the rest.
 void WorkloadDefaults(WorkloadClassList& list);
 
-// The position of the first class that matches both user name and command; failing that, of the catch-all
-// class, or of the last class. The list must hold a class.
-int WorkloadClassify(const WorkloadClassList& list, std::string_view user, std::string_view command);
-
 }  // namespace ozmo

@@ -1,0 +1,27 @@
+// Which class a process belongs to.
+#pragma once
+
+#include <string_view>
+
+#include "workload/pattern_index.h"
+#include "workload/workload.h"
+
+namespace ozmo {
+
+class WorkloadClassifier {
+ public:
+  // The list must hold a class.
+  explicit WorkloadClassifier(const WorkloadClassList& list);
+
+  // The position of the first class that matches both user name and command; failing that, of the catch-all
+  // class, or of the last class.
+  int Classify(std::string_view user, std::string_view command) const;
+
+ private:
+  PatternIndex users_;
+  PatternIndex commands_;
+  size_t count_;
+  size_t rest_;  // what takes a process that no class matches
+};
+
+}  // namespace ozmo
