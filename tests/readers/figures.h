@@ -16,6 +16,11 @@ class Figures {
   template <typename... Numbers>
   explicit Figures(Numbers... numbers) : numbers_{static_cast<double>(numbers)...} {}
 
+  template <typename... Numbers>
+  void Add(Numbers... numbers) {
+    (numbers_.push_back(static_cast<double>(numbers)), ...);
+  }
+
   friend bool operator==(const Figures& left, const Figures& right) {
     return std::equal(left.numbers_.begin(), left.numbers_.end(), right.numbers_.begin(),
                       right.numbers_.end(), Same);
