@@ -7,7 +7,7 @@ namespace {
 
 // A disk as the file has it: figures of the older form in milliseconds and bytes, those of the newer one in
 // ticks and blocks.
-struct DiskFigures {
+struct DiskFields {
   std::string name;
   double oldTransfers = 0.0;
   double oldBusy = 0.0;
@@ -28,7 +28,7 @@ struct DiskFigures {
 
 // One bad counter spoils the whole record.
 template <auto Member>
-void StoreCounter(DiskFigures& figures, const Source& from) {
+void StoreCounter(DiskFields& figures, const Source& from) {
   const auto value = static_cast<double>(from.field.Uint64());
   const bool isBad = !(value < COUNTER_LIMIT);
   figures.*Member = isBad ? 0.0 : value;
@@ -38,35 +38,35 @@ void StoreCounter(DiskFigures& figures, const Source& from) {
 constexpr Conversion OLD_FIGURE{.form = Form::WIDE, .divide = Divide::AT_LEAST_1};
 constexpr Conversion TICKS{.form = Form::UINT64};
 
-constexpr FieldRule<DiskFigures> RULES[] = {
-    {.field = 201, .to = To<&DiskFigures::name>()},
-    {.field = 202, .to = To<&DiskFigures::oldTransfers>(), .as = OLD_FIGURE},
-    {.field = 203, .to = To<&DiskFigures::oldBusy>(), .as = OLD_FIGURE},
-    {.field = 204, .to = To<&DiskFigures::oldReadBytes>(), .as = OLD_FIGURE},
-    {.field = 205, .to = To<&DiskFigures::oldWriteBytes>(), .as = OLD_FIGURE},
+constexpr FieldRule<DiskFields> RULES[] = {
+    {.field = 201, .to = To<&DiskFields::name>()},
+    {.field = 202, .to = To<&DiskFields::oldTransfers>(), .as = OLD_FIGURE},
+    {.field = 203, .to = To<&DiskFields::oldBusy>(), .as = OLD_FIGURE},
+    {.field = 204, .to = To<&DiskFields::oldReadBytes>(), .as = OLD_FIGURE},
+    {.field = 205, .to = To<&DiskFields::oldWriteBytes>(), .as = OLD_FIGURE},
     {.field = 206},
-    {.field = 207, .to = To<StoreCounter<&DiskFigures::size>>()},
-    {.field = 208, .to = To<StoreCounter<&DiskFigures::free>>()},
-    {.field = 209, .to = To<StoreCounter<&DiskFigures::blockSize>>()},
-    {.field = 210, .to = To<StoreCounter<&DiskFigures::transfers>>()},
-    {.field = 211, .to = To<StoreCounter<&DiskFigures::readBlocks>>()},
-    {.field = 212, .to = To<StoreCounter<&DiskFigures::writeBlocks>>()},
+    {.field = 207, .to = To<StoreCounter<&DiskFields::size>>()},
+    {.field = 208, .to = To<StoreCounter<&DiskFields::free>>()},
+    {.field = 209, .to = To<StoreCounter<&DiskFields::blockSize>>()},
+    {.field = 210, .to = To<StoreCounter<&DiskFields::transfers>>()},
+    {.field = 211, .to = To<StoreCounter<&DiskFields::readBlocks>>()},
+    {.field = 212, .to = To<StoreCounter<&DiskFields::writeBlocks>>()},
     {.field = 213},
-    {.field = 214, .to = To<&DiskFigures::readService>(), .as = TICKS},
-    {.field = 215, .to = To<&DiskFigures::writeService>(), .as = TICKS},
+    {.field = 214, .to = To<&DiskFields::readService>(), .as = TICKS},
+    {.field = 215, .to = To<&DiskFields::writeService>(), .as = TICKS},
     {.field = 216},
-    {.field = 217, .to = To<&DiskFigures::busy>(), .as = TICKS},
-    {.field = 218, .to = To<&DiskFigures::wait>(), .as = TICKS},
+    {.field = 217, .to = To<&DiskFields::busy>(), .as = TICKS},
+    {.field = 218, .to = To<&DiskFields::wait>(), .as = TICKS},
 };
 
-void FinishOldDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
+void FinishOldDisk(const DiskFields& figures, double interval, DiskRecord& disk) {
   disk.ioRate = static_cast<float>(figures.oldTransfers / interval);
   disk.readBytesRate = static_cast<float>(figures.oldReadBytes / interval);
   disk.writeBytesRate = static_cast<float>(figures.oldWriteBytes / interval);
   disk.busyFraction = static_cast<float>(figures.oldBusy / 1000.0 / interval);
 }
 
-void FinishNewDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
+void FinishNewDisk(const DiskFields& figures, double interval, DiskRecord& disk) {
   constexpr double TICKS_PER_MILLISECOND = 100000.0;
   disk.ioRate = static_cast<float>(figures.transfers / interval);
   disk.readBytesRate = static_cast<float>(figures.blockSize * figures.readBlocks / interval);
@@ -80,7 +80,7 @@ void FinishNewDisk(const DiskFigures& figures, double interval, DiskRecord& disk
   disk.queueLength = static_cast<float>(disk.ioRate * disk.responsePerIo / 1000.0);
 }
 
-void FinishDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
+void FinishDisk(const DiskFields& figures, double interval, DiskRecord& disk) {
   disk.deviceName = figures.name;
   disk.size = ClampTo<uint32_t>(figures.size);
   disk.free = ClampTo<uint32_t>(figures.free);
@@ -95,7 +95,7 @@ void FinishDisk(const DiskFigures& figures, double interval, DiskRecord& disk) {
 }  // namespace
 
 void AixDecodeDisk(Decoding& decoding) {
-  DiskFigures figures;
+  DiskFields figures;
   if (!ApplyRules<RULES>(figures, decoding)) return;
   // A virtual SCSI device stands for disks that have records of their own.
   if (figures.name.find("vscsi") != figures.name.npos) return;

@@ -9,7 +9,7 @@ namespace ozmo {
 namespace {
 
 // A disk record in the making.
-struct DiskFigures {
+struct DiskFields {
   std::string name;
   float ioRate = 0.0F;
   float totalBytesRate = 0.0F;
@@ -25,18 +25,18 @@ constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 constexpr Conversion BYTE_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = BLOCKS_PER_BYTE};
 constexpr Conversion PERCENT_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = 100.0};
 
-constexpr FieldRule<DiskFigures> RULES[] = {
-    {.field = 201, .to = To<&DiskFigures::name>()},
-    {.field = 202, .to = To<&DiskFigures::ioRate>(), .as = RATE},
-    {.field = 203, .to = To<&DiskFigures::totalBytesRate>(), .as = BYTE_RATE},
-    {.field = 204, .to = To<&DiskFigures::transfers>(), .as = FIGURE},
+constexpr FieldRule<DiskFields> RULES[] = {
+    {.field = 201, .to = To<&DiskFields::name>()},
+    {.field = 202, .to = To<&DiskFields::ioRate>(), .as = RATE},
+    {.field = 203, .to = To<&DiskFields::totalBytesRate>(), .as = BYTE_RATE},
+    {.field = 204, .to = To<&DiskFields::transfers>(), .as = FIGURE},
     {.field = 205},  // wait time and queue length are worked out from the others
-    {.field = 206, .to = To<&DiskFigures::microseconds>(), .as = {.form = Form::UINT64}},
+    {.field = 206, .to = To<&DiskFields::microseconds>(), .as = {.form = Form::UINT64}},
     {.field = 207},
-    {.field = 208, .to = To<&DiskFigures::busyFraction>(), .as = PERCENT_RATE},
+    {.field = 208, .to = To<&DiskFields::busyFraction>(), .as = PERCENT_RATE},
 };
 
-void FinishDisk(const DiskFigures& figures, bool legacyDiskData, DiskRecord& disk) {
+void FinishDisk(const DiskFields& figures, bool legacyDiskData, DiskRecord& disk) {
   disk.deviceName = figures.name;
   disk.ioRate = figures.ioRate;
   disk.totalBytesRate = figures.totalBytesRate;
@@ -52,7 +52,7 @@ void FinishDisk(const DiskFigures& figures, bool legacyDiskData, DiskRecord& dis
 }  // namespace
 
 void HpuxDecodeDisk(Decoding& decoding) {
-  DiskFigures figures;
+  DiskFields figures;
   if (!ApplyRules<RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.legacyDiskData, disk);

@@ -8,17 +8,17 @@ namespace ozmo {
 namespace {
 
 // A disk record in the making, with the times that only its end needs.
-struct DiskFigures {
+struct DiskFields {
   DiskRecord disk;
   double readMilliseconds = 0.0;
   double writeMilliseconds = 0.0;
 };
 
-void StoreDiskName(DiskFigures& figures, const Source& from) { figures.disk.deviceName = from.field.Text(); }
+void StoreDiskName(DiskFields& figures, const Source& from) { figures.disk.deviceName = from.field.Text(); }
 
 // The older counters.
 template <auto Member>
-void StoreOldRate(DiskFigures& figures, const Source& from) {
+void StoreOldRate(DiskFields& figures, const Source& from) {
   figures.disk.*Member = Convert<float>(from);
 }
 
@@ -31,19 +31,19 @@ uint64_t DiskCounter(const FieldValue& field) {
 }
 
 template <auto Member, unsigned Shift = 0>
-void StoreRate(DiskFigures& figures, const Source& from) {
+void StoreRate(DiskFields& figures, const Source& from) {
   figures.disk.*Member = static_cast<float>(DiskCounter(from.field) << Shift) /
                          static_cast<float>(from.decoding.state.intervalSeconds);
 }
 
 template <auto Member>
-void StoreMilliseconds(DiskFigures& figures, const Source& from) {
+void StoreMilliseconds(DiskFields& figures, const Source& from) {
   figures.*Member = static_cast<double>(DiskCounter(from.field));
 }
 
 // Milliseconds of the interval as a fraction of it.
 template <auto Member>
-void StoreFraction(DiskFigures& figures, const Source& from) {
+void StoreFraction(DiskFields& figures, const Source& from) {
   figures.disk.*Member = static_cast<float>(static_cast<double>(DiskCounter(from.field)) /
                                             (1000.0 * from.decoding.state.intervalSeconds));
 }
@@ -51,7 +51,7 @@ void StoreFraction(DiskFigures& figures, const Source& from) {
 constexpr unsigned SECTOR_SHIFT = 9;  // sectors of 512 bytes
 constexpr Conversion OLD_RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 
-constexpr FieldRule<DiskFigures> RULES[] = {
+constexpr FieldRule<DiskFields> RULES[] = {
     {.field = 201, .to = To<StoreDiskName>()},
     {.field = 202, .to = To<StoreOldRate<&DiskRecord::readRate>>(), .as = OLD_RATE},
     {.field = 203, .to = To<StoreOldRate<&DiskRecord::writeRate>>(), .as = OLD_RATE},
@@ -60,17 +60,17 @@ constexpr FieldRule<DiskFigures> RULES[] = {
     {.field = 206, .to = To<StoreRate<&DiskRecord::readRate>>()},
     {.field = 207, .to = To<StoreRate<&DiskRecord::readMergedRate>>()},
     {.field = 208, .to = To<StoreRate<&DiskRecord::readBytesRate, SECTOR_SHIFT>>()},
-    {.field = 209, .to = To<StoreMilliseconds<&DiskFigures::readMilliseconds>>()},
+    {.field = 209, .to = To<StoreMilliseconds<&DiskFields::readMilliseconds>>()},
     {.field = 210, .to = To<StoreRate<&DiskRecord::writeRate>>()},
     {.field = 211, .to = To<StoreRate<&DiskRecord::writeMergedRate>>()},
     {.field = 212, .to = To<StoreRate<&DiskRecord::writeBytesRate, SECTOR_SHIFT>>()},
-    {.field = 213, .to = To<StoreMilliseconds<&DiskFigures::writeMilliseconds>>()},
+    {.field = 213, .to = To<StoreMilliseconds<&DiskFields::writeMilliseconds>>()},
     {.field = 214},
     {.field = 215, .to = To<StoreFraction<&DiskRecord::busyFraction>>()},
     {.field = 216, .to = To<StoreFraction<&DiskRecord::queueLength>>()},
 };
 
-void FinishDisk(DiskFigures& figures, int32_t intervalSeconds) {
+void FinishDisk(DiskFields& figures, int32_t intervalSeconds) {
   DiskRecord& disk = figures.disk;
   disk.totalBytesRate = disk.readBytesRate + disk.writeBytesRate;
   disk.ioRate = disk.readRate + disk.writeRate;
@@ -83,7 +83,7 @@ void FinishDisk(DiskFigures& figures, int32_t intervalSeconds) {
 }  // namespace
 
 void LinuxDecodeDisk(Decoding& decoding) {
-  DiskFigures figures;
+  DiskFields figures;
   if (!ApplyRules<RULES>(figures, decoding)) return;
   FinishDisk(figures, decoding.state.intervalSeconds);
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();

@@ -8,7 +8,7 @@ namespace ozmo {
 namespace {
 
 // A disk as the file has it; times in nanoseconds.
-struct DiskFigures {
+struct DiskFields {
   std::string name;
   float readKb = 0.0F;
   float writeKb = 0.0F;
@@ -23,21 +23,21 @@ constexpr Conversion NANOSECONDS{.form = Form::UINT64};
 constexpr Conversion KILOBYTE_RATE{.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 constexpr Conversion OPERATION_RATE{.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 
-constexpr FieldRule<DiskFigures> RULES[] = {
-    {.field = 201, .to = To<&DiskFigures::name>()},
-    {.field = 202, .to = To<&DiskFigures::readKb>(), .as = KILOBYTE_RATE},
-    {.field = 203, .to = To<&DiskFigures::writeKb>(), .as = KILOBYTE_RATE},
-    {.field = 204, .to = To<&DiskFigures::reads>(), .as = OPERATION_RATE},
-    {.field = 205, .to = To<&DiskFigures::writes>(), .as = OPERATION_RATE},
-    {.field = 206, .to = To<&DiskFigures::busy>(), .as = NANOSECONDS},
-    {.field = 207, .to = To<&DiskFigures::queueA>(), .as = NANOSECONDS},
+constexpr FieldRule<DiskFields> RULES[] = {
+    {.field = 201, .to = To<&DiskFields::name>()},
+    {.field = 202, .to = To<&DiskFields::readKb>(), .as = KILOBYTE_RATE},
+    {.field = 203, .to = To<&DiskFields::writeKb>(), .as = KILOBYTE_RATE},
+    {.field = 204, .to = To<&DiskFields::reads>(), .as = OPERATION_RATE},
+    {.field = 205, .to = To<&DiskFields::writes>(), .as = OPERATION_RATE},
+    {.field = 206, .to = To<&DiskFields::busy>(), .as = NANOSECONDS},
+    {.field = 207, .to = To<&DiskFields::queueA>(), .as = NANOSECONDS},
     {.field = 208},
-    {.field = 209, .to = To<&DiskFigures::busy>(), .as = NANOSECONDS},  // in place of field 206
-    {.field = 210, .to = To<&DiskFigures::queueB>(), .as = NANOSECONDS},
+    {.field = 209, .to = To<&DiskFields::busy>(), .as = NANOSECONDS},  // in place of field 206
+    {.field = 210, .to = To<&DiskFields::queueB>(), .as = NANOSECONDS},
     {.field = 212, .last = 213},
 };
 
-void FinishDisk(const DiskFigures& figures, int32_t intervalSeconds, DiskRecord& disk) {
+void FinishDisk(const DiskFields& figures, int32_t intervalSeconds, DiskRecord& disk) {
   constexpr double SECOND = 1e9;
   const auto interval = static_cast<float>(intervalSeconds);
   disk.deviceName = figures.name;
@@ -58,7 +58,7 @@ void FinishDisk(const DiskFigures& figures, int32_t intervalSeconds, DiskRecord&
 }  // namespace
 
 void SolarisDecodeDisk(Decoding& decoding) {
-  DiskFigures figures;
+  DiskFields figures;
   if (!ApplyRules<RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.intervalSeconds, disk);
