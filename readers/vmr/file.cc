@@ -10,8 +10,6 @@
 namespace ozmo {
 namespace {
 
-constexpr char SEPARATOR = '~';
-
 // Printable in the C locale, whatever the locale of the run.
 bool IsPrintable(char c) { return c >= ' ' && c <= '~'; }
 

@@ -20,11 +20,15 @@ namespace ozmo {
 class VmrLine {
  public:
   static constexpr size_t MAX_LENGTH = 2047;
+  static constexpr char SEPARATOR = '~';
 
   // Takes over a line as it was read, without its line end. False if nothing is left.
   bool Assign(std::string_view text);
 
-  bool Is(std::string_view kind) { return Field(0) == kind; }
+  // Whether field 0 is `kind`, a text without a separator.
+  bool Is(std::string_view kind) const {
+    return text_.starts_with(kind) && (text_.size() == kind.size() || text_[kind.size()] == SEPARATOR);
+  }
   // A line without a separator is one field; two separators in a row hold an empty field between them.
   size_t FieldCount();
   // A field behind the last is an empty text.
