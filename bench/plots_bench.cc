@@ -31,11 +31,11 @@ class StackedGraph {
             static_cast<float>((TRACES - trace) * (5.0 + 4.0 * std::sin(i / 60.0 + trace)));
       }
     }
-    job_.mainLayer.title = "Top 10 Images by CPU Utilization";
-    job_.mainLayer.yTitle = "%CPU Utilization";
-    job_.mainLayer.yMax = 110.0;
+    job_.mainOverlay.title = "Top 10 Images by CPU Utilization";
+    job_.mainOverlay.yTitle = "%CPU Utilization";
+    job_.mainOverlay.yMax = 110.0;
     for (int trace = 0; trace < TRACES; ++trace) {
-      job_.mainLayer.traces.push_back(
+      job_.mainOverlay.traces.push_back(
           {"#" + std::to_string(trace) + " image", colours[trace % 5], series_[static_cast<size_t>(trace)]});
     }
     job_.graphType = type;

@@ -71,7 +71,7 @@ void AddToPoint(Series& series, int point, double value) {
 
 // One more set, which holds 0 at the interval's point. LAN graphs have one point less than others.
 void AddSet(const Minute& minute, GraphRecord& record) {
-  const int set = AddSeries(minute.catalog, record);
+  const int set = XrtSeriesAdd(minute.catalog, record);
   record.data.npoints = minute.catalog.pointCount;
   PointStore(record.data.y[static_cast<size_t>(set)], minute.point, 0.0F);
 }

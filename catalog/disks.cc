@@ -69,7 +69,7 @@ GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::strin
     record.traceLabels.emplace_back(NameText(trace.labelFormat, name));
     record.traceColours.emplace_back(trace.colour);
   }
-  CreateSeries(catalog, record, static_cast<int>(graph.traces.size()));
+  XrtSeriesCreate(catalog, record, static_cast<int>(graph.traces.size()));
   return record;
 }
 

@@ -15,8 +15,8 @@ std::string GraphNameKey(std::string_view name) {
   return key;
 }
 
-bool IsSameGraphName(std::string_view first, std::string_view second) {
-  return GraphNameKey(first) == GraphNameKey(second);
+int GraphNameCompare(std::string_view first, std::string_view second) {
+  return GraphNameKey(first).compare(GraphNameKey(second));
 }
 
 WantedTitles::WantedTitles(const std::vector<std::string_view>& titles) : isAll_(false) {

@@ -11,8 +11,8 @@ namespace ozmo {
 // don't count. Tabs do.
 std::string GraphNameKey(std::string_view name);
 
-// Whether two names are the same graph's or trace's.
-bool IsSameGraphName(std::string_view first, std::string_view second);
+// Zero when two names are the same graph's or trace's.
+int GraphNameCompare(std::string_view first, std::string_view second);
 
 // The titles of the graphs that a catalog is built for. Other graphs stand in its tree without series.
 class WantedTitles {

@@ -49,7 +49,7 @@ void ClearNegatives(Series& series, size_t points) {
   }
 }
 
-void StackSets(TraceSeries& data) {
+void StackSets(XrtData& data) {
   if (data.y.empty() || data.npoints <= 0) return;
   size_t points = static_cast<size_t>(data.npoints);
   for (const Series& series : data.y) points = std::min(points, series.size());
@@ -105,20 +105,20 @@ void SeriesBudget::Take(int64_t count, int64_t points) {
   bytes_ += count * points * VALUE_BYTES;
 }
 
-Series NewSeries(GraphCatalog& catalog) {
+Series SeriesNew(GraphCatalog& catalog) {
   const int64_t points = int64_t{catalog.pointCount} + 1;
   catalog.budget.Take(1, points);
   return Series(static_cast<size_t>(points), MISSING_POINT);
 }
 
-void CreateSeries(GraphCatalog& catalog, GraphRecord& record, int nsets) {
+void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets) {
   record.data.npoints = catalog.pointCount + 1;
   record.data.y.clear();
-  for (int set = 0; set < nsets; ++set) AddSeries(catalog, record);
+  for (int set = 0; set < nsets; ++set) XrtSeriesAdd(catalog, record);
 }
 
-int AddSeries(GraphCatalog& catalog, GraphRecord& record) {
-  record.data.y.push_back(NewSeries(catalog));
+int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record) {
+  record.data.y.push_back(SeriesNew(catalog));
   return record.data.nsets() - 1;
 }
 

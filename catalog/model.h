@@ -27,7 +27,7 @@ inline constexpr float MISSING_POINT = -1.0F;
 using Series = std::vector<float>;
 
 // The y arrays of a graph, index = set number. Every array has at least `npoints` values.
-struct TraceSeries {
+struct XrtData {
   int npoints = 0;
   std::vector<Series> y;
   int nsets() const { return static_cast<int>(y.size()); }
@@ -42,7 +42,7 @@ struct GraphRecord {
   // By set number; shorter than the set count where the rest has none.
   std::vector<std::optional<std::string>> traceLabels;
   std::vector<std::optional<std::string>> traceColours;
-  TraceSeries data;
+  XrtData data;
   bool isNeeded = true;  // for the graphs that the catalog is built for; else it gets no series
 
   void SetLabel(int set, std::string label);
@@ -138,13 +138,13 @@ inline void PointFeed(Series& series, int point, float value) {
 }
 
 // A series of `pointCount` + 1 values, all MISSING_POINT, counted in the budget.
-Series NewSeries(GraphCatalog& catalog);
+Series SeriesNew(GraphCatalog& catalog);
 
 // Gives the record `nsets` missing series of `pointCount` + 1 values.
-void CreateSeries(GraphCatalog& catalog, GraphRecord& record, int nsets);
+void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets);
 
 // One more missing series; returns its set number.
-int AddSeries(GraphCatalog& catalog, GraphRecord& record);
+int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record);
 
 // For each graph row of the tree: fills holes of at most `maxGap` - 1 missing points by a straight line. The
 // last `maxGap` points can't act as right ends.

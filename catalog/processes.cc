@@ -55,7 +55,7 @@ ProcessPass::Entry& ProcessPass::EntryOf(std::string_view user, std::string_view
   }
   Entry& entry = *identities_.try_emplace(ProcessKey{std::string(user), std::string(command)}).first;
   Identity& identity = entry.second;
-  if (classifier_) identity.workloadClass = classifier_->Classify(user, command);
+  if (classifier_) identity.workloadClass = WorkloadClassify(*classifier_, user, command);
   if (detail_.images) identity.image = &SeriesOf(images_, ImageOfCommand(command));
   if (detail_.users) identity.user = &SeriesOf(users_, TrimText(user, " "));
   return entry;

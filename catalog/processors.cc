@@ -26,7 +26,7 @@ void ProcessorPass::MakeSets(GraphCatalog& catalog, int count) {
   setsAreMade_ = true;
   for (const Graph graph : PER_PROCESSOR_GRAPHS) {
     GraphRecord* record = catalog.FindNeeded(graph);
-    if (record != nullptr) CreateSeries(catalog, *record, std::clamp(count, 0, MAX_SETS));
+    if (record != nullptr) XrtSeriesCreate(catalog, *record, std::clamp(count, 0, MAX_SETS));
   }
 }
 
@@ -47,7 +47,7 @@ int ProcessorPass::SetOf(GraphCatalog& catalog, int32_t cpuId) {
   for (const Graph graph : PER_PROCESSOR_GRAPHS) {
     GraphRecord* record = catalog.FindNeeded(graph);
     if (record == nullptr) continue;
-    if (!spec_.setsFromConfiguration) AddSeries(catalog, *record);
+    if (!spec_.setsFromConfiguration) XrtSeriesAdd(catalog, *record);
     record->SetLabel(set, NameOf(cpuId));
   }
   return set;

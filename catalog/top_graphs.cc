@@ -76,7 +76,7 @@ void AddSet(GraphCatalog& catalog, GraphRecord& record, const NameSeries& series
             const SampledPoints& points) {
   Samples samples;
   series.Collect(points, samples);
-  AddSeries(catalog, record);
+  XrtSeriesAdd(catalog, record);
   for (const Sample& sample : samples) PointStore(record.data.y.back(), sample.point, sample.value);
 }
 
@@ -94,7 +94,7 @@ std::string RankLabel(std::string_view format, int rank, std::string_view name) 
 
 // What the first `ranks` sets of a graph take of its total at a point; negative and missing values take none.
 template <class Subtract>
-void SubtractRanks(const TraceSeries& data, int ranks, size_t point, Subtract subtract) {
+void SubtractRanks(const XrtData& data, int ranks, size_t point, Subtract subtract) {
   for (int set = 0; set < ranks; ++set) {
     const float value = PointAt(data.y[static_cast<size_t>(set)], static_cast<int>(point));
     if (value > 0.0F) subtract(value);
@@ -105,7 +105,7 @@ void SubtractRanks(const TraceSeries& data, int ranks, size_t point, Subtract su
 void AddOthers(GraphCatalog& catalog, GraphRecord& record, Graph total) {
   const Series* totals = catalog.FindSeries(total, 0);
   const int ranks = record.data.nsets();
-  const int set = AddSeries(catalog, record);
+  const int set = XrtSeriesAdd(catalog, record);
   record.SetLabel(set, "Others");
   if (totals == nullptr) return;
   Series& others = record.data.y.back();
@@ -127,8 +127,8 @@ float PositiveAt(const Series* series, size_t point) {
 // "Others" is what ranks, DPC and interrupt time leave of overall CPU; the two times are a set of their own.
 void AddOthersAndInterrupts(GraphCatalog& catalog, GraphRecord& record, Graph total) {
   const int ranks = record.data.nsets();
-  record.SetLabel(AddSeries(catalog, record), "Others");
-  record.SetLabel(AddSeries(catalog, record), "DPC+Interrupt");
+  record.SetLabel(XrtSeriesAdd(catalog, record), "Others");
+  record.SetLabel(XrtSeriesAdd(catalog, record), "DPC+Interrupt");
   Series& others = record.data.y[static_cast<size_t>(ranks)];
   Series& interrupts = record.data.y.back();
   const Series* totals = catalog.FindSeries(total, 0);

@@ -25,7 +25,7 @@ constexpr int NO_DATA_FILE_STATUS = 2;
 void MakeFirstPass(DataReader& reader, RunRequest& request) {
   std::string nodeName;
   Seconds firstRecordTime = 0;
-  if (ReaderEntryPass(reader, *request.dataFile, nodeName, firstRecordTime) == 1) {
+  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, firstRecordTime) == 1) {
     request.hostName = nodeName;
   }
 }
@@ -40,7 +40,7 @@ void OpenStandardStreams() {
 
 // Takes note of the data file, and ends the process if it is the output file too.
 void NoteDataFile(const RunRequest& request, Runtime& runtime) {
-  const std::optional<FileIdentity> data = IdentityOf(*request.dataFile);
+  const std::optional<FileIdentity> data = IdentityOf(*request.vmrUnixFile);
   if (!data) return;
   if (data == IdentityOf(*request.graphFile)) OutputIsInput(*request.graphFile);
   runtime.inputs.push_back(*data);
@@ -48,16 +48,17 @@ void NoteDataFile(const RunRequest& request, Runtime& runtime) {
 
 // Everything behind the banner. Answers the exit status.
 int Run(Runtime& runtime, int argc, char* const argv[]) {
-  RunRequest request = ParseCommandLine(argc, argv);
+  RunRequest request;
+  ParseCommandLine(argc, argv, request);
 
   std::optional<DataReader> reader;
-  if ((request.dataFlags & REQUEST_VMRUNIX) != 0) {
-    if (!request.dataFile) {  // the bit came of -mw
+  if ((request.requestFlags & REQUEST_VMRUNIX) != 0) {
+    if (!request.vmrUnixFile) {  // sixteen -mw options add up to the bit of -vmrunix
       std::fputs("ozmo_graph: no data file\n", stderr);
       return NO_DATA_FILE_STATUS;
     }
     NoteDataFile(request, runtime);
-    reader.emplace(ReaderKindOf(*request.dataFile), runtime);
+    reader.emplace(ReaderKindOf(*request.vmrUnixFile), runtime);
     MakeFirstPass(*reader, request);
   }
 
@@ -75,8 +76,8 @@ int RunEntry(int argc, char* const argv[]) {
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   Runtime runtime;
   MemAttach(runtime);
-  LibraryDirectory(runtime);  // the directory that the variables name now holds for the whole run
-  std::printf("ozmo_graph %s\n", VERSION_TEXT);
+  LibraryPathGet(runtime);  // the directory that the variables name now holds for the whole run
+  std::printf("ozmo_graph %s\n", runtime.identity.versionText.c_str());
   const int status = Run(runtime, argc, argv);
   MemDetach();
   return status;

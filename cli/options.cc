@@ -15,17 +15,6 @@ constexpr int MISSING_REQUIREMENT_STATUS = 0;
 constexpr int USAGE_STATUS = 1;
 constexpr int MISSING_VALUE_STATUS = 2;
 
-constexpr const char* USAGE_TEXT =
-    "ozmo_graph accepts the following command line options:\n\n"
-    "-mw <filename>                 (MeasureWare data file)\n"
-    "-vmrunix <filename>            (Veltrix Monitor for UNIX data file)\n"
-    "-begin <DD-MMM-YYYY:HH:MM:SS>\n"
-    "-end   <DD-MMM-YYYY:HH:MM:SS>\n\n"
-    "-graph <filename>              (output graph file)\n"
-    "-type  <CSV|JPG|GIF|PS>        (graph file type)\n"
-    "-item  <graphname>             (graph name string)\n"
-    "-overlay <overlayname>         (overlay name string)\n\n";
-
 // What the tests fill in.
 struct ParseState {
   RunRequest& request;
@@ -35,24 +24,39 @@ struct ParseState {
 // An option's effect; may shorten its value in place, for the tests that come behind it.
 using OptionAction = void (*)(ParseState& state, std::string& value);
 
-// There is nothing behind such files: that one was named is all that counts.
-void NoteMwFile(ParseState& state, std::string& /*value*/) { state.request.dataFlags += REQUEST_MW; }
+void SetMwFile(ParseState& state, std::string& value) {
+  state.request.mwFile = value;
+  state.request.requestFlags += REQUEST_MW;
+  state.request.runMode = 9;
+}
 
-void SetDataFile(ParseState& state, std::string& value) {
-  state.request.dataFile = value;
-  state.request.dataFlags += REQUEST_VMRUNIX;
+void SetVmrUnixFile(ParseState& state, std::string& value) {
+  state.request.vmrUnixFile = value;
+  state.request.requestFlags += REQUEST_VMRUNIX;
+  state.request.runMode = 3;
 }
 
 std::tm ParseOptionTime(const std::string& value) {
   std::tm time{};
   time.tm_isdst = -1;
-  TimeParse(time, value);
+  TimeParse(time, value, TimeFormatNumber::DAY_MONTH_YEAR_TIME);
   return time;
 }
 
-void SetBegin(ParseState& state, std::string& value) { state.request.beginTime = ParseOptionTime(value); }
-void SetEnd(ParseState& state, std::string& value) { state.request.endTime = ParseOptionTime(value); }
-void SetGraphFile(ParseState& state, std::string& value) { state.request.graphFile = value; }
+void SetBegin(ParseState& state, std::string& value) {
+  state.request.beginText = value;
+  state.request.beginTime = ParseOptionTime(value);
+}
+
+void SetEnd(ParseState& state, std::string& value) {
+  state.request.endText = value;
+  state.request.endTime = ParseOptionTime(value);
+}
+
+void SetGraphFile(ParseState& state, std::string& value) {
+  state.request.graphFile = value;
+  state.request.requestFlags |= REQUEST_GRAPH_FILE;
+}
 
 struct UnitRow {
   std::string_view word;  // searched for anywhere in the value
@@ -111,9 +115,7 @@ void SetType(ParseState& state, std::string& value) {
 }
 
 void SetHost(ParseState& state, std::string& value) { state.request.hostName = value; }
-
-// Takes its value, and nothing comes of it.
-void TakeMemory(ParseState& /*state*/, std::string& /*value*/) {}
+void SetMemory(ParseState& state, std::string& value) { state.request.memoryFile = value; }
 
 struct OptionRow {
   std::string_view name;
@@ -123,8 +125,8 @@ struct OptionRow {
 
 // In the order of the tests.
 constexpr OptionRow OPTION_ROWS[] = {
-    {"-mw", 2, NoteMwFile},
-    {"-vmrunix", 4, SetDataFile},
+    {"-mw", 2, SetMwFile},
+    {"-vmrunix", 4, SetVmrUnixFile},
     {"-begin", 1, SetBegin},
     {"-end", 1, SetEnd},
     {"-graph_file", 3, SetGraphFile},
@@ -134,13 +136,13 @@ constexpr OptionRow OPTION_ROWS[] = {
     {"-overlay", 1, SetOverlay},
     {"-type", 1, SetType},
     {"-host", 4, SetHost},
-    {"-memory", 2, TakeMemory},
+    {"-memory", 2, SetMemory},
     {"-help", 4, nullptr},
     {"-?", 1, nullptr},
 };
 
 [[noreturn]] void ExitWithUsage(int status) {
-  std::fputs(USAGE_TEXT, stdout);
+  PrintUsage();
   std::exit(status);
 }
 
@@ -152,7 +154,7 @@ constexpr OptionRow OPTION_ROWS[] = {
 // Puts the word at `index` to all tests. Moves `index` on to the last word used.
 void TestWord(ParseState& state, std::vector<std::string>& words, size_t& index) {
   for (const OptionRow& row : OPTION_ROWS) {
-    if (!Abbreviates(words[index], row.name, row.minimum)) continue;
+    if (!OptionMatches(words[index], row.name, row.minimum)) continue;
     if (row.action == nullptr) ExitWithUsage(USAGE_STATUS);
     ++index;
     if (index == words.size()) ExitForMissingValue(row.name);
@@ -177,17 +179,35 @@ void CheckRequirements(const ParseState& state) {
 
 }  // namespace
 
-RunRequest ParseCommandLine(int argc, char* const argv[]) {
+bool OptionMatches(std::string_view argument, std::string_view option, size_t minimum) {
+  return Abbreviates(argument, option, minimum);
+}
+
+void PrintUsage() {
+  std::fputs(
+      "ozmo_graph accepts the following command line options:\n\n"
+      "-mw <filename>                 (MeasureWare data file)\n"
+      "-vmrunix <filename>            (Veltrix Monitor for UNIX data file)\n"
+      "-begin <DD-MMM-YYYY:HH:MM:SS>\n"
+      "-end   <DD-MMM-YYYY:HH:MM:SS>\n\n"
+      "-graph <filename>              (output graph file)\n"
+      "-type  <CSV|JPG|GIF|PS>        (graph file type)\n"
+      "-item  <graphname>             (graph name string)\n"
+      "-overlay <overlayname>         (overlay name string)\n\n",
+      stdout);
+}
+
+int ParseCommandLine(int argc, char* const argv[], RunRequest& request) {
+  request.hostName.clear();
   if (argc < 2) ExitWithUsage(USAGE_STATUS);
 
   std::vector<std::string> words;  // a copy, since size values are cut short
   for (int index = 1; index < argc && argv[index] != nullptr; ++index) words.emplace_back(argv[index]);
 
-  RunRequest request;
   ParseState state{request};
   for (size_t index = 0; index < words.size(); ++index) TestWord(state, words, index);
   CheckRequirements(state);
-  return request;
+  return 1;
 }
 
 }  // namespace ozmo

@@ -11,7 +11,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const ozmo::WorkloadClassifier classifier(list);
   while (!rest.empty()) {
     const std::string_view user = CutUpTo(rest, '\n');
-    classifier.Classify(user, CutUpTo(rest, '\n'));
+    WorkloadClassify(classifier, user, CutUpTo(rest, '\n'));
   }
   return 0;
 }

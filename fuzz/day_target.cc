@@ -87,7 +87,7 @@ std::unique_ptr<GraphCatalog> CatalogOf(const DayInput& input, const WantedTitle
   const std::string path = PathOf(input, '1');
   DataReader reader(ReaderKindOf(path), runtime);
   RunRequest request;
-  request.dataFile = path;
+  request.vmrUnixFile = path;
   request.beginTime = TimeLocal(TimeOf(input.beginMinute));
   request.endTime = TimeLocal(TimeOf(input.endMinute));
   std::string node;

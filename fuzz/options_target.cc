@@ -14,7 +14,8 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   while (!lines.empty()) words.emplace_back(CutUpTo(lines, '\n'));
   std::vector<char*> arguments = ArgumentsOf(words);
   AsRun([&] {
-    const ozmo::RunRequest request = ozmo::ParseCommandLine(static_cast<int>(words.size()), arguments.data());
+    ozmo::RunRequest request;
+    ozmo::ParseCommandLine(static_cast<int>(words.size()), arguments.data(), request);
     ozmo::DayList(ozmo::TimeToSeconds(request.beginTime), ozmo::TimeToSeconds(request.endTime), "%Y%b%d");
     ozmo::Runtime runtime;
     ozmo::BuildGraphJob(request, nullptr, runtime);  // no file is touched without a reader

@@ -63,29 +63,29 @@ class OddJob {
     if (job_.width > LONG_SIDE && job_.height > SHORT_SIDE) job_.height = SHORT_SIDE;
     if (job_.height > LONG_SIDE && job_.width > SHORT_SIDE) job_.width = SHORT_SIDE;
     if (data_.ConsumeBool()) {
-      job_.overlay.emplace();
-      FillLayer(*job_.overlay, 1);
+      job_.additionalOverlay.emplace();
+      FillLayer(*job_.additionalOverlay, 1);
     }
-    FillLayer(job_.mainLayer, 1 + data_.ConsumeIntegralInRange<size_t>(0, MOST_TRACES - 1));
+    FillLayer(job_.mainOverlay, 1 + data_.ConsumeIntegralInRange<size_t>(0, MOST_TRACES - 1));
   }
 
   const GraphJob& job() const { return job_; }
 
  private:
-  void FillLayer(Layer& layer, size_t traces) {
+  void FillLayer(Overlay& layer, size_t traces) {
     layer.title = data_.ConsumeRandomLengthString(60);
     layer.yTitle = data_.ConsumeRandomLengthString(60);
     layer.yMax = Number();
     for (size_t n = 0; n < traces; ++n) {
-      LayerTrace& trace = layer.traces.emplace_back();
+      OverlayTrace& trace = layer.traces.emplace_back();
       if (data_.ConsumeBool()) trace.label = data_.ConsumeRandomLengthString(80);
       if (data_.ConsumeBool()) trace.colour = data_.PickValueInArray(COLOURS);
-      trace.series = NewSeries();
+      trace.series = SeriesNew();
     }
   }
 
   // A stretch of numbers, over and over.
-  std::vector<float>& NewSeries() {
+  std::vector<float>& SeriesNew() {
     std::vector<float> numbers(1 + data_.ConsumeIntegralInRange<size_t>(0, 9));
     for (float& number : numbers) number = Number();
     std::vector<float>& series = series_.emplace_back(static_cast<size_t>(job_.pointCount));

@@ -85,11 +85,11 @@ std::unique_ptr<GraphCatalog> CatalogOf(const Platform& platform, const std::fil
 
   Runtime runtime;
   RunRequest request;
-  request.dataFile = written.files.front();
-  DataReader reader(ReaderKindOf(*request.dataFile), runtime);
+  request.vmrUnixFile = written.files.front();
+  DataReader reader(ReaderKindOf(*request.vmrUnixFile), runtime);
   std::string nodeName;
   Seconds first = 0;
-  if (ReaderEntryPass(reader, *request.dataFile, nodeName, first) != 1) Fail("can't read a sample file");
+  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, first) != 1) Fail("can't read a sample file");
   request.beginTime = TimeLocal(first);
   request.endTime = TimeLocal(first + 3600);
   WorkloadClassList classes;

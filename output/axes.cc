@@ -149,6 +149,8 @@ std::string AxisValueLabel(const AxisState& axis, const AxisMap& map, double val
   return NumberText(value, DecimalsIn(NumberText("%.9f", axis.tickSpacing)));
 }
 
+std::string AxisTimeLabel(double value) { return ClockText(value); }
+
 std::string ClockText(double value) { return TimeFormat(ClampTo<Seconds>(value), "%H:%M"); }
 
 }  // namespace ozmo

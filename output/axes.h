@@ -16,11 +16,15 @@ struct AxisMap {
   double inputRange = 1.0;
   bool reversed = false;     // the limits came in falling order
   double outputMin = 0.0;    // frame edge, of the device
+  double outputMax = 1.0;    // outputMin + outputRange
   double outputRange = 1.0;  // frame size, of the device
 };
 
-// Tick layout of one axis.
+// Tick layout and texts of one axis.
 struct AxisState {
+  std::string font;       // of the tick labels
+  double fontSize = 0.0;  // of the smaller frame side
+  std::string title;
   double tickSpacing = 0.0;  // a labelled tick stands at number * tickSpacing
   int firstTick = 0;
   int lastTick = -1;
@@ -28,6 +32,10 @@ struct AxisState {
   double subtickSpacing = 0.0;
   int firstSubtick = 0;
   int lastSubtick = -1;
+  double otherAxisLow = 0.0;  // the values at which the frame's edges stand
+  double otherAxisHigh = 0.0;
+  bool switchAxisEnd = false;  // the axis that crosses this one stands at the far side
+  bool omitTicks = false;
   double maxLabelWidth = 0.0;  // widest tick label drawn so far, in device units
   int labelledTicks = 0;       // labels drawn so far
 };
@@ -49,14 +57,18 @@ AxisSpacing AxisTrialSpacing(double min, double max);
 
 SpacingType AxisSpacingType(double spacing);
 
-// Lays out the ticks of one axis between limits in rising order; others end the process with a message.
+// Lays out the ticks of one axis; font, fontSize, title and switches are the caller's to fill in. Limits in
+// falling order end the process with a message.
 AxisState AxisPrepare(const AxisLimits& limits);
 
 // The text of a tick of the y axis, with the decimals that the spacing needs; in scientific form, written
 // with libplot's label escapes, if a limit is 10000 or above, or 0.0001 or below.
 std::string AxisValueLabel(const AxisState& axis, const AxisMap& map, double value);
 
-// The text of a tick of the x axis, hours and minutes in local time: "14:35".
+// The text of a tick of the x axis.
+std::string AxisTimeLabel(double value);
+
+// Hours and minutes of a time in local time: "14:35".
 std::string ClockText(double value);
 
 }  // namespace ozmo

@@ -44,14 +44,14 @@ std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& cat
     return std::nullopt;
   }
   GraphJob job = JobFor(request, catalog, record->data.npoints, runtime);
-  job.mainLayer = PrepareMainLayer(*record);
+  job.mainOverlay = PrepareMainOverlay(*record);
   if (request.overlayName) {
     OverlaySelection selection = SelectOverlay(catalog, *record, *request.overlayName);
     if (!selection.overlay) {
       Report(runtime, selection.failure);
       return std::nullopt;
     }
-    job.overlay = std::move(selection.overlay);
+    job.additionalOverlay = std::move(selection.overlay);
   }
   return job;
 }
@@ -81,7 +81,7 @@ void WriteGraph(const GraphJob& job, Runtime& runtime) {
 
 void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime) {
   // There is nothing behind -mw: it is accepted, and nothing is built or reported.
-  if ((request.dataFlags & REQUEST_MW) != 0) return;
+  if ((request.requestFlags & REQUEST_MW) != 0) return;
   if (reader == nullptr) {
     Report(runtime, "Data not found.");
     return;

@@ -18,19 +18,20 @@ void WriteHead(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "Time Period: From %s To %s\n", PeriodEnd(job.startTime).c_str(),
                PeriodEnd(job.endTime).c_str());
   std::fprintf(stream, "Host Name: %s,\n", job.hostName.c_str());
-  std::fprintf(stream, "Main Overlay: %s\n", job.mainLayer.title.c_str());
-  std::fprintf(stream, "Additional Overlay: %s\n", job.overlay ? job.overlay->title.c_str() : "(null)");
+  std::fprintf(stream, "Main Overlay: %s\n", job.mainOverlay.title.c_str());
+  std::fprintf(stream, "Additional Overlay: %s\n",
+               job.additionalOverlay ? job.additionalOverlay->title.c_str() : "(null)");
 }
 
 // A column always has a head: "(null)" stands for a trace without a label.
-void WriteColumnHead(std::FILE* stream, const LayerTrace& trace) {
+void WriteColumnHead(std::FILE* stream, const OverlayTrace& trace) {
   std::fprintf(stream, ",  %s", trace.label ? trace.label->c_str() : "(null)");
 }
 
 void WriteColumnHeads(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "Time");
-  for (const LayerTrace& trace : job.mainLayer.traces) WriteColumnHead(stream, trace);
-  if (job.overlay) WriteColumnHead(stream, job.overlay->traces.front());
+  for (const OverlayTrace& trace : job.mainOverlay.traces) WriteColumnHead(stream, trace);
+  if (job.additionalOverlay) WriteColumnHead(stream, job.additionalOverlay->traces.front());
   std::fprintf(stream, "\n");
 }
 
@@ -41,10 +42,10 @@ void WriteValue(std::FILE* stream, float value) {
 void WritePoint(std::FILE* stream, const GraphJob& job, int number) {
   const auto point = static_cast<size_t>(number);
   std::fprintf(stream, "%s", TimeFormat(job.TimeOfPoint(number), "%m/%d/%Y %H:%M:%S").c_str());
-  for (size_t set = 0; set < job.mainLayer.traces.size(); ++set) {
-    WriteValue(stream, OwnValue(job.mainLayer, set, point));
+  for (size_t set = 0; set < job.mainOverlay.traces.size(); ++set) {
+    WriteValue(stream, OwnValue(job.mainOverlay, set, point));
   }
-  if (job.overlay) WriteValue(stream, job.overlay->traces.front().series[point]);
+  if (job.additionalOverlay) WriteValue(stream, job.additionalOverlay->traces.front().series[point]);
   std::fprintf(stream, "\n");
 }
 
@@ -56,16 +57,16 @@ void WriteCsv(std::FILE* stream, const GraphJob& job) {
   for (int point = 0; point < job.pointCount; ++point) WritePoint(stream, job, point);
 }
 
-bool ExportCsv(const GraphJob& job, Runtime& runtime) {
+int ExportCsv(const GraphJob& job, Runtime& runtime) {
   DraftFile draft;
   const Stream stream = OutputFileOpen(job, draft);
   if (!stream) {
     MessageEmit(runtime, PLAIN_MESSAGE, {"Could not open graph file."});
-    return false;
+    return 0;
   }
   WriteCsv(stream.get(), job);
   draft.Finish();
-  return true;
+  return 1;
 }
 
 }  // namespace ozmo

@@ -13,8 +13,8 @@ namespace ozmo {
 // Writes the table of the job to an open stream.
 void WriteCsv(std::FILE* stream, const GraphJob& job);
 
-// Writes the job's graphFile. False when it could not be opened, which a message says. Write errors are not
-// looked at.
-bool ExportCsv(const GraphJob& job, Runtime& runtime);
+// Writes the job's graphFile. Returns 1 when it was written, 0 when it could not be opened (a message has
+// been issued then). Write errors are not looked at.
+int ExportCsv(const GraphJob& job, Runtime& runtime);
 
 }  // namespace ozmo

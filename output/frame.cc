@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 
 #include "output/grapher_messages.h"
@@ -25,23 +26,16 @@ constexpr std::array<PeriodForm, 3> PERIOD_FORMS = {{
     {2592000.0, "%B %Y"},
 }};
 
-// Answers the size that libplot has taken.
-double SetFont(double size) {
-  pl_fontname(PLOT_FONT);
-  return pl_ffontsize(size);
+void SetFont(const std::string& font, double size) {
+  pl_fontname(font.c_str());
+  pl_ffontsize(size);
 }
 
-// Distance of a tick label from its edge.
+// Distance of a tick label from its edge. A tick that points outward stands in the label's way.
 double LabelOffset(const Grapher& grapher, const FrameBox& box) {
-  return box.smallerSide * 0.75 * grapher.settings.tickSize;
-}
-
-double TickLength(const Grapher& grapher, const FrameBox& box) {
-  return box.smallerSide * grapher.settings.tickSize;
-}
-
-double SubtickLength(const Grapher& grapher, const FrameBox& box) {
-  return box.smallerSide * (0.4 * grapher.settings.tickSize);
+  const double tickSize = grapher.settings.tickSize;
+  const double factor = tickSize < 0.0 ? 1.75 : 0.75;
+  return box.smallerSide * factor * std::abs(tickSize) + grapher.halfLineWidth;
 }
 
 bool HasBothSigns(const AxisMap& map) { return map.inputMin * map.inputMax < 0.0; }
@@ -56,24 +50,31 @@ void ForEachTick(const AxisMap& map, int first, int last, double spacing, Draw d
   }
 }
 
-// Wipes an area of no size: what is drawn below a second frame has to stay.
-void DrawBlankBox(const FrameBox& box) {
-  const double x = 0.5 * (box.left + box.right);
-  const double y = 0.5 * (box.bottom + box.top);
+void DrawBlankBox(const Grapher& grapher, const FrameBox& box) {
+  const PlotSettings& settings = grapher.settings;
+  const bool ownBackground = settings.backgroundColour && pl_havecap("SETTABLE_BACKGROUND") != 0;
+  const double middleX = 0.5 * (box.left + box.right);
+  const double middleY = 0.5 * (box.bottom + box.top);
+  const double halfWidth = 0.5 * (box.right - box.left) * settings.blankOutFraction;
+  const double halfHeight = 0.5 * (box.top - box.bottom) * settings.blankOutFraction;
   pl_savestate();
-  pl_colorname("white");
+  pl_colorname(ownBackground ? settings.backgroundColour->c_str() : "white");
   pl_filltype(1);
-  pl_fbox(x, y, x, y);
+  pl_fbox(middleX - halfWidth, middleY - halfHeight, middleX + halfWidth, middleY + halfHeight);
   pl_restorestate();
 }
 
 void DrawTitles(const Grapher& grapher, const FrameBox& box, const std::string& dateLine) {
   const PlotSettings& settings = grapher.settings;
-  const double size = SetFont(box.smallerSide * settings.titleFontSize);
-  const double tickRoom = 0.5 * settings.tickSize;
+  pl_fontname(settings.titleFont.c_str());
+  const double size = pl_ffontsize(box.smallerSide * settings.titleFontSize);
+
+  const bool outwardTicks = (settings.gridStyle == 1 || settings.gridStyle == 2) && settings.tickSize <= 0.0;
+  const double tickRoom = std::abs(settings.tickSize) * (outwardTicks ? 1.0 : 0.5);
   const auto drawAt = [&](double height, const std::string& text) {
     pl_fmove(0.5 * (box.left + box.right),
-             ((tickRoom + height) * settings.plotBoxHeight + settings.plotBoxUp) * DEVICE_SIZE + 0.65 * size);
+             ((tickRoom + height) * settings.plotBoxHeight + settings.plotBoxUp) * DEVICE_SIZE + 0.65 * size +
+                 grapher.halfLineWidth);
     pl_alabel('c', 'b', text.c_str());
   };
   drawAt(1.08, LabelText(settings.title));
@@ -94,12 +95,18 @@ void DrawYMarks(const FrameBox& box, double y, double length) {
 void DrawXTicks(Grapher& grapher, const FrameBox& box) {
   AxisState& axis = grapher.xAxis;
   const double offset = LabelOffset(grapher, box);
-  const double length = TickLength(grapher, box);
-  SetFont(box.smallerSide * grapher.settings.tickFontSize);
+  const double length = box.smallerSide * grapher.settings.tickSize + grapher.halfLineWidth;
+  SetFont(axis.font, box.smallerSide * axis.fontSize);
   ForEachTick(grapher.xMap, axis.firstTick, axis.lastTick, axis.tickSpacing, [&](double value) {
     const double x = AxisToDevice(grapher.xMap, value);
-    pl_fmove(x, box.bottom - offset);
-    pl_alabel('c', 't', ClockText(value).c_str());
+    const std::string label = AxisTimeLabel(value);
+    if (grapher.yAxis.switchAxisEnd) {
+      pl_fmove(x, box.top + offset);
+      pl_alabel('c', 'b', label.c_str());
+    } else {
+      pl_fmove(x, box.bottom - offset);
+      pl_alabel('c', 't', label.c_str());
+    }
     ++axis.labelledTicks;
     DrawXMarks(box, x, length);
   });
@@ -107,10 +114,10 @@ void DrawXTicks(Grapher& grapher, const FrameBox& box) {
 
 void DrawYTicks(Grapher& grapher, const FrameBox& box) {
   AxisState& axis = grapher.yAxis;
-  const bool atRight = grapher.settings.yAxisAtRight;
+  const bool atRight = grapher.xAxis.switchAxisEnd;
   const double offset = LabelOffset(grapher, box);
-  const double length = TickLength(grapher, box);
-  SetFont(box.smallerSide * grapher.settings.tickFontSize);
+  const double length = box.smallerSide * grapher.settings.tickSize + grapher.halfLineWidth;
+  SetFont(axis.font, box.smallerSide * axis.fontSize);
   ForEachTick(grapher.yMap, axis.firstTick, axis.lastTick, axis.tickSpacing, [&](double value) {
     const double y = AxisToDevice(grapher.yMap, value);
     const std::string label = AxisValueLabel(axis, grapher.yMap, value);
@@ -124,14 +131,14 @@ void DrawYTicks(Grapher& grapher, const FrameBox& box) {
 
 void DrawXSubticks(const Grapher& grapher, const FrameBox& box) {
   const AxisState& axis = grapher.xAxis;
-  const double length = SubtickLength(grapher, box);
+  const double length = box.smallerSide * grapher.subtickSize;
   ForEachTick(grapher.xMap, axis.firstSubtick, axis.lastSubtick, axis.subtickSpacing,
               [&](double value) { DrawXMarks(box, AxisToDevice(grapher.xMap, value), length); });
 }
 
 void DrawYSubticks(const Grapher& grapher, const FrameBox& box) {
   const AxisState& axis = grapher.yAxis;
-  const double length = SubtickLength(grapher, box);
+  const double length = box.smallerSide * grapher.subtickSize;
   ForEachTick(grapher.yMap, axis.firstSubtick, axis.lastSubtick, axis.subtickSpacing,
               [&](double value) { DrawYMarks(box, AxisToDevice(grapher.yMap, value), length); });
 }
@@ -143,8 +150,10 @@ void DrawDottedLine(double x0, double y0, double x1, double y1) {
 }
 
 void DrawXAxis(Grapher& grapher, const FrameBox& box) {
-  DrawXTicks(grapher, box);
-  if (grapher.xAxis.haveSubticks) DrawXSubticks(grapher, box);
+  if (grapher.settings.gridStyle != 0 && !grapher.xAxis.omitTicks) {
+    DrawXTicks(grapher, box);
+    if (grapher.xAxis.haveSubticks) DrawXSubticks(grapher, box);
+  }
   if (HasBothSigns(grapher.xMap)) {
     const double x = AxisToDevice(grapher.xMap, 0.0);
     DrawDottedLine(x, box.bottom, x, box.top);
@@ -152,8 +161,10 @@ void DrawXAxis(Grapher& grapher, const FrameBox& box) {
 }
 
 void DrawYAxis(Grapher& grapher, const FrameBox& box) {
-  DrawYTicks(grapher, box);
-  if (grapher.yAxis.haveSubticks) DrawYSubticks(grapher, box);
+  if (grapher.settings.gridStyle != 0 && !grapher.yAxis.omitTicks) {
+    DrawYTicks(grapher, box);
+    if (grapher.yAxis.haveSubticks) DrawYSubticks(grapher, box);
+  }
   if (HasBothSigns(grapher.yMap)) {
     const double y = AxisToDevice(grapher.yMap, 0.0);
     DrawDottedLine(box.left, y, box.right, y);
@@ -161,21 +172,22 @@ void DrawYAxis(Grapher& grapher, const FrameBox& box) {
 }
 
 void DrawYTitle(const Grapher& grapher, const FrameBox& box) {
-  const PlotSettings& settings = grapher.settings;
-  if (settings.yTitle.empty()) return;
-  const double size = SetFont(box.smallerSide * settings.tickFontSize);
-  const double offset = 0.5 * size + LabelOffset(grapher, box) + grapher.yAxis.maxLabelWidth * 1.15;
+  const AxisState& axis = grapher.yAxis;
+  if (axis.title.empty()) return;
+  pl_fontname(axis.font.c_str());
+  const double size = pl_ffontsize(box.smallerSide * axis.fontSize);
+  const double offset = 0.5 * size + LabelOffset(grapher, box) + axis.maxLabelWidth * 1.15;
   const double middle = AxisToDevice(grapher.yMap, 0.5 * (grapher.yMap.inputMin + grapher.yMap.inputMax));
-  const bool atRight = settings.yAxisAtRight;
+  const bool atRight = grapher.xAxis.switchAxisEnd;
   pl_fmove(atRight ? box.right + offset : box.left - offset, middle);
   pl_ftextangle(90.0);
-  pl_alabel('c', atRight ? 't' : 'x', LabelText(settings.yTitle).c_str());
+  pl_alabel('c', atRight ? 't' : 'x', LabelText(axis.title).c_str());
   pl_ftextangle(0.0);
 }
 
 void WarnOfFewLabels(Grapher& grapher) {
   const int labels = std::min(grapher.xAxis.labelledTicks, grapher.yAxis.labelledTicks);
-  if (!grapher.tickWarningGiven && labels < LABELS_MIN) {
+  if (grapher.settings.gridStyle != 0 && !grapher.tickWarningGiven && labels < LABELS_MIN) {
     GrapherWarn("too few labelled axis ticks, adjust tick spacing manually");
     grapher.tickWarningGiven = true;
   }
@@ -184,11 +196,11 @@ void WarnOfFewLabels(Grapher& grapher) {
 }  // namespace
 
 FrameBox FrameBoxOf(const Grapher& grapher) {
-  const auto edges = [](const AxisMap& map) {
-    return std::minmax({AxisToDevice(map, map.inputMin), AxisToDevice(map, map.inputMax)});
+  const auto edges = [](const AxisMap& map, const AxisState& axis) {
+    return std::minmax({AxisToDevice(map, axis.otherAxisLow), AxisToDevice(map, axis.otherAxisHigh)});
   };
-  const auto [left, right] = edges(grapher.xMap);
-  const auto [bottom, top] = edges(grapher.yMap);
+  const auto [left, right] = edges(grapher.xMap, grapher.xAxis);
+  const auto [bottom, top] = edges(grapher.yMap, grapher.yAxis);
   const double smallerSide = std::min(grapher.xMap.outputRange, grapher.yMap.outputRange) * DEVICE_SIZE;
   return {left, right, bottom, top, smallerSide};
 }
@@ -200,15 +212,15 @@ std::string PeriodText(Seconds start, double span) {
   return TimeFormat(start, "%Y");
 }
 
-void GrapherDrawFrame(Grapher& grapher, const GraphJob& job, bool isSecond) {
+void GrapherDrawFrame(Grapher& grapher, const GraphJob& job, bool blankOut) {
   const PlotSettings& settings = grapher.settings;
   const FrameBox box = FrameBoxOf(grapher);
   pl_savestate();
-  pl_pencolorname("black");
+  pl_pencolorname(settings.frameColour.c_str());
   pl_flinewidth(settings.frameLineWidth * DEVICE_SIZE);
   pl_linemod("solid");
-  if (isSecond) DrawBlankBox(box);
-  if (!settings.title.empty()) {
+  if (blankOut) DrawBlankBox(grapher, box);
+  if (settings.gridStyle != 0 && !grapher.yAxis.switchAxisEnd && !settings.title.empty()) {
     DrawTitles(grapher, box, PeriodText(job.startTime, static_cast<double>(job.endTime - job.startTime)));
   }
   pl_fbox(box.left, box.bottom, box.right, box.top);

@@ -22,7 +22,7 @@ FrameBox FrameBoxOf(const Grapher& grapher);
 // The date line: the day, week, month or year of `start`, by the length of the span in seconds.
 std::string PeriodText(Seconds start, double span);
 
-// Draws the frame of a pass; `isSecond` where there is one already.
-void GrapherDrawFrame(Grapher& grapher, const GraphJob& job, bool isSecond);
+// Draws the frame of a pass. `blankOut` wipes what lies in and around it first.
+void GrapherDrawFrame(Grapher& grapher, const GraphJob& job, bool blankOut);
 
 }  // namespace ozmo

@@ -16,7 +16,7 @@
 namespace ozmo {
 
 // One trace of a layer.
-struct LayerTrace {
+struct OverlayTrace {
   // Absent for a set that was counted on and never seen: a table heads its column "(null)", a plot's key
   // shows the box without a text.
   std::optional<std::string> label;
@@ -25,13 +25,13 @@ struct LayerTrace {
   std::span<const float> series;  // GraphJob::pointCount points, which belong to the catalog
 };
 
-// What is drawn to one pair of axes: the graph of -item, or the single trace of -overlay.
-struct Layer {
+// One plotted layer: the graph of -item, or the single trace of -overlay.
+struct Overlay {
   std::string title;
   std::string yTitle;
   double yMin = 0.0;
   double yMax = 0.0;  // top of the y axis
-  std::vector<LayerTrace> traces;
+  std::vector<OverlayTrace> traces;
 };
 
 // A y axis goes somewhat higher than its values.
@@ -42,14 +42,14 @@ inline double AxisTopOf(float peak) { return peak > 0.0F ? AXIS_HEADROOM * stati
 
 // The own value of a stacked trace: its sum less the next trace's. The difference is one of floats: it may
 // show the rounding of the sums, as "-0.00" does.
-inline float OwnValue(const Layer& layer, size_t set, size_t point) {
-  const float sum = layer.traces[set].series[point];
-  return set + 1 == layer.traces.size() ? sum : sum - layer.traces[set + 1].series[point];
+inline float OwnValue(const Overlay& overlay, size_t set, size_t point) {
+  const float sum = overlay.traces[set].series[point];
+  return set + 1 == overlay.traces.size() ? sum : sum - overlay.traces[set + 1].series[point];
 }
 
 struct GraphJob {
-  Layer mainLayer;
-  std::optional<Layer> overlay;  // of one trace
+  Overlay mainOverlay;
+  std::optional<Overlay> additionalOverlay;
   GraphType graphType = GraphType::CSV;
   Seconds startTime = 0;  // of point 0
   Seconds endTime = 0;    // of the last point: points are one minute apart

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "output/grapher_messages.h"
+#include "output/libplot.h"
 
 namespace ozmo {
 namespace {
@@ -39,7 +40,17 @@ AxisMap MakeMap(const AxisLimits& limits, bool reversed, double outputMin, doubl
   map.reversed = reversed;
   map.outputMin = outputMin;
   map.outputRange = outputRange;
+  map.outputMax = outputMin + outputRange;
   return map;
+}
+
+AxisState MakeAxis(const PlotSettings& settings, const AxisLimits& limits) {
+  AxisState axis = AxisPrepare(limits);
+  axis.font = settings.tickFont;
+  axis.fontSize = settings.tickFontSize;
+  axis.otherAxisLow = limits.min;
+  axis.otherAxisHigh = limits.max;
+  return axis;
 }
 
 }  // namespace
@@ -51,10 +62,19 @@ void GrapherSetParameters(Grapher& grapher, const PlotSettings& settings, PlotLi
   SettleSpacing(limits.y);
 
   grapher.settings = settings;
-  grapher.xAxis = AxisPrepare(limits.x);
-  grapher.yAxis = AxisPrepare(limits.y);
+  grapher.subtickSize = 0.4 * settings.tickSize;
+  grapher.xAxis = MakeAxis(settings, limits.x);
+  grapher.xAxis.switchAxisEnd = settings.switchXAxisEnd;
+  grapher.xAxis.omitTicks = settings.omitXTicks;
+  grapher.yAxis = MakeAxis(settings, limits.y);
+  grapher.yAxis.title = settings.yTitle;
+  grapher.yAxis.switchAxisEnd = settings.switchYAxisEnd;
+  grapher.yAxis.omitTicks = settings.omitYTicks;
   grapher.xMap = MakeMap(limits.x, xReversed, settings.plotBoxRight, settings.plotBoxWidth);
   grapher.yMap = MakeMap(limits.y, yReversed, settings.plotBoxUp, settings.plotBoxHeight);
+
+  const bool wideFrame = settings.frameLineWidth >= 0.0 && pl_havecap("WIDE_LINES") != 0;
+  grapher.halfLineWidth = wideFrame ? 0.5 * settings.frameLineWidth * DEVICE_SIZE : 0.0;
   grapher.firstPointOfPolyline = true;
   grapher.lastX = 0.0;
   grapher.lastY = 0.0;

@@ -14,6 +14,8 @@ struct Grapher {
   AxisMap yMap;
   AxisState xAxis;
   AxisState yAxis;
+  double subtickSize = 0.0;    // of the smaller frame side
+  double halfLineWidth = 0.0;  // half the frame's line, in device units
 
   // How far the present polyline has come.
   bool firstPointOfPolyline = true;

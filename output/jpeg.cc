@@ -81,7 +81,7 @@ void Compress(jpeg_compress_struct& compressor, std::FILE* input, std::FILE* out
   jpeg_finish_compress(&compressor);
 }
 
-void JpegFromTemp(const TempMap& map, const GraphJob& job) {
+int JpegFromTemp(const TempMap& map, const GraphJob& job) {
   jpeg_error_mgr errors;
   jpeg_compress_struct compressor = {};
   compressor.err = jpeg_std_error(&errors);
@@ -104,6 +104,7 @@ void JpegFromTemp(const TempMap& map, const GraphJob& job) {
   Compress(compressor, input.get(), output.get());
   jpeg_destroy_compress(&compressor);
   draft.Finish();
+  return 0;
 }
 
 }  // namespace
@@ -113,11 +114,12 @@ void JpegInputFail() {
   std::exit(1);
 }
 
-void JpegFinish(TempMap& map, const GraphJob& job) {
+int JpegFinish(TempMap& map, const GraphJob& job) {
   if (IdentityOf(job.graphFile) == map.Identity()) OutputIsInput(job.graphFile);
   map.KeepOnExit();
   JpegFromTemp(map, job);
-  if (!map.Delete()) std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
+  if (map.Delete() < 0) std::fprintf(stderr, "Unable to delete the jpeg temp file\n");
+  return 0;
 }
 
 }  // namespace ozmo

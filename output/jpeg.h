@@ -10,9 +10,9 @@ namespace ozmo {
 // The longest side of a picture that libjpeg takes.
 inline constexpr int JPEG_SIDE_MAX = 65500;
 
-// Compresses the map into the job's file and deletes it. A file that can't be opened, and whatever libjpeg
-// refuses, ends the process with a message and status 1; the map then stays, to be looked at.
-void JpegFinish(TempMap& map, const GraphJob& job);
+// Compresses the map into the job's file and deletes it. Returns 0. A file that can't be opened, and whatever
+// libjpeg refuses, ends the process with a message and status 1; the map then stays, to be looked at.
+int JpegFinish(TempMap& map, const GraphJob& job);
 
 // Says that the temporary map can't be opened, and ends the process with status 1.
 [[noreturn]] void JpegInputFail();

@@ -3,7 +3,8 @@
 namespace ozmo {
 namespace {
 
-// Libplot knows no escape for the character, as "\\\\" draws two of them; this is its glyph in PLOT_FONT.
+// Libplot knows no escape for the character, as "\\\\" draws two of them; this is its glyph in HersheySans,
+// the one font that we use.
 constexpr std::string_view BACKSLASH_GLYPH = "\\#H4002";
 
 }  // namespace

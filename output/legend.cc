@@ -43,7 +43,7 @@ void DrawLabel(const LegendPlace& place, double x, double y, const std::optional
   if (label) pl_alabel('l', 'b', LabelText(*label).c_str());
 }
 
-void DrawBoxKey(const LegendPlace& place, const LayerTrace& trace) {
+void DrawBoxKey(const LegendPlace& place, const OverlayTrace& trace) {
   pl_linemod("solid");
   pl_filltype(1);
   SetPenAndFill(trace.colour ? trace.colour->c_str() : nullptr);
@@ -51,7 +51,7 @@ void DrawBoxKey(const LegendPlace& place, const LayerTrace& trace) {
   DrawLabel(place, 0.015, 0.118, trace.label);
 }
 
-void DrawLineKey(const LegendPlace& place, const LayerTrace& trace) {
+void DrawLineKey(const LegendPlace& place, const OverlayTrace& trace) {
   pl_linemod("solid");
   pl_pencolorname(OVERLAY_COLOUR);
   pl_fline(place.X(0.0), place.Y(0.1245), place.X(0.015), place.Y(0.1245));
@@ -60,11 +60,11 @@ void DrawLineKey(const LegendPlace& place, const LayerTrace& trace) {
 
 size_t LongestLabel(const GraphJob& job) {
   size_t longest = 0;
-  const auto measure = [&](const LayerTrace& trace) {
+  const auto measure = [&](const OverlayTrace& trace) {
     longest = std::max(longest, trace.label ? trace.label->size() : 0);
   };
-  std::for_each(job.mainLayer.traces.begin(), job.mainLayer.traces.end(), measure);
-  if (job.overlay) measure(job.overlay->traces.front());
+  std::for_each(job.mainOverlay.traces.begin(), job.mainOverlay.traces.end(), measure);
+  if (job.additionalOverlay) measure(job.additionalOverlay->traces.front());
   return longest;
 }
 
@@ -90,18 +90,19 @@ LegendLayout LegendPlan(int fontSize, size_t longest, int count) {
 }
 
 void GrapherDrawLegend(const Grapher& grapher, const GraphJob& job) {
-  pl_fontname(PLOT_FONT);
+  pl_fontname("HersheySans");
   const int fontSize = ClampTo<int>(pl_ffontsize(0.025 * FrameBoxOf(grapher).smallerSide));
 
-  const std::vector<LayerTrace>& traces = job.mainLayer.traces;
+  const std::vector<OverlayTrace>& traces = job.mainOverlay.traces;
   const int traceCount = static_cast<int>(traces.size());
-  const LegendLayout layout = LegendPlan(fontSize, LongestLabel(job), traceCount + (job.overlay ? 1 : 0));
+  const LegendLayout layout =
+      LegendPlan(fontSize, LongestLabel(job), traceCount + (job.additionalOverlay ? 1 : 0));
   if (layout.columns == 0) GrapherFail("a trace label is too long for the key");
   for (int index = 0; index < traceCount; ++index) {
     DrawBoxKey(PlaceOf(layout, fontSize, index), traces[static_cast<size_t>(index)]);
   }
-  if (job.overlay) {
-    DrawLineKey(PlaceOf(layout, fontSize, traceCount), job.overlay->traces.front());
+  if (job.additionalOverlay) {
+    DrawLineKey(PlaceOf(layout, fontSize, traceCount), job.additionalOverlay->traces.front());
   }
 }
 

@@ -91,20 +91,21 @@ void GrapherSetBitmapSize(const BitmapSize& size) {
   SetParameter("BITMAPSIZE", std::to_string(size.width) + "x" + std::to_string(size.height));
 }
 
-bool GrapherOpen(PlotDevice& device, const GraphJob& job) {
-  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job), job.graphType)) return false;
+int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings) {
+  if (settings.backgroundColour) SetParameter("BG_COLOR", *settings.backgroundColour);
+  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job), job.graphType)) return -1;
   ClearParameterVariables();
   device.stream = job.graphType == GraphType::JPEG ? OpenMap(device, job) : OpenPicture(device, job);
   device.handle = pl_newpl(PlotterFormOf(job.graphType).type, nullptr, device.stream.get(), stderr);
-  if (device.handle < 0) return false;
+  if (device.handle < 0) return -1;
   pl_selectpl(device.handle);
-  if (pl_openpl() < 0) return false;
+  if (pl_openpl() < 0) return -1;
   pl_erase();
   pl_fspace(0.0, 0.0, DEVICE_SIZE, DEVICE_SIZE);
-  return true;
+  return 0;
 }
 
-bool GrapherClose(PlotDevice& device) {
+int GrapherClose(PlotDevice& device) {
   const bool isClosed = pl_closepl() >= 0;
   if (isClosed) {
     pl_selectpl(0);
@@ -112,8 +113,9 @@ bool GrapherClose(PlotDevice& device) {
   }
   const bool isWhole = isClosed && StreamIsSound(device.stream.get());
   device.stream.reset();
-  if (isWhole) device.draft.Finish();
-  return isWhole;
+  if (!isWhole) return -1;
+  device.draft.Finish();
+  return 0;
 }
 
 }  // namespace ozmo

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "output/graph_job.h"
+#include "output/plot_settings.h"
 #include "output/temp_map.h"
 #include "runtime/draft_file.h"
 #include "runtime/stream.h"
@@ -37,12 +38,12 @@ BitmapSize BitmapSizeOf(const GraphJob& job);
 // Tells libplot the size of bitmaps. A PostScript page has no use for it and stays a letter page.
 void GrapherSetBitmapSize(const BitmapSize& size);
 
-// Opens the file and a plotter on it, with a blank page of DEVICE_SIZE. False when libplot can't make the
-// plotter or its bitmap. A file that can't be created ends the process with a message.
-[[nodiscard]] bool GrapherOpen(PlotDevice& device, const GraphJob& job);
+// Opens the file and a plotter on it, with a blank page of DEVICE_SIZE. Returns 0, or -1 when libplot can't
+// make the plotter or its bitmap. A file that can't be created ends the process with a message.
+int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings);
 
-// False when libplot can't finish the page or not all of it has reached the file. The file is closed either
-// way, and taken away if there is no whole picture in it.
-[[nodiscard]] bool GrapherClose(PlotDevice& device);
+// Returns 0, or -1 when libplot can't finish the page or not all of it has reached the file. The file is
+// closed either way, and taken away if there is no whole picture in it.
+int GrapherClose(PlotDevice& device);
 
 }  // namespace ozmo

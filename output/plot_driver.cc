@@ -31,7 +31,7 @@ struct PlotPass {
 
 // The top of the y axis. One that no axis can have, from an infinite value in the data, is worked out again
 // from the values that are drawn.
-double TopOf(const Layer& layer) {
+double TopOf(const Overlay& layer) {
   if (std::isfinite(layer.yMax)) return layer.yMax;
   float peak = 0.0F;
   for (float value : layer.traces.front().series) {
@@ -41,7 +41,7 @@ double TopOf(const Layer& layer) {
 }
 
 // What is known ahead of the points: where time ends, and how high the values go.
-PlotLimits LimitsOf(const GraphJob& job, const Layer& layer) {
+PlotLimits LimitsOf(const GraphJob& job, const Overlay& layer) {
   PlotLimits limits;
   limits.x.max = static_cast<double>(job.endTime);
   limits.x.maxGiven = true;
@@ -51,24 +51,27 @@ PlotLimits LimitsOf(const GraphJob& job, const Layer& layer) {
   return limits;
 }
 
-PointArray PointsOf(const GraphJob& job, const Layer& layer) {
+PointArray PointsOf(const Overlay& layer, const PlotSettings& settings, int pointCount) {
   PointArray points;
-  points.reserve(layer.traces.size() * static_cast<size_t>(std::max(job.pointCount, 0)));
-  int number = 0;
-  for (const LayerTrace& trace : layer.traces) {
-    AddTrace(points, number++, static_cast<double>(job.startTime), trace.series);
+  points.reserve(layer.traces.size() * static_cast<size_t>(std::max(pointCount, 0)));
+  PointReader reader = PointReaderNew(settings);
+  for (const OverlayTrace& trace : layer.traces) {
+    if (!points.empty()) PointReaderAlter(reader, settings, {});
+    PointReadTrace(reader, trace.series, points);
   }
   return points;
 }
 
-PlotPass PassOf(const GraphJob& job, const Layer& layer, PlotSettings settings) {
-  return {std::move(settings), LimitsOf(job, layer), PointsOf(job, layer)};
+PlotPass PassOf(const GraphJob& job, const Overlay& layer, PlotSettings settings) {
+  PointArray points = PointsOf(layer, settings, job.pointCount);
+  return {std::move(settings), LimitsOf(job, layer), std::move(points)};
 }
 
 // Traces are filled areas, in the colours of the table by their number.
 PlotSettings MainSettings(const GraphJob& job) {
-  const Layer& layer = job.mainLayer;
+  const Overlay& layer = job.mainOverlay;
   PlotSettings settings;
+  settings.firstX = static_cast<double>(job.startTime);
   settings.title = layer.title;
   settings.yTitle = layer.yTitle;
   for (size_t row = 0; row < std::min(layer.traces.size(), settings.colours.size()); ++row) {
@@ -77,12 +80,14 @@ PlotSettings MainSettings(const GraphJob& job) {
   return settings;
 }
 
-// A line over the areas of the main layer, with an axis of its own at the right.
+// A line over the areas of the main layer, which must not be wiped out, with an axis of its own at the right.
 PlotSettings OverlaySettings(const GraphJob& job) {
   PlotSettings settings = MainSettings(job);
-  settings.yAxisAtRight = true;
-  settings.isFilled = false;
-  settings.yTitle = job.overlay->yTitle;
+  settings.blankOutFraction = 0.0;
+  settings.switchXAxisEnd = !settings.switchXAxisEnd;
+  settings.fillFraction = -1.0;
+  settings.yTitle = job.additionalOverlay->yTitle;
+  settings.symbol = 0;
   settings.colours[0] = OVERLAY_COLOUR;
   return settings;
 }
@@ -113,45 +118,46 @@ void DrawPass(Grapher& grapher, const GraphJob& job, const PlotPass& pass, bool 
 }
 
 // Opens the page and draws the graph of the job with the whole key. Under an overlay the x axis is left to
-// what the points say: the time axis belongs to the layer on top. False when there is no page to draw on.
-bool DrawMainLayer(Grapher& grapher, PlotDevice& device, const GraphJob& job) {
-  PlotPass pass = PassOf(job, job.mainLayer, MainSettings(job));
+// what the points say: the time axis belongs to the layer on top. Returns 0, or 1 when there is no page to
+// draw on.
+int DrawMainLayer(Grapher& grapher, PlotDevice& device, const GraphJob& job) {
+  PlotPass pass = PassOf(job, job.mainOverlay, MainSettings(job));
   ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
-  if (!job.overlay) SetTimeAxis(job, pass.limits.x);
+  if (!job.additionalOverlay) SetTimeAxis(job, pass.limits.x);
   GrapherSetParameters(grapher, pass.settings, pass.limits);
-  if (!GrapherOpen(device, job)) {
+  if (GrapherOpen(device, job, pass.settings) < 0) {
     GrapherError("couldn't open plot device");
-    return false;
+    return 1;
   }
   DrawPass(grapher, job, pass, true);
-  return true;
+  return 0;
 }
 
 void DrawOverlayLayer(Grapher& grapher, const GraphJob& job) {
-  PlotPass pass = PassOf(job, *job.overlay, OverlaySettings(job));
+  PlotPass pass = PassOf(job, *job.additionalOverlay, OverlaySettings(job));
   ArrayBounds(pass.points, pass.limits.x, pass.limits.y);
   SetTimeAxis(job, pass.limits.x);
   GrapherSetParameters(grapher, pass.settings, pass.limits);
   DrawPass(grapher, job, pass, false);
 }
 
-bool FinishPlot(PlotDevice& device, const GraphJob& job) {
-  if (!GrapherClose(device)) {
+int FinishPlot(PlotDevice& device, const GraphJob& job) {
+  if (GrapherClose(device) < 0) {
     GrapherError("could not close plot device");
-    return false;
+    return 1;
   }
   if (job.graphType == GraphType::JPEG) JpegFinish(*device.map, job);
-  return true;
+  return 0;
 }
 
 }  // namespace
 
-bool PlotGraphJob(const GraphJob& job) {
+int PlotGraphJob(const GraphJob& job) {
   GrapherSetBitmapSize(BitmapSizeOf(job));
   Grapher grapher;
   PlotDevice device;
-  if (!DrawMainLayer(grapher, device, job)) return false;
-  if (job.overlay) DrawOverlayLayer(grapher, job);
+  if (DrawMainLayer(grapher, device, job) != 0) return 1;
+  if (job.additionalOverlay) DrawOverlayLayer(grapher, job);
   return FinishPlot(device, job);
 }
 

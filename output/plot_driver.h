@@ -6,8 +6,8 @@
 
 namespace ozmo {
 
-// False when the plot device can't be opened or closed, which a line on standard error says. What the grapher
-// can't draw at all, and a file that can't be opened, ends the process with a message and status 1.
-bool PlotGraphJob(const GraphJob& job);
+// Returns 0, or 1 when the plot device can't be opened or closed (a line on standard error says so). What the
+// grapher can't draw at all, and a file that can't be opened, ends the process with a message and status 1.
+int PlotGraphJob(const GraphJob& job);
 
 }  // namespace ozmo

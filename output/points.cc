@@ -7,8 +7,6 @@
 #include <limits>
 #include <utility>
 
-#include "runtime/times.h"
-
 namespace ozmo {
 namespace {
 
@@ -43,6 +41,25 @@ void WriteBounds(AxisLimits& limits, double min, double max) {
 
 void WriteEmptyBounds(AxisLimits& limits) { WriteBounds(limits, 0.0, limits.minGiven ? limits.min : 0.0); }
 
+PlotPoint NextPoint(PointReader& reader, float value) {
+  const PlotSettings& settings = reader.settings;
+  PlotPoint point;
+  point.x = reader.nextX;
+  point.y = static_cast<double>(value);
+  point.pendown = !reader.needBreak && !reader.firstTrace;
+  point.useColor = settings.useColor;
+  point.symbol = settings.symbol;
+  point.lineMode = settings.lineMode;
+  point.symbolSize = settings.symbolSize;
+  point.symbolFont = settings.symbolFont;
+  point.lineWidth = settings.lineWidth;
+  point.fillFraction = settings.fillFraction;
+  reader.nextX += settings.pointStep;
+  reader.needBreak = false;
+  reader.firstTrace = false;
+  return point;
+}
+
 }  // namespace
 
 void* GrapherAllocate(size_t size) {
@@ -56,14 +73,42 @@ void* GrapherAllocate(size_t size) {
 
 void GrapherFree(void* storage) { std::free(storage); }
 
-void AddTrace(PointArray& array, int trace, double firstX, std::span<const float> series) {
-  double x = firstX;
-  bool isFirst = true;
-  for (const float value : series) {
-    array.push_back({.x = x, .y = static_cast<double>(value), .pendown = !isFirst, .trace = trace});
-    x += SECONDS_PER_MINUTE;
-    isFirst = false;
-  }
+PointReader PointReaderNew(const PlotSettings& settings) {
+  PointReader reader;
+  reader.settings = settings;
+  reader.nextX = settings.firstX;
+  return reader;
+}
+
+void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const PointReaderChanges& changes) {
+  const auto take = [](bool changed, auto& target, const auto& source) {
+    if (changed) target = source;
+  };
+  PlotSettings& own = reader.settings;
+  own.automaticAbscissa = settings.automaticAbscissa;
+  own.pointStep = settings.pointStep;
+  own.firstX = settings.firstX;
+  take(changes.symbol, own.symbol, settings.symbol);
+  take(changes.symbolSize, own.symbolSize, settings.symbolSize);
+  take(changes.symbolFont, own.symbolFont, settings.symbolFont);
+  take(changes.lineMode, own.lineMode, settings.lineMode);
+  take(changes.lineWidth, own.lineWidth, settings.lineWidth);
+  take(changes.fillFraction, own.fillFraction, settings.fillFraction);
+  take(changes.useColor, own.useColor, settings.useColor);
+  reader.nextX = settings.firstX;
+  reader.needBreak = true;
+}
+
+void PointReadTrace(PointReader& reader, std::span<const float> series, PointArray& array) {
+  for (float value : series) array.push_back(NextPoint(reader, value));
+  PointReaderEndTrace(reader);
+}
+
+void PointReaderEndTrace(PointReader& reader) {
+  PlotSettings& settings = reader.settings;
+  reader.needBreak = true;
+  if (settings.automaticBump) settings.lineMode += settings.lineMode < 1 ? -1 : 1;
+  if (settings.automaticAbscissa) reader.nextX = settings.firstX;
 }
 
 void ArrayBounds(const PointArray& array, AxisLimits& x, AxisLimits& y) {

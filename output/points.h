@@ -1,4 +1,5 @@
-// The points of a layer: every point of every trace, so that drawing is one walk over an array.
+// The points of a layer: every point of every trace, each with its whole appearance, so that drawing is one
+// walk over an array.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +14,13 @@ struct PlotPoint {
   double x;
   double y;
   bool pendown;  // false at the first point of a trace
-  int trace;     // number of its trace in the layer, from 0: selects style and colour
+  bool useColor;
+  int symbol;
+  int lineMode;       // selects style and colour
+  double symbolSize;  // of the smaller frame side
+  const char* symbolFont;
+  double lineWidth;     // of the device width
+  double fillFraction;  // 1.0: filled; negative: not filled
 };
 
 // Storage for `size` bytes. The grapher tells for itself what it can't have: "malloc failed" by perror, and
@@ -37,8 +44,36 @@ struct GrapherAllocator {
 
 using PointArray = std::vector<PlotPoint, GrapherAllocator<PlotPoint>>;
 
-// Appends a trace: its points stand a minute apart from `firstX` on, in seconds since 1970.
-void AddTrace(PointArray& array, int trace, double firstX, std::span<const float> series);
+// Turns traces into points. Its settings run on from trace to trace of a layer.
+struct PointReader {
+  PlotSettings settings;
+  double nextX = 0.0;
+  bool firstTrace = true;  // no point of the layer has been read yet
+  bool needBreak = true;   // the next point starts a polyline
+};
+
+// Which settings PointReaderAlter takes over; the others run on.
+struct PointReaderChanges {
+  bool symbol = false;
+  bool symbolSize = false;
+  bool symbolFont = false;
+  bool lineMode = false;
+  bool lineWidth = false;
+  bool fillFraction = false;
+  bool useColor = false;
+};
+
+// A reader at the start of a layer.
+PointReader PointReaderNew(const PlotSettings& settings);
+
+// Sets the reader to the start of another trace of the same layer.
+void PointReaderAlter(PointReader& reader, const PlotSettings& settings, const PointReaderChanges& changes);
+
+// Appends the points of a trace and ends the trace.
+void PointReadTrace(PointReader& reader, std::span<const float> series, PointArray& array);
+
+// Back to the first x, and on to the next line mode.
+void PointReaderEndTrace(PointReader& reader);
 
 // Finds the limits that aren't given, from the points that lie within those that are. The last point of the
 // array takes no part, and neither does a point that isn't a finite number. Without any point the limits are

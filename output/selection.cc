@@ -6,7 +6,7 @@ namespace ozmo {
 namespace {
 
 // The highest point of the stack, 0 at least. Clears the stack's negatives on the way.
-float TakePeak(TraceSeries& data) {
+float TakePeak(XrtData& data) {
   float peak = 0.0F;
   if (data.nsets() == 0) return peak;
   for (int i = 0; i < data.npoints; ++i) {
@@ -32,31 +32,28 @@ double TopOf(bool isFixed, float fixedTop, float peak) {
   return isFixed ? AXIS_HEADROOM * static_cast<double>(fixedTop) : AxisTopOf(peak);
 }
 
-// All traces of a record, stacked, without a top.
-Layer LayerOf(const GraphRecord& record) {
-  Layer layer;
-  layer.title = record.title;
-  layer.yTitle = record.yTitle;
+Overlay LayerOf(const GraphRecord& record) {
+  Overlay overlay;
+  overlay.title = record.title;
+  overlay.yTitle = record.yTitle;
+  return overlay;
+}
+
+// The set whose label is `label`; -1 when there is none.
+int FindTrace(const GraphRecord& record, std::string_view label) {
   for (int set = 0; set < record.data.nsets(); ++set) {
-    layer.traces.push_back({record.Label(set), record.Colour(set),
-                            PointsOf(record.data.y[static_cast<size_t>(set)], record.data.npoints)});
+    const std::optional<std::string>& candidate = record.Label(set);
+    if (candidate && GraphNameCompare(*candidate, label) == 0) return set;
   }
-  return layer;
+  return -1;
 }
 
-// The set whose label is `label`.
-std::optional<size_t> FindTrace(const Layer& layer, std::string_view label) {
-  for (size_t set = 0; set < layer.traces.size(); ++set) {
-    const std::optional<std::string>& candidate = layer.traces[set].label;
-    if (candidate && IsSameGraphName(*candidate, label)) return set;
-  }
-  return std::nullopt;
-}
-
-// Puts a trace's own values into `target`, as many as both have room for.
-void TakeOutOfStack(const Layer& layer, size_t set, Series& target) {
-  const size_t count = std::min(layer.traces[set].series.size(), target.size());
-  for (size_t i = 0; i < count; ++i) target[i] = OwnValue(layer, set, i);
+// A trace's own value is the difference between its sum and the next one's.
+void TakeOutOfStack(const XrtData& data, int set, Series& target) {
+  const Series& sum = data.y[static_cast<size_t>(set)];
+  const Series* next = set + 1 < data.nsets() ? &data.y[static_cast<size_t>(set) + 1] : nullptr;
+  const size_t count = std::min(static_cast<size_t>(std::max(data.npoints, 0)), target.size());
+  for (size_t i = 0; i < count; ++i) target[i] = next == nullptr ? sum[i] : sum[i] - (*next)[i];
 }
 
 }  // namespace
@@ -65,19 +62,24 @@ GraphRecord* FindGraphRecord(const std::vector<GraphMenuEntry>& table, std::stri
   for (const GraphMenuEntry& row : table) {
     if (!row.subTable.empty()) {
       if (GraphRecord* found = FindGraphRecord(row.subTable, name)) return found;
-    } else if (row.record != nullptr && IsSameGraphName(row.record->title, name)) {
+    } else if (row.record != nullptr && GraphNameCompare(row.record->title, name) == 0) {
       return row.record;
     }
   }
   return nullptr;
 }
 
-Layer PrepareMainLayer(GraphRecord& record) {
-  const float peak = TakePeak(record.data);
-  for (Series& series : record.data.y) ClearEnds(series, record.data.npoints);
-  Layer layer = LayerOf(record);
-  layer.yMax = TopOf(record.yMax > 0.0F, record.yMax, peak);
-  return layer;
+Overlay PrepareMainOverlay(GraphRecord& record) {
+  XrtData& data = record.data;
+  Overlay overlay = LayerOf(record);
+  const float peak = TakePeak(data);
+  overlay.yMax = TopOf(record.yMax > 0.0F, record.yMax, peak);
+  for (int set = 0; set < data.nsets(); ++set) {
+    Series& series = data.y[static_cast<size_t>(set)];
+    ClearEnds(series, data.npoints);
+    overlay.traces.push_back({record.Label(set), record.Colour(set), PointsOf(series, data.npoints)});
+  }
+  return overlay;
 }
 
 std::string_view OverlayGraphName(std::string_view name) { return name.substr(0, name.find('@')); }
@@ -91,20 +93,18 @@ OverlaySelection SelectOverlay(GraphCatalog& catalog, const GraphRecord& mainRec
 
   // The top comes from the whole stack. Whether a fixed top counts is the main graph's to say, and what it is
   // the other's: the scale of an overlay stays what it was. Only set 0 is closed on the axis here.
+  Overlay overlay = LayerOf(*other);
   const float peak = TakePeak(other->data);
+  overlay.yMax = TopOf(mainRecord.yMax > 0.0F, other->yMax, peak);
   if (other->data.nsets() > 0) ClearEnds(other->data.y[0], other->data.npoints);
-  const Layer stack = LayerOf(*other);
-  const std::optional<size_t> set = FindTrace(stack, name.substr(separator + 1));
-  if (!set) return {{}, "Specified overlay trace not found."};
+
+  const int set = FindTrace(*other, name.substr(separator + 1));
+  if (set < 0) return {{}, "Specified overlay trace not found."};
 
   catalog.overlayScratch.assign(static_cast<size_t>(catalog.pointCount) + 1, 0.0F);
-  TakeOutOfStack(stack, *set, catalog.overlayScratch);
-  Layer overlay;
-  overlay.title = stack.title;
-  overlay.yTitle = stack.yTitle;
-  overlay.yMax = TopOf(mainRecord.yMax > 0.0F, other->yMax, peak);
-  overlay.traces.push_back({stack.traces[*set].label, mainRecord.Colour(static_cast<int>(*set)),
-                            PointsOf(catalog.overlayScratch, mainRecord.data.npoints)});
+  TakeOutOfStack(other->data, set, catalog.overlayScratch);
+  overlay.traces.push_back(
+      {other->Label(set), mainRecord.Colour(set), PointsOf(catalog.overlayScratch, mainRecord.data.npoints)});
   return {overlay, nullptr};
 }
 

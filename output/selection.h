@@ -18,12 +18,12 @@ GraphRecord* FindGraphRecord(const std::vector<GraphMenuEntry>& table, std::stri
 
 // The layer of a main graph with at least one set. Sets every trace to 0 at its first and last point, so that
 // each filled band closes on the axis, and negatives of set 0 to 0.
-Layer PrepareMainLayer(GraphRecord& record);
+Overlay PrepareMainOverlay(GraphRecord& record);
 
 // The layer of a trace of another graph: its own value, taken out of the stack into the catalog's scratch
 // series.
 struct OverlaySelection {
-  std::optional<Layer> overlay;
+  std::optional<Overlay> overlay;
   const char* failure = nullptr;  // what to report when there is none
 };
 

@@ -75,9 +75,9 @@ Stream TempMap::Open(const char* mode) const {
   return file < 0 ? nullptr : StreamOf(file, mode);
 }
 
-bool TempMap::Delete() {
+int TempMap::Delete() {
   draft_.Finish();
-  return unlink(TEMP_MAP_NAME) == 0;
+  return unlink(TEMP_MAP_NAME);
 }
 
 }  // namespace ozmo

@@ -34,8 +34,8 @@ class TempMap {
   // The map stays if the process ends by itself from now on.
   void KeepOnExit() { draft_.KeepOnExit(); }
 
-  // False when the file could not be deleted.
-  [[nodiscard]] bool Delete();
+  // Returns 0, or -1 when the file could not be deleted.
+  int Delete();
 
  private:
   explicit TempMap(int file);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "output/libplot.h"
+#include "runtime/numbers.h"
 
 namespace ozmo {
 namespace {
@@ -14,6 +15,8 @@ constexpr std::array<const char*, STYLE_ROWS> LINE_STYLES = {
 
 // Two ends that each leave over two sides need four moves; more mean that rounding leads nowhere.
 constexpr int CLIP_MOVES_MAX = 8;
+
+constexpr double FILL_LEVELS = 65534.0;
 
 // Moves the end (x, y), which lies outside by `code`, along the segment to the limit.
 void MoveToLimit(const Grapher& grapher, int code, double& x, double& y, double otherX, double otherY) {
@@ -59,61 +62,80 @@ int GrapherClipCode(const Grapher& grapher, double x, double y) {
   return code;
 }
 
-std::optional<ClippedSegment> GrapherClipLine(const Grapher& grapher, const Segment& segment) {
-  ClippedSegment clipped{segment};
-  auto& [x0, y0, x1, y1] = clipped.part;
+int GrapherClipLine(const Grapher& grapher, double& x0, double& y0, double& x1, double& y1) {
   int code0 = GrapherClipCode(grapher, x0, y0);
   int code1 = GrapherClipCode(grapher, x1, y1);
+  int result = CLIP_ACCEPTED;
   for (int moves = 0; (code0 | code1) != 0; ++moves) {
-    if ((code0 & code1) != 0 || moves == CLIP_MOVES_MAX) return std::nullopt;
+    if ((code0 & code1) != 0 || moves == CLIP_MOVES_MAX) return CLIP_REJECTED;
     if (code0 != 0) {
       MoveToLimit(grapher, code0, x0, y0, x1, y1);
       code0 = GrapherClipCode(grapher, x0, y0);
-      clipped.isFirstMoved = true;
+      result |= CLIP_FIRST_MOVED;
     } else {
       MoveToLimit(grapher, code1, x1, y1, x0, y0);
       code1 = GrapherClipCode(grapher, x1, y1);
-      clipped.isSecondMoved = true;
+      result |= CLIP_SECOND_MOVED;
     }
   }
-  return clipped;
+  return result;
 }
 
-void GrapherSetLineStyle(const Grapher& grapher, int trace) {
-  const auto row = static_cast<size_t>(trace);
-  pl_linemod(LINE_STYLES[row / STYLE_ROWS % STYLE_ROWS]);
-  const std::optional<std::string>& colour = grapher.settings.colours[row % STYLE_ROWS];
+void GrapherSetLineStyle(const Grapher& grapher, int mode, bool useColor) {
+  const int row = mode - 1;
+  if (mode >= 1) {
+    const int style = useColor ? (row / STYLE_ROWS) % STYLE_ROWS : row % STYLE_ROWS;
+    pl_linemod(LINE_STYLES[static_cast<size_t>(style)]);
+  }
+  if (!useColor) {
+    pl_colorname(grapher.settings.frameColour.c_str());
+    return;
+  }
+  const int colourRow = mode >= 1 ? row % STYLE_ROWS : mode == 0 ? 0 : (-mode - 1) % (STYLE_ROWS - 1);
+  const std::optional<std::string>& colour = grapher.settings.colours[static_cast<size_t>(colourRow)];
   // Libplot takes a null name and leaves both colours as they stood.
   pl_colorname(colour ? colour->c_str() : nullptr);
 }
 
+int GrapherFillType(double fillFraction) {
+  return fillFraction < 0.0 ? 0 : ClampTo<int>(std::round(FILL_LEVELS * (1.0 - fillFraction))) + 1;
+}
+
 void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point) {
   if (!point.pendown || grapher.firstPointOfPolyline) {
-    GrapherSetLineStyle(grapher, point.trace);
-    pl_flinewidth(DEVICE_SIZE * grapher.settings.lineWidth);
-    pl_filltype(grapher.settings.isFilled ? 1 : 0);
+    GrapherSetLineStyle(grapher, point.lineMode, point.useColor);
+    pl_flinewidth(DEVICE_SIZE * point.lineWidth);
+    pl_filltype(GrapherFillType(point.fillFraction));
   }
 
-  const std::optional<ClippedSegment> clipped =
-      GrapherClipLine(grapher, {grapher.lastX, grapher.lastY, point.x, point.y});
+  double x0 = grapher.lastX;
+  double y0 = grapher.lastY;
+  double x1 = point.x;
+  double y1 = point.y;
   grapher.lastX = point.x;
   grapher.lastY = point.y;
-  if (!clipped) {
+  const int clipped = GrapherClipLine(grapher, x0, y0, x1, y1);
+  if (clipped == CLIP_REJECTED) {
     MoveTo(grapher, point.x, point.y);
     return;
   }
-  const bool isCutTwice = clipped->isFirstMoved && clipped->isSecondMoved;
-  if (!point.pendown || isCutTwice || grapher.firstPointOfPolyline) {
+
+  const bool firstMoved = (clipped & CLIP_FIRST_MOVED) != 0;
+  const bool secondMoved = (clipped & CLIP_SECOND_MOVED) != 0;
+  const bool penUp = !point.pendown || point.lineMode < 1;
+  if (penUp || (firstMoved && secondMoved) || grapher.firstPointOfPolyline) {
     MoveTo(grapher, point.x, point.y);
   } else {
-    if (clipped->isFirstMoved) MoveTo(grapher, clipped->part.x0, clipped->part.y0);
-    ContinueTo(grapher, clipped->part.x1, clipped->part.y1);
+    if (firstMoved) MoveTo(grapher, x0, y0);
+    ContinueTo(grapher, x1, y1);
   }
   grapher.firstPointOfPolyline = false;
-  if (clipped->isSecondMoved) return;
-  // Error bars would stand between these two; minute values have none.
-  pl_savestate();
-  pl_restorestate();
+  if (secondMoved) return;
+  if (point.lineMode > 0) {
+    // Error bars would stand between these two; minute values have none.
+    pl_savestate();
+    pl_restorestate();
+  }
 }
 
 void GrapherPlotPoints(Grapher& grapher, const PointArray& array) {

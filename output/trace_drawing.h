@@ -4,8 +4,6 @@
 // before it, and fill it. A filled path is closed from its end to its start; both lie on the axis.
 #pragma once
 
-#include <optional>
-
 #include "output/grapher.h"
 #include "output/points.h"
 
@@ -17,28 +15,23 @@ inline constexpr int CLIP_BELOW = 2;
 inline constexpr int CLIP_RIGHT = 4;
 inline constexpr int CLIP_LEFT = 8;
 
-struct Segment {
-  double x0;
-  double y0;
-  double x1;
-  double y1;
-};
-
-// The part of a segment within the limits.
-struct ClippedSegment {
-  Segment part;
-  bool isFirstMoved = false;  // the segment begins outside
-  bool isSecondMoved = false;
-};
+// Results of GrapherClipLine; the moved bits come on top of CLIP_ACCEPTED.
+inline constexpr int CLIP_REJECTED = 0;
+inline constexpr int CLIP_ACCEPTED = 1;
+inline constexpr int CLIP_FIRST_MOVED = 2;
+inline constexpr int CLIP_SECOND_MOVED = 4;
 
 int GrapherClipCode(const Grapher& grapher, double x, double y);
 
-// Cuts a segment at the limits; absent if all of it lies outside.
-std::optional<ClippedSegment> GrapherClipLine(const Grapher& grapher, const Segment& segment);
+// Cuts a segment at the limits and writes its ends back.
+int GrapherClipLine(const Grapher& grapher, double& x0, double& y0, double& x1, double& y1);
 
-// Line style and colour of a trace by its number: seven colours with solid lines, the same seven with dotted
-// ones, and so on.
-void GrapherSetLineStyle(const Grapher& grapher, int trace);
+// Line style and colour of a line mode: seven colours with solid lines, the same seven with dotted ones, and
+// so on.
+void GrapherSetLineStyle(const Grapher& grapher, int mode, bool useColor);
+
+// Libplot's fill type of a fraction: 1 is the full colour, 65535 white, 0 no filling.
+int GrapherFillType(double fillFraction);
 
 // Draws from the stored last point to this one.
 void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point);

@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
     return DONE;
   }
   if (parsed.action == Action::VERSION) {
-    std::printf("ozmo_record %s\n", ozmo::VERSION_TEXT);
+    std::printf("ozmo_record %s\n", ozmo::ProductIdentityInit().versionText.c_str());
     return DONE;
   }
   if (parsed.options.node.empty()) parsed.options.node = HostName();

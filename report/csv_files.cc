@@ -36,7 +36,7 @@ std::string PlainName(const std::string& heading) {
 
 GraphJob JobOf(const Item& item, const DataDay& day) {
   GraphJob job;
-  job.mainLayer = PrepareMainLayer(*item.record);
+  job.mainOverlay = PrepareMainOverlay(*item.record);
   job.SetSpan(day.begin, item.record->data.npoints);
   job.hostName = day.node;
   return job;

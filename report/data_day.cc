@@ -34,10 +34,10 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   day.system = PlatformOf(kind).system;
 
   RunRequest run;
-  run.dataFile = WithDirectory(request.dataFile);
+  run.vmrUnixFile = WithDirectory(request.dataFile);
   DataReader reader(kind, runtime);
   Seconds firstRecord = 0;
-  if (ReaderEntryPass(reader, *run.dataFile, day.node, firstRecord) != 1) {
+  if (ReaderEntryPass(reader, *run.vmrUnixFile, day.node, firstRecord) != 1) {
     return {std::nullopt,
             request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
   }

@@ -111,7 +111,7 @@ std::string WritePage(const Options& options, const PageData& data) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
   const std::optional<FileIdentity> dataFile = IdentityOf(options.dataFile);
   if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
-  const std::string page = PageOf(data, std::string("ozmo_report ") + VERSION_TEXT);
+  const std::string page = PageOf(data, "ozmo_report " + ProductIdentityInit().versionText);
   if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
   std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
   return "";
@@ -166,7 +166,7 @@ int ReportEntry(int argc, char* const argv[]) {
       std::fputs(HelpText().c_str(), stdout);
       return DONE_STATUS;
     case Action::VERSION:
-      std::printf("ozmo_report %s\n", VERSION_TEXT);
+      std::printf("ozmo_report %s\n", ProductIdentityInit().versionText.c_str());
       return DONE_STATUS;
     case Action::REPORT:
       break;

@@ -11,25 +11,25 @@
 namespace ozmo::report {
 namespace {
 
-std::vector<int64_t> OwnHundredths(const Layer& layer, size_t set, int pointCount) {
+std::vector<int64_t> OwnHundredths(const Overlay& overlay, size_t set, int pointCount) {
   std::vector<float> own(static_cast<size_t>(pointCount));
-  for (size_t point = 0; point < own.size(); ++point) own[point] = OwnValue(layer, set, point);
+  for (size_t point = 0; point < own.size(); ++point) own[point] = OwnValue(overlay, set, point);
   return HundredthsOf(own);
 }
 
-std::string ColourText(const LayerTrace& trace, size_t set) {
+std::string ColourText(const OverlayTrace& trace, size_t set) {
   return trace.colour ? ColourOf(*trace.colour) : ColourOfSet(static_cast<int>(set));
 }
 
 PageGraph GraphOf(const Item& item, const PageData& data) {
-  const Layer layer = PrepareMainLayer(*item.record);
+  const Overlay overlay = PrepareMainOverlay(*item.record);
   PageGraph graph;
   graph.heading = item.heading;
-  graph.unit = layer.yTitle;
-  graph.top = item.record->yMax > 0.0F ? layer.yMax : 0.0;
-  for (size_t set = 0; set < layer.traces.size(); ++set) {
-    const LayerTrace& trace = layer.traces[set];
-    const std::vector<int64_t> hundredths = OwnHundredths(layer, set, item.record->data.npoints);
+  graph.unit = overlay.yTitle;
+  graph.top = item.record->yMax > 0.0F ? overlay.yMax : 0.0;
+  for (size_t set = 0; set < overlay.traces.size(); ++set) {
+    const OverlayTrace& trace = overlay.traces[set];
+    const std::vector<int64_t> hundredths = OwnHundredths(overlay, set, item.record->data.npoints);
     const int last = std::min(data.lastPoint, static_cast<int>(hundredths.size()) - 1);
     graph.traces.push_back(
         {trace.label.value_or(""), ColourText(trace, set), FiguresOf(hundredths, data.firstPoint, last), ""});
@@ -39,10 +39,10 @@ PageGraph GraphOf(const Item& item, const PageData& data) {
 
 // Gives the graph its points; false when they take more than `room`, which is less by them otherwise.
 bool GivePoints(PageGraph& graph, const Item& item, size_t& room) {
-  const Layer layer = PrepareMainLayer(*item.record);
+  const Overlay overlay = PrepareMainOverlay(*item.record);
   size_t taken = 0;
   for (size_t set = 0; set < graph.traces.size() && taken <= room; ++set) {
-    graph.traces[set].points = EncodeSeries(OwnHundredths(layer, set, item.record->data.npoints));
+    graph.traces[set].points = EncodeSeries(OwnHundredths(overlay, set, item.record->data.npoints));
     taken += graph.traces[set].points.size();
   }
   graph.hasChart = taken <= room;

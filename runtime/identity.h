@@ -1,12 +1,34 @@
-// Which product this is: the words that head banners and messages and name its files and variables.
+// Which product this is: the texts that head banners, messages and environment variables.
 #pragma once
+
+#include <string>
 
 namespace ozmo {
 
-inline constexpr const char* VERSION_TEXT = "V10.0-001";
-inline constexpr const char* PRODUCT_NAME = "Ozmo Plan";
-inline constexpr const char* MESSAGE_HEAD = "VELTRIX";
-inline constexpr const char* LIBRARY_VARIABLE = "VELTRIX_LIBRARY";
-inline constexpr const char* MESSAGE_FILE = "db/veltrix_messages.msg";  // below the library directory
+struct ProductIdentity {
+  char versionLetter = 'V';
+  int majorVersion = 10;
+  int minorVersion = 0;
+  char patchLetter = ' ';
+  int editNumber = 1;
+  std::string buildDate;
+  std::string companyWord;
+  std::string moduleWord;
+  std::string versionText;  // V10.0-001
+  std::string productName;
+  std::string productAndVersion;
+  std::string filePrefix;   // of the files below the library directory
+  std::string upperPrefix;  // of environment variables and, without its last character, of messages
+  std::string secondName;
+  std::string secondNameAndVersion;
+  std::string monitorName;
+  std::string siblingModuleWord;
+};
+
+ProductIdentity ProductIdentityInit();
+
+// Letter, version numbers, patch letter (left out when blank or zero) and edit number. A letter other than
+// 'V' and 'T' marks a version of its own kind, with a number behind it.
+std::string VersionText(char letter, int majorVersion, int minorVersion, char patchLetter, int editNumber);
 
 }  // namespace ozmo

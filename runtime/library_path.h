@@ -1,14 +1,25 @@
 // The library directory: where the tool's own data files lie, named by the environment.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace ozmo {
 
 struct Runtime;
 
-// The directory by the variable VELTRIX_LIBRARY, else the default of the installation. Ends in "/". Nobody
-// looks whether it exists. The first value that is found stays in force for the rest of the run.
-std::string LibraryDirectory(Runtime& runtime);
+// What earlier look-ups found. The first value stays in force for the rest of the run.
+struct LibraryDirectoryCache {
+  std::optional<std::string> fromVariable;  // ends in "/"
+  std::optional<std::string> root;          // used while the variable isn't set; no "/" added yet
+};
+
+// The directory by the variable VELTRIX_LIBRARY, for `kind` "nabber" by NABBER_LIBRARY as the second choice,
+// else the default root. Ends in "/". Nobody looks whether it exists.
+std::string LibraryDirectory(Runtime& runtime, std::string_view kind);
+
+// LibraryDirectory of kind "veltrix"; absent if it comes out empty.
+std::optional<std::string> LibraryPathGet(Runtime& runtime);
 
 }  // namespace ozmo

@@ -80,20 +80,28 @@ void MessageDeliver(const Runtime& runtime, const std::string& code, std::string
   std::fprintf(stream, "%s\n", TextFor(stream, text).c_str());
 }
 
+// "VELTRIX" of "VELTRIX_".
+std::string MessagePrefix(const ProductIdentity& identity) {
+  std::string prefix = identity.upperPrefix;
+  if (prefix.ends_with('_') || prefix.ends_with('$')) prefix.pop_back();
+  return prefix;
+}
+
 }  // namespace
 
-bool MessageEmit(Runtime& runtime, const std::string& code,
-                 std::initializer_list<MessageArgument> arguments) {
-  const std::string path = LibraryDirectory(runtime) + MESSAGE_FILE;
+int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list<MessageArgument> arguments) {
+  const ProductIdentity& identity = runtime.identity;
+  const std::string path =
+      LibraryDirectory(runtime, "veltrix") + "db/" + identity.filePrefix + "messages.msg";
   const Stream file = TextFileOpen(path);
   if (!file) {
     MessageDeliver(runtime, code, "Cannot open message file: " + path, Severity::WARNING);
-    return false;
+    return 0;
   }
   const std::optional<MessageEntry> entry = FindEntry(file.get(), code);
   if (!entry) {
     MessageDeliver(runtime, code, "Cannot find error message " + code, Severity::WARNING);
-    return false;
+    return 0;
   }
 
   std::string head;
@@ -101,11 +109,11 @@ bool MessageEmit(Runtime& runtime, const std::string& code,
   for (const SeverityWord& row : SEVERITY_WORDS) {
     if (row.word != entry->severityWord) continue;
     severity = row.severity;
-    head = std::string(MESSAGE_HEAD) + "-" + entry->severityWord + NO_PRINT + " " + NO_PRINT;
+    head = MessagePrefix(identity) + "-" + entry->severityWord + NO_PRINT + " " + NO_PRINT;
   }
   MessageDeliver(runtime, code,
                  FormatMessage(head + " " + entry->text, {arguments.begin(), arguments.size()}), severity);
-  return true;
+  return 1;
 }
 
 }  // namespace ozmo

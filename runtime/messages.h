@@ -20,8 +20,9 @@ using MessageArgument = std::variant<std::string, long long>;
 inline constexpr const char* PLAIN_MESSAGE = "UNDEFINED";
 
 // Looks `code` up, fills `arguments` into its text and prints the line on the stream of its severity, or
-// hands it to the runtime's sink. False when the code was not found: that is then printed.
-bool MessageEmit(Runtime& runtime, const std::string& code,
-                 std::initializer_list<MessageArgument> arguments = {});
+// hands it to the runtime's sink. Returns 1 when the code was found and printed, 0 otherwise (the failure
+// itself is then printed).
+int MessageEmit(Runtime& runtime, const std::string& code,
+                std::initializer_list<MessageArgument> arguments = {});
 
 }  // namespace ozmo

@@ -8,19 +8,24 @@
 
 namespace ozmo {
 
-// Bits of dataFlags, which are added and not or-ed: an option given twice cancels itself, and sixteen -mw add
-// up to the bit of -vmrunix.
+// Bits of requestFlags. The first two are added and not or-ed: an option given twice cancels itself.
 inline constexpr uint64_t REQUEST_MW = 0x40;
 inline constexpr uint64_t REQUEST_VMRUNIX = 0x400;
+inline constexpr uint64_t REQUEST_GRAPH_FILE = 0x40000;
 
 enum class SizeUnit { INCHES = 0, CENTIMETRES = 1, PIXELS = 3 };
 enum class GraphType { CSV = 0, POSTSCRIPT = 1, GIF = 2, JPEG = 3 };
 
 struct RunRequest {
-  uint64_t dataFlags = 0;  // which kinds of data files were named
-  std::optional<std::string> dataFile;
-  std::optional<std::string> graphFile;  // the output file
-  std::string hostName;                  // -host, until a first pass finds the node name of the file
+  int runMode = 0;  // 9 after -mw, 3 after -vmrunix; the last of the two wins
+  uint64_t requestFlags = 0;
+  std::optional<std::string> mwFile;
+  std::optional<std::string> vmrUnixFile;  // the data file
+  std::optional<std::string> graphFile;    // the output file
+  std::optional<std::string> beginText;    // as typed
+  std::optional<std::string> endText;      // as typed
+  std::string hostName;                    // -host, until a first pass finds the node name of the file
+  std::optional<std::string> memoryFile;
   std::optional<std::tm> beginTime;
   std::optional<std::tm> endTime;
   double width = 0.0;

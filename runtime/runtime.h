@@ -1,10 +1,9 @@
-// The services of one run: where its library directory lies, which files it reads, who takes its messages.
+// The services of one run: who we are, where our library directory lies.
 //
 // A Runtime is made once at the top of a run and passed by reference to whoever prints messages.
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,8 +27,9 @@ using MessageSink = std::function<void(const ReadyMessage&)>;
 using ProgressSink = std::function<void(Seconds)>;
 
 struct Runtime {
-  std::optional<std::string> libraryDirectory;  // as the environment first named it
-  std::vector<FileIdentity> inputs;             // the data files, which no output may overwrite
+  ProductIdentity identity = ProductIdentityInit();
+  LibraryDirectoryCache library;
+  std::vector<FileIdentity> inputs;  // the data files, which no output may overwrite
   MessageSink messageSink;    // takes the messages; empty: problems go to standard error, other messages to
                               // standard output
   ProgressSink progressSink;  // may be empty

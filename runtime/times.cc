@@ -1,11 +1,30 @@
 #include "runtime/times.h"
 
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 namespace ozmo {
 namespace {
 
 constexpr Seconds DAYLIGHT_PART = 3600;
+
+// Null for an unknown number.
+const char* FormatOf(TimeFormatNumber number) {
+  switch (number) {
+    case TimeFormatNumber::UNIX_DATE:
+      return "%a %b %d %X %Y";
+    case TimeFormatNumber::DAY_MONTH_YEAR_TIME:
+      return "%d-%b-%Y:%X";
+    case TimeFormatNumber::MONTH_DAY_TIME_YEAR:
+      return "%b %d %X %Y";
+    case TimeFormatNumber::DAY_MONTH_YEAR_MINUTE:
+      return "%d-%b-%Y:%R";
+    case TimeFormatNumber::CTIME:
+      return "%a %b %d %H:%M:%S %Y";
+  }
+  return nullptr;
+}
 
 // Of a time with a clock.
 constexpr const char* TIME_FORMS[] = {"%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M", "%Y-%m-%d %H:%M:%S",
@@ -18,7 +37,12 @@ Seconds WrappingSubtract(Seconds a, Seconds b) {
 
 }  // namespace
 
-void TimeParse(std::tm& time, const std::string& text) { strptime(text.c_str(), "%d-%b-%Y:%X", &time); }
+int TimeParse(std::tm& time, const std::string& text, TimeFormatNumber format) {
+  const char* pattern = FormatOf(format);
+  if (pattern == nullptr || text.empty()) return 0;
+  strptime(text.c_str(), pattern, &time);
+  return 1;
+}
 
 std::optional<Seconds> TimeOf(const std::string& text) {
   for (const char* form : TIME_FORMS) {
@@ -60,6 +84,27 @@ std::string TimeFormat(Seconds seconds, const char* format) {
   return std::string(buffer.data(), length);
 }
 
+int TimeCompare(const std::tm& first, const std::tm& second) {
+  const Seconds a = TimeToSeconds(first);
+  const Seconds b = TimeToSeconds(second);
+  return (a > b) - (a < b);
+}
+
+int32_t TimeDifference(const std::tm& first, const std::tm& second) {
+  return static_cast<int32_t>(WrappingSubtract(TimeToSeconds(first), TimeToSeconds(second)));
+}
+
+std::string TimeStamp(Seconds seconds) { return TimeFormat(seconds, "%Y%b%d_%H%M"); }
+
+std::optional<std::string> TimeStampFileName(const std::string& prefix, const std::string& extension,
+                                             const std::optional<std::tm>& time) {
+  if (!time) return std::nullopt;
+  std::error_code error;
+  const std::string directory = std::filesystem::current_path(error).string();
+  const std::string head = prefix.empty() ? std::string() : prefix + "_";
+  return directory + "/" + head + TimeStamp(TimeToSeconds(time)) + extension;
+}
+
 Seconds ClockOfDay(Seconds day, int hour, int minute, int second) {
   std::tm time = TimeLocal(day);
   time.tm_hour = hour;
@@ -87,6 +132,14 @@ std::vector<std::string> DayFileNames(const std::string& stem, const std::string
     name += "." + extension;
   }
   return names;
+}
+
+std::optional<std::vector<std::string>> DayFileNamesFor(const std::string& path, Seconds from, Seconds to) {
+  const size_t dot = path.rfind('.');
+  const size_t underscore = path.rfind('_');
+  if (dot == std::string::npos || dot + 1 == path.size()) return std::nullopt;
+  if (underscore == std::string::npos || underscore == 0) return std::nullopt;
+  return DayFileNames(path.substr(0, underscore), path.substr(dot + 1), from, to);
 }
 
 Seconds StandardOffset(Seconds time) {

@@ -87,10 +87,10 @@ int32_t ParseBoolean(const std::string& text) {
   return ParseNumber(lowered);
 }
 
-void SetDefaults(UserSettings& settings) {
+void SetDefaults(UserSettings& settings, const ProductIdentity& identity) {
   settings = UserSettings{};
   settings.clickInterval = 250;
-  settings.studyName = PRODUCT_NAME;
+  settings.studyName = identity.productName;
   settings.automaticClassCreation = 1;
   settings.divideTransient = 1;
   settings.delayCenter = 1;
@@ -168,7 +168,7 @@ void UserResourceEnvironment(UserResources& resources, Runtime& runtime) {
 }
 
 void UserResourceDefaults(UserResources& resources, Runtime& runtime) {
-  SetDefaults(resources.settings);
+  SetDefaults(resources.settings, runtime.identity);
   resources.initialised = true;
   UserResourceEnvironment(resources, runtime);
 }
@@ -184,13 +184,13 @@ Stream UserResourceFileOpen(Runtime& runtime, const std::string& name, const std
     file = TextFileOpen(path + name);
     if (file) return file;
   }
-  return TextFileOpen(LibraryDirectory(runtime) + name);
+  return TextFileOpen(LibraryDirectory(runtime, "veltrix") + name);
 }
 
-bool UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name) {
+int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name) {
   if (!resources.initialised) UserResourceDefaults(resources, runtime);
   const Stream file = UserResourceFileOpen(runtime, name, name);
-  if (!file) return false;
+  if (!file) return 0;
 
   std::string text;
   while (TextFileReadLine(file.get(), LONGEST_LINE, text)) {
@@ -201,7 +201,7 @@ bool UserResourcesRead(UserResources& resources, Runtime& runtime, const std::st
   }
   UserResourceEnvironment(resources, runtime);
   resources.settings.dtrFilePtr.reset();
-  return true;
+  return 1;
 }
 
 }  // namespace ozmo

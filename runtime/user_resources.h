@@ -25,8 +25,8 @@ struct UserResources {
 
 // Defaults on first use, then the file called `name`, then the environment. Without a file it ends there, and
 // the environment has only been read as the last step of the defaults. With one the variables act twice, so
-// a relative YX_DEFAULT is applied twice. Returns whether a file was read.
-bool UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name);
+// a relative YX_DEFAULT is applied twice. Returns 1 if a file was read, else 0.
+int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::string& name);
 
 // Sets every setting to its default, then takes the environment's values.
 void UserResourceDefaults(UserResources& resources, Runtime& runtime);

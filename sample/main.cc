@@ -189,7 +189,7 @@ int Write(const std::string& kindName, const SampleOptions& options) {
 
 int main(int argc, char** argv) {
   if (argc == 2 && std::string_view(argv[1]) == "--version") {
-    std::printf("ozmo_sample %s\n", ozmo::VERSION_TEXT);
+    std::printf("ozmo_sample %s\n", ozmo::ProductIdentityInit().versionText.c_str());
     return DONE;
   }
   const std::vector<option> longOptions = LongOptions();

@@ -24,7 +24,7 @@ std::array<double, MODE_COUNT> ModesOf(const ProcessorRecord& processor) {
           processor.dpcTime, processor.interruptTime};
 }
 
-void StoreModes(TraceSeries& data, int point, const std::array<double, MODE_COUNT>& modes) {
+void StoreModes(XrtData& data, int point, const std::array<double, MODE_COUNT>& modes) {
   for (size_t set = 0; set < MODE_COUNT && set < data.y.size(); ++set) {
     PointStore(data.y[set], point, static_cast<float>(modes[set]));
   }
@@ -37,7 +37,7 @@ GraphRecord& NewModeRecord(GraphCatalog& catalog, GraphMenuEntry& group, const s
   record.yTitle = "%CPU Utilization";
   record.yMax = 100.0F;
   record.legendFormat = "%s %.1f%% ";
-  CreateSeries(catalog, record, MODE_COUNT);
+  XrtSeriesCreate(catalog, record, MODE_COUNT);
   for (size_t set = 0; set < MODE_COUNT; ++set) {
     record.SetLabel(static_cast<int>(set), MODE_TRACES[set].label);
     record.SetColour(static_cast<int>(set), MODE_TRACES[set].colour);

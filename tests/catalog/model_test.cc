@@ -118,7 +118,7 @@ TEST(SeriesDeathTest, TwoGibibytesAreTheLimitOfOneCatalog) {
   EXPECT_EXIT(catalog.budget.Take(2, ALL_VALUES / 2 + 1), testing::ExitedWithCode(EXIT_FAILURE), "");
   EXPECT_EXIT(catalog.budget.Take(1, -1), testing::ExitedWithCode(EXIT_FAILURE), "");
   catalog.pointCount = 99;
-  NewSeries(catalog);
+  SeriesNew(catalog);
   catalog.budget.Take(1, ALL_VALUES - 100);
   EXPECT_EXIT(catalog.budget.Take(1, 1), testing::ExitedWithCode(EXIT_FAILURE), "");
 }

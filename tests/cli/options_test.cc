@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/text.h"
+#include "runtime/times.h"
 
 namespace ozmo {
 namespace {
@@ -25,33 +25,35 @@ RunRequest Parse(Words words) {
   std::vector<char*> argv;
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
-  return ParseCommandLine(static_cast<int>(words.size()), argv.data());
+  RunRequest request;
+  EXPECT_EQ(ParseCommandLine(static_cast<int>(words.size()), argv.data(), request), 1);
+  return request;
 }
 
 // --- Abbreviations ---
 
-TEST(Abbreviates, TakesAPrefixOfTheMinimumLength) {
+TEST(OptionMatches, TakesAPrefixOfTheMinimumLength) {
   for (const auto& [word, matches] : {std::pair("-graph_file", true),
                                       {"-gr", true},
                                       {"-g", false},
                                       {"-graph_filex", false},
                                       {"-GRAPH", false},
                                       {"", false}}) {
-    EXPECT_EQ(Abbreviates(word, "-graph_file", 3), matches) << word;
+    EXPECT_EQ(OptionMatches(word, "-graph_file", 3), matches) << word;
   }
 }
 
 TEST(Abbreviations, ReachTheOptionThatIsTestedFirst) {
-  EXPECT_EQ(Parse(REQUIRED + Words{"-m", "x"}).dataFlags, REQUEST_MW);
-  EXPECT_EQ(Parse(REQUIRED + Words{"-me", "x"}).dataFlags, 0U);
-  EXPECT_TRUE(Parse(REQUIRED + Words{"-", "x"}).beginTime);
+  EXPECT_EQ(Parse(REQUIRED + Words{"-m", "x"}).mwFile, "x");
+  EXPECT_EQ(Parse(REQUIRED + Words{"-me", "x"}).memoryFile, "x");
+  EXPECT_EQ(Parse(REQUIRED + Words{"-", "x"}).beginText, "x");
   EXPECT_EQ(Parse(REQUIRED + Words{"-gr", "H"}).graphFile, "H");
 }
 
 TEST(Abbreviations, TooShortAreSkippedLikeAnyUnknownWord) {
   const RunRequest request = Parse(REQUIRED + Words{"-h", "-he", "-g", "-v", "-vm", "word", ""});
   EXPECT_EQ(request.graphFile, "G");
-  EXPECT_EQ(request.dataFile, std::nullopt);
+  EXPECT_EQ(request.vmrUnixFile, std::nullopt);
   EXPECT_EQ(request.height, 0.0);
 }
 
@@ -61,7 +63,7 @@ TEST(Values, OfEveryTextOptionAreKeptAsTyped) {
   const std::string longName(4000, 'n');
   const RunRequest request = Parse(
       {"-vmrunix", "v", "-item", longName, "-graph", "g", "-type", "ps", "-overlay", "A@B", "-host", "h"});
-  EXPECT_EQ(request.dataFile, "v");
+  EXPECT_EQ(request.vmrUnixFile, "v");
   EXPECT_EQ(request.itemName, longName);
   EXPECT_EQ(request.graphFile, "g");
   EXPECT_EQ(request.overlayName, "A@B");
@@ -71,14 +73,15 @@ TEST(Values, OfEveryTextOptionAreKeptAsTyped) {
 
 TEST(Values, ThatLookLikeALaterOptionActAsThatOptionToo) {
   const RunRequest request = Parse(REQUIRED + Words{"-begin", "-e", "01-Jan-2012:00:00:00"});
-  EXPECT_EQ(request.beginTime->tm_mday, 0);
+  EXPECT_EQ(request.beginText, "-e");
+  EXPECT_EQ(request.endText, "01-Jan-2012:00:00:00");
   EXPECT_EQ(request.endTime->tm_year, 112);
 }
 
 TEST(Values, ThatLookLikeAnEarlierOptionDoNot) {
   const RunRequest request = Parse(REQUIRED + Words{"-end", "-begin", "-item", "-end"});
-  EXPECT_TRUE(request.endTime);
-  EXPECT_FALSE(request.beginTime);
+  EXPECT_EQ(request.endText, "-begin");
+  EXPECT_EQ(request.beginText, std::nullopt);
   EXPECT_EQ(request.itemName, "-end");
 }
 

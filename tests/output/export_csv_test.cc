@@ -28,11 +28,11 @@ TEST(ExportCsv, WritesTextsAsTheyStandAndEachTraceByItsOwnValue) {
   graph.AddTrace("B, all", {1.1F, 0.0F});
   graph.AddTrace("C", {1.1F + 1e-7F, 1234.5F});
   graph.SetOverlay(10.0, {-2.5F, 1.0F});
-  graph.job.mainLayer.title = "%d%n";
+  graph.job.mainOverlay.title = "%d%n";
   graph.job.hostName = "pluto";
   graph.job.graphFile = directory / "graph.csv";
   Runtime runtime;
-  EXPECT_TRUE(ExportCsv(graph.job, runtime));
+  EXPECT_EQ(ExportCsv(graph.job, runtime), 1);
   std::ostringstream text;
   text << std::ifstream(graph.job.graphFile).rdbuf();
   EXPECT_EQ(text.str(),

@@ -62,7 +62,7 @@ TEST_F(LegendDrawing, TextsAreDrawnAsTheirCharactersAndMissingOnesAreLeftOut) {
   PlotJob graph(1);
   graph.AddTrace("Red", {0.0F});
   graph.AddTrace(nullptr, {0.0F});
-  graph.job.mainLayer.traces[0].label = "100% \\sp %s";
+  graph.job.mainOverlay.traces[0].label = "100% \\sp %s";
   GrapherDrawLegend(grapher_, graph.job);
   EXPECT_THAT(Recording().Named("alabel"), ElementsAre("alabel l b '100% \\#H4002sp %s'"));
   EXPECT_THAT(Recording().Named("fillcolorname"), ElementsAre("fillcolorname 'Red'", "fillcolorname 'black'",
@@ -73,7 +73,7 @@ TEST_F(LegendDrawing, ALabelTooLongForOneColumnEndsTheProcess) {
   PlotJob graph(1);
   graph.AddTrace("Red", {0.0F});
   graph.SetOverlay(10.0, {0.0F});
-  graph.job.overlay->traces[0].label = std::string(81, 'x');
+  graph.job.additionalOverlay->traces[0].label = std::string(81, 'x');
   EXPECT_EXIT(GrapherDrawLegend(grapher_, graph.job), ExitedWithCode(1), "^graph: error: [^\n]*\n$");
 }
 

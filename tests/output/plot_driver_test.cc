@@ -32,10 +32,10 @@ class PlotDriver : public ::testing::Test {
     RecordingStart();
   }
 
-  bool Plot(PlotJob& graph) {
+  int Plot(PlotJob& graph) {
     graph.job.graphFile = directory_ / "plot";
     ::testing::internal::CaptureStderr();
-    const bool result = PlotGraphJob(graph.job);
+    const int result = PlotGraphJob(graph.job);
     errors_ = ::testing::internal::GetCapturedStderr();
     return result;
   }
@@ -67,11 +67,11 @@ class PlotDriver : public ::testing::Test {
 // point takes below zero.
 TEST_F(PlotDriver, AWholePlotCallByCall) {
   PlotJob graph(4);
-  graph.job.mainLayer.yMax = 36.0;
+  graph.job.mainOverlay.yMax = 36.0;
   graph.AddTrace("Red", {0.0F, 30.0F, 18.0F, 0.0F});
   graph.AddTrace(nullptr, {0.0F, 9.0F, 6.0F, 0.0F});
   graph.SetOverlay(28.0, {-8.0F, 10.0F, 20.0F, 10.0F});
-  EXPECT_TRUE(Plot(graph));
+  EXPECT_EQ(Plot(graph), 0);
   EXPECT_EQ(errors_, "graph: too few labelled axis ticks, adjust tick spacing manually\n");
   EXPECT_EQ(Recording().Text(), R"(
 parampl 'BITMAPSIZE' '950x950'; 'BITMAPSIZE' '100x80'; newpl 'gif' '' 'out' 'stderr'; selectpl 1; openpl;
@@ -126,7 +126,7 @@ restorestate; fcont 3932.16 2170.88; savestate; restorestate; restorestate; clos
 TEST_F(PlotDriver, SixteenTracesShareSevenColours) {
   PlotJob graph(11);
   for (char colour = 'a'; colour <= 'p'; ++colour) graph.AddBand(std::string(1, colour).c_str(), 5.0F);
-  EXPECT_TRUE(Plot(graph));
+  EXPECT_EQ(Plot(graph), 0);
   EXPECT_EQ(errors_, "");
   const Calls drawn = Recording().Named("colorname");
   ASSERT_EQ(drawn.size(), 16U);
@@ -176,9 +176,9 @@ TEST_F(PlotDriver, TimeTicksAreTheFirstThatMakeFewerThanNineParts) {
 
 TEST_F(PlotDriver, ATopThatIsNoNumberIsTakenFromTheValuesDrawn) {
   PlotJob graph = Band(11);
-  graph.job.mainLayer.yMax = INFINITY;
-  const_cast<float&>(graph.job.mainLayer.traces[0].series[3]) = INFINITY;
-  EXPECT_TRUE(Plot(graph));
+  graph.job.mainOverlay.yMax = INFINITY;
+  const_cast<float&>(graph.job.mainOverlay.traces[0].series[3]) = INFINITY;
+  EXPECT_EQ(Plot(graph), 0);
   EXPECT_EQ(errors_, "");
   EXPECT_THAT(Recording().calls, Contains("alabel r c '60'"));  // below 1.1 * 55
   EXPECT_THAT(Recording().Named("fcont"), ::testing::SizeIs(9));
@@ -186,7 +186,7 @@ TEST_F(PlotDriver, ATopThatIsNoNumberIsTakenFromTheValuesDrawn) {
 
 TEST_F(PlotDriver, ASpanOfOnePointIsDrawnWithItsLimitsApart) {
   PlotJob graph = Band(1);
-  EXPECT_TRUE(Plot(graph));
+  EXPECT_EQ(Plot(graph), 0);
   EXPECT_THAT(errors_, ::testing::StartsWith("graph: separating identical upper and lower x limits\n"));
 }
 
@@ -226,7 +226,7 @@ TEST_F(PlotDriver, ABitmapThatLibplotCanNotMakeIsToldAndNotTried) {
     PlotJob graph = Band(11);
     graph.job.graphType = row.type;
     graph.job.width = row.width;
-    EXPECT_EQ(Plot(graph), row.made) << row.width;
+    EXPECT_EQ(Plot(graph), row.made ? 0 : 1) << row.width;
     EXPECT_EQ(errors_, row.made ? "" : "graph: error: couldn't open plot device\n") << row.width;
     EXPECT_EQ(Recording().Named("newpl").size(), row.made ? 1U : 0U) << row.width;
   }
@@ -247,7 +247,7 @@ TEST_F(PlotDriver, PlottersThatFailAreTold) {
     Recording().openplResult = row.openpl;
     Recording().closeplResult = row.closepl;
     PlotJob graph = Band(11);
-    EXPECT_FALSE(Plot(graph));
+    EXPECT_EQ(Plot(graph), 1);
     EXPECT_EQ(errors_, row.error);
     EXPECT_EQ(Recording().calls.back(), row.last);
     EXPECT_FALSE(std::filesystem::exists(graph.job.graphFile));

@@ -22,14 +22,14 @@ class PlotJob {
     job.width = 100.0;
     job.height = 80.0;
     job.sizeUnit = SizeUnit::PIXELS;
-    job.mainLayer.title = "Load";
-    job.mainLayer.yTitle = "Percent";
-    job.mainLayer.yMax = 110.0;
+    job.mainOverlay.title = "Load";
+    job.mainOverlay.yTitle = "Percent";
+    job.mainOverlay.yMax = 110.0;
   }
 
   // The label is that of the colour.
   void AddTrace(const char* colour, std::vector<float> values) {
-    job.mainLayer.traces.push_back(Trace(colour, std::move(values)));
+    job.mainOverlay.traces.push_back(Trace(colour, std::move(values)));
   }
   // A trace of the same value at all points but the first and the last, which are 0.
   void AddBand(const char* colour, float value) {
@@ -39,20 +39,20 @@ class PlotJob {
     AddTrace(colour, std::move(values));
   }
   void SetOverlay(double yMax, std::vector<float> values) {
-    job.overlay = Layer{};
-    job.overlay->title = "Disks";
-    job.overlay->yTitle = "Rate";
-    job.overlay->yMax = yMax;
-    job.overlay->traces.push_back(Trace("blue", std::move(values)));
-    job.overlay->traces.front().label = "Reads";
+    job.additionalOverlay = Overlay{};
+    job.additionalOverlay->title = "Disks";
+    job.additionalOverlay->yTitle = "Rate";
+    job.additionalOverlay->yMax = yMax;
+    job.additionalOverlay->traces.push_back(Trace("blue", std::move(values)));
+    job.additionalOverlay->traces.front().label = "Reads";
   }
 
   GraphJob job;
 
  private:
-  LayerTrace Trace(const char* colour, std::vector<float> values) {
+  OverlayTrace Trace(const char* colour, std::vector<float> values) {
     series_.push_back(std::make_unique<std::vector<float>>(std::move(values)));
-    LayerTrace trace;
+    OverlayTrace trace;
     if (colour != nullptr) {
       trace.colour = colour;
       trace.label = colour;

@@ -33,7 +33,7 @@ class Selection : public testing::Test {
   static GraphMenuEntry Group(const std::string& label, std::vector<GraphMenuEntry> rows) {
     return {"GROUP", label, nullptr, std::move(rows)};
   }
-  static Series Points(const LayerTrace& trace) { return {trace.series.begin(), trace.series.end()}; }
+  static Series Points(const OverlayTrace& trace) { return {trace.series.begin(), trace.series.end()}; }
 
   GraphCatalog catalog_;
   GraphRecord* load_;
@@ -51,7 +51,7 @@ TEST(GraphName, BlanksQuotesAndCaseDoNotCount) {
                           {"Overall CPU", "Overall CPU Utilization", false},
                           {"\xC4", "\xE4", false},
                           {std::string(3000, ' ') + "a", "A", true}}) {
-    EXPECT_EQ(IsSameGraphName(row.one, row.other), row.same) << row.other;
+    EXPECT_EQ(GraphNameCompare(row.one, row.other) == 0, row.same) << row.other;
   }
 }
 
@@ -62,7 +62,7 @@ TEST_F(Selection, FindsTitlesDepthFirstAndNoOtherTexts) {
 }
 
 TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
-  const Layer overlay = PrepareMainLayer(*load_);
+  const Overlay overlay = PrepareMainOverlay(*load_);
   EXPECT_DOUBLE_EQ(1.1 * 9.0, overlay.yMax);
   EXPECT_EQ(0.0, overlay.yMin);
   EXPECT_EQ("Load axis", overlay.yTitle);
@@ -75,16 +75,16 @@ TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
 
 TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
   load_->yMax = 100.0F;
-  EXPECT_DOUBLE_EQ(1.1 * 100.0, PrepareMainLayer(*load_).yMax);
+  EXPECT_DOUBLE_EQ(1.1 * 100.0, PrepareMainOverlay(*load_).yMax);
   load_->yMax = 0.0F;
   load_->data.y = {{0.0F, 0.0F, -5.0F, 0.0F}};
-  EXPECT_EQ(1.0, PrepareMainLayer(*load_).yMax);
+  EXPECT_EQ(1.0, PrepareMainOverlay(*load_).yMax);
 }
 
 TEST_F(Selection, SetsWithoutStyleHaveNoColourAndNoLabel) {
   load_->traceColours.resize(1);
   load_->traceLabels.resize(1);
-  const Layer overlay = PrepareMainLayer(*load_);
+  const Overlay overlay = PrepareMainOverlay(*load_);
   EXPECT_FALSE(overlay.traces[1].colour);
   EXPECT_FALSE(overlay.traces[1].label);
 }
@@ -116,7 +116,7 @@ TEST_F(Selection, MainGraphSaysWhetherTheOverlaysFixedTopCounts) {
 }
 
 TEST_F(Selection, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
-  PrepareMainLayer(*load_);
+  PrepareMainOverlay(*load_);
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "load@user");
   ASSERT_TRUE(selection.overlay);
   EXPECT_EQ((Series{0.0F, 3.0F, -1.0F, 0.0F}), Points(selection.overlay->traces[0]));

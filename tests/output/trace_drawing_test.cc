@@ -33,7 +33,14 @@ class TraceDrawing : public ::testing::Test {
   Calls Draw(const std::vector<std::pair<double, double>>& points) {
     PointArray array;
     for (const auto& [x, y] : points) {
-      array.push_back({.x = x, .y = y, .pendown = !array.empty(), .trace = 0});
+      PlotPoint point = {};
+      point.x = x;
+      point.y = y;
+      point.pendown = !array.empty();
+      point.useColor = true;
+      point.lineMode = 1;
+      point.fillFraction = 1.0;
+      array.push_back(point);
     }
     GrapherPlotPoints(grapher_, array);
     Calls path;
@@ -56,21 +63,22 @@ TEST_F(TraceDrawing, ClipCodeAllowsAMillionthOfTheRange) {
 
 TEST_F(TraceDrawing, ClipLineMovesEndsToTheLimitsOrRejects) {
   struct Case {
-    Segment line;
-    std::vector<double> clipped;  // its ends, and whether each was moved; empty: all of it lies outside
-  };
-  for (const Case& row : {Case{{1, 1, 9, 9}, {1, 1, 9, 9, 0, 0}},
-                          {{-5, 5, 5, 5}, {0, 5, 5, 5, 1, 0}},
-                          {{5, 5, 10, 15}, {5, 5, 7.5, 10, 0, 1}},
-                          {{-1, -1, 11, 11}, {0, 0, 10, 10, 1, 1}},
-                          {{1, 11, 9, 12}, {}},
-                          {{-5, 8, 3, 16}, {}}}) {  // crosses two outer fields, no common side
+    std::vector<double> line;
+    int result;
     std::vector<double> clipped;
-    if (const auto line = GrapherClipLine(grapher_, row.line)) {
-      const auto& [x0, y0, x1, y1] = line->part;
-      clipped = {x0, y0, x1, y1, line->isFirstMoved ? 1.0 : 0.0, line->isSecondMoved ? 1.0 : 0.0};
+  };
+  for (const Case& row :
+       {Case{{1, 1, 9, 9}, CLIP_ACCEPTED, {1, 1, 9, 9}},
+        {{-5, 5, 5, 5}, CLIP_ACCEPTED + CLIP_FIRST_MOVED, {0, 5, 5, 5}},
+        {{5, 5, 10, 15}, CLIP_ACCEPTED + CLIP_SECOND_MOVED, {5, 5, 7.5, 10}},
+        {{-1, -1, 11, 11}, CLIP_ACCEPTED + CLIP_FIRST_MOVED + CLIP_SECOND_MOVED, {0, 0, 10, 10}},
+        {{1, 11, 9, 12}, CLIP_REJECTED, {}},
+        {{-5, 8, 3, 16}, CLIP_REJECTED, {}}}) {  // crosses two outer fields, no common side
+    std::vector<double> ends = row.line;
+    EXPECT_EQ(GrapherClipLine(grapher_, ends[0], ends[1], ends[2], ends[3]), row.result);
+    if (row.result != CLIP_REJECTED) {
+      EXPECT_EQ(ends, row.clipped);
     }
-    EXPECT_EQ(clipped, row.clipped);
   }
 }
 
@@ -79,8 +87,9 @@ TEST_F(TraceDrawing, ClipLineEndsWhateverTheNumbers) {
   constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
   for (const double odd : {1e300, -1e300, infinity, -infinity, noNumber}) {
     for (const double even : {0.0, 1e300, infinity, noNumber, 5.0}) {
-      GrapherClipLine(grapher_, {odd, even, 5.0, odd});
-      GrapherClipLine(grapher_, {even, odd, odd, 5.0});
+      double x0 = odd, y0 = even, x1 = 5.0, y1 = odd;
+      GrapherClipLine(grapher_, x0, y0, x1, y1);
+      GrapherClipLine(grapher_, y0, x0, y1, x1);
     }
   }
 }
@@ -104,17 +113,24 @@ TEST_F(TraceDrawing, PointsThatAreNoFiniteNumbersAreLeftOut) {
 }
 
 TEST_F(TraceDrawing, SevenColoursAreUsedAgainWithTheNextStyle) {
-  for (const auto& [trace, line, colour] : {std::tuple(0, "'solid'", "'c0'"),
-                                            {6, "'solid'", "null"},
-                                            {7, "'dotted'", "'c0'"},
-                                            {14, "'dotdashed'", "'c0'"},
-                                            {35, "''", "'c0'"},
-                                            {49, "'solid'", "'c0'"}}) {
+  for (const auto& [mode, line, colour] : {std::tuple(1, "'solid'", "'c0'"),
+                                           {7, "'solid'", "null"},
+                                           {8, "'dotted'", "'c0'"},
+                                           {15, "'dotdashed'", "'c0'"},
+                                           {36, "''", "'c0'"},
+                                           {50, "'solid'", "'c0'"}}) {
     RecordingStart();
-    GrapherSetLineStyle(grapher_, trace);
+    GrapherSetLineStyle(grapher_, mode, true);
     EXPECT_THAT(Recording().calls,
                 ElementsAre(std::string("linemod ") + line, std::string("colorname ") + colour));
   }
+}
+
+TEST(GrapherFillType, GoesFromFullColourToWhite) {
+  EXPECT_EQ(GrapherFillType(1.0), 1);
+  EXPECT_EQ(GrapherFillType(0.0), 65535);
+  EXPECT_EQ(GrapherFillType(0.25), 49152);  // 49150.5 is rounded away from zero
+  EXPECT_EQ(GrapherFillType(-1.0), 0);
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ class JpegFinishTest : public ::testing::Test {
 };
 
 TEST_F(JpegFinishTest, AGreyMapMakesAGreyPicture) {
-  JpegFinish(*MapOf("P2 # grey\n3 2 4\n4 4 4 0 0 0\n"), job_);
+  EXPECT_EQ(JpegFinish(*MapOf("P2 # grey\n3 2 4\n4 4 4 0 0 0\n"), job_), 0);
   const JpegPicture picture = ReadJpeg(job_.graphFile);
   EXPECT_EQ(picture.components, 1);
   EXPECT_EQ(picture.width, 3U);
@@ -72,7 +72,7 @@ TEST_F(JpegFinishTest, ASecondRunWaitsForTheMapAndGetsAFreshOne) {
   std::unique_ptr<TempMap> first = MapOf("first");
   std::future<std::unique_ptr<TempMap>> second = std::async(std::launch::async, MapOf, "second");
   EXPECT_EQ(second.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
-  EXPECT_TRUE(first->Delete());
+  EXPECT_EQ(first->Delete(), 0);
   first.reset();
   const std::unique_ptr<TempMap> map = second.get();
   EXPECT_EQ(IdentityOf(TEMP_MAP), map->Identity());

@@ -57,7 +57,7 @@ class PlotFiles : public ::testing::TestWithParam<GraphType> {
   std::string Plot(GraphType type) {
     graph_.job.graphType = type;
     graph_.job.graphFile = directory_ / "plot";
-    EXPECT_TRUE(PlotGraphJob(graph_.job));
+    EXPECT_EQ(PlotGraphJob(graph_.job), 0);
     return Contents(graph_.job.graphFile);
   }
   TempMapGuard guard_;
@@ -136,7 +136,7 @@ TEST_F(PlotFiles, AJpegThatCanNotBeCreatedLeavesTheTemporaryFile) {
 TEST_P(PlotFiles, APictureThatFailsLeavesNoFile) {
   graph_.job.graphType = GetParam();
   graph_.job.graphFile = directory_ / "plot";
-  graph_.job.mainLayer.traces[0].label = std::string(100, 'x');
+  graph_.job.mainOverlay.traces[0].label = std::string(100, 'x');
   EXPECT_EXIT(PlotGraphJob(graph_.job), ExitedWithCode(1), "too long for the key");
   EXPECT_FALSE(fs::exists(graph_.job.graphFile));
   EXPECT_FALSE(fs::exists(TEMP_MAP));
@@ -145,7 +145,7 @@ TEST_P(PlotFiles, APictureThatFailsLeavesNoFile) {
 TEST_P(PlotFiles, APictureThatDoesNotGetThroughIsTold) {
   graph_.job.graphType = GetParam();
   graph_.job.graphFile = "/dev/full";
-  EXPECT_EXIT(std::exit(PlotGraphJob(graph_.job) ? 0 : 1), ExitedWithCode(1),
+  EXPECT_EXIT(std::exit(PlotGraphJob(graph_.job)), ExitedWithCode(1),
               "graph: error: could not close plot device|Output file write error");
 }
 
@@ -174,8 +174,8 @@ TEST_P(PlotFiles, ValuesFarOutsideTheFrameOrNotFiniteAreClippedOrLeftOut) {
 TEST_P(PlotFiles, NullAndStrangeTextsAreDrawnOrLeftOut) {
   graph_.AddBand(nullptr, 11.0F);
   graph_.AddBand("no such colour", 5.0F);
-  graph_.job.mainLayer.title = "%s%n \\ \\sp \\xyz \x01\xFF";
-  graph_.job.mainLayer.yTitle = "\\";
+  graph_.job.mainOverlay.title = "%s%n \\ \\sp \\xyz \x01\xFF";
+  graph_.job.mainOverlay.yTitle = "\\";
   ::testing::internal::CaptureStderr();
   EXPECT_GT(Plot(GetParam()).size(), 1000U);
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("no such colour"));

@@ -152,7 +152,7 @@ std::string Story::Delivered(const std::string& name, const std::string& begin,
   const ScopedVariable zone("TZ", "UTC");
   const auto secondsOf = [](const std::string& text) {
     std::tm time{};
-    TimeParse(time, text);
+    TimeParse(time, text, TimeFormatNumber::DAY_MONTH_YEAR_TIME);
     return TimeToSeconds(time);
   };
   std::ostringstream out;

@@ -11,6 +11,7 @@ namespace ozmo {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::ScopedDirectory;
 using testing::ScopedVariable;
 
 constexpr Seconds NOON_22_FEB_2012_UTC = 1329912000;
@@ -22,10 +23,10 @@ constexpr const char* UTC = "UTC0";
 constexpr const char* EASTERN = "EST5EDT,M3.2.0,M11.1.0";
 constexpr const char* MIDDLE_EUROPE = "CET-1CEST,M3.5.0,M10.5.0/3";
 
-std::tm Parsed(const std::string& text) {
+std::tm Parsed(const std::string& text, TimeFormatNumber format = TimeFormatNumber::DAY_MONTH_YEAR_TIME) {
   std::tm time{};
   time.tm_isdst = -1;
-  TimeParse(time, text);
+  TimeParse(time, text, format);
   return time;
 }
 
@@ -42,10 +43,20 @@ TEST(TimeParse, ReadsTheFormOfTheCommandLineAsLocalTime) {
   EXPECT_EQ(TimeToSeconds(std::nullopt), 0);
 }
 
+TEST(TimeParse, ReadsItsOtherForms) {
+  const ScopedVariable zone("TZ", UTC);
+  for (const auto& [format, text] : {std::pair(TimeFormatNumber::UNIX_DATE, "Wed Feb 22 12:00:00 2012"),
+                                     std::pair(TimeFormatNumber::MONTH_DAY_TIME_YEAR, "Feb 22 12:00:00 2012"),
+                                     std::pair(TimeFormatNumber::DAY_MONTH_YEAR_MINUTE, "22-Feb-2012:12:00"),
+                                     std::pair(TimeFormatNumber::CTIME, "Wed Feb 22 12:00:00 2012")}) {
+    EXPECT_EQ(TimeToSeconds(Parsed(text, format)), NOON_22_FEB_2012_UTC) << text;
+  }
+}
+
 TEST(TimeParse, LeavesTheFieldsThatATextDoesNotReach) {
   std::tm time = Parsed("22-Feb-2012:12:30:15");
-  TimeParse(time, "");
-  TimeParse(time, "5-Mar-x");
+  EXPECT_EQ(TimeParse(time, "", TimeFormatNumber::DAY_MONTH_YEAR_TIME), 0);
+  EXPECT_EQ(TimeParse(time, "5-Mar-x", TimeFormatNumber::DAY_MONTH_YEAR_TIME), 1);
   EXPECT_EQ(time.tm_mday, 5);
   EXPECT_EQ(time.tm_mon, 2);
   EXPECT_EQ(time.tm_year, 112);
@@ -57,6 +68,25 @@ TEST(TimeLocal, GivesTheEpochOutsideTheCalendar) {
   for (const Seconds seconds : {std::numeric_limits<Seconds>::max(), std::numeric_limits<Seconds>::min()}) {
     EXPECT_EQ(TimeLocal(seconds).tm_year, 70);
   }
+}
+
+TEST(TimeDifference, AndComparisonGoByTheSeconds) {
+  const ScopedVariable zone("TZ", UTC);
+  const std::tm early = Parsed("22-Feb-2012:12:00:00");
+  const std::tm late = Parsed("22-Feb-2012:12:01:00");
+  EXPECT_EQ(TimeDifference(late, early), 60);
+  EXPECT_EQ(TimeCompare(early, late), -1);
+  EXPECT_EQ(TimeCompare(early, early), 0);
+  EXPECT_EQ(TimeCompare(late, early), 1);
+}
+
+TEST(TimeStampFileName, LiesInTheCurrentDirectory) {
+  const ScopedVariable zone("TZ", UTC);
+  const ScopedDirectory directory("/");
+  const std::tm time = Parsed("22-Feb-2012:14:30:00");
+  EXPECT_EQ(TimeStampFileName("plan", ".out", time), "//plan_2012Feb22_1430.out");
+  EXPECT_EQ(TimeStampFileName("", ".out", time), "//2012Feb22_1430.out");
+  EXPECT_EQ(TimeStampFileName("plan", ".out", std::nullopt), std::nullopt);
 }
 
 TEST(DayList, HoldsEachDayOfTheSpanOnce) {
@@ -84,6 +114,18 @@ TEST(DayList, StaysSmallWhateverTheSpan) {
   const Seconds least = std::numeric_limits<Seconds>::min();
   const Seconds most = std::numeric_limits<Seconds>::max();
   EXPECT_THAT(DayList(least, most, "%Y"), ElementsAre("1970"));
+}
+
+TEST(DayFileNames, DeriveStemAndExtensionFromOneFile) {
+  const ScopedVariable zone("TZ", UTC);
+  const auto names = [](const std::string& path) {
+    return DayFileNamesFor(path, NOON_22_FEB_2012_UTC, NOON_22_FEB_2012_UTC + DAY);
+  };
+  EXPECT_THAT(names("d/qtxa_node_2012Jan01.dat").value(),
+              ElementsAre("d/qtxa_node_2012Feb22.dat", "d/qtxa_node_2012Feb23.dat"));
+  for (const char* path : {"node.dat", "_2012Jan01.dat", "node_2012Jan01", "node_2012Jan01.", ""}) {
+    EXPECT_EQ(names(path), std::nullopt) << path;
+  }
 }
 
 TEST(FormatLocalTime, CarriesTheWallClockOfTheCollectorOver) {

@@ -52,17 +52,17 @@ class ItemsTest : public ::testing::TestWithParam<Kind> {
     const sample::SampleResult written =
         sample::WriteSample(*sample::FindSampleKind(GetParam().name), options_);
     ASSERT_EQ(written.error, "");
-    request_.dataFile = written.files.at(0);
+    request_.vmrUnixFile = written.files.at(0);
     request_.beginTime = AtHour(startHour);
     request_.endTime = AtHour(startHour + hours - 1);
   }
 
   std::unique_ptr<GraphCatalog> Build(const WantedTitles& titles) {
     Runtime runtime;
-    DataReader reader(ReaderKindOf(*request_.dataFile), runtime);
+    DataReader reader(ReaderKindOf(*request_.vmrUnixFile), runtime);
     Seconds first = 0;
     ::testing::internal::CaptureStdout();
-    EXPECT_EQ(reader.EntryPass(*request_.dataFile, request_.hostName, first), 1);
+    EXPECT_EQ(reader.EntryPass(*request_.vmrUnixFile, request_.hostName, first), 1);
     WorkloadClassList classes;
     auto catalog = BuildCatalog(reader, request_, classes, runtime, titles);
     ::testing::internal::GetCapturedStdout();

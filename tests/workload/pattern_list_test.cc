@@ -95,7 +95,7 @@ TEST(WorkloadClassifier, FindsWhatTryingEachClassFinds) {
         return WorkloadMatchList(user, each.uid) == 1 && WorkloadMatchList(command, each.command) == 1;
       });
       const auto rest = static_cast<std::ptrdiff_t>(list.catchAllClass.value_or(list.classes.size() - 1));
-      ASSERT_EQ(classifier.Classify(user, command),
+      ASSERT_EQ(WorkloadClassify(classifier, user, command),
                 first == list.classes.end() ? rest : first - list.classes.begin())
           << round << ": \"" << user << "\", \"" << command << "\"";
     }

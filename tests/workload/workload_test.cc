@@ -28,7 +28,8 @@ class ClassFile : public ::testing::Test {
   int LoadVersion1(const std::string& text) { return Load("QTX_MEMORY_VERSION 1\nsize\n" + text); }
 
   std::string ClassOf(std::string_view user, std::string_view command) const {
-    return list_.classes.at(static_cast<size_t>(WorkloadClassifier(list_).Classify(user, command))).name;
+    return list_.classes.at(static_cast<size_t>(WorkloadClassify(WorkloadClassifier(list_), user, command)))
+        .name;
   }
 
   TempDirectory directory_;
