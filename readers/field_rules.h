@@ -292,8 +292,9 @@ inline constexpr auto BUILDER_FIELDS = [] {
   std::array<int32_t, CountBuilderFields<Rules>()> fields{};
   size_t next = 0;
   for (const auto& rule : Rules) {
-    for (int32_t field = rule.field; field <= rule.Last() && !rule.to.isDetail; ++field)
+    for (int32_t field = rule.field; field <= rule.Last() && !rule.to.isDetail; ++field) {
       fields[next++] = field;
+    }
   }
   return fields;
 }();

@@ -72,8 +72,7 @@ inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUN
 inline constexpr RecordTable V530_TABLE = TableOf<LAYOUTS, V530, NARROW_COUNTERS>("V530");
 inline constexpr RecordTable V520_TABLE = TableOf<LAYOUTS, V520, NARROW_COUNTERS>("V520");
 
-constexpr FlagChange SET = FlagChange::SET;
-constexpr FlagChange CLEAR = FlagChange::CLEAR;
+using enum FlagChange;
 
 inline constexpr VersionRule VERSIONS[] = {
     {.text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},

@@ -89,23 +89,16 @@ inline constexpr RecordTable P720_64_TABLE = TableOf<LAYOUTS, P720_64, WIDE_COUN
 inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300, NARROW_COUNTERS>("P300");
 inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUNTERS>("P300_64");
 
+using enum FlagChange;
+
 inline constexpr VersionRule VERSIONS[] = {
-    {.text = "P730", .table = &P730_TABLE, .wideCounters = FlagChange::CLEAR},
-    {.match = VersionMatch::CONTAINS,
-     .text = "P730_64",
-     .table = &P730_64_TABLE,
-     .wideCounters = FlagChange::SET},
-    {.text = "P720", .table = &P720_TABLE, .wideCounters = FlagChange::CLEAR},
-    {.match = VersionMatch::CONTAINS,
-     .text = "P720_64",
-     .table = &P720_64_TABLE,
-     .wideCounters = FlagChange::SET},
-    {.text = "P300", .table = &P300_TABLE, .wideCounters = FlagChange::CLEAR},
-    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .wideCounters = FlagChange::CLEAR},
-    {.match = VersionMatch::CONTAINS,
-     .text = "P300_64",
-     .table = &P300_64_TABLE,
-     .wideCounters = FlagChange::SET},
+    {.text = "P730", .table = &P730_TABLE, .wideCounters = CLEAR},
+    {.match = VersionMatch::CONTAINS, .text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},
+    {.text = "P720", .table = &P720_TABLE, .wideCounters = CLEAR},
+    {.match = VersionMatch::CONTAINS, .text = "P720_64", .table = &P720_64_TABLE, .wideCounters = SET},
+    {.text = "P300", .table = &P300_TABLE, .wideCounters = CLEAR},
+    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .wideCounters = CLEAR},
+    {.match = VersionMatch::CONTAINS, .text = "P300_64", .table = &P300_64_TABLE, .wideCounters = SET},
 };
 
 }  // namespace ozmo::linux_layouts
