@@ -40,21 +40,6 @@ std::vector<std::string> PlotRecording::Named(const std::string& name) const {
   return named;
 }
 
-size_t PlotRecording::Find(const std::string& text, size_t from) const {
-  while (from < calls.size() && calls[from].rfind(text, 0) != 0) {
-    ++from;
-  }
-  return from;
-}
-
-std::vector<std::string> PlotRecording::Slice(size_t from, size_t count) const {
-  std::vector<std::string> slice;
-  for (size_t n = from; n < std::min(calls.size(), from + count); ++n) {
-    slice.push_back(calls[n]);
-  }
-  return slice;
-}
-
 std::string PlotRecording::Text() const {
   constexpr size_t WIDTH = 106;
   std::vector<std::string> shown;

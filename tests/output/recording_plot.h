@@ -21,15 +21,9 @@ struct PlotRecording {
   // The calls of this name, in order.
   std::vector<std::string> Named(const std::string& name) const;
 
-  // Position of the first call, at or behind `from`, that starts with `text`; calls.size() without one.
-  size_t Find(const std::string& text, size_t from = 0) const;
-
   // All calls, a few a line, ";" behind each. Of a row of calls of one name the name stands once; of more
   // than six there are the first four, their number and the last.
   std::string Text() const;
-
-  // `count` calls from position `from`.
-  std::vector<std::string> Slice(size_t from, size_t count) const;
 };
 
 // The recording that the stand-in writes to.

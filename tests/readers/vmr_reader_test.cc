@@ -5,16 +5,14 @@
 
 #include <cmath>
 #include <fstream>
-#include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "readers/vmr/node_files.h"
 #include "readers/vmr/reader.h"
 #include "runtime/runtime.h"
-#include "tests/readers/figures.h"
 #include "tests/support/environment.h"
+#include "tests/support/interval_text.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
@@ -52,13 +50,6 @@ class VmrReaderTest : public ::testing::Test {
     context_.periodStart = start;
     context_.periodEnd = end;
     return reader_.Open(context_);
-  }
-
-  // Delivers the rows as one sample.
-  const VmrContext& Deliver(const std::string& rows) {
-    EXPECT_EQ(Open(Write(HEADER + TimeRow(0) + rows + TimeRow(1))), 1);
-    EXPECT_EQ(reader_.Next(context_), 1);
-    return context_;
   }
 
   // The user times of the processors delivered next, newest first.
@@ -103,10 +94,10 @@ TEST(VmrLineTest, LineIsCutAndItsNumbersAreRead) {
     EXPECT_EQ(fields, wanted) << text;
   }
   ASSERT_TRUE(line.Assign("x~~-7~99999999999999999999~ 12abc~\t+1e3z~1e999\n"));
-  EXPECT_EQ(Figures(line.Integer(0), line.Integer(1), line.Integer(2), line.Integer(3), line.Integer(4)),
-            Figures(0, 0, -7, 2147483647, 12));
-  EXPECT_EQ(Figures(line.Number(5), line.Number(0), line.Number(77)), Figures(1000, 0, 0));
-  EXPECT_TRUE(std::isinf(line.Number(6)));
+  std::vector<double> numbers;
+  for (size_t i = 0; i < 5; ++i) numbers.push_back(line.Integer(i));
+  for (const size_t i : {5, 0, 77, 6}) numbers.push_back(line.Number(i));
+  EXPECT_EQ(numbers, (std::vector<double>{0, 0, -7, 2147483647, 12, 1000, 0, 0, INFINITY}));
 }
 
 TEST_F(VmrReaderTest, LongLinesAreReadInPieces) {
@@ -132,11 +123,9 @@ TEST_F(VmrReaderTest, HeadIsReadInAnyOrder) {
   EXPECT_EQ(first_, NOON);
   EXPECT_FALSE(context_.config.has_value());  // the entry pass has no context
   reader_.Next(context_);
-  ASSERT_TRUE(context_.config.has_value());
-  const SystemConfig& config = *context_.config;
-  EXPECT_EQ(config.configNode + config.configText[6], "boxx64");
-  EXPECT_EQ(Figures(config.cpuCount, config.memoryMb, config.pageSize, config.intervalSeconds),
-            Figures(8, 1024, 4096, 60));
+  EXPECT_EQ(IntervalTexts(context_, true).at(0),
+            "config cpuCount 8 memoryMb 1024 pageSize 4096 intervalSeconds 60");
+  EXPECT_EQ(context_.config->configNode + context_.config->configText[6], "boxx64");
 }
 
 TEST_F(VmrReaderTest, HeadWithoutATimeRowFails) {
@@ -259,72 +248,44 @@ TEST_F(VmrReaderTest, ReadErrorIsToldAndEndsTheFile) {
 
 // What one sample puts into the records, those of a list newest first.
 TEST_F(VmrReaderTest, RowsFillTheirRecords) {
-  constexpr double INFINITE = std::numeric_limits<double>::infinity();
-  const auto processors = [](const VmrContext& context, Figures& figures) {
-    for (const ProcessorRecord& cpu : context.processors.primary) {
-      figures.Add(cpu.cpuId, cpu.idleTime, cpu.userTime, cpu.systemTime, cpu.dpcTime, cpu.interruptTime);
-    }
-  };
-  const auto disks = [](const VmrContext& context, Figures& figures) {
-    for (const DiskRecord& disk : context.disks.primary) {
-      figures.Add(disk.ioRate, disk.totalBytesRate, disk.queueLength, disk.busyFraction, disk.servicePerIo,
-                  disk.waitPerIo);
-    }
-  };
-  const auto processes = [](const VmrContext& context, Figures& figures) {
-    for (const ProcessRecord& process : context.processes.primary) {
-      figures.Add(process.elapsedSeconds, process.cpuPercent, process.sizeVirtual, process.priority,
-                  process.processId);
-    }
-  };
-  const auto memory = [](const VmrContext& context, Figures& figures) {
-    const MemoryRecord& record = *context.memory.primary;
-    figures.Add(record.pageFaultRate, record.freePages, record.kernelPages, record.committedPercent);
-  };
-  const auto network = [](const VmrContext& context, Figures& figures) {
-    const NetworkRecord& record = *context.network;
-    figures.Add(record.ipDatagramsPerSecond, record.ipReceivedPerSecond, record.udpDatagramsPerSecond,
-                record.udpReceivedPerSecond, record.tcpSegmentsPerSecond);
-  };
-  struct Case {
-    const char* rows;
-    std::function<void(const VmrContext&, Figures&)> addTo;
-    Figures wanted;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
       // An instance without samples has no mean. A data row may be shorter than the counter row.
-      {"2~238\n5~6~142~144~696~698~1\n4~1~2\n6~50~20~10~4~2~9\n4~_Total~2\n6~20\n4~none\n6~5~1\n", processors,
-       Figures(0, -INFINITE, INFINITE, NAN, NAN, NAN, 0, 90, 0, 0, 0, 0, 1, 75, 10, 5, 2, 1)},
+      {"2~238\n5~6~142~144~696~698~1\n4~1~2\n6~50~20~10~4~2~9\n4~_Total~2\n6~20\n4~none\n6~5~1\n",
+       {"processor userTime inf systemTime nan idleTime -inf dpcTime nan interruptTime nan",
+        "processor idleTime 90",
+        "processor cpuId 1 userTime 10 systemTime 5 idleTime 75 dpcTime 2 interruptTime 1"}},
       {"2~234\n5~214~216~220~222~1400~1482\n4~_Total~1\n6~1~1~1~1~1~1\n"
        "4~0 C: D:~2\n6~20~60~4096~8192~40000000~100\n4~1 E:~1\n6~0~0~0~0~70000000~0\n",
-       disks, Figures(0, 0, 7, 1, 0, 0, 40, 6144, 2, 0.5, 12.5, 50)},
+       {"disk DISK1-E busyFraction 1 queueLength 7",
+        "disk DISK0-C-D readRate 10 readBytesRate 2048 writeRate 30 writeBytesRate 4096 ioRate 40 "
+        "totalBytesRate 6144 busyFraction 0.5 queueLength 2 waitPerIo 50 servicePerIo 12.5"}},
       // A process lives for its samples, at most the interval. Numbers out of range are harmless; sizes are
-      // what a
-      // 32-bit float holds.
+      // what a 32-bit float holds.
       {"2~230\n5~684~6~174~682~784\n4~_Total~12\n6~1~1\n4~short~3\n6~999~30~7000000000~25~3000\n"
        "4~long~13\n6~0~13\n4~odd~1\n6~0~inf~1e30~nan~-1e30\n",
-       processes,
-       Figures(5, INFINITE, INT64_MAX, 0, INT32_MIN, 60, 1, 0, 0, 0, 15, 10, 7000000000 / 3, 8, 1000)},
+       {"process odd processId -2.147484e+09 sizeVirtual 9.223372e+18 elapsedSeconds 5 cpuPercent inf",
+        "process long elapsedSeconds 60 cpuPercent 1",
+        "process short processId 1000 sizeVirtual 2.333333e+09 elapsedSeconds 15 cpuPercent 10 priority 8"}},
       // An object row without a count takes the samples of an interval; a negative count is one sample.
-      {"2~4\n5~28\n6~24\n", memory, Figures(2, 0, 0, 0)},
-      {"2~4~6\n5~28\n6~24\n", memory, Figures(4, 0, 0, 0)},
-      {"2~4~-3\n5~28\n6~24\n", memory, Figures(24, 0, 0, 0)},
-      {"2~4~\n5~28\n6~24\n", memory, Figures(INFINITE, 0, 0, 0)},
+      {"2~4\n5~28\n6~24\n", {"memory pageFaultRate 2"}},
+      {"2~4~6\n5~28\n6~24\n", {"memory pageFaultRate 4"}},
+      {"2~4~-3\n5~28\n6~24\n", {"memory pageFaultRate 24"}},
+      {"2~4~\n5~28\n6~24\n", {"memory pageFaultRate inf"}},
       // Bytes become pages. The committed percentage is worked out where it is 0.
-      {"2~4~2\n5~24~66~70~74~76\n6~16384~8192~8192~16384~24576\n", memory, Figures(0, 2, 1 + 1 + 2 + 3, 0)},
-      {"2~4~1\n5~26~30~1406\n6~4096~16384~0\n", memory, Figures(0, 0, 0, 25)},
-      {"2~4~1\n5~26~30~1406\n6~4096~16384~40\n", memory, Figures(0, 0, 0, 40)},
-      {"2~4~1\n5~26~30~1406\n6~4096~0~0\n", memory, Figures(0, 0, 0, 0)},
+      {"2~4~2\n5~24~66~70~74~76\n6~16384~8192~8192~16384~24576\n", {"memory freePages 2 kernelPages 7"}},
+      {"2~4~1\n5~26~30~1406\n6~4096~16384~0\n", {"memory committedPercent 25"}},
+      {"2~4~1\n5~26~30~1406\n6~4096~16384~40\n", {"memory committedPercent 40"}},
+      {"2~4~1\n5~26~30~1406\n6~4096~0~0\n", {"memory"}},
       // The protocols share one record and some numbers; a counter row stays in effect for the objects behind
       // it.
       {"6~9\n2~546~1\n5~438~446~640\n6~1~2~3\n3\n6~9\n2~658~1\n6~4~5\n2~777~1\n6~9\n2~546~1\n6~6~7\n2~638~1\n"
        "6~8~9~10\n",
-       network, Figures(6, 7, 4, 5, 10)},
+       {"memory", "network ipDatagrams 6 ipReceived 7 udpDatagrams 4 udpReceived 5 tcpSegments 10"}},
   };
-  for (const Case& c : cases) {
-    Figures figures;
-    c.addTo(Deliver(c.rows), figures);
-    EXPECT_EQ(figures, c.wanted) << c.rows;
+  for (const auto& [rows, wanted] : cases) {
+    ASSERT_EQ(Open(Write(HEADER + TimeRow(0) + rows + TimeRow(1))), 1);
+    EXPECT_EQ(reader_.Next(context_), 1);
+    EXPECT_EQ(IntervalTexts(context_, false), wanted) << rows;
     reader_.Close(context_);
   }
 }
@@ -348,13 +309,10 @@ TEST_F(VmrReaderTest, ConnectionTotalsBecomeChanges) {
   }
   for (int walk = 0; walk < 2; ++walk) {  // another walk has no totals to compare with
     ASSERT_EQ(Open(Write(text + TimeRow(minute))), 1);
-    for (const Figures& changes :
-         {Figures(0, 0, 5), Figures(30, 0, 5), Figures(-40, 10, 5), Figures(0, -50, 5)}) {
+    for (const char* changes : {"", " tcpActive 30", " tcpActive -40 tcpPassive 10", " tcpPassive -50"}) {
       ASSERT_EQ(reader_.Next(context_), 1);
-      const NetworkRecord& network = *context_.network;
-      EXPECT_EQ(Figures(network.tcpConnectionsActive, network.tcpConnectionsPassive,
-                        network.tcpConnectionsEstablished),
-                changes);
+      EXPECT_EQ(IntervalTexts(context_, false).back(),
+                "network" + std::string(changes) + " tcpEstablished 5");
     }
     reader_.Close(context_);
   }

@@ -78,30 +78,26 @@ TEST_F(DraftFileTest, AnIgnoredSignalStaysIgnored) {
   EXPECT_TRUE(fs::exists(path_));
 }
 
-TEST_F(DraftFileTest, AnotherFileOfTheNameStays) {
+// A draft that was renamed, with another file in its place; one behind a link; a pipe.
+TEST_F(DraftFileTest, OnlyTheFileItselfGoes) {
   WatchAnd([this](DraftFile&) {
     fs::rename(path_, directory_ / "moved");
     std::ofstream(path_) << "theirs";
   });
   EXPECT_TRUE(fs::exists(path_));
-}
+  fs::remove(path_);
 
-TEST_F(DraftFileTest, BehindALinkTheFileGoesAndNotTheLink) {
   fs::create_symlink(directory_ / "target", path_);
   WatchAnd([](DraftFile&) {});
   EXPECT_TRUE(fs::is_symlink(path_));
   EXPECT_FALSE(fs::exists(directory_ / "target"));
-}
+  fs::remove(path_);
 
-TEST_F(DraftFileTest, ADeviceStays) {
   ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
-  const int file = open(path_.c_str(), O_RDWR);
-  {
-    DraftFile draft;
-    draft.Watch(path_, file);
-  }
+  const int pipe = open(path_.c_str(), O_RDWR);
+  DraftFile().Watch(path_, pipe);
   EXPECT_TRUE(fs::exists(path_));
-  close(file);
+  close(pipe);
 }
 
 }  // namespace

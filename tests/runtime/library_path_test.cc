@@ -10,20 +10,14 @@ namespace {
 
 using testing::ScopedVariable;
 
-TEST(LibraryDirectory, EndsInOneSlashHoweverTheVariableIsWritten) {
+TEST(LibraryDirectory, EndsInOneSlashAndKeepsItsFirstValue) {
   for (const auto& [value, directory] : {std::pair("/opt/v", "/opt/v/"), {"/opt/v/", "/opt/v/"}, {"", "/"}}) {
     const ScopedVariable library("VELTRIX_LIBRARY", value);
     Runtime runtime;
     EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), directory);
+    const ScopedVariable second("VELTRIX_LIBRARY", "/second");
+    EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), directory);
   }
-}
-
-TEST(LibraryDirectory, KeepsTheFirstValueItFound) {
-  Runtime runtime;
-  const ScopedVariable first("VELTRIX_LIBRARY", "/first");
-  LibraryDirectory(runtime, "veltrix");
-  const ScopedVariable second("VELTRIX_LIBRARY", "/second");
-  EXPECT_EQ(LibraryDirectory(runtime, "veltrix"), "/first/");
 }
 
 TEST(LibraryDirectory, FallsBackToTheVariableOfItsKindAndToTheDefaultRoot) {

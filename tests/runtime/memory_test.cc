@@ -27,20 +27,12 @@ TEST(MemFailDeathTest, IssuesNoallocWithTheSizeAndEndsWithStatus0) {
   const ScopedVariable library("VELTRIX_LIBRARY", OZMO_SOURCE_DIR);
   Runtime runtime;
   MemAttach(runtime);
-  EXPECT_EXIT(MemFail(-480), ::testing::ExitedWithCode(0), "^VELTRIX-ERROR  Cannot allocate -480 bytes");
-  EXPECT_EXIT(MemFail((int64_t{1} << 32) + 16), ::testing::ExitedWithCode(0), "Cannot allocate 16 bytes");
-  EXPECT_EXIT(MemFail(0x80000000), ::testing::ExitedWithCode(0), "Cannot allocate -2147483648 bytes");
-  MemDetach();
-}
-
-TEST(MemFailDeathTest, EveryFailedNewEndsThatWay) {
-  const ScopedVariable library("VELTRIX_LIBRARY", OZMO_SOURCE_DIR);
-  Runtime runtime;
-  MemAttach(runtime);
-  EXPECT_EXIT(static_cast<void>(::operator new(HugeSize() + 7)), ::testing::ExitedWithCode(0),
-              "VELTRIX-ERROR.* 7 bytes");
-  EXPECT_EXIT(static_cast<void>(::operator new[](HugeSize() + 7)), ::testing::ExitedWithCode(0),
-              "VELTRIX-ERROR.* 7 bytes");
+  const auto ended = ::testing::ExitedWithCode(0);
+  EXPECT_EXIT(MemFail(-480), ended, "^VELTRIX-ERROR  Cannot allocate -480 bytes");
+  EXPECT_EXIT(MemFail((int64_t{1} << 32) + 16), ended, "Cannot allocate 16 bytes");
+  EXPECT_EXIT(MemFail(0x80000000), ended, "Cannot allocate -2147483648 bytes");
+  EXPECT_EXIT(static_cast<void>(::operator new(HugeSize() + 7)), ended, "VELTRIX-ERROR.* 7 bytes");
+  EXPECT_EXIT(static_cast<void>(::operator new[](HugeSize() + 7)), ended, "VELTRIX-ERROR.* 7 bytes");
   MemDetach();
 }
 

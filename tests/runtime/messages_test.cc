@@ -103,24 +103,18 @@ TEST(FormatMessage, FillsTextsAndNumbersAsPrintfDoes) {
 }
 
 TEST(FormatMessage, CutsANumberToItsLength) {
-  EXPECT_EQ(Format("%d %ld %hd", {(1LL << 32) + 5, (1LL << 32) + 5, 65537LL}), "5 4294967301 1");
-  EXPECT_EQ(Format("%u", {-1LL}), "4294967295");
+  EXPECT_EQ(Format("%d %ld %hd %u", {(1LL << 32) + 5, (1LL << 32) + 5, 65537LL, -1LL}),
+            "5 4294967301 1 4294967295");
 }
 
-TEST(FormatMessage, SurvivesArgumentsOfAnotherTypeOrNone) {
-  EXPECT_EQ(Format("%s %d", {12LL, "text"}), "12 text");
-  EXPECT_EQ(Format("%f", {2LL}), "2.000000");
+TEST(FormatMessage, SurvivesAnyFormatAndArgumentsOfAnotherTypeOrNone) {
+  EXPECT_EQ(Format("%s %d %f", {12LL, "text", 2LL}), "12 text 2.000000");
   EXPECT_EQ(Format("<%s%d%n>"), "<>");
   EXPECT_EQ(Format("<%n%s>", {1LL, "second"}), "<second>");
-}
-
-TEST(FormatMessage, LeavesWhatIsNoConversionAsItStands) {
-  EXPECT_EQ(Format("100%"), "100%");
-  EXPECT_EQ(Format("%y%-5"), "%y%-5");
+  EXPECT_EQ(Format("%s", {"%s%n"}), "%s%n");
+  EXPECT_EQ(Format("%y%-5 100%"), "%y%-5 100%");
   EXPECT_LE(Format("%999999999999d", {1LL}).size(), 1023U);
 }
-
-TEST(FormatMessage, NeverReadsAnArgumentAsAFormat) { EXPECT_EQ(Format("%s", {"%s%n"}), "%s%n"); }
 
 }  // namespace
 }  // namespace ozmo

@@ -30,63 +30,42 @@ std::tm Parsed(const std::string& text, TimeFormatNumber format = TimeFormatNumb
   return time;
 }
 
-TEST(TimeParse, ReadsTheFormOfTheCommandLineAsLocalTime) {
-  const std::tm time = Parsed("22-Feb-2012:12:00:00");
-  {
+TEST(TimeParse, ReadsItsFormsAsLocalTime) {
+  for (const auto& [format, text] : {std::pair(TimeFormatNumber::UNIX_DATE, "Wed Feb 22 12:00:00 2012"),
+                                     {TimeFormatNumber::DAY_MONTH_YEAR_TIME, "22-Feb-2012:12:00:00"},
+                                     {TimeFormatNumber::MONTH_DAY_TIME_YEAR, "Feb 22 12:00:00 2012"},
+                                     {TimeFormatNumber::DAY_MONTH_YEAR_MINUTE, "22-Feb-2012:12:00"},
+                                     {TimeFormatNumber::CTIME, "Wed Feb 22 12:00:00 2012"}}) {
     const ScopedVariable zone("TZ", UTC);
-    EXPECT_EQ(TimeToSeconds(time), NOON_22_FEB_2012_UTC);
+    EXPECT_EQ(TimeToSeconds(Parsed(text, format)), NOON_22_FEB_2012_UTC) << text;
   }
   const ScopedVariable zone("TZ", EASTERN);
-  EXPECT_EQ(TimeToSeconds(time), NOON_22_FEB_2012_UTC + 5 * 3600);
+  EXPECT_EQ(TimeToSeconds(Parsed("22-Feb-2012:12:00:00")), NOON_22_FEB_2012_UTC + 5 * 3600);
   EXPECT_EQ(TimeToSeconds(Parsed("01-jul-2012:12:00:00")), NOON_1_JUL_2012_UTC + 4 * 3600);
   EXPECT_EQ(TimeToSeconds(Parsed("31-Feb-2012:12:00:00")), TimeToSeconds(Parsed("02-Mar-2012:12:00:00")));
   EXPECT_EQ(TimeToSeconds(std::nullopt), 0);
-}
-
-TEST(TimeParse, ReadsItsOtherForms) {
-  const ScopedVariable zone("TZ", UTC);
-  for (const auto& [format, text] : {std::pair(TimeFormatNumber::UNIX_DATE, "Wed Feb 22 12:00:00 2012"),
-                                     std::pair(TimeFormatNumber::MONTH_DAY_TIME_YEAR, "Feb 22 12:00:00 2012"),
-                                     std::pair(TimeFormatNumber::DAY_MONTH_YEAR_MINUTE, "22-Feb-2012:12:00"),
-                                     std::pair(TimeFormatNumber::CTIME, "Wed Feb 22 12:00:00 2012")}) {
-    EXPECT_EQ(TimeToSeconds(Parsed(text, format)), NOON_22_FEB_2012_UTC) << text;
-  }
 }
 
 TEST(TimeParse, LeavesTheFieldsThatATextDoesNotReach) {
   std::tm time = Parsed("22-Feb-2012:12:30:15");
   EXPECT_EQ(TimeParse(time, "", TimeFormatNumber::DAY_MONTH_YEAR_TIME), 0);
   EXPECT_EQ(TimeParse(time, "5-Mar-x", TimeFormatNumber::DAY_MONTH_YEAR_TIME), 1);
-  EXPECT_EQ(time.tm_mday, 5);
-  EXPECT_EQ(time.tm_mon, 2);
-  EXPECT_EQ(time.tm_year, 112);
-  EXPECT_EQ(time.tm_min, 30);
+  EXPECT_EQ((std::vector{time.tm_mday, time.tm_mon, time.tm_year, time.tm_min}),
+            (std::vector{5, 2, 112, 30}));
 }
 
-TEST(TimeLocal, GivesTheEpochOutsideTheCalendar) {
+TEST(Times, AreComparedStampedAndBrokenDown) {
   const ScopedVariable zone("TZ", UTC);
-  for (const Seconds seconds : {std::numeric_limits<Seconds>::max(), std::numeric_limits<Seconds>::min()}) {
-    EXPECT_EQ(TimeLocal(seconds).tm_year, 70);
-  }
-}
-
-TEST(TimeDifference, AndComparisonGoByTheSeconds) {
-  const ScopedVariable zone("TZ", UTC);
-  const std::tm early = Parsed("22-Feb-2012:12:00:00");
-  const std::tm late = Parsed("22-Feb-2012:12:01:00");
+  const ScopedDirectory directory("/");
+  const std::tm early = Parsed("22-Feb-2012:14:30:00");
+  const std::tm late = Parsed("22-Feb-2012:14:31:00");
   EXPECT_EQ(TimeDifference(late, early), 60);
   EXPECT_EQ(TimeCompare(early, late), -1);
   EXPECT_EQ(TimeCompare(early, early), 0);
-  EXPECT_EQ(TimeCompare(late, early), 1);
-}
-
-TEST(TimeStampFileName, LiesInTheCurrentDirectory) {
-  const ScopedVariable zone("TZ", UTC);
-  const ScopedDirectory directory("/");
-  const std::tm time = Parsed("22-Feb-2012:14:30:00");
-  EXPECT_EQ(TimeStampFileName("plan", ".out", time), "//plan_2012Feb22_1430.out");
-  EXPECT_EQ(TimeStampFileName("", ".out", time), "//2012Feb22_1430.out");
+  EXPECT_EQ(TimeStampFileName("plan", ".out", early), "//plan_2012Feb22_1430.out");
+  EXPECT_EQ(TimeStampFileName("", ".out", early), "//2012Feb22_1430.out");
   EXPECT_EQ(TimeStampFileName("plan", ".out", std::nullopt), std::nullopt);
+  EXPECT_EQ(TimeLocal(std::numeric_limits<Seconds>::max()).tm_year, 70) << "outside the calendar";
 }
 
 TEST(DayList, HoldsEachDayOfTheSpanOnce) {
@@ -133,21 +112,12 @@ TEST(FormatLocalTime, CarriesTheWallClockOfTheCollectorOver) {
   {
     const ScopedVariable zone("TZ", EASTERN);  // the collector's own: nothing moves
     EXPECT_EQ(FormatLocalTime(NOON_22_FEB_2012_UTC, easternOffset), NOON_22_FEB_2012_UTC);
+    const Seconds most = std::numeric_limits<Seconds>::max();
+    EXPECT_EQ(FormatLocalTime(most, 0), std::numeric_limits<Seconds>::min() + 5 * 3600 - 1);
   }
   const ScopedVariable zone("TZ", MIDDLE_EUROPE);
   EXPECT_EQ(FormatLocalTime(NOON_22_FEB_2012_UTC, easternOffset), NOON_22_FEB_2012_UTC - 6 * 3600);
-  EXPECT_EQ(TimeFormat(FormatLocalTime(NOON_22_FEB_2012_UTC, easternOffset), "%H"), "07");
-}
-
-TEST(FormatLocalTime, TakesTheDaylightPartOut) {
-  const ScopedVariable zone("TZ", MIDDLE_EUROPE);
-  EXPECT_EQ(FormatLocalTime(NOON_1_JUL_2012_UTC, 0), NOON_1_JUL_2012_UTC - 3600);
-}
-
-TEST(FormatLocalTime, SurvivesAnyNumber) {
-  const ScopedVariable zone("TZ", EASTERN);
-  const Seconds most = std::numeric_limits<Seconds>::max();
-  EXPECT_EQ(FormatLocalTime(most, 0), std::numeric_limits<Seconds>::min() + 5 * 3600 - 1);
+  EXPECT_EQ(FormatLocalTime(NOON_1_JUL_2012_UTC, 0), NOON_1_JUL_2012_UTC - 3600) << "without daylight time";
 }
 
 }  // namespace

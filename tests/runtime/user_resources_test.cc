@@ -47,30 +47,22 @@ TEST(UserResourceLookup, ComparesKeysWithoutCaseAndWithTheirBlanks) {
   EXPECT_NE(UserResourceLookup("saturate", "stepsize"), UserResourceLookup("model", "stepsize"));
 }
 
-// Sets one key as a line of the file would.
-void Set(UserSettings& settings, const char* group, const char* key, const std::string& value) {
-  const ResourceRow* row = UserResourceLookup(group, key);
-  ASSERT_NE(row, nullptr) << key;
-  UserResourceSet(settings, *row, value);
-}
-
 TEST(UserResourceSet, FollowsTheKindOfTheRow) {
   UserSettings settings;
-  Set(settings, "main", "reportdiskmember", "TRUE");
-  EXPECT_EQ(settings.reportDiskMember, 1);
-  Set(settings, "main", "reportdiskmember", "False");
-  EXPECT_EQ(settings.reportDiskMember, 0);
-  Set(settings, "main", "reportdiskmember", "7x");
-  EXPECT_EQ(settings.reportDiskMember, 7);
-  Set(settings, "report", "reportwidth", "true");  // no boolean
+  const auto set = [&](const char* group, const char* key, const char* value) {
+    UserResourceSet(settings, *UserResourceLookup(group, key), value);
+  };
+  for (const auto& [value, member] : {std::pair("TRUE", 1), {"False", 0}, {"7x", 7}}) {
+    set("main", "reportdiskmember", value);
+    EXPECT_EQ(settings.reportDiskMember, member) << value;
+  }
+  set("report", "reportwidth", "true");  // no boolean
   EXPECT_EQ(settings.reportWidth, 0);
-  Set(settings, "model", "dtrfile", "old");
-  Set(settings, "model", "dtrfile", "new");
+  for (const char* value : {"old", "new"}) set("model", "dtrfile", value);
   EXPECT_EQ(settings.dtrFile, "new");
-  Set(settings, "saturate", "cpuvaxlist", "a");
-  Set(settings, "saturate", "cpuvaxlist", "b");
+  for (const char* value : {"a", "b"}) set("saturate", "cpuvaxlist", value);
   EXPECT_EQ(settings.cpuVaxList, "a,b");
-  Set(settings, "saturate", "hscthreshold", "12");  // of model as well
+  set("saturate", "hscthreshold", "12");  // of model as well
   EXPECT_EQ(settings.hscThreshold, 12);
 }
 

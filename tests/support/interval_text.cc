@@ -24,8 +24,9 @@ std::string Line(std::string text, const std::vector<std::string>& texts, const 
 }
 
 std::string Text(const char* kind, const ProcessorRecord& r) {
-  return Line(kind, {}, "cpuId userTime niceTime systemTime idleTime waitTime",
-              {double(r.cpuId), r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime});
+  return Line(kind, {}, "cpuId userTime niceTime systemTime idleTime waitTime dpcTime interruptTime",
+              {double(r.cpuId), r.userTime, r.niceTime, r.systemTime, r.idleTime, r.waitTime, r.dpcTime,
+               r.interruptTime});
 }
 
 std::string Text(const DiskRecord& r) {
@@ -42,17 +43,21 @@ std::string Text(const MemoryRecord& r) {
   return Line(
       "memory", {},
       "freePages activePages processPages freeKb sharedKb buffersKb cacheKb realMb pageInRate pageOutRate "
-      "swapInRate swapOutRate majorFaultRate zeroFillFaultRate",
+      "swapInRate swapOutRate pageFaultRate majorFaultRate zeroFillFaultRate kernelPages committedPercent",
       {r.freePages, r.activePages, r.processPages, r.freeKb, r.sharedKb, r.buffersKb, r.cacheKb, r.realMb,
-       r.pageInRate, r.pageOutRate, r.swapInRate, r.swapOutRate, r.majorFaultRate, r.zeroFillFaultRate});
+       r.pageInRate, r.pageOutRate, r.swapInRate, r.swapOutRate, r.pageFaultRate, r.majorFaultRate,
+       r.zeroFillFaultRate, r.kernelPages, r.committedPercent});
 }
 
-std::string Text(const ProcessRecord& r) {
+// A life of the whole interval is the usual one, and not told.
+std::string Text(const ProcessRecord& r, float interval) {
   return Line(
       "process", {r.name, r.userName},
-      "processId processIdB userCpuSeconds systemCpuSeconds minorFaults majorFaults sizeVirtual sizeResident",
+      "processId processIdB userCpuSeconds systemCpuSeconds minorFaults majorFaults sizeVirtual sizeResident "
+      "elapsedSeconds cpuPercent priority",
       {double(r.processId), double(r.processIdB), r.userCpuSeconds, r.systemCpuSeconds, r.minorFaults,
-       r.majorFaults, double(r.sizeVirtual), double(r.sizeResident)});
+       r.majorFaults, double(r.sizeVirtual), double(r.sizeResident),
+       r.elapsedSeconds == interval ? 0 : r.elapsedSeconds, r.cpuPercent, double(r.priority)});
 }
 
 std::string Text(const FileSystemRecord& r) {
@@ -76,6 +81,14 @@ std::string Text(const ProtocolCounters& r) {
   return text;
 }
 
+std::string Text(const NetworkRecord& r) {
+  return Line(
+      "network", {},
+      "ipDatagrams ipReceived udpDatagrams udpReceived tcpSegments tcpActive tcpPassive tcpEstablished",
+      {r.ipDatagramsPerSecond, r.ipReceivedPerSecond, r.udpDatagramsPerSecond, r.udpReceivedPerSecond,
+       r.tcpSegmentsPerSecond, r.tcpConnectionsActive, r.tcpConnectionsPassive, r.tcpConnectionsEstablished});
+}
+
 std::string Text(const PartitionRecord& r) {
   return Line("partition", {}, "isCapped isShared entitledProcessors",
               {r.isCapped, r.isShared, r.entitledProcessors});
@@ -95,10 +108,12 @@ std::vector<std::string> IntervalTexts(const VmrContext& context, bool withConfi
   for (const auto& record : context.processors.primary) texts.push_back(Text("processor", record));
   for (const auto& record : context.disks.primary) texts.push_back(Text(record));
   if (context.memory.primary) texts.push_back(Text(*context.memory.primary));
-  for (const auto& record : context.processes.primary) texts.push_back(Text(record));
+  for (const auto& record : context.processes.primary)
+    texts.push_back(Text(record, context.config.value_or(SystemConfig()).intervalSeconds));
   for (const auto& record : context.fileSystems.primary) texts.push_back(Text(record));
   for (const auto& record : context.lans.primary) texts.push_back(Text(record));
   if (context.protocolCounters.primary) texts.push_back(Text(*context.protocolCounters.primary));
+  if (context.network) texts.push_back(Text(*context.network));
   if (context.partition) texts.push_back(Text(*context.partition));
   return texts;
 }
