@@ -60,16 +60,6 @@ TEST(Processors, Tru64MakesTheConfiguredSetsOnce) {
   EXPECT_THAT(fixture.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("CPU-5", "CPU-6"));
 }
 
-TEST(Processors, Tru64SurvivesAConfigurationGoneBad) {
-  for (const int count : {-1, 2'000'000'000}) {
-    BuildFixture fixture(TRU64_PLATFORM);
-    fixture.context.config->cpuCount = count;
-    fixture.TakeBusy(60, 10);
-    EXPECT_LE(fixture.Sets(Graph::CPU_BY_PROCESSOR), 128);
-    EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 1), 10.0F);
-  }
-}
-
 TEST(Processors, LinuxStopsAtTheConfiguredNumber) {
   BuildFixture fixture(LINUX_PLATFORM);
   for (const int cpuId : {2, 1, 0}) fixture.AddProcessor(cpuId, 10 * (cpuId + 1), 0, 100 - 10 * (cpuId + 1));
@@ -305,17 +295,6 @@ TEST(Adapters, TheSixteenthIsInNoGraph) {
   EXPECT_EQ(fixture.Adapters().back(), "o");
   EXPECT_EQ(fixture.Adapters().size(), 15U);
   EXPECT_EQ(fixture.Find(PACKETS)->data.nsets(), 30);
-}
-
-TEST(Adapters, ANameSharesTheSummaryPairOfAnEarlierOneThatItBeginsOnly) {
-  const LanRecord en1 = {.adapterName = "en1", .packetsInRate = 2};
-  const LanRecord en10 = {.adapterName = "en10", .packetsInRate = 4};
-  AdapterFixture longerFirst(AIX_PLATFORM);
-  longerFirst.Add({en10, en1});
-  EXPECT_THAT(longerFirst.Last(PACKETS), ElementsAre(6, 0));
-  AdapterFixture shorterFirst(AIX_PLATFORM);
-  shorterFirst.Add({en1, en10});
-  EXPECT_THAT(shorterFirst.Last(PACKETS), ElementsAre(2, 0, 4, 0));
 }
 
 TEST(Adapters, PlatformsFilterByName) {

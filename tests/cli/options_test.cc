@@ -61,8 +61,8 @@ TEST(Abbreviations, TooShortAreSkippedLikeAnyUnknownWord) {
 
 TEST(Values, OfEveryTextOptionAreKeptAsTyped) {
   const std::string longName(4000, 'n');
-  const RunRequest request = Parse(
-      {"-vmrunix", "v", "-item", longName, "-graph", "g", "-type", "ps", "-overlay", "A@B", "-host", "h"});
+  const RunRequest request = Parse({"-vmrunix", "v", "-item", longName, "-graph", "g", "-type", "PS",
+                                    "-overlay", "A@B", "-host", "h", "-type", "x"});
   EXPECT_EQ(request.vmrUnixFile, "v");
   EXPECT_EQ(request.itemName, longName);
   EXPECT_EQ(request.graphFile, "g");
@@ -131,19 +131,6 @@ TEST(Sizes, FillWidthHeightAndTheOneUnit) {
     EXPECT_EQ(request.width, size.width) << size.words[1];
     EXPECT_EQ(request.height, size.height) << size.words[1];
     EXPECT_EQ(request.sizeUnit, size.unit) << size.words[1];
-  }
-}
-
-TEST(Types, AreExactWords) {
-  const Words rest = {"-item", "I", "-graph_file", "G", "-t"};
-  for (const auto& [word, type] : {std::pair("JPG", GraphType::JPEG),
-                                   {"jpg", GraphType::JPEG},
-                                   {"GIF", GraphType::GIF},
-                                   {"gif", GraphType::GIF},
-                                   {"PS", GraphType::POSTSCRIPT},
-                                   {"CSV", GraphType::CSV}}) {
-    EXPECT_EQ(Parse(rest + Words{word}).graphType, type) << word;
-    EXPECT_EQ(Parse(rest + Words{word, "-type", "x"}).graphType, type) << word;
   }
 }
 

@@ -25,7 +25,7 @@ class EndToEnd : public ::testing::TestWithParam<std::string> {};
 TEST_P(EndToEnd, Case) {
   const std::string directory =
       ::testing::TempDir() + "/ozmo_case_" + GetParam() + "_" + std::to_string(getpid());
-  CaseRunner(OZMO_SOURCE_DIR "/tests/cases/" + GetParam() + ".case", directory).Run();
+  RunCase(OZMO_SOURCE_DIR "/tests/cases/" + GetParam() + ".case", directory);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, EndToEnd, ::testing::ValuesIn(CaseNames()),

@@ -123,18 +123,6 @@ restorestate; fcont 3932.16 2170.88; savestate; restorestate; restorestate; clos
 )");
 }
 
-TEST_F(PlotDriver, SixteenTracesShareSevenColours) {
-  PlotJob graph(11);
-  for (char colour = 'a'; colour <= 'p'; ++colour) graph.AddBand(std::string(1, colour).c_str(), 5.0F);
-  EXPECT_EQ(Plot(graph), 0);
-  EXPECT_EQ(errors_, "");
-  const Calls drawn = Recording().Named("colorname");
-  ASSERT_EQ(drawn.size(), 16U);
-  EXPECT_EQ(drawn[7], "colorname 'a'");
-  EXPECT_EQ(drawn[15], "colorname 'b'");
-  EXPECT_THAT(Recording().calls, Contains("pencolorname 'p'"));
-}
-
 TEST_F(PlotDriver, TitlesRiseWithTheFontSizeThatLibplotAnswers) {
   PlotJob graph = Band(11);
   Recording().fontScale = 2.0;

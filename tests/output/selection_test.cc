@@ -81,14 +81,6 @@ TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
   EXPECT_EQ(1.0, PrepareMainOverlay(*load_).yMax);
 }
 
-TEST_F(Selection, SetsWithoutStyleHaveNoColourAndNoLabel) {
-  load_->traceColours.resize(1);
-  load_->traceLabels.resize(1);
-  const Overlay overlay = PrepareMainOverlay(*load_);
-  EXPECT_FALSE(overlay.traces[1].colour);
-  EXPECT_FALSE(overlay.traces[1].label);
-}
-
 TEST_F(Selection, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@A B");
   ASSERT_TRUE(selection.overlay);

@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -156,19 +155,6 @@ TEST_P(PlotFiles, APictureDependsOnTheJobAlone) {
   const ScopedVariable rotation("ROTATION", "90");
   const ScopedVariable interlace("INTERLACE", "yes");
   EXPECT_EQ(Plot(GetParam()), bytes);
-}
-
-TEST_P(PlotFiles, ValuesFarOutsideTheFrameOrNotFiniteAreClippedOrLeftOut) {
-  std::vector<float> values(61, 3e38F);
-  for (size_t n = 0; n < values.size(); n += 2) values[n] = -3e38F;
-  values[1] = values[59] = NAN;
-  values[20] = INFINITY;
-  values[40] = -INFINITY;
-  graph_.AddTrace("Green", values);
-  for (const auto& [top, value] : {std::pair<double, float>(1e-44, 3e38F), {INFINITY, NAN}}) {
-    graph_.SetOverlay(top, std::vector<float>(61, value));
-    EXPECT_GT(Plot(GetParam()).size(), 1000U);
-  }
 }
 
 TEST_P(PlotFiles, NullAndStrangeTextsAreDrawnOrLeftOut) {

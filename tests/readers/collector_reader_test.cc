@@ -12,7 +12,6 @@
 
 #include "readers/formats.h"
 #include "runtime/runtime.h"
-#include "runtime/whole_file.h"
 #include "sample/collector_writer.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
@@ -100,8 +99,8 @@ CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config 
 }
 
 // Ready for the records of noon.
-CollectorWriter Beginning(sample::ByteOrder order = sample::ByteOrder::BIG) {
-  CollectorWriter writer(order);
+CollectorWriter Beginning() {
+  CollectorWriter writer(sample::ByteOrder::BIG);
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer);
   WriteSolarisTime(writer, NOON - 60);
@@ -188,39 +187,6 @@ TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
   }
 }
 
-// What isn't wanted is stepped over and changes nothing else, also where a record ends ahead of what is
-// wanted.
-TEST_F(CollectorReaderTest, UnwantedRecordsAndFieldsAreSteppedOver) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
-  WriteSolarisLists(writer);
-  writer.OrderList(4, {402, 415, 413, 410, 409, 411, 421, 423}).DivisorList(4, {1, 1, 1, 1, 1, 2, 1, 1});
-  WriteSolarisConfig(writer);
-  WriteSolarisTime(writer, NOON - 60);
-  WriteSolarisTime(writer, NOON);
-  WriteProcessor(writer, 0, 1);
-  writer.Record(4, {Int32(7), Text("first"), Int64(5), Int64(3000000000), Int32(6), Int64(4000000000),
-                    Text("ann"), Int32(9)});
-  writer.Record(4, {Int32(8), Text("cut"), Int64(5), Int64(1000000000), sample::Raw("abc")});
-  WriteSolarisTime(writer, NOON + 120);
-  const std::string path = Write(writer);
-  for (const bool isAll : {true, false}) {
-    context_.kinds = isAll ? RecordKinds::All() : RecordKinds{RecordKind::PROCESSES};
-    ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
-    EXPECT_EQ(NextUserTimes(), isAll ? Times{1} : Times{});
-    ASSERT_EQ(context_.processes.primary.size(), 2U);
-    const ProcessRecord& cut = context_.processes.primary.head();
-    EXPECT_EQ(cut.name, "cut");
-    EXPECT_EQ(cut.userCpuSeconds, 1.0F);
-    EXPECT_EQ(cut.userName, "");
-    const ProcessRecord& first = *std::next(context_.processes.primary.begin());
-    EXPECT_EQ(first.name + " " + first.userName, "first ann");
-    EXPECT_EQ(first.userCpuSeconds, 3.0F);
-    EXPECT_EQ(first.systemCpuSeconds, 2.0F);
-    EXPECT_EQ(first.processId, isAll ? 7 : 0);
-    reader_.Close(context_);
-  }
-}
-
 TEST_F(CollectorReaderTest, FirstDifferenceInAFollowingFileSpansTheGap) {
   Write(Samples({NOON - 60, NOON, NOON + 60}), 1);
   CollectorWriter second = Samples({NOON + 600}, {.interval = 0});
@@ -229,24 +195,6 @@ TEST_F(CollectorReaderTest, FirstDifferenceInAFollowingFileSpansTheGap) {
   ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
   EXPECT_EQ(NextUserTimes(), (Times{1}));
   EXPECT_EQ(reader_.state().intervalSeconds, 540);
-}
-
-TEST_F(CollectorReaderTest, TimeFarOutsideTheCalendarEndsTheWindow) {
-  const std::string path = Write(Samples({NOON, 0xFFFFFFFF, NOON + 60}));
-  ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);
-  for (int i = 0; i < 5 && reader_.Next(context_) >= 1; ++i) {
-  }
-}
-
-TEST_F(CollectorReaderTest, GarbageEndsWithoutAResult) {
-  const std::string path = directory_ / "qtxs_node_2012Feb22.dat_1";
-  for (const std::string& bytes :
-       {std::string(), std::string("seven b"), std::string(100000, '\0'), std::string(100000, '\xff'),
-        std::string("\0\0\0\x08\x80\0\0\0", 8)}) {  // the last is a record of a negative type
-    ASSERT_TRUE(WriteWholeFile(path, bytes));
-    EXPECT_EQ(Enter(path), 0);
-  }
-  EXPECT_EQ(Enter(directory_.path()), 0);
 }
 
 }  // namespace

@@ -9,25 +9,6 @@
 namespace ozmo::sample {
 namespace {
 
-TEST(LayoutTest, TwinsFollowTheirBasesAndTakeTheirFields) {
-  static constexpr RecordLayout RECORDS[] = {
-      {17, 1, 1, ""}, {18, 2, 1, "9:4"}, {1, 0, 1, "3:8"}, {2, 0, 3, "4:8"}};
-  const std::vector<ExpandedRecord> rows = ExpandLayout(RECORDS, 1);
-  ASSERT_EQ(rows.size(), 4U);
-  EXPECT_EQ(rows[0].recordType, 1U);
-  EXPECT_EQ(rows[2].recordType, 17U);
-  EXPECT_EQ(rows[2].fields.at(0).fieldId, 3);
-  EXPECT_EQ(rows[3].fields.at(0).fieldId, 9);
-  EXPECT_EQ(ExpandLayout(RECORDS, 2).size(), 1U);
-}
-
-TEST(LayoutTest, ExactVersionWinsOverOneThatIsContained) {
-  const std::span<const VersionLayout> versions = FindSampleKind("linux")->versions;
-  EXPECT_EQ(FindVersion(versions, "P730")->text, "P730");
-  EXPECT_EQ(FindVersion(versions, "P730_64 build 7")->text, "P730_64");
-  EXPECT_EQ(FindVersion(versions, "P999"), nullptr);
-}
-
 std::vector<DayFile> HourlySamples(int startHour, int hours, int filesPerDay) {
   SampleOptions options;
   options.startHour = startHour;
@@ -48,8 +29,6 @@ TEST(DayFilesTest, EachDayHasFilesOfItsOwnAndNoSampleIsLost) {
   ASSERT_EQ(times.size(), 11U);
   for (size_t i = 1; i < times.size(); ++i) EXPECT_EQ(times[i] - times[i - 1], 3600);
 }
-
-TEST(DayFilesTest, NoFileIsEmpty) { EXPECT_EQ(HourlySamples(0, 3, 24).size(), 3U); }
 
 constexpr int64_t MIDNIGHT = 1329868800;  // Wednesday, 22-Feb-2012
 
