@@ -21,6 +21,11 @@ using ::testing::KilledBySignal;
 
 class DraftFileTest : public ::testing::Test {
  protected:
+  // Whoever started the tests may have had signals ignored, as nohup does.
+  DraftFileTest() {
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+  }
+
   // Makes the file and has it watched, in a process that then ends as `end` does.
   template <typename End>
   void WatchAnd(End end) {
