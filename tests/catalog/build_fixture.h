@@ -13,6 +13,8 @@ namespace ozmo {
 inline const PlatformSpec* const ALL_PLATFORMS[] = {&AIX_PLATFORM,     &HPUX_PLATFORM,  &LINUX_PLATFORM,
                                                     &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM};
 
+using Texts = std::vector<std::string>;
+
 class BuildFixture {
  public:
   static constexpr Seconds START = 1'330'000'200;  // on a full minute

@@ -1,6 +1,5 @@
 #include "catalog/model.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,9 +10,6 @@
 
 namespace ozmo {
 namespace {
-
-using testing::Each;
-using testing::ElementsAre;
 
 constexpr float MISSING = MISSING_POINT;
 constexpr int MOST = std::numeric_limits<int>::max();
@@ -80,7 +76,7 @@ TEST(GraphStackTraces, EachSetBecomesTheSumOfItselfAndTheSetsBehindIt) {
   undefined.record.data.npoints = 1;
   GraphStackTraces(undefined.table);
   EXPECT_TRUE(std::isnan(undefined.record.data.y[0][0]));
-  EXPECT_THAT(undefined.record.data.y[0][1], MISSING) << "points behind the count stay as they are";
+  EXPECT_EQ(undefined.record.data.y[0][1], MISSING) << "points behind the count stay as they are";
   EXPECT_EQ(undefined.record.data.y[2][0], 2.0F);
 }
 
@@ -91,10 +87,10 @@ TEST(Points, OutsideTheSeriesReadAsMissingAndStoreNothing) {
     PointFeed(series, point, 5.0F);
     EXPECT_EQ(PointAt(series, point), MISSING);
   }
-  EXPECT_THAT(series, Each(MISSING));
+  EXPECT_EQ(series, Series(3, MISSING));
   PointFeed(series, 1, 2.0F);
   PointFeed(series, 1, 3.0F);
-  EXPECT_THAT(series, ElementsAre(MISSING, 5, MISSING)) << "a missing point feeds from zero";
+  EXPECT_EQ(series, (Series{MISSING, 5, MISSING})) << "a missing point feeds from zero";
 }
 
 TEST(Catalog, StoresOnlyWhatThereIsRoomFor) {
@@ -104,8 +100,8 @@ TEST(Catalog, StoresOnlyWhatThereIsRoomFor) {
   fixture.catalog.Store(Graph::OVERALL_CPU, 1, 1, 8.0F);
   fixture.catalog.Store(Graph::OVERALL_CPU, -1, 1, 8.0F);
   fixture.catalog.Store(Graph::ENTITLEMENT, 0, 1, 8.0F);
-  EXPECT_THAT(fixture.Record(Graph::OVERALL_CPU).data.y,
-              ElementsAre(ElementsAre(MISSING, MISSING, MISSING, MISSING, 7)));
+  EXPECT_EQ(fixture.Record(Graph::OVERALL_CPU).data.y,
+            (std::vector<Series>{{MISSING, MISSING, MISSING, MISSING, 7}}));
 }
 
 // ---- Limits of a request ----

@@ -1,15 +1,11 @@
 #include "catalog/top_list.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "catalog/name_series.h"
 
 namespace ozmo {
 namespace {
-
-using testing::ElementsAre;
-using testing::Pair;
 
 constexpr float MISSING = MISSING_POINT;
 
@@ -79,18 +75,20 @@ TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
   const Series shares = {100, 100, 0, 100, 100};
   Series series = {10, 10, 10, MISSING, 20};
   NormalizeProcessSeries(series, {overall, shares, 4});
-  EXPECT_THAT(series, ElementsAre(5, 10, 10, MISSING, 20)) << "the last point lies behind the count";
+  EXPECT_EQ(series, (Series{5, 10, 10, MISSING, 20})) << "the last point lies behind the count";
 }
 
 // ---- What is ranked: series by name ----
 
+using Points = std::vector<std::pair<int, float>>;
+
 // A span of 1000 points, and the series of one name.
 struct OneName {
   void Feed(int point, float value) { series.Feed(pages, points.NumberOf(point), value); }
-  std::vector<std::pair<int, float>> Values() const {
+  Points Values() const {
     Samples samples;
     series.Collect(points, samples);
-    std::vector<std::pair<int, float>> values;
+    Points values;
     for (const Sample& sample : samples) values.emplace_back(sample.point, sample.value);
     return values;
   }
@@ -103,7 +101,7 @@ struct OneName {
 TEST(NameSeries, HoldsWhatWasFedInTheOrderOfItsPoints) {
   OneName name;
   for (const int point : {-1, 1000, 5, 60, 60}) name.Feed(point, 1.5F);
-  EXPECT_THAT(name.Values(), ElementsAre(Pair(5, 1.5F), Pair(60, 3.0F))) << "a point is fed from zero";
+  EXPECT_EQ(name.Values(), (Points{{5, 1.5F}, {60, 3.0F}})) << "a point is fed from zero";
   EXPECT_EQ(name.series.At(name.points.NumberOf(61)), MISSING_POINT);
 }
 
@@ -113,7 +111,7 @@ TEST(NameSeries, ComesBackToEarlierPagesWhenTimeDoes) {
   for (int point = 500; point < 700; ++point) name.points.NumberOf(point);
   for (const auto& [point, value] : {std::pair(699, 1.0F), {500, 2.0F}, {600, 3.0F}, {500, 4.0F}, {3, 5.0F}})
     name.Feed(point, value);
-  EXPECT_THAT(name.Values(), ElementsAre(Pair(3, 5.0F), Pair(500, 6.0F), Pair(600, 3.0F), Pair(699, 1.0F)));
+  EXPECT_EQ(name.Values(), (Points{{3, 5.0F}, {500, 6.0F}, {600, 3.0F}, {699, 1.0F}}));
 }
 
 TEST(NamedOf, NamesComeInByteOrderAndOnce) {

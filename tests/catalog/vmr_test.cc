@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -8,8 +7,6 @@
 
 namespace ozmo {
 namespace {
-
-using testing::ElementsAre;
 
 struct Monitor : BuildFixture {
   Monitor() : BuildFixture(VMR_PLATFORM, 7200) {}
@@ -45,7 +42,7 @@ TEST(VmrProcessors, ANumberBeyondTheFirstListsCountHasNoSet) {
   monitor.Take(-600);  // where one file of a set ends ahead of the span: decides nothing
   for (const int cpuId : {7, -1, 1, 0}) monitor.AddLine(cpuId, 10, 0);
   monitor.Take(60);
-  EXPECT_THAT(monitor.Labels(Graph::CPU_BY_PROCESSOR), ElementsAre("(none)", "CPU-1", "(none)"));
+  EXPECT_EQ(monitor.Labels(Graph::CPU_BY_PROCESSOR), (Texts{"(none)", "CPU-1", "(none)"}));
   monitor.Take(120);  // no lines at all
   EXPECT_EQ(monitor.Value(Graph::OVERALL_CPU, 0, 2), MISSING_POINT);
 }
