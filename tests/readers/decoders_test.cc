@@ -90,6 +90,17 @@ std::vector<Case> CasesOf(const std::string& path) {
   return cases;
 }
 
+// A disk behind a record of each type that is known and comes to nothing: they don't end the interval.
+Case StepOver(std::initializer_list<int> types) {
+  Case test;
+  test.versions = {"P730"};
+  test.gives = {"disk sda"};
+  for (const int type : types) test.script.push_back({0, "record", {std::to_string(type)}, {}});
+  test.script.push_back({0, "order", {"2", "201:text"}, {}});
+  test.script.push_back({0, "record", {"2", "201=sda"}, {}});
+  return test;
+}
+
 // The case's file of a version: what all files of the kind begin and end with, around the case's own records.
 std::vector<Statement> ScriptOf(const Case& test, const Kind& kind, const std::string& version) {
   const std::string time = kind.timeRecord;
@@ -133,7 +144,10 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
     EXPECT_EQ(reader.Next(context), 1);
     EXPECT_EQ(IntervalTexts(context, false), test.next);
   };
-  for (const Case& test : CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case")) {
+  std::vector<Case> cases = CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case");
+  cases.push_back(StepOver({16, 17, 18, 19, 21, 22, 23, 24, 25, 26}));
+  if (GetParam() != "tru64") cases.push_back(StepOver({13, 29}));
+  for (const Case& test : cases) {
     SCOPED_TRACE(GetParam() + ".case:" + std::to_string(test.line));
     if (test.versions.empty()) expectInterval(test.script, test);
     for (const std::string& version : test.versions) expectInterval(ScriptOf(test, kind, version), test);
