@@ -68,6 +68,7 @@ TEST(Processors, WithAllCountersZeroAProcessorIsIdle) {
   fixture.AddProcessor(0, 3, 1, 4);
   fixture.Take(60);
   EXPECT_EQ(fixture.Values(Graph::CPU_BY_PROCESSOR, 1), (Series{50, 0}));
+  EXPECT_EQ(fixture.Values(Graph::CPU_BY_MODE, 1), (Series{0, 18.75F, 6.25F}));
   EXPECT_FLOAT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 1), 25.0F);
 }
 
