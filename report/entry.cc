@@ -113,7 +113,8 @@ std::string WritePage(const Options& options, const PageData& data) {
   if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
   const std::string page = PageOf(data, "ozmo_report " + ProductIdentityInit().versionText);
   if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
-  std::printf("%s: %d graphs, %s\n", LineText(path).c_str(), data.graphs, SizeText(page.size()).c_str());
+  std::printf("%s: %s, %s\n", LineText(path).c_str(), CountText(data.graphs, "graph").c_str(),
+              SizeText(page.size()).c_str());
   return "";
 }
 

@@ -30,10 +30,6 @@ std::string TitleOf(const PageData& data) {
   return data.node + ", " + (first == last ? first : first + " to " + last);
 }
 
-std::string Count(int count, const char* thing) {
-  return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
-}
-
 void AppendTableRows(std::string& html, const PageGraph& graph) {
   html += "<tbody><tr><th scope=\"rowgroup\" colspan=\"3\">" + HtmlText(graph.heading) + " <small>" +
           HtmlText(graph.unit) + "</small></th></tr>\n";
@@ -61,7 +57,7 @@ std::string TablesOf(const PageData& data) {
 
 std::string FactsOf(const PageData& data) {
   return HtmlText(data.system + " data file " + data.file) + "<br>" +
-         HtmlText(Count(data.graphs, "graph") + " from " + Count(data.intervals, "interval"));
+         HtmlText(CountText(data.graphs, "graph") + " from " + CountText(data.intervals, "interval"));
 }
 
 std::string NotesOf(const PageData& data) {
@@ -70,7 +66,7 @@ std::string NotesOf(const PageData& data) {
     html += "<p class=\"note\" role=\"note\">" + HtmlText(problem) + "</p>\n";
   }
   if (data.graphsWithoutChart > 0) {
-    html += "<p class=\"note\" role=\"note\">" + Count(data.graphsWithoutChart, "graph") +
+    html += "<p class=\"note\" role=\"note\">" + CountText(data.graphsWithoutChart, "graph") +
             " of the less busy disks, adapters and processors show figures only: charts take at most " +
             SizeText(LARGEST_CHARTS) +
             " of a page. A shorter span, or a page of single items, shows them.</p>\n";
@@ -84,6 +80,10 @@ struct Slot {
 };
 
 }  // namespace
+
+std::string CountText(int count, const char* thing) {
+  return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
+}
 
 std::string SizeText(size_t bytes) {
   char text[64];

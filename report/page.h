@@ -11,6 +11,9 @@ namespace ozmo::report {
 // element runs.
 std::string PageOf(const PageData& data, const std::string& versionText);
 
+// "1 graph", "2 graphs".
+std::string CountText(int count, const char* thing);
+
 // "1.4 MB", in units of 1000.
 std::string SizeText(size_t bytes);
 

@@ -53,10 +53,12 @@ TEST_F(SampleProgramTest, SaysWhatIsWrong) {
     EXPECT_EQ(result.standardOutput, "");
   }
   EXPECT_TRUE(std::filesystem::is_empty(directory_.path()));
-  for (const char* option : {"--help", "--version", "--list"}) {
+  for (const auto& [option, said] : {std::pair("--help", "usage: ozmo_sample"),
+                                     {"--version", "ozmo_sample V"},
+                                     {"--list", "\nvmr      OFFICE  \n"}}) {
     const ProcessResult result = Run({option});
     EXPECT_EQ(result.exitStatus, 0);
-    EXPECT_NE(result.standardOutput, "");
+    EXPECT_NE(result.standardOutput.find(said), std::string::npos) << option;
   }
 }
 
@@ -71,7 +73,7 @@ TEST_F(SampleProgramTest, ReplacesADaysFilesOnlyWhenAsked) {
   const std::string second = ReadWholeFile(directory_ / (start + "2"));
   EXPECT_GT(second.size(), 1000U);
 
-  const ProcessResult refused = run({"2", "--seed", "9"});
+  const ProcessResult refused = run({"2", "--seed", "0"});
   EXPECT_EQ(refused.exitStatus, 1);
   EXPECT_EQ(refused.standardError, "ozmo_sample: " + start + "1: File exists\n");
   EXPECT_EQ(ReadWholeFile(directory_ / (start + "2")), second);

@@ -112,6 +112,7 @@ TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   options.startHour = 11;
   options.hours = 1;
   options.intervalSeconds = 300;
+  options.utcOffset = 3600;  // the clock reads the same in the reader's zone
   const sample::SampleResult written = sample::WriteSample(kind, options);
   ASSERT_EQ(written.error, "");
 

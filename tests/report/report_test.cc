@@ -106,7 +106,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
   const Case cases[] = {
       {{"--help"}, 0, "usage: ozmo_report"},
       {{"--version"}, 0, "ozmo_report V"},
-      {{data, "-o", "page.html", "--item", "overall cpu utilization"}, 0, "page.html: 1 graph"},
+      {{data, "-o", "page.html", "--item", "overall cpu utilization"}, 0, "page.html: 1 graph, "},
       {{"./missing.vmr"}, 1, "No such file or directory"},
       {{empty}, 1, "qtxs_empty.dat_1"},
       {{data, "--begin", "2013-01-01"}, 1, "its first record is of 2012-02-22 08:00:"},
@@ -128,6 +128,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
     EXPECT_EQ(result.exitStatus, test.status) << test.said << text;
     EXPECT_NE(text.find(test.said), std::string::npos) << text;
   }
+  EXPECT_EQ(ReadWholeFile(Path("page.html")).find("role=\"note\""), std::string::npos);
 }
 
 TEST(ReportText, NothingOfANameIsMarkupOrScript) {
