@@ -45,10 +45,13 @@ const DayKind& Kind() {
 
 bool IsText() { return Kind().name == "vmr"; }
 
-std::string PathOf(const DayInput& input, char number) {
-  std::string path = input.secondForm ? Kind().secondPath : Kind().path;
+std::string WithNumber(std::string path, char number) {
   path[path.rfind('N')] = number;
   return path;
+}
+
+std::string PathOf(const DayInput& input, char number) {
+  return WithNumber(input.secondForm ? Kind().secondPath : Kind().path, number);
 }
 
 // The second file is there if it has bytes.
@@ -113,9 +116,13 @@ void CompareCatalogs(const DayInput& input) {
   if (!areSame) std::abort();
 }
 
-// The titles that every catalog of the kind has, from a file that isn't there.
+// The titles that every catalog of the kind has, from a file that isn't there: what inputs have left goes
+// first.
 const std::vector<std::string>& Titles() {
   static const std::vector<std::string> titles = [] {
+    for (const char number : {'1', '2'}) {
+      for (const char* path : {Kind().path, Kind().secondPath}) std::remove(WithNumber(path, number).c_str());
+    }
     std::vector<std::string> found;
     const std::unique_ptr<GraphCatalog> catalog = CatalogOf(DayInput(), WantedTitles::All());
     VisitGraphs(catalog->itemTree, [&](const GraphRecord& record) { found.push_back(record.title); });
