@@ -80,12 +80,12 @@ class OddJob {
       OverlayTrace& trace = layer.traces.emplace_back();
       if (data_.ConsumeBool()) trace.label = data_.ConsumeRandomLengthString(80);
       if (data_.ConsumeBool()) trace.colour = data_.PickValueInArray(COLOURS);
-      trace.series = SeriesNew();
+      trace.series = NewSeries();
     }
   }
 
   // A stretch of numbers, over and over.
-  std::vector<float>& SeriesNew() {
+  std::vector<float>& NewSeries() {
     std::vector<float> numbers(1 + data_.ConsumeIntegralInRange<size_t>(0, 9));
     for (float& number : numbers) number = Number();
     std::vector<float>& series = series_.emplace_back(static_cast<size_t>(job_.pointCount));

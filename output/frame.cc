@@ -26,9 +26,10 @@ constexpr std::array<PeriodForm, 3> PERIOD_FORMS = {{
     {2592000.0, "%B %Y"},
 }};
 
-void SetFont(const std::string& font, double size) {
+// Answers the size that libplot has taken.
+double SetFont(const std::string& font, double size) {
   pl_fontname(font.c_str());
-  pl_ffontsize(size);
+  return pl_ffontsize(size);
 }
 
 // Distance of a tick label from its edge. A tick that points outward stands in the label's way.
@@ -66,8 +67,7 @@ void DrawBlankBox(const Grapher& grapher, const FrameBox& box) {
 
 void DrawTitles(const Grapher& grapher, const FrameBox& box, const std::string& dateLine) {
   const PlotSettings& settings = grapher.settings;
-  pl_fontname(settings.titleFont.c_str());
-  const double size = pl_ffontsize(box.smallerSide * settings.titleFontSize);
+  const double size = SetFont(settings.titleFont, box.smallerSide * settings.titleFontSize);
 
   const bool outwardTicks = (settings.gridStyle == 1 || settings.gridStyle == 2) && settings.tickSize <= 0.0;
   const double tickRoom = std::abs(settings.tickSize) * (outwardTicks ? 1.0 : 0.5);
@@ -174,8 +174,7 @@ void DrawYAxis(Grapher& grapher, const FrameBox& box) {
 void DrawYTitle(const Grapher& grapher, const FrameBox& box) {
   const AxisState& axis = grapher.yAxis;
   if (axis.title.empty()) return;
-  pl_fontname(axis.font.c_str());
-  const double size = pl_ffontsize(box.smallerSide * axis.fontSize);
+  const double size = SetFont(axis.font, box.smallerSide * axis.fontSize);
   const double offset = 0.5 * size + LabelOffset(grapher, box) + axis.maxLabelWidth * 1.15;
   const double middle = AxisToDevice(grapher.yMap, 0.5 * (grapher.yMap.inputMin + grapher.yMap.inputMax));
   const bool atRight = grapher.xAxis.switchAxisEnd;
