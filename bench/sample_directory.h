@@ -9,8 +9,8 @@
 #include <map>
 #include <string>
 
+#include "programs/sample/kinds.h"
 #include "readers/file_kind.h"
-#include "sample/kinds.h"
 
 namespace ozmo::bench {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "sample/collector_writer.h"
+#include "programs/sample/collector_writer.h"
 #include "tests/end_to_end/case_file.h"
 
 namespace ozmo {

@@ -10,9 +10,9 @@
 #include <fstream>
 #include <vector>
 
+#include "programs/sample/collector_writer.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
-#include "sample/collector_writer.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 

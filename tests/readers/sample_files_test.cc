@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "programs/sample/kinds.h"
 #include "readers/data_reader.h"
 #include "runtime/runtime.h"
-#include "sample/kinds.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 

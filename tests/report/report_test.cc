@@ -9,10 +9,10 @@
 #include <sstream>
 #include <string>
 
-#include "report/options.h"
-#include "report/series.h"
-#include "report/text.h"
-#include "sample/kinds.h"
+#include "programs/report/options.h"
+#include "programs/report/series.h"
+#include "programs/report/text.h"
+#include "programs/sample/kinds.h"
 #include "tests/end_to_end/process.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"

@@ -1,5 +1,5 @@
 // The writer's bytes against bytes written out by hand: all other tests stand on them.
-#include "sample/collector_writer.h"
+#include "programs/sample/collector_writer.h"
 
 #include <gtest/gtest.h>
 

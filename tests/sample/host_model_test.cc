@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sample/kinds.h"
+#include "programs/sample/kinds.h"
 
 namespace ozmo::sample {
 namespace {

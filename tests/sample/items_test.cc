@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "catalog/build_catalog.h"
+#include "programs/sample/kinds.h"
 #include "runtime/runtime.h"
-#include "sample/kinds.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 

@@ -1,0 +1,38 @@
+// The records of a Linux collector file, of collector version P730_64: little-endian, wide counters.
+//
+// A record is its length, its type and its fields, one behind the other. Which fields a record has is told
+// ahead of the data, in a list of their ids (type R * 100) and a list of their divisors (type R * 10), which
+// are all 1 here but for that of a large memory. A time record stands ahead of the records of each sample and
+// gives the end of their interval; the interval is what lies between it and the time record before.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "programs/host_file/host_figures.h"
+
+namespace ozmo::host_file {
+
+struct Configuration {
+  std::string node;
+  int32_t utcOffset = 0;  // of the host's standard time, in seconds, positive to the east
+  bool daylightTime = false;
+  int32_t intervalSeconds = 0;
+  uint64_t memoryKilobytes = 0;
+  size_t processors = 0;
+  std::string system;  // the kernel's name, release, version and machine
+  std::string release;
+  std::string version;
+  std::string machine;
+};
+
+// What a file begins with: the version's mark, the lists of all records, the configuration.
+std::string HeadRecords(const Configuration& configuration);
+
+std::string TimeRecord(int64_t time);
+
+// A sample: the time record, the configuration, since processors, memory and the interval's length may
+// change, and what `interval` holds.
+std::string SampleRecords(int64_t time, const Configuration& configuration, const HostFigures& interval);
+
+}  // namespace ozmo::host_file

@@ -1,0 +1,16 @@
+// The mounted file systems, through libmount.
+#pragma once
+
+#include <vector>
+
+#include "programs/host_file/host_figures.h"
+#include "programs/record/notices.h"
+
+namespace ozmo::record {
+
+// The file systems on this host's disks, each once, at its first mount point, and whatever is mounted at "/".
+// Left out are those in memory and on other hosts, where a server that doesn't answer would hold up the
+// recorder, and images that can't be written and so are always full.
+std::vector<host_file::FileSystemFigures> ReadFileSystems(Notices& notices);
+
+}  // namespace ozmo::record

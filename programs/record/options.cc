@@ -1,0 +1,108 @@
+#include "programs/record/options.h"
+
+#include <getopt.h>
+
+#include <charconv>
+#include <optional>
+#include <string_view>
+
+#include "programs/record/host_clock.h"
+#include "runtime/times.h"
+
+namespace ozmo::record {
+namespace {
+
+constexpr int END_OF_OPTIONS = -1;
+
+enum LongOption { INTERVAL = 256, COUNT, UNTIL, NODE, HELP, VERSION };
+
+constexpr option LONG_OPTIONS[] = {{"interval", required_argument, nullptr, INTERVAL},
+                                   {"count", required_argument, nullptr, COUNT},
+                                   {"until", required_argument, nullptr, UNTIL},
+                                   {"node", required_argument, nullptr, NODE},
+                                   {"help", no_argument, nullptr, HELP},
+                                   {"version", no_argument, nullptr, VERSION},
+                                   {nullptr, 0, nullptr, 0}};
+
+template <class Number>
+std::string TakeNumber(const char* option, Number largest, Number& number) {
+  const std::string_view text = optarg;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc() && end == text.data() + text.size() && number >= 1 && number <= largest) return "";
+  return std::string(option) + " takes a whole number from 1 to " + std::to_string(largest) + ", and not \"" +
+         optarg + "\"";
+}
+
+std::string TakeUntil(int64_t& until) {
+  const std::optional<Seconds> time = TimeOf(optarg);
+  if (!time) {
+    return std::string("--until takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"") +
+           optarg + "\"";
+  }
+  until = *time;
+  return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
+}
+
+std::string TakeOption(int number, const std::string& word, ParsedOptions& parsed) {
+  constexpr int32_t DAY = 86400;
+  constexpr int64_t MANY = 1'000'000'000;
+  switch (number) {
+    case INTERVAL:
+      return TakeNumber("--interval", DAY, parsed.options.intervalSeconds);
+    case COUNT:
+      return TakeNumber("--count", MANY, parsed.options.count);
+    case UNTIL:
+      return TakeUntil(parsed.options.until);
+    case NODE:
+      parsed.options.node = optarg;
+      return parsed.options.node.empty() ? "--node takes a name" : "";
+    case HELP:
+      parsed.action = Action::HELP;
+      return "";
+    case VERSION:
+      parsed.action = Action::VERSION;
+      return "";
+    default:
+      return number == ':' ? word + " takes a value" : "unknown option " + word;
+  }
+}
+
+}  // namespace
+
+ParsedOptions ParseOptions(int argc, char* const argv[]) {
+  ParsedOptions parsed;
+  opterr = 0;
+  for (;;) {
+    const int number = getopt_long(argc, argv, ":", LONG_OPTIONS, nullptr);
+    if (number == END_OF_OPTIONS) break;
+    parsed.failure = TakeOption(number, argv[optind - 1], parsed);
+    if (!parsed.failure.empty() || parsed.action != Action::RECORD) return parsed;
+  }
+  if (optind + 1 == argc && argv[optind][0] != '\0') {
+    parsed.options.directory = argv[optind];
+  } else {
+    parsed.failure = "a directory is wanted, and nothing else";
+  }
+  if (parsed.options.count != 0 && parsed.options.until != 0) {
+    parsed.failure = "--count and --until can't both be given";
+  }
+  return parsed;
+}
+
+std::string HelpText() {
+  return "usage: ozmo_record DIRECTORY [option ...]\n"
+         "Records this host into a Linux collector file in DIRECTORY, and prints the file's path.\n"
+         "A new file is begun each day.\n"
+         "\n"
+         "      --interval SECONDS  time between samples, 1 to 86400 (60)\n"
+         "      --count NUMBER      stop after so many samples\n"
+         "      --until TIME        stop at that time: 2012-02-22T08:00 or 22-Feb-2012:08:00:00\n"
+         "      --node NAME         host name in the file and in its name (this host's)\n"
+         "      --help, --version\n"
+         "\n"
+         "Without --count and --until it goes on until SIGTERM or SIGINT. The first sample is complete one\n"
+         "interval after the start, which may be put off by half a minute. Status: 0 done, 1 a failure, 2 "
+         "usage.\n";
+}
+
+}  // namespace ozmo::record

@@ -1,0 +1,89 @@
+#include "programs/report/csv_files.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <set>
+
+#include "output/export_csv.h"
+#include "output/output_file.h"
+#include "output/selection.h"
+#include "runtime/stream.h"
+#include "runtime/text.h"
+
+namespace ozmo::report {
+namespace {
+
+constexpr size_t LONGEST_NAME = 120;
+constexpr std::string_view EXTENSION = ".csv";
+
+bool IsPlain(char c) { return (c >= 'a' && c <= 'z') || IsDigit(c); }
+
+std::string PlainName(const std::string& heading) {
+  std::string name;
+  for (char c : heading) {
+    const char letter = LowerLetter(c);
+    if (IsPlain(letter)) {
+      name += letter;
+    } else if (!name.empty() && name.back() != '_') {
+      name += '_';
+    }
+  }
+  name.resize(std::min(name.size(), LONGEST_NAME));
+  if (name.ends_with('_')) name.pop_back();
+  return name.empty() ? "graph" : name;
+}
+
+GraphJob JobOf(const Item& item, const DataDay& day) {
+  GraphJob job;
+  job.mainOverlay = PrepareMainOverlay(*item.record);
+  job.SetSpan(day.begin, item.record->data.npoints);
+  job.hostName = day.node;
+  return job;
+}
+
+// Answers what went wrong.
+std::string WriteFile(const std::string& path, const GraphJob& job) {
+  Stream stream(std::fopen(path.c_str(), "w"));
+  if (stream) {
+    WriteCsv(stream.get(), job);
+    if (StreamIsSound(stream.get())) return "";
+  }
+  return path + ": " + std::strerror(errno);
+}
+
+}  // namespace
+
+CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
+                        const std::vector<Section>& sections) {
+  CsvResult result;
+  std::error_code error;
+  std::filesystem::create_directories(directory, error);
+  if (error) return {0, directory + ": " + error.message()};
+
+  std::vector<std::string> headings;
+  VisitItems(sections, [&](const Item& item) { headings.push_back(item.heading); });
+  const std::vector<std::string> names = CsvNames(headings);
+  size_t next = 0;
+  VisitItems(sections, [&](const Item& item) {
+    const std::string& name = names[next++];
+    if (!result.failure.empty()) return;
+    result.failure = WriteFile(directory + "/" + name, JobOf(item, day));
+    if (result.failure.empty()) ++result.files;
+  });
+  return result;
+}
+
+std::vector<std::string> CsvNames(const std::vector<std::string>& headings) {
+  std::vector<std::string> names;
+  std::set<std::string> taken;
+  for (const std::string& heading : headings) {
+    const std::string plain = PlainName(heading);
+    std::string name = plain;
+    for (int number = 2; !taken.insert(name).second; ++number) name = plain + '_' + std::to_string(number);
+    names.push_back(name + std::string(EXTENSION));
+  }
+  return names;
+}
+
+}  // namespace ozmo::report

@@ -1,0 +1,65 @@
+#include "programs/report/data_day.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "catalog/build_catalog.h"
+#include "catalog/platforms.h"
+#include "readers/data_reader.h"
+#include "runtime/times.h"
+#include "workload/workload.h"
+
+namespace ozmo::report {
+namespace {
+
+// The readers find the files of a day set by their directory, which a bare name doesn't tell.
+std::string WithDirectory(const std::string& path) {
+  return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
+std::string SpanText(const DataDay& day) {
+  return TimeFormat(day.begin, "%Y-%m-%d %H:%M:%S") + " to " + TimeFormat(day.end, "%Y-%m-%d %H:%M:%S");
+}
+
+}  // namespace
+
+DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
+  if (access(request.dataFile.c_str(), R_OK) != 0) {
+    return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
+  }
+  DataDay day;
+  const ReaderKind kind = ReaderKindOf(request.dataFile);
+  day.system = PlatformOf(kind).system;
+
+  RunRequest run;
+  run.vmrUnixFile = WithDirectory(request.dataFile);
+  DataReader reader(kind, runtime);
+  Seconds firstRecord = 0;
+  if (ReaderEntryPass(reader, *run.vmrUnixFile, day.node, firstRecord) != 1) {
+    return {std::nullopt,
+            request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
+  }
+  day.begin = request.begin.value_or(ClockOfDay(firstRecord, 0, 0, 0));
+  day.end = request.end.value_or(ClockOfDay(day.begin, 23, 59, 59));
+  if (day.begin >= day.end) return {std::nullopt, "the span " + SpanText(day) + " ends before it begins"};
+
+  WorkloadClassList classes;
+  if (!request.classFile.empty()) {
+    if (WorkloadLoad(classes, request.classFile) != 1) {
+      return {std::nullopt, request.classFile + ": no workload class in this file"};
+    }
+    classes.classesLoaded = true;
+  }
+  run.beginTime = TimeLocal(day.begin);
+  run.endTime = TimeLocal(day.end);
+  day.catalog = BuildCatalog(reader, run, classes, runtime);
+  if (day.catalog == nullptr || day.catalog->extent.intervals == 0) {
+    return {std::nullopt, request.dataFile + ": no data from " + SpanText(day) + "; its first record is of " +
+                              TimeFormat(firstRecord, "%Y-%m-%d %H:%M:%S")};
+  }
+  return {std::move(day), ""};
+}
+
+}  // namespace ozmo::report

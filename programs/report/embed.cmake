@@ -1,0 +1,52 @@
+# Puts the page's frame together and writes it as a C++ source: style and scripts are set into page.html, and the
+# policy of the page names their hashes, so that a browser runs these and nothing else.
+#
+# cmake -DSOURCE=<folder of page.html> -DDYGRAPHS=<folder of the library> -DOUTPUT=<file.cc> -P embed.cmake
+
+# policy_hash(RESULT TEXT): 'sha256-...' of TEXT, in base64.
+function(policy_hash result text)
+  set(alphabet "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
+  string(SHA256 hex "${text}")
+  # 32 bytes are ten groups of three and two bytes over.
+  set(base64 "")
+  foreach(place RANGE 0 60 6)
+    string(SUBSTRING "${hex}0000" ${place} 6 group)
+    math(EXPR number "0x${group}")
+    foreach(shift 18 12 6 0)
+      math(EXPR digit "(${number} >> ${shift}) & 63")
+      string(SUBSTRING "${alphabet}" ${digit} 1 letter)
+      string(APPEND base64 "${letter}")
+    endforeach()
+  endforeach()
+  string(SUBSTRING "${base64}" 0 43 base64)
+  set(${result} "'sha256-${base64}='" PARENT_SCOPE)
+endfunction()
+
+file(READ ${DYGRAPHS}/dygraph.min.js LIBRARY_SCRIPT)
+file(READ ${DYGRAPHS}/dygraph.min.css LIBRARY_STYLE)
+file(READ ${SOURCE}/page.css PAGE_STYLE)
+file(READ ${SOURCE}/page.js PAGE_SCRIPT)
+set(STYLE "${LIBRARY_STYLE}\n${PAGE_STYLE}")
+foreach(part LIBRARY_SCRIPT PAGE_SCRIPT STYLE)
+  if("${${part}}" MATCHES "</(script|style)")
+    message(FATAL_ERROR "${part} would end its own element")
+  endif()
+  policy_hash(${part}_HASH "${${part}}")
+endforeach()
+
+configure_file(${SOURCE}/page.html ${OUTPUT}.html @ONLY NEWLINE_STYLE UNIX)
+file(READ ${OUTPUT}.html hex HEX)
+string(REGEX REPLACE "(................................)" "\\1\n" hex "${hex}")
+string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")
+file(WRITE ${OUTPUT} "#include \"programs/report/page.h\"
+
+namespace ozmo::report {
+namespace {
+constexpr unsigned char BYTES[] = {
+${bytes}};
+}
+
+std::string_view PageTemplate() { return {reinterpret_cast<const char*>(BYTES), sizeof BYTES}; }
+
+}  // namespace ozmo::report
+")

@@ -1,0 +1,181 @@
+#include "programs/report/entry.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "programs/report/csv_files.h"
+#include "programs/report/data_day.h"
+#include "programs/report/options.h"
+#include "programs/report/page.h"
+#include "programs/report/text.h"
+#include "runtime/memory.h"
+#include "runtime/messages.h"
+#include "runtime/whole_file.h"
+
+namespace ozmo::report {
+namespace {
+
+constexpr int DONE_STATUS = 0;
+constexpr int FAILED_STATUS = 1;
+constexpr int USAGE_STATUS = 2;
+
+void Complain(const std::string& text) { std::fprintf(stderr, "ozmo_report: %s\n", LineText(text).c_str()); }
+
+std::string BaseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+// Shows how far the walk has come, on a terminal only.
+class Progress {
+ public:
+  explicit Progress(Runtime& runtime) : shown_(isatty(STDERR_FILENO) == 1) {
+    if (!shown_) return;
+    runtime.progressSink = [this](Seconds time) {
+      if (time / STEP == last_ / STEP) return;
+      last_ = time;
+      std::fprintf(stderr, "\rreading %s ", TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
+    };
+  }
+  ~Progress() {
+    if (last_ != 0) std::fputs("\r\033[K", stderr);
+  }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+ private:
+  static constexpr Seconds STEP = 900;
+  bool shown_;
+  Seconds last_ = 0;
+};
+
+// While it lives, standard output goes nowhere: readers tell there which file they read, and the output of
+// this program is its own.
+class SilentOutput {
+ public:
+  SilentOutput() : kept_(dup(STDOUT_FILENO)) {
+    std::fflush(stdout);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0) return;
+    dup2(nowhere, STDOUT_FILENO);
+    close(nowhere);
+  }
+  ~SilentOutput() {
+    std::fflush(stdout);
+    if (kept_ < 0) return;
+    dup2(kept_, STDOUT_FILENO);
+    close(kept_);
+  }
+  SilentOutput(const SilentOutput&) = delete;
+  SilentOutput& operator=(const SilentOutput&) = delete;
+
+ private:
+  int kept_;
+};
+
+struct ReadResult {
+  DayResult result;
+  std::vector<std::string> problems;  // that readers reported
+};
+
+ReadResult Read(const Options& options, Runtime& runtime) {
+  ReadResult read;
+  runtime.messageSink = [&](const ReadyMessage& message) {
+    // A plain message says what is being read, and nothing of the data.
+    if (!message.isProblem || message.code == PLAIN_MESSAGE) return;
+    // At once: behind the message of a failed allocation the process ends.
+    Complain(message.text);
+    read.problems.push_back(message.text);
+  };
+  const SilentOutput silent;
+  const Progress progress(runtime);
+  read.result = ReadDay({options.dataFile, options.begin, options.end, options.classFile}, runtime);
+  runtime.messageSink = nullptr;
+  return read;
+}
+
+// A line an item: its title and its traces, a tab between them. Items that -item can't name are left out.
+void PrintList(const std::vector<Section>& sections) {
+  VisitItems(sections, [](const Item& item) {
+    if (!item.named) return;
+    std::string line = LineText(item.record->title);
+    for (int set = 0; set < item.record->data.nsets(); ++set) {
+      line += '\t' + LineText(item.record->Label(set).value_or(""));
+    }
+    std::printf("%s\n", line.c_str());
+  });
+}
+
+std::string WritePage(const Options& options, const PageData& data) {
+  const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
+  const std::optional<FileIdentity> dataFile = IdentityOf(options.dataFile);
+  if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
+  const std::string page = PageOf(data, "ozmo_report " + ProductIdentityInit().versionText);
+  if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
+  std::printf("%s: %s, %s\n", LineText(path).c_str(), CountText(data.graphs, "graph").c_str(),
+              SizeText(page.size()).c_str());
+  return "";
+}
+
+// Writes what was asked for; answers what went wrong.
+std::string Write(const Options& options, const DataDay& day, const std::vector<Section>& sections,
+                  const std::vector<std::string>& problems) {
+  if (options.list) PrintList(sections);
+  if (!options.csvDirectory.empty()) {
+    const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
+    if (!csv.failure.empty()) return csv.failure;
+    std::printf("%s: %d CSV files\n", LineText(options.csvDirectory).c_str(), csv.files);
+  }
+  if (!options.WritesPage()) return "";
+  PageData data = PageDataOf(day, sections);
+  data.file = BaseName(options.dataFile);
+  data.problems = problems;
+  return WritePage(options, data);
+}
+
+// Answers whether all went well.
+bool Report(const Options& options, Runtime& runtime) {
+  const ReadResult read = Read(options, runtime);
+  if (!read.result.day) {
+    if (read.problems.empty()) Complain(read.result.failure);
+    return false;
+  }
+  const DataDay& day = *read.result.day;
+  std::vector<Section> sections = SectionsOf(*day.catalog);
+  if (const std::optional<std::string> missing = KeepItems(sections, options.items)) {
+    Complain("no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
+    return false;
+  }
+  const std::string failure = Write(options, day, sections, read.problems);
+  if (!failure.empty()) Complain(failure);
+  return failure.empty() && read.problems.empty();
+}
+
+}  // namespace
+
+int ReportEntry(int argc, char* const argv[]) {
+  const ParsedOptions parsed = ParseOptions(argc, argv);
+  if (!parsed.failure.empty()) {
+    Complain(parsed.failure);
+    std::fputs("ozmo_report --help says more\n", stderr);
+    return USAGE_STATUS;
+  }
+  Runtime runtime;
+  switch (parsed.options.action) {
+    case Action::HELP:
+      std::fputs(HelpText().c_str(), stdout);
+      return DONE_STATUS;
+    case Action::VERSION:
+      std::printf("ozmo_report %s\n", ProductIdentityInit().versionText.c_str());
+      return DONE_STATUS;
+    case Action::REPORT:
+      break;
+  }
+  MemAttach(runtime, FAILED_STATUS);
+  const bool done = Report(parsed.options, runtime);
+  MemDetach();
+  return done ? DONE_STATUS : FAILED_STATUS;
+}
+
+}  // namespace ozmo::report

@@ -1,0 +1,125 @@
+#include "programs/report/options.h"
+
+#include <getopt.h>
+
+#include <ctime>
+
+namespace ozmo::report {
+namespace {
+
+constexpr int END_OF_OPTIONS = -1;
+
+// A value of its own for each option without a letter.
+enum LongOption { BEGIN = 256, END, ITEM, CLASSES, LIST, CSV, HELP, VERSION };
+
+constexpr option LONG_OPTIONS[] = {
+    {"begin", required_argument, nullptr, BEGIN}, {"end", required_argument, nullptr, END},
+    {"item", required_argument, nullptr, ITEM},   {"classes", required_argument, nullptr, CLASSES},
+    {"list", no_argument, nullptr, LIST},         {"csv", required_argument, nullptr, CSV},
+    {"output", required_argument, nullptr, 'o'},  {"help", no_argument, nullptr, HELP},
+    {"version", no_argument, nullptr, VERSION},   {nullptr, 0, nullptr, 0}};
+
+std::string TakeTime(std::optional<Seconds>& time, const char* option, const char* text, DayEdge edge) {
+  time = TimeOf(text, edge);
+  if (time) return "";
+  return std::string(option) + " takes a time as 2012-02-22T08:00 or 22-Feb-2012:08:00:00, and not \"" +
+         text + "\"";
+}
+
+std::string TakeText(std::string& target, const char* option, const char* text) {
+  target = text;
+  return target.empty() ? std::string(option) + " takes a name" : "";
+}
+
+// Takes one option; answers what is wrong with it.
+std::string TakeOption(Options& options, int number, const char* value) {
+  switch (number) {
+    case BEGIN:
+      return TakeTime(options.begin, "--begin", value, DayEdge::BEGIN);
+    case END:
+      return TakeTime(options.end, "--end", value, DayEdge::END);
+    case ITEM:
+      options.items.emplace_back(value);
+      return "";
+    case CLASSES:
+      return TakeText(options.classFile, "--classes", value);
+    case CSV:
+      return TakeText(options.csvDirectory, "--csv", value);
+    case 'o':
+      return TakeText(options.pageFile, "-o", value);
+    case LIST:
+      options.list = true;
+      return "";
+    case HELP:
+      options.action = Action::HELP;
+      return "";
+    case VERSION:
+      options.action = Action::VERSION;
+      return "";
+    default:
+      return "unknown option";
+  }
+}
+
+// What getopt has met.
+std::string OptionFailure(int result, char* const argv[]) {
+  const std::string word = argv[optind - 1];
+  return result == ':' ? word + " takes a value" : "unknown option " + word;
+}
+
+std::string CheckOptions(const Options& options) {
+  if (options.begin && options.end && *options.begin >= *options.end) return "--end is not behind --begin";
+  return "";
+}
+
+}  // namespace
+
+ParsedOptions ParseOptions(int argc, char* const argv[]) {
+  ParsedOptions parsed;
+  optind = 1;
+  opterr = 0;
+  for (;;) {
+    const int result = getopt_long(argc, argv, ":o:", LONG_OPTIONS, nullptr);
+    if (result == END_OF_OPTIONS) break;
+    parsed.failure = result == '?' || result == ':' ? OptionFailure(result, argv)
+                                                    : TakeOption(parsed.options, result, optarg);
+    if (!parsed.failure.empty() || parsed.options.action != Action::REPORT) return parsed;
+  }
+  if (optind + 1 == argc && argv[optind][0] != '\0') {
+    parsed.options.dataFile = argv[optind];
+    parsed.failure = CheckOptions(parsed.options);
+  } else {
+    parsed.failure = optind + 1 < argc ? "more than one data file" : "no data file";
+  }
+  return parsed;
+}
+
+std::optional<Seconds> TimeOf(const std::string& text, DayEdge edge) {
+  if (const std::optional<Seconds> time = ozmo::TimeOf(text)) return time;
+  std::tm clock{};
+  if (edge == DayEdge::END) {
+    clock.tm_hour = 23;
+    clock.tm_min = 59;
+    clock.tm_sec = 59;
+  }
+  return ozmo::TimeOf(text, "%Y-%m-%d", clock);
+}
+
+std::string HelpText() {
+  return "usage: ozmo_report [option ...] FILE\n"
+         "Shows all graphs of a data file on one page.\n"
+         "\n"
+         "  -o, --output PAGE.html  the page (the data file's name with .html, in the working directory)\n"
+         "      --csv DIR           a CSV file for each item, into the directory DIR\n"
+         "      --list              the items of the file with their traces, on standard output\n"
+         "      --begin TIME        first minute of the span (the first day of the file)\n"
+         "      --end TIME          last minute of the span (the end of the day of the begin)\n"
+         "      --item TITLE        only this item; may be given more than once\n"
+         "      --classes FILE      workload classes (QTX.memory in the working directory)\n"
+         "      --help, --version\n"
+         "\n"
+         "With --list or --csv a page is written only if -o names it. A TIME is local: 2012-02-22T08:00,\n"
+         "2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a failure, 2 usage.\n";
+}
+
+}  // namespace ozmo::report

@@ -1,0 +1,24 @@
+// The page: one HTML file with everything in it.
+#pragma once
+
+#include <string>
+
+#include "programs/report/page_data.h"
+
+namespace ozmo::report {
+
+// The whole file. What comes from the data stands in it as escaped text or in a block of JSON that no script
+// element runs.
+std::string PageOf(const PageData& data, const std::string& versionText);
+
+// "1 graph", "2 graphs".
+std::string CountText(int count, const char* thing);
+
+// "1.4 MB", in units of 1000.
+std::string SizeText(size_t bytes);
+
+// The page's frame with its style and scripts, made when the program is built. Words between "%%" stand for
+// what a report puts there; each is there once.
+std::string_view PageTemplate();
+
+}  // namespace ozmo::report

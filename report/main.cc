@@ -1,3 +1,0 @@
-#include "report/entry.h"
-
-int main(int argc, char* argv[]) { return ozmo::report::ReportEntry(argc, argv); }

@@ -1,0 +1,72 @@
+// Whose use the use of ended processes becomes.
+#include "programs/host_file/process_accounting.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace ozmo::host_file {
+namespace {
+
+// A process with user ticks of its own and of its children.
+ProcessFigures Process(int32_t id, int32_t parent, uint64_t own, uint64_t children, uint64_t start = 0) {
+  ProcessFigures process;
+  process.id = id;
+  process.parent = parent;
+  process.start = start;
+  process.own.userTicks = own;
+  process.children.userTicks = children;
+  return process;
+}
+
+struct Case {
+  const char* what;
+  std::vector<ProcessFigures> earlier;
+  std::vector<ProcessFigures> later;
+  std::map<int32_t, uint64_t> used;
+};
+
+TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
+  constexpr uint64_t SINCE = 1000;
+  const Case cases[] = {
+      {"the parent tells what its child used after it was last seen",
+       {Process(1, 0, 0, 0), Process(5, 1, 10, 100), Process(6, 5, 70, 0)},
+       {Process(1, 0, 0, 0), Process(5, 1, 11, 190)},
+       {{1, 0}, {5, 21}}},
+      {"an ancestor tells of child and grandchild that ended both",
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 20), Process(7, 6, 30, 0)},
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 65)},
+       {{1, 0}, {5, 5}}},
+      {"a child that outlived its parent is the first process's",
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 0), Process(7, 6, 500, 0)},
+       {Process(1, 0, 0, 505), Process(5, 1, 0, 12)},
+       {{1, 7}, {5, 0}}},
+      {"a parent that doesn't wait has nothing to tell, and no one else pays",
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 400, 0)},
+       {Process(1, 0, 0, 30), Process(5, 1, 0, 0)},
+       {{1, 30}, {5, 0}}},
+      {"an id used again is another process, and the first one has ended",
+       {Process(1, 0, 0, 0), Process(5, 1, 900, 0, 10)},
+       {Process(1, 0, 0, 907), Process(5, 1, 3, 4, SINCE)},
+       {{1, 7}, {5, 7}}},
+      {"a process that is older than its coming in sight begins at 0",
+       {Process(1, 0, 0, 0)},
+       {Process(1, 0, 0, 0), Process(5, 1, 900, 90, SINCE - 1)},
+       {{1, 0}, {5, 0}}},
+      {"a reading that shows parents in a ring comes to an end",
+       {Process(5, 6, 10, 0), Process(6, 5, 10, 0), Process(7, 6, 1, 0)},
+       {Process(9, 0, 0, 0)},
+       {{9, 0}}},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.what);
+    std::map<int32_t, uint64_t> used;
+    for (const ProcessFigures& process : ProcessesSince(row.earlier, SINCE, row.later)) {
+      used[process.id] = process.own.userTicks;
+    }
+    EXPECT_EQ(used, row.used);
+  }
+}
+
+}  // namespace
+}  // namespace ozmo::host_file
