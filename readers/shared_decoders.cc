@@ -3,7 +3,7 @@
 #include <string>
 
 namespace ozmo {
-namespace {
+namespace shared_files {
 
 constexpr FieldRule<LoadItem> LOAD_ITEM_RULES[] = {
     {.field = 1, .to = To<&LoadItem::itemName>()},
@@ -20,11 +20,15 @@ constexpr FieldRule<SystemSummary> SUMMARY_RULES[] = {
      .as = {.form = Form::UINT64, .divide = Divide::AT_LEAST_1}},
 };
 
-}  // namespace
+}  // namespace shared_files
 
-void DecodeLoadItem(Decoding& decoding) { DecodeToList<LOAD_ITEM_RULES, &VmrContext::loadItems>(decoding); }
+void DecodeLoadItem(Decoding& decoding) {
+  DecodeToList<shared_files::LOAD_ITEM_RULES, &VmrContext::loadItems>(decoding);
+}
 
-void DecodeSummary(Decoding& decoding) { DecodeToSlot<SUMMARY_RULES, &VmrContext::summary>(decoding); }
+void DecodeSummary(Decoding& decoding) {
+  DecodeToSlot<shared_files::SUMMARY_RULES, &VmrContext::summary>(decoding);
+}
 
 uint64_t PageSizeOf(const VmrContext& context) {
   const bool isKnown = context.config && context.config->pageSize > 0;

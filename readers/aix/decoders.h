@@ -3,12 +3,12 @@
 
 #include "readers/collector_format.h"
 
-namespace ozmo {
+namespace ozmo::aix_files {
 
 // One disk to the disk list; virtual SCSI devices are left out.
-void AixDecodeDisk(Decoding& decoding);
+void DecodeDisk(Decoding& decoding);
 
 // The partition, some fifty figures of the hypervisor, to the interval's one PartitionRecord.
-void AixDecodePartition(Decoding& decoding);
+void DecodePartition(Decoding& decoding);
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_files

@@ -2,8 +2,7 @@
 #include "readers/aix/decoders.h"
 #include "readers/field_rules.h"
 
-namespace ozmo {
-namespace {
+namespace ozmo::aix_files {
 
 // A disk as the file has it: figures of the older form in milliseconds and bytes, those of the newer one in
 // ticks and blocks.
@@ -38,7 +37,7 @@ void StoreCounter(DiskFields& figures, const Source& from) {
 constexpr Conversion OLD_FIGURE{.form = Form::WIDE, .divide = Divide::AT_LEAST_1};
 constexpr Conversion TICKS{.form = Form::UINT64};
 
-constexpr FieldRule<DiskFields> RULES[] = {
+constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 201, .to = To<&DiskFields::name>()},
     {.field = 202, .to = To<&DiskFields::oldTransfers>(), .as = OLD_FIGURE},
     {.field = 203, .to = To<&DiskFields::oldBusy>(), .as = OLD_FIGURE},
@@ -92,11 +91,9 @@ void FinishDisk(const DiskFields& figures, double interval, DiskRecord& disk) {
   }
 }
 
-}  // namespace
-
-void AixDecodeDisk(Decoding& decoding) {
+void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
-  if (!ApplyRules<RULES>(figures, decoding)) return;
+  if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
   // A virtual SCSI device stands for disks that have records of their own.
   if (figures.name.find("vscsi") != figures.name.npos) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
@@ -104,4 +101,4 @@ void AixDecodeDisk(Decoding& decoding) {
   if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_files

@@ -13,9 +13,9 @@
 #include "readers/shared_decoders.h"
 
 namespace ozmo {
-namespace {
+namespace aix_files {
 
-ByteOrder AixByteOrder(std::string_view /*path*/) { return ByteOrder::BIG; }
+ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::BIG; }
 
 // --- The machine's processors as a whole, types 1 and 17 ---
 
@@ -256,7 +256,7 @@ constexpr DecoderRow DECODERS[] = {
      .twin = 17,
      .kind = Kind::MACHINE_CPU,
      .decode = DecodeToList<OVERALL_RULES, &VmrContext::overallCpu>},
-    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = AixDecodeDisk},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = DecodeDisk},
     {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeMemory},
     {.type = 12, .kind = Kind::MEMORY, .decode = DecodeToSlot<MORE_MEMORY_RULES, &VmrContext::memory>},
     {.type = 4,
@@ -272,16 +272,16 @@ constexpr DecoderRow DECODERS[] = {
      .kind = Kind::FILE_SYSTEMS,
      .decode = DecodeToList<FILE_SYSTEM_RULES, &VmrContext::fileSystems>},
     {.type = 13, .twin = 29, .kind = Kind::OTHERS, .decode = DecodeLoadItem},
-    {.type = 14, .kind = Kind::PARTITION, .decode = AixDecodePartition},
+    {.type = 14, .kind = Kind::PARTITION, .decode = DecodePartition},
     {.type = 15, .twin = 25, .kind = Kind::ADAPTERS, .decode = DecodeToList<LAN_RULES, &VmrContext::lans>},
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace
+}  // namespace aix_files
 
 constexpr CollectorFormat AIX_FORMAT{
     .name = "AIX",
-    .byteOrderOf = AixByteOrder,
+    .byteOrderOf = aix_files::ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,
     .entryFields = {.version = 501, .nodeName = 507, .utcOffset = 508, .dstFlag = 512, .interval = 514},
@@ -297,7 +297,7 @@ constexpr CollectorFormat AIX_FORMAT{
                      .unknown = "\nUnrecognized data collector version %s\n",
                      .unknownOnStandardError = false,
                      .unknownEndsProcess = false},
-    .decoders = DECODERS,
+    .decoders = aix_files::DECODERS,
 };
 
 }  // namespace ozmo

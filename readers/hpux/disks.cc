@@ -5,8 +5,7 @@
 
 #include "readers/field_rules.h"
 
-namespace ozmo {
-namespace {
+namespace ozmo::hpux_files {
 
 // A disk record in the making.
 struct DiskFields {
@@ -20,16 +19,16 @@ struct DiskFields {
 
 constexpr double BLOCKS_PER_BYTE = 1.0 / 64.0;
 
-constexpr Conversion FIGURE{.form = Form::WIDE};
-constexpr Conversion RATE{.form = Form::WIDE, .per = Per::INTERVAL};
+constexpr Conversion DISK_FIGURE{.form = Form::WIDE};
+constexpr Conversion DISK_RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 constexpr Conversion BYTE_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = BLOCKS_PER_BYTE};
 constexpr Conversion PERCENT_RATE{.form = Form::WIDE, .per = Per::INTERVAL, .scale = 100.0};
 
-constexpr FieldRule<DiskFields> RULES[] = {
+constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 201, .to = To<&DiskFields::name>()},
-    {.field = 202, .to = To<&DiskFields::ioRate>(), .as = RATE},
+    {.field = 202, .to = To<&DiskFields::ioRate>(), .as = DISK_RATE},
     {.field = 203, .to = To<&DiskFields::totalBytesRate>(), .as = BYTE_RATE},
-    {.field = 204, .to = To<&DiskFields::transfers>(), .as = FIGURE},
+    {.field = 204, .to = To<&DiskFields::transfers>(), .as = DISK_FIGURE},
     {.field = 205},  // wait time and queue length are worked out from the others
     {.field = 206, .to = To<&DiskFields::microseconds>(), .as = {.form = Form::UINT64}},
     {.field = 207},
@@ -49,14 +48,12 @@ void FinishDisk(const DiskFields& figures, bool legacyDiskData, DiskRecord& disk
   disk.queueLength = static_cast<float>(disk.ioRate * disk.responsePerIo / 1000.0);
 }
 
-}  // namespace
-
-void HpuxDecodeDisk(Decoding& decoding) {
+void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
-  if (!ApplyRules<RULES>(figures, decoding)) return;
+  if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.legacyDiskData, disk);
   if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::hpux_files

@@ -12,9 +12,9 @@
 #include "readers/shared_decoders.h"
 
 namespace ozmo {
-namespace {
+namespace hpux_files {
 
-ByteOrder HpuxByteOrder(std::string_view /*path*/) { return ByteOrder::BIG; }
+ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::BIG; }
 
 // --- The machine's processors as a whole, types 1 and 17 ---
 
@@ -247,7 +247,7 @@ constexpr DecoderRow DECODERS[] = {
      .twin = 17,
      .kind = Kind::MACHINE_CPU,
      .decode = DecodeToList<OVERALL_RULES, &VmrContext::overallCpu>},
-    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = HpuxDecodeDisk},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = DecodeDisk},
     {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeToSlot<MEMORY_RULES, &VmrContext::memory>},
     {.type = 4,
      .twin = 21,
@@ -267,11 +267,11 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace
+}  // namespace hpux_files
 
 constexpr CollectorFormat HPUX_FORMAT{
     .name = "HP-UX",
-    .byteOrderOf = HpuxByteOrder,
+    .byteOrderOf = hpux_files::ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,
     .entryFields = {.version = 501, .nodeName = 507, .utcOffset = 508, .dstFlag = 512, .interval = 514},
@@ -287,7 +287,7 @@ constexpr CollectorFormat HPUX_FORMAT{
                      .unknown = "\nFatal, Unrecognized Data Collector Version %s",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = DECODERS,
+    .decoders = hpux_files::DECODERS,
     .keepsWideCounters = true,
 };
 

@@ -4,8 +4,7 @@
 
 #include "readers/field_rules.h"
 
-namespace ozmo {
-namespace {
+namespace ozmo::linux_files {
 
 // A disk record in the making, with the times that only its end needs.
 struct DiskFields {
@@ -51,7 +50,7 @@ void StoreFraction(DiskFields& figures, const Source& from) {
 constexpr unsigned SECTOR_SHIFT = 9;  // sectors of 512 bytes
 constexpr Conversion OLD_RATE{.form = Form::WIDE, .per = Per::INTERVAL};
 
-constexpr FieldRule<DiskFields> RULES[] = {
+constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 201, .to = To<StoreDiskName>()},
     {.field = 202, .to = To<StoreOldRate<&DiskRecord::readRate>>(), .as = OLD_RATE},
     {.field = 203, .to = To<StoreOldRate<&DiskRecord::writeRate>>(), .as = OLD_RATE},
@@ -80,15 +79,13 @@ void FinishDisk(DiskFields& figures, int32_t intervalSeconds) {
   disk.servicePerIo = static_cast<float>(disk.busyFraction * 10.0 / disk.ioRate);
 }
 
-}  // namespace
-
-void LinuxDecodeDisk(Decoding& decoding) {
+void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
-  if (!ApplyRules<RULES>(figures, decoding)) return;
+  if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
   FinishDisk(figures, decoding.state.intervalSeconds);
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   disk = std::move(figures.disk);
   ContextFindAlias(decoding.context, disk);
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::linux_files

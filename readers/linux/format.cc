@@ -13,9 +13,9 @@
 #include "readers/shared_decoders.h"
 
 namespace ozmo {
-namespace {
+namespace linux_files {
 
-ByteOrder LinuxByteOrder(std::string_view /*path*/) { return ByteOrder::LITTLE; }
+ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::LITTLE; }
 
 // A file without a tag record has old processor figures.
 bool HasNewerCpuFigures(const ReaderState& state) {
@@ -224,7 +224,7 @@ constexpr auto LAN_RULES =
 using Kind = RecordKind;
 constexpr DecoderRow DECODERS[] = {
     {.type = 1, .twin = 17, .kind = Kind::MACHINE_CPU, .decode = DecodeCpuOverall},
-    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = LinuxDecodeDisk},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = DecodeDisk},
     {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeToSlot<MEMORY_RULES, &VmrContext::memory>},
     {.type = 4,
      .twin = 21,
@@ -243,11 +243,11 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace
+}  // namespace linux_files
 
 constexpr CollectorFormat LINUX_FORMAT{
     .name = "Linux",
-    .byteOrderOf = LinuxByteOrder,
+    .byteOrderOf = linux_files::ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,
     .entryFields = {.version = 505, .nodeName = 504, .utcOffset = 507, .dstFlag = 511, .interval = 513},
@@ -263,7 +263,7 @@ constexpr CollectorFormat LINUX_FORMAT{
                      .unknown = "\nERROR : Unrecognized data collector version: %s\n",
                      .unknownOnStandardError = false,
                      .unknownEndsProcess = true},
-    .decoders = DECODERS,
+    .decoders = linux_files::DECODERS,
 };
 
 }  // namespace ozmo

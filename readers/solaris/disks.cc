@@ -4,8 +4,7 @@
 
 #include "readers/field_rules.h"
 
-namespace ozmo {
-namespace {
+namespace ozmo::solaris_files {
 
 // A disk as the file has it; times in nanoseconds.
 struct DiskFields {
@@ -23,7 +22,7 @@ constexpr Conversion NANOSECONDS{.form = Form::UINT64};
 constexpr Conversion KILOBYTE_RATE{.form = Form::UINT64, .per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 constexpr Conversion OPERATION_RATE{.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1};
 
-constexpr FieldRule<DiskFields> RULES[] = {
+constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 201, .to = To<&DiskFields::name>()},
     {.field = 202, .to = To<&DiskFields::readKb>(), .as = KILOBYTE_RATE},
     {.field = 203, .to = To<&DiskFields::writeKb>(), .as = KILOBYTE_RATE},
@@ -55,14 +54,12 @@ void FinishDisk(const DiskFields& figures, int32_t intervalSeconds, DiskRecord& 
   disk.responsePerIo = disk.servicePerIo + disk.waitPerIo;
 }
 
-}  // namespace
-
-void SolarisDecodeDisk(Decoding& decoding) {
+void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
-  if (!ApplyRules<RULES>(figures, decoding)) return;
+  if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.intervalSeconds, disk);
   ContextFindAlias(decoding.context, disk);
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_files

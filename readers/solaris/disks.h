@@ -3,9 +3,9 @@
 
 #include "readers/collector_format.h"
 
-namespace ozmo {
+namespace ozmo::solaris_files {
 
 // One disk to the disk list; types 2 and 18.
-void SolarisDecodeDisk(Decoding& decoding);
+void DecodeDisk(Decoding& decoding);
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_files

@@ -11,9 +11,9 @@
 #include "readers/solaris/layouts.h"
 
 namespace ozmo {
-namespace {
+namespace solaris_files {
 
-ByteOrder SolarisByteOrder(std::string_view path) {
+ByteOrder ByteOrderOf(std::string_view path) {
   const bool little = path.find("qtxsx_") != path.npos || path.find("QTXSX_") != path.npos;
   return little ? ByteOrder::LITTLE : ByteOrder::BIG;
 }
@@ -271,7 +271,7 @@ constexpr DecoderRow DECODERS[] = {
      .twin = 17,
      .kind = Kind::OTHERS,
      .decode = DecodeToList<OVERALL_RULES, &VmrContext::rateItems>},
-    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = SolarisDecodeDisk},
+    {.type = 2, .twin = 18, .kind = Kind::DISKS, .decode = DecodeDisk},
     {.type = 3, .twin = 19, .kind = Kind::MEMORY, .decode = DecodeMemory},
     {.type = 4,
      .twin = 21,
@@ -296,11 +296,11 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace
+}  // namespace solaris_files
 
 constexpr CollectorFormat SOLARIS_FORMAT{
     .name = "Solaris",
-    .byteOrderOf = SolarisByteOrder,
+    .byteOrderOf = solaris_files::ByteOrderOf,
     .timeRecord = 7,
     .timeField = 701,
     .entryFields = {.version = 501, .nodeName = 506, .utcOffset = 507, .dstFlag = 512, .interval = 514},
@@ -316,7 +316,7 @@ constexpr CollectorFormat SOLARIS_FORMAT{
                      .unknown = "\n Unrecognized data collector version %s\n",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = DECODERS,
+    .decoders = solaris_files::DECODERS,
 };
 
 }  // namespace ozmo

@@ -8,9 +8,9 @@
 #include "readers/tru64/layouts.h"
 
 namespace ozmo {
-namespace {
+namespace tru64_files {
 
-ByteOrder Tru64ByteOrder(std::string_view /*path*/) { return ByteOrder::LITTLE; }
+ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::LITTLE; }
 
 // --- Overall counters, types 1 and 17 ---
 
@@ -280,11 +280,11 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace
+}  // namespace tru64_files
 
 constexpr CollectorFormat TRU64_FORMAT{
     .name = "Tru64",
-    .byteOrderOf = Tru64ByteOrder,
+    .byteOrderOf = tru64_files::ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,
     .entryFields = {.version = 505, .nodeName = 504, .utcOffset = 507, .dstFlag = 511, .interval = 513},
@@ -300,7 +300,7 @@ constexpr CollectorFormat TRU64_FORMAT{
                      .unknown = "\nERROR : Unrecognized Data Collector Version %s\n",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = DECODERS,
+    .decoders = tru64_files::DECODERS,
 };
 
 }  // namespace ozmo

@@ -8,7 +8,7 @@
 #include "runtime/numbers.h"
 
 namespace ozmo {
-namespace {
+namespace vmr_files {
 
 constexpr float PAGE_SIZE = 4096.0F;
 constexpr std::string_view TOTAL_INSTANCE = "_Total";
@@ -301,11 +301,11 @@ constexpr ObjectRow OBJECTS[] = {
     {658, RecordKind::PROTOCOLS, PlanCounters<UDP_COUNTERS>, VmrStoreUdp},
 };
 
-}  // namespace
+}  // namespace vmr_files
 
 void VmrStoreRow(VmrContext& context, VmrRows& rows, VmrLine& line) {
-  const auto* object = std::ranges::find(OBJECTS, rows.objectId, &ObjectRow::objectId);
-  if (object == std::end(OBJECTS) || !context.kinds.Has(object->kind)) return;
+  const auto* object = std::ranges::find(vmr_files::OBJECTS, rows.objectId, &vmr_files::ObjectRow::objectId);
+  if (object == std::end(vmr_files::OBJECTS) || !context.kinds.Has(object->kind)) return;
   if (!rows.isPlanned) object->plan(rows, context.kinds.Has(RecordKind::DETAILS));
   rows.isPlanned = true;
   object->store(context, rows, line);
