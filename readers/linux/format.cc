@@ -99,7 +99,6 @@ void DivideTimes(ProcessorRecord& cpu, double divisor) {
   cpu.niceTime /= divisor;
   cpu.systemTime /= divisor;
   cpu.idleTime /= divisor;
-  cpu.waitTime /= divisor;
 }
 
 // The newer figures of a twin are seconds per second already. A record without a counted field costs the base
@@ -111,7 +110,10 @@ void DecodeCpu(Decoding& decoding) {
   const bool counts =
       isNewer ? ApplyRules<CPU_RULES>(cpu, decoding) : ApplyRules<OLD_CPU_RULES>(cpu, decoding);
   const double interval = isNewer && decoding.isTwin ? 1.0 : decoding.state.intervalSeconds;
-  DivideTimes(cpu, interval * TICKS_PER_SECOND);
+  const double divisor = interval * TICKS_PER_SECOND;
+  DivideTimes(cpu, divisor);
+  // Older figures have no wait, which stays 0 over no time too.
+  if (isNewer) cpu.waitTime /= divisor;
   if (!counts) lists.primary.PopHead();
 }
 
