@@ -72,7 +72,7 @@ CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList
       adapters_(platform.hasAdapterGraphs),
       processes_(platform.processSpec, needs_.processes, classes, catalog) {}
 
-void CatalogBuild::RunPasses(const Minute& minute, const VmrContext& interval) {
+void CatalogBuild::RunPasses(const Minute& minute, VmrContext& interval) {
   ProcessorSums processors;
   PagingOperations paging;
   if (needs_.Has(PassKind::PROCESSORS)) processors = platform_.processors(processors_, minute, interval);
@@ -86,7 +86,7 @@ void CatalogBuild::RunPasses(const Minute& minute, const VmrContext& interval) {
   processorsSeenLast_ = processors.seen;
 }
 
-bool CatalogBuild::UseInterval(const VmrContext& interval) {
+bool CatalogBuild::UseInterval(VmrContext& interval) {
   if (!platform_.usesInterval(interval)) return true;
   const int point = PointOf(platform_.pointRule, catalog_.spanStart, interval.periodEnd);
   if (point == lastPoint_) return false;
@@ -97,7 +97,7 @@ bool CatalogBuild::UseInterval(const VmrContext& interval) {
   return true;
 }
 
-bool CatalogBuild::TakeInterval(const VmrContext& interval) {
+bool CatalogBuild::TakeInterval(VmrContext& interval) {
   if (platform_.measureInterval != nullptr) {
     platform_.measureInterval(length_, interval);
     return UseInterval(interval);

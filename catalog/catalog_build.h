@@ -23,7 +23,7 @@ class CatalogBuild {
   // Works one interval into the catalog; one that the platform doesn't use stores nothing and moves no point.
   // False: the interval was dropped, because it falls on the point of the one before (the first counts, and
   // point 0 never does) or behind the span.
-  bool TakeInterval(const VmrContext& interval);
+  bool TakeInterval(VmrContext& interval);
 
   // Ranks names, finishes the classes and what else the platform has to finish.
   void FinishGraphs();
@@ -36,8 +36,8 @@ class CatalogBuild {
   TopSources sources() const { return {points_, processes_, disks_, fileSystems_}; }
 
  private:
-  bool UseInterval(const VmrContext& interval);
-  void RunPasses(const Minute& minute, const VmrContext& interval);
+  bool UseInterval(VmrContext& interval);
+  void RunPasses(const Minute& minute, VmrContext& interval);
 
   const PlatformSpec& platform_;
   GraphCatalog& catalog_;

@@ -115,7 +115,7 @@ struct PlatformSpec {
   ProcessorSums (*processors)(ProcessorPass& pass, const Minute& minute,
                               const VmrContext& interval) = nullptr;
   PagingOperations (*memory)(const Minute& minute, const VmrContext& interval) = nullptr;
-  void (*processes)(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+  void (*processes)(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                     const ProcessorSums& processors, const CollectionInterval& length) = nullptr;
   void (*protocols)(const Minute& minute, const VmrContext& interval) = nullptr;
   void (*partition)(const Minute& minute, const VmrContext& interval) = nullptr;  // null: there are none

@@ -14,6 +14,10 @@ constexpr size_t COMMAND_BYTES = 255;
 constexpr std::string_view NO_COMMAND = "<unknown>";
 constexpr std::string_view WORD_SEPARATORS = " \t";
 
+void CutBlanks(std::string& text) {
+  if (text.starts_with(' ') || text.ends_with(' ')) text = std::string(TrimText(text, " "));
+}
+
 }  // namespace
 
 std::string_view ImageOfCommand(std::string_view command) {
@@ -99,18 +103,19 @@ void ProcessPass::FeedRest(const Minute& minute, double overallCpu) {
   PointStore(shareSum_, minute.point, static_cast<float>(sum + rest));
 }
 
-void ProcessPass::Run(const Minute& minute, const VmrContext& interval, const ProcessorSums& processors) {
+void ProcessPass::Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors) {
   minute.Store(Graph::PROCESS_COUNT, 0, static_cast<float>(interval.processes.primary.size()));
   if (!detail_.IsWanted()) return;
   const ShareBasis basis{interval, processors, minute.catalog.spanStart};
-  for (const ProcessRecord& process : interval.processes.primary) {
+  for (ProcessRecord& process : interval.processes.primary) {
     if (spec_.passedOver != nullptr && process.name == spec_.passedOver) continue;
     FeedShare(minute, process, detail_.shares ? spec_.share(process, basis) : 0.0);
+    CutBlanks(process.userName);
   }
   if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);
 }
 
-void AddProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+void AddProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                   const ProcessorSums& processors, const CollectionInterval& /*length*/) {
   pass.Run(minute, interval, processors);
 }

@@ -63,7 +63,10 @@ class ProcessPass {
               GraphCatalog& catalog);
 
   // Shares of all processes by the platform's rule, and "Process Count".
-  void Run(const Minute& minute, const VmrContext& interval, const ProcessorSums& processors);
+  // Where there is a graph of users, each process that is worked in is left with its user's name cut of
+  // blanks at both ends. That matters: its record serves a process of a later interval and keeps what that
+  // one's record in the file hasn't got.
+  void Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors);
 
   // One process's share, and one in the process count of its class.
   void FeedShare(const Minute& minute, const ProcessRecord& process, double share);
@@ -103,7 +106,7 @@ class ProcessPass {
 };
 
 // The pass of a platform that has nothing of its own.
-void AddProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+void AddProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                   const ProcessorSums& processors, const CollectionInterval& length);
 
 }  // namespace ozmo

@@ -63,7 +63,7 @@ void AddPageFaults(const Minute& minute, const VmrContext& interval) {
   minute.Store(Graph::PAGEFAULT_RATE, {(major + minor) / seconds});
 }
 
-void AddLinuxProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+void AddLinuxProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                        const ProcessorSums& processors, const CollectionInterval& /*length*/) {
   pass.Run(minute, interval, processors);
   if (minute.catalog.FindNeeded(Graph::PROCESS_PAGEFAULTS) != nullptr) AddPageFaults(minute, interval);

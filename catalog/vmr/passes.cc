@@ -117,7 +117,7 @@ ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const 
   return sums;
 }
 
-void AddVmrProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                      const ProcessorSums& processors, const CollectionInterval& length) {
   double weightSum = 0.0;
   for (const ProcessRecord& process : interval.processes.primary) {

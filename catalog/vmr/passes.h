@@ -16,7 +16,7 @@ void MeasureVmrInterval(CollectionInterval& length, const VmrContext& interval);
 ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const VmrContext& interval);
 
 // Shares that add up to overall CPU, and a "Process Count" in which half a life counts half.
-void AddVmrProcesses(ProcessPass& pass, const Minute& minute, const VmrContext& interval,
+void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                      const ProcessorSums& processors, const CollectionInterval& length);
 
 }  // namespace ozmo
