@@ -43,21 +43,21 @@ BlockFile& BlockFile::operator=(BlockFile&& other) noexcept {
   return *this;
 }
 
-bool BlockFile::Open(const std::string& path) {
+OpenResult BlockFile::Open(const std::string& path) {
   Close();
   path_ = path;
   fault_ = ReadFault::NONE;
   descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor_ < 0) return false;
+  if (descriptor_ < 0) return OpenResult::NO_FILE;
   struct stat status {};
   // Only a regular file has a size to read up to; anything else counts as empty.
   size_ = fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : 0;
   blockStart_ = 0;
   next_ = 0;
   filled_ = 0;
-  if (SkipLeadingBlock()) return true;
+  if (SkipLeadingBlock()) return OpenResult::DONE;
   Close();
-  return false;
+  return OpenResult::ENDLESS_BLOCK;
 }
 
 void BlockFile::Close() {

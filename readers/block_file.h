@@ -16,6 +16,12 @@ enum class ReadFault {
   SHORTER,  // the file has been cut since it was opened
 };
 
+enum class OpenResult {
+  DONE,
+  NO_FILE,        // there is none that may be read
+  ENDLESS_BLOCK,  // the leading text block has no end
+};
+
 class BlockFile {
  public:
   BlockFile() = default;
@@ -25,9 +31,8 @@ class BlockFile {
   BlockFile(const BlockFile&) = delete;
   BlockFile& operator=(const BlockFile&) = delete;
 
-  // Opens `path`, notes its size, and steps over a leading text block. False when the file can't be opened
-  // or its leading block has no end.
-  bool Open(const std::string& path);
+  // Opens `path`, notes its size, and steps over a leading text block. If that isn't done no file is open.
+  OpenResult Open(const std::string& path);
   void Close();
   bool IsOpen() const { return descriptor_ >= 0; }
 

@@ -39,7 +39,7 @@ CollectorFile::CollectorFile(const CollectorFormat& format, Runtime& runtime)
 int CollectorFile::EntryPass(const std::string& path) {
   order_ = format_->byteOrderOf(path);
   UseTable(*format_->entryTable);
-  if (!file_.Open(path)) return TellResult(READER_NO_OPEN, path);
+  if (file_.Open(path) != OpenResult::DONE) return TellResult(READER_NO_OPEN, path);
 
   // What survives a pass is the last time stamp, and what an earlier file of the run has switched on.
   ReaderState fresh;
@@ -63,11 +63,11 @@ int CollectorFile::EntryPass(const std::string& path) {
   return TellResult(result, path);
 }
 
-bool CollectorFile::Open(const std::string& path) {
+OpenResult CollectorFile::Open(const std::string& path) {
   order_ = format_->byteOrderOf(path);
-  if (file_.Open(path)) return true;
-  TellResult(READER_NO_OPEN, path);
-  return false;
+  const OpenResult result = file_.Open(path);
+  if (result == OpenResult::NO_FILE) TellResult(READER_NO_OPEN, path);
+  return result;
 }
 
 int CollectorFile::WalkPass(VmrContext& context) {

@@ -26,8 +26,9 @@ class CollectorFile {
   // 1, or a code of reader_status.h whose message has been given. The file is closed again.
   int EntryPass(const std::string& path);
 
-  // Opens a file for walk passes; false, and a message, when it can't be opened.
-  bool Open(const std::string& path);
+  // Opens a file for walk passes. The message is for a file that isn't there; a leading block without an end
+  // has none, since the entry pass gives one.
+  OpenResult Open(const std::string& path);
   bool IsOpen() const { return file_.IsOpen(); }
   void Close() { file_.Close(); }
   // The context's period is the window. 1: its records are in the context, else a code as above.

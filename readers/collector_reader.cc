@@ -65,7 +65,14 @@ int CollectorReader::OpenCurrentFile(VmrContext& context) {
     if (file_.EntryPass(context.dataPath) != READER_DONE) return MoveCursor(context);
   }
   if (context.periodEnd <= state().firstRecordTime) return READER_OUTSIDE_WINDOW;
-  if (!file_.Open(context.dataPath)) return MoveCursor(context);
+  switch (file_.Open(context.dataPath)) {
+    case OpenResult::DONE:
+      break;
+    case OpenResult::NO_FILE:
+      return MoveCursor(context);
+    case OpenResult::ENDLESS_BLOCK:
+      return READER_NO_OPEN;  // ends the walk: what follows in the set isn't read
+  }
   const Seconds interval = state().intervalSeconds;
   context.periodStart = std::max(state().firstRecordTime + interval, context.periodStart);
   if (interval >= 1) context.periodStart -= context.periodStart % interval;
