@@ -16,6 +16,12 @@ std::FILE* Statements() {
   return file;
 }
 
+// The tool doesn't link it.
+void* Library() {
+  static void* const library = dlopen("libplot.so.2", RTLD_LAZY);
+  return library;
+}
+
 // The library comes back to some of its own calls; only those from outside count.
 int depth = 0;
 
@@ -50,7 +56,7 @@ template <class Result, class... Arguments>
 Result Pass(const char* name, Arguments... arguments) {
   Write(name, arguments...);
   ++depth;
-  const Result result = reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
+  const Result result = reinterpret_cast<Result (*)(Arguments...)>(dlsym(Library(), name))(arguments...);
   --depth;
   return result;
 }
@@ -62,14 +68,14 @@ extern "C" {
 int pl_newpl(const char* type, std::FILE* input, std::FILE* output, std::FILE* errors) {
   if (Statements() != nullptr) std::fprintf(Statements(), "pl_newpl(\"%s\", 0, output, stderr);\n", type);
   using Function = int (*)(const char*, std::FILE*, std::FILE*, std::FILE*);
-  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, "pl_newpl"))(type, input, output, errors);
+  return reinterpret_cast<Function>(dlsym(Library(), "pl_newpl"))(type, input, output, errors);
 }
 int pl_parampl(const char* parameter, void* value) {
   if (Statements() != nullptr)
     std::fprintf(Statements(), "pl_parampl(%s, (void*)%s);\n", Text(parameter).c_str(),
                  Text(static_cast<const char*>(value)).c_str());
   using Function = int (*)(const char*, void*);
-  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, "pl_parampl"))(parameter, value);
+  return reinterpret_cast<Function>(dlsym(Library(), "pl_parampl"))(parameter, value);
 }
 
 int pl_selectpl(int a) { return Pass<int>("pl_selectpl", a); }
