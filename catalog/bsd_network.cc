@@ -4,6 +4,7 @@
 #include "readers/bsd_protocol_counters.h"
 
 namespace ozmo {
+namespace bsd_catalog {
 namespace {
 
 using namespace bsd_counters;
@@ -52,15 +53,19 @@ void AddIpAndUdp(const Minute& minute, const Counters& c) {
   minute.Store(Graph::IP_RECEIVED, {notConsumed, c[IP_NOT_FORWARDABLE], c[IP_FORWARDED], c[IP_DELIVERED]});
 }
 
-}  // namespace
-
-void AddBsdProtocols(const Minute& minute, const VmrContext& interval) {
-  if (!interval.protocolCounters.primary) return;
-  const Counters& counters = interval.protocolCounters.primary->counters;
+void AddProtocols(const Minute& minute, const Counters& counters) {
   AddTcpTraffic(minute, counters);
   AddTcpBreakdowns(minute, counters);
   AddTcpConnections(minute, counters);
   AddIpAndUdp(minute, counters);
+}
+
+}  // namespace
+}  // namespace bsd_catalog
+
+void AddBsdProtocols(const Minute& minute, const VmrContext& interval) {
+  const auto& counters = interval.protocolCounters.primary;
+  if (counters) bsd_catalog::AddProtocols(minute, counters->counters);
 }
 
 }  // namespace ozmo

@@ -11,9 +11,9 @@ struct PlatformRow {
 };
 
 constexpr PlatformRow PLATFORMS[] = {
-    {ReaderKind::SOLARIS, &SOLARIS_PLATFORM}, {ReaderKind::HPUX, &HPUX_PLATFORM},
-    {ReaderKind::AIX, &AIX_PLATFORM},         {ReaderKind::LINUX, &LINUX_PLATFORM},
-    {ReaderKind::VMR, &VMR_PLATFORM},         {ReaderKind::TRU64, &TRU64_PLATFORM},
+    {ReaderKind::SOLARIS, &solaris_catalog::PLATFORM}, {ReaderKind::HPUX, &hpux_catalog::PLATFORM},
+    {ReaderKind::AIX, &aix_catalog::PLATFORM},         {ReaderKind::LINUX, &linux_catalog::PLATFORM},
+    {ReaderKind::VMR, &vmr_catalog::PLATFORM},         {ReaderKind::TRU64, &tru64_catalog::PLATFORM},
 };
 
 constexpr bool RowsStandInTheOrderOfKinds() {

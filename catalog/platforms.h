@@ -7,12 +7,24 @@
 
 namespace ozmo {
 
-extern const PlatformSpec SOLARIS_PLATFORM;
-extern const PlatformSpec HPUX_PLATFORM;
-extern const PlatformSpec AIX_PLATFORM;
-extern const PlatformSpec LINUX_PLATFORM;
-extern const PlatformSpec TRU64_PLATFORM;
-extern const PlatformSpec VMR_PLATFORM;
+namespace solaris_catalog {
+extern const PlatformSpec PLATFORM;
+}
+namespace hpux_catalog {
+extern const PlatformSpec PLATFORM;
+}
+namespace aix_catalog {
+extern const PlatformSpec PLATFORM;
+}
+namespace linux_catalog {
+extern const PlatformSpec PLATFORM;
+}
+namespace tru64_catalog {
+extern const PlatformSpec PLATFORM;
+}
+namespace vmr_catalog {
+extern const PlatformSpec PLATFORM;
+}
 
 // The platform whose files are of this kind.
 const PlatformSpec& PlatformOf(ReaderKind kind);

@@ -9,9 +9,9 @@ struct FormatRow {
 };
 
 constexpr FormatRow FORMATS[] = {
-    {ReaderKind::SOLARIS, &SOLARIS_FORMAT}, {ReaderKind::HPUX, &HPUX_FORMAT},
-    {ReaderKind::AIX, &AIX_FORMAT},         {ReaderKind::LINUX, &LINUX_FORMAT},
-    {ReaderKind::TRU64, &TRU64_FORMAT},
+    {ReaderKind::SOLARIS, &solaris_files::FORMAT}, {ReaderKind::HPUX, &hpux_files::FORMAT},
+    {ReaderKind::AIX, &aix_files::FORMAT},         {ReaderKind::LINUX, &linux_files::FORMAT},
+    {ReaderKind::TRU64, &tru64_files::FORMAT},
 };
 
 }  // namespace

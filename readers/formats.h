@@ -6,11 +6,21 @@
 
 namespace ozmo {
 
-extern const CollectorFormat SOLARIS_FORMAT;
-extern const CollectorFormat LINUX_FORMAT;
-extern const CollectorFormat AIX_FORMAT;
-extern const CollectorFormat HPUX_FORMAT;
-extern const CollectorFormat TRU64_FORMAT;
+namespace solaris_files {
+extern const CollectorFormat FORMAT;
+}
+namespace linux_files {
+extern const CollectorFormat FORMAT;
+}
+namespace aix_files {
+extern const CollectorFormat FORMAT;
+}
+namespace hpux_files {
+extern const CollectorFormat FORMAT;
+}
+namespace tru64_files {
+extern const CollectorFormat FORMAT;
+}
 
 // The format of a binary kind; null for monitor text files.
 const CollectorFormat* FormatOf(ReaderKind kind);

@@ -32,8 +32,8 @@ struct MessageEntry {
   std::string text;  // a printf format
 };
 
-constexpr std::string_view BLANKS = " \t";
-constexpr size_t LONGEST_LINE = 1023;
+constexpr std::string_view MESSAGE_BLANKS = " \t";
+constexpr size_t LONGEST_MESSAGE_LINE = 1023;
 
 // The characters up to a delimiter, a tab or the end of the line; the delimiter is stepped over.
 std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
@@ -45,19 +45,19 @@ std::string_view TakeUpTo(std::string_view& rest, char delimiter) {
 }
 
 std::string_view TakeToken(std::string_view& rest) {
-  rest = SkipBlanks(rest, BLANKS);
+  rest = SkipBlanks(rest, MESSAGE_BLANKS);
   return TakeUpTo(rest, ' ');
 }
 
 std::string_view TakeQuotedText(std::string_view& rest) {
-  rest = SkipBlanks(rest, BLANKS);
+  rest = SkipBlanks(rest, MESSAGE_BLANKS);
   if (rest.starts_with('"')) rest.remove_prefix(1);
   return TakeUpTo(rest, '"');
 }
 
 std::optional<MessageEntry> FindEntry(std::FILE* file, const std::string& code) {
   std::string line;
-  while (TextFileReadLine(file, LONGEST_LINE, line)) {
+  while (TextFileReadLine(file, LONGEST_MESSAGE_LINE, line)) {
     if (line.ends_with('\r')) line.pop_back();
     std::string_view rest = line;
     if (UpperText(TakeToken(rest)) != code) continue;

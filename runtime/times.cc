@@ -20,7 +20,7 @@ const char* FormatOf(TimeFormatNumber number) {
       return "%b %d %X %Y";
     case TimeFormatNumber::DAY_MONTH_YEAR_MINUTE:
       return "%d-%b-%Y:%R";
-    case TimeFormatNumber::CTIME:
+    case TimeFormatNumber::C_LIBRARY:
       return "%a %b %d %H:%M:%S %Y";
   }
   return nullptr;

@@ -24,7 +24,7 @@ enum class TimeFormatNumber {
   DAY_MONTH_YEAR_TIME = 1,
   MONTH_DAY_TIME_YEAR = 2,
   DAY_MONTH_YEAR_MINUTE = 3,
-  CTIME = 5
+  C_LIBRARY = 5
 };
 
 // Fills the fields of `time` that `text` gives; a text that doesn't fit leaves the others as they were.

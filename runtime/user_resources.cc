@@ -13,8 +13,8 @@
 namespace ozmo {
 namespace {
 
-constexpr size_t LONGEST_LINE = 255;
-constexpr std::string_view BLANKS = " \t\r\n\v\f";
+constexpr size_t LONGEST_RESOURCE_LINE = 255;
+constexpr std::string_view RESOURCE_BLANKS = " \t\r\n\v\f";
 
 enum class VariableRule {
   NUMBER,
@@ -77,7 +77,7 @@ std::optional<std::string_view> CutBehindLast(std::string_view& text, char mark)
   if (position == std::string_view::npos) return std::nullopt;
   const std::string_view tail = text.substr(position + 1);
   text = text.substr(0, position);
-  return TrimText(tail, BLANKS);
+  return TrimText(tail, RESOURCE_BLANKS);
 }
 
 int32_t ParseBoolean(const std::string& text) {
@@ -193,7 +193,7 @@ int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::str
   if (!file) return 0;
 
   std::string text;
-  while (TextFileReadLine(file.get(), LONGEST_LINE, text)) {
+  while (TextFileReadLine(file.get(), LONGEST_RESOURCE_LINE, text)) {
     const std::optional<ResourceLine> line = ParseResourceLine(text.c_str());
     if (!line) continue;
     const ResourceRow* row = UserResourceLookup(line->group, line->key);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace ozmo {
+namespace ozmo::aix_catalog {
 namespace {
 
 constexpr double MAX_RATE = 1e9;  // a higher rate is a counter gone bad
@@ -112,4 +112,4 @@ void RemoveIdleProcessors(GraphCatalog& catalog, int processors) {
   }
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_catalog

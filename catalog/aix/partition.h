@@ -3,7 +3,7 @@
 
 #include "catalog/platform.h"
 
-namespace ozmo {
+namespace ozmo::aix_catalog {
 
 // Physical CPU, shared pool, context switches and phantom interrupts of one interval. An interval without a
 // partition record stores nothing.
@@ -13,4 +13,4 @@ void AddPartition(const Minute& minute, const VmrContext& interval);
 // Only the first `processors` are looked at: as many as the last interval had.
 void RemoveIdleProcessors(GraphCatalog& catalog, int processors);
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_catalog

@@ -12,7 +12,7 @@
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 
-namespace ozmo {
+namespace ozmo::aix_catalog {
 namespace {
 
 // The machine as a whole comes in a record of its own; the processors only fill their own graphs.
@@ -103,7 +103,7 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
 static_assert(EachGraphHasOneRecord(aix_texts::RECORDS));
 static_assert(RowsLeadToRecords(aix_texts::TREE, aix_texts::RECORDS));
 
-constinit const PlatformSpec AIX_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "AIX",
     .records = aix_texts::RECORDS,
     .tree = aix_texts::TREE,
@@ -133,4 +133,4 @@ constinit const PlatformSpec AIX_PLATFORM = {
     .finish = RemoveIdleProcessors,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_catalog

@@ -10,7 +10,7 @@
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 
-namespace ozmo {
+namespace ozmo::hpux_catalog {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::NICE, CpuMode::USER, CpuMode::SYSTEM};
@@ -42,7 +42,7 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
 static_assert(EachGraphHasOneRecord(hpux_texts::RECORDS));
 static_assert(RowsLeadToRecords(hpux_texts::TREE, hpux_texts::RECORDS));
 
-constinit const PlatformSpec HPUX_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "HP-UX",
     .records = hpux_texts::RECORDS,
     .tree = hpux_texts::TREE,
@@ -68,4 +68,4 @@ constinit const PlatformSpec HPUX_PLATFORM = {
                  .fileSystems = {.labelFormat = "#%d %s", .firstRank = 1}},
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::hpux_catalog

@@ -3,7 +3,7 @@
 
 #include "readers/linux/counters.h"
 
-namespace ozmo {
+namespace ozmo::linux_catalog {
 using namespace linux_counters;
 
 void AddLinuxProtocols(const Minute& minute, const VmrContext& interval) {
@@ -16,4 +16,4 @@ void AddLinuxProtocols(const Minute& minute, const VmrContext& interval) {
   minute.Store(Graph::IP_PACKETS, {c[IP_OUT_REQUESTS], c[IP_IN_RECEIVES]});
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::linux_catalog

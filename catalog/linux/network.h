@@ -3,9 +3,9 @@
 
 #include "catalog/platform.h"
 
-namespace ozmo {
+namespace ozmo::linux_catalog {
 
 // An interval without protocol figures stores nothing.
 void AddLinuxProtocols(const Minute& minute, const VmrContext& interval);
 
-}  // namespace ozmo
+}  // namespace ozmo::linux_catalog

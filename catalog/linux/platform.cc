@@ -10,7 +10,7 @@
 #include "catalog/processors.h"
 #include "runtime/text.h"
 
-namespace ozmo {
+namespace ozmo::linux_catalog {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::WAIT, CpuMode::NICE, CpuMode::USER, CpuMode::SYSTEM};
@@ -83,7 +83,7 @@ bool HasProcessorsAndConfiguration(const VmrContext& interval) {
 static_assert(EachGraphHasOneRecord(linux_texts::RECORDS));
 static_assert(RowsLeadToRecords(linux_texts::TREE, linux_texts::RECORDS));
 
-constinit const PlatformSpec LINUX_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "Linux",
     .records = linux_texts::RECORDS,
     .tree = linux_texts::TREE,
@@ -110,4 +110,4 @@ constinit const PlatformSpec LINUX_PLATFORM = {
                  .fileSystems = {.labelFormat = "#%d  %s", .firstRank = 1}},
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::linux_catalog

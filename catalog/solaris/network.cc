@@ -3,7 +3,7 @@
 
 #include "readers/solaris/counters.h"
 
-namespace ozmo {
+namespace ozmo::solaris_catalog {
 using namespace solaris_counters;
 
 void AddSolarisProtocols(const Minute& minute, const VmrContext& interval) {
@@ -31,4 +31,4 @@ void AddSolarisProtocols(const Minute& minute, const VmrContext& interval) {
                 c[IP_FORW_DATAGRAMS], c[IP_IN_ADDR_ERRORS], c[IP_IN_HDR_ERRORS]});
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_catalog

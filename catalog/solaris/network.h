@@ -3,9 +3,9 @@
 
 #include "catalog/platform.h"
 
-namespace ozmo {
+namespace ozmo::solaris_catalog {
 
 // An interval without protocol figures stores nothing.
 void AddSolarisProtocols(const Minute& minute, const VmrContext& interval);
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_catalog

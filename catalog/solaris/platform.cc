@@ -10,7 +10,7 @@
 #include "catalog/solaris/texts.h"
 #include "runtime/text.h"
 
-namespace ozmo {
+namespace ozmo::solaris_catalog {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::USER, CpuMode::SYSTEM};
@@ -45,7 +45,7 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
 static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
 static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
 
-constinit const PlatformSpec SOLARIS_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "Solaris",
     .records = solaris_texts::RECORDS,
     .tree = solaris_texts::TREE,
@@ -70,4 +70,4 @@ constinit const PlatformSpec SOLARIS_PLATFORM = {
                  .fileSystems = {.labelFormat = "#%d  %s", .firstRank = 1}},
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_catalog

@@ -10,7 +10,7 @@
 #include "catalog/processors.h"
 #include "catalog/tru64/texts.h"
 
-namespace ozmo {
+namespace ozmo::tru64_catalog {
 namespace {
 
 constexpr CpuMode MODES[] = {CpuMode::NICE, CpuMode::USER, CpuMode::SYSTEM};
@@ -45,7 +45,7 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& /*basis*/) { retu
 static_assert(EachGraphHasOneRecord(tru64_texts::RECORDS));
 static_assert(RowsLeadToRecords(tru64_texts::TREE, tru64_texts::RECORDS));
 
-constinit const PlatformSpec TRU64_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "Tru64",
     .records = tru64_texts::RECORDS,
     .tree = tru64_texts::TREE,
@@ -68,4 +68,4 @@ constinit const PlatformSpec TRU64_PLATFORM = {
                  .fileSystems = {.labelFormat = "#%d %s", .firstRank = 1}},
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::tru64_catalog

@@ -1,7 +1,7 @@
 // Monitor text files name each protocol counter.
 #include "catalog/vmr/network.h"
 
-namespace ozmo {
+namespace ozmo::vmr_catalog {
 
 void AddVmrProtocols(const Minute& minute, const VmrContext& interval) {
   if (!interval.network) return;
@@ -20,4 +20,4 @@ void AddVmrProtocols(const Minute& minute, const VmrContext& interval) {
                {notConsumed, n.ipOutboundNoRoute, n.ipForwardedPerSecond, n.ipDeliveredPerSecond});
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::vmr_catalog

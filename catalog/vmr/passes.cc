@@ -6,7 +6,7 @@
 
 #include "catalog/points.h"
 
-namespace ozmo {
+namespace ozmo::vmr_catalog {
 namespace {
 
 constexpr int MAX_INTERVAL_MINUTES = 10;
@@ -135,4 +135,4 @@ void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interv
   minute.Store(Graph::PROCESS_COUNT, {count});
 }
 
-}  // namespace ozmo
+}  // namespace ozmo::vmr_catalog

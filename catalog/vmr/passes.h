@@ -4,7 +4,7 @@
 #include "catalog/processes.h"
 #include "catalog/processors.h"
 
-namespace ozmo {
+namespace ozmo::vmr_catalog {
 
 // Processors that have a graph by mode of their own.
 inline constexpr size_t MAX_PROCESSOR_RECORDS = 32;
@@ -19,4 +19,4 @@ ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const 
 void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
                      const ProcessorSums& processors, const CollectionInterval& length);
 
-}  // namespace ozmo
+}  // namespace ozmo::vmr_catalog

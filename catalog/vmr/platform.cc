@@ -8,7 +8,7 @@
 #include "catalog/vmr/passes.h"
 #include "catalog/vmr/texts.h"
 
-namespace ozmo {
+namespace ozmo::vmr_catalog {
 namespace {
 
 PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
@@ -26,7 +26,7 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
 static_assert(EachGraphHasOneRecord(vmr_texts::RECORDS));
 static_assert(RowsLeadToRecords(vmr_texts::TREE, vmr_texts::RECORDS));
 
-constinit const PlatformSpec VMR_PLATFORM = {
+constinit const PlatformSpec PLATFORM = {
     .system = "Monitor",
     .records = vmr_texts::RECORDS,
     .tree = vmr_texts::TREE,
@@ -47,4 +47,4 @@ constinit const PlatformSpec VMR_PLATFORM = {
                  .diskUtilization = {.labelFormat = "#%d %s"}},
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::vmr_catalog

@@ -4,7 +4,7 @@
 #include "programs/sample/bsd_counters.h"
 #include "programs/sample/collector_format.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::aix_sample {
 namespace {
 
 enum : uint32_t {
@@ -346,7 +346,7 @@ std::string FileBytes(const SampleContext& context, const DayFile& file) {
 
 }  // namespace
 
-const SampleKind AIX_KIND{
+const SampleKind KIND{
     .name = "aix", .host = HOST, .versions = VERSIONS, .filePrefix = "qtxa_", .fileBytes = FileBytes};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::aix_sample

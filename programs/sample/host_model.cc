@@ -9,7 +9,7 @@
 namespace ozmo::sample {
 namespace {
 
-constexpr int64_t DAY_SECONDS = 86400;
+constexpr int64_t SECONDS_OF_DAY = 86400;
 constexpr int WANDER_SECONDS = 600;
 
 // 0 ahead of `from`, 1 behind `from` + `width`, smooth between.
@@ -29,9 +29,9 @@ double WorkAt(const HostDescription& host, Shift shift, int64_t time) {
   double load = 0;
   for (const Work& work : host.works) {
     if (shift != Shift::BOTH && shift != work.shift) continue;
-    for (const int64_t day : {time / DAY_SECONDS, time / DAY_SECONDS - 1}) {
+    for (const int64_t day : {time / SECONDS_OF_DAY, time / SECONDS_OF_DAY - 1}) {
       if (!IsOn(work.days, day)) continue;
-      const double hour = static_cast<double>(time - day * DAY_SECONDS) / 3600;
+      const double hour = static_cast<double>(time - day * SECONDS_OF_DAY) / 3600;
       const double half = work.slope / 2;
       load += work.height *
               std::min(Rise(hour, work.from - half, work.slope), 1 - Rise(hour, work.to - half, work.slope));

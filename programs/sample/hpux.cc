@@ -3,7 +3,7 @@
 #include "programs/sample/bsd_counters.h"
 #include "programs/sample/collector_format.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::hpux_sample {
 namespace {
 
 enum : uint32_t {
@@ -281,7 +281,7 @@ std::string FileBytes(const SampleContext& context, const DayFile& file) {
 
 }  // namespace
 
-const SampleKind HPUX_KIND{
+const SampleKind KIND{
     .name = "hpux", .host = HOST, .versions = VERSIONS, .filePrefix = "qtxh_", .fileBytes = FileBytes};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::hpux_sample

@@ -11,8 +11,8 @@
 namespace ozmo::sample {
 namespace {
 
-constexpr const SampleKind* KINDS[] = {&SOLARIS_KIND, &LINUX_KIND, &AIX_KIND,
-                                       &HPUX_KIND,    &TRU64_KIND, &VMR_KIND};
+constexpr const SampleKind* KINDS[] = {&solaris_sample::KIND, &linux_sample::KIND, &aix_sample::KIND,
+                                       &hpux_sample::KIND,    &tru64_sample::KIND, &vmr_sample::KIND};
 
 SampleContext ContextOf(const SampleKind& kind, const SampleOptions& options) {
   SampleContext context{options, kind.host, options.node, options.version, 0};

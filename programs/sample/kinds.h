@@ -33,12 +33,24 @@ struct SampleKind {
 };
 
 // Each is described in the file of its name.
-extern const SampleKind SOLARIS_KIND;
-extern const SampleKind LINUX_KIND;
-extern const SampleKind AIX_KIND;
-extern const SampleKind HPUX_KIND;
-extern const SampleKind TRU64_KIND;
-extern const SampleKind VMR_KIND;
+namespace solaris_sample {
+extern const SampleKind KIND;
+}
+namespace linux_sample {
+extern const SampleKind KIND;
+}
+namespace aix_sample {
+extern const SampleKind KIND;
+}
+namespace hpux_sample {
+extern const SampleKind KIND;
+}
+namespace tru64_sample {
+extern const SampleKind KIND;
+}
+namespace vmr_sample {
+extern const SampleKind KIND;
+}
 
 // In the order in which they are listed to users.
 std::span<const SampleKind* const> SampleKinds();

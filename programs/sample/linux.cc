@@ -2,7 +2,7 @@
 
 #include "programs/sample/collector_format.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::linux_sample {
 namespace {
 
 enum : uint32_t {
@@ -304,7 +304,7 @@ std::string FileBytes(const SampleContext& context, const DayFile& file) {
 
 }  // namespace
 
-const SampleKind LINUX_KIND{
+const SampleKind KIND{
     .name = "linux", .host = HOST, .versions = VERSIONS, .filePrefix = "qtxl_", .fileBytes = FileBytes};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::linux_sample

@@ -2,7 +2,7 @@
 
 #include "programs/sample/collector_format.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::solaris_sample {
 namespace {
 
 enum : uint32_t { P300 = 1, P720 = 2, P730 = 4, FROM_P720 = P720 | P730, ALL = P300 | FROM_P720 };
@@ -275,11 +275,11 @@ std::string FileBytes(const SampleContext& context, const DayFile& file) {
 
 }  // namespace
 
-const SampleKind SOLARIS_KIND{.name = "solaris",
-                              .host = HOST,
-                              .versions = VERSIONS,
-                              .filePrefix = "qtxs_",
-                              .littleEndianPrefix = "qtxsx_",
-                              .fileBytes = FileBytes};
+const SampleKind KIND{.name = "solaris",
+                      .host = HOST,
+                      .versions = VERSIONS,
+                      .filePrefix = "qtxs_",
+                      .littleEndianPrefix = "qtxsx_",
+                      .fileBytes = FileBytes};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::solaris_sample

@@ -3,7 +3,7 @@
 #include "programs/sample/bsd_counters.h"
 #include "programs/sample/collector_format.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::tru64_sample {
 namespace {
 
 enum : uint32_t {
@@ -250,7 +250,7 @@ std::string FileBytes(const SampleContext& context, const DayFile& file) {
 
 }  // namespace
 
-const SampleKind TRU64_KIND{
+const SampleKind KIND{
     .name = "tru64", .host = HOST, .versions = VERSIONS, .filePrefix = "osf_", .fileBytes = FileBytes};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::tru64_sample

@@ -10,7 +10,7 @@
 
 #include "programs/sample/kinds.h"
 
-namespace ozmo::sample {
+namespace ozmo::sample::vmr_sample {
 namespace {
 
 // The server of an office: mail from nine on, a lull at lunch, a virus scan behind it, and backups late in
@@ -309,12 +309,12 @@ std::string FileText(const SampleContext& context, const DayFile& dayFile) {
 
 }  // namespace
 
-const SampleKind VMR_KIND{.name = "vmr",
-                          .host = HOST,
-                          .versions = {},
-                          .filePrefix = "qtx_",
-                          .numberMark = "_",
-                          .suffix = ".vmr",
-                          .fileBytes = FileText};
+const SampleKind KIND{.name = "vmr",
+                      .host = HOST,
+                      .versions = {},
+                      .filePrefix = "qtx_",
+                      .numberMark = "_",
+                      .suffix = ".vmr",
+                      .fileBytes = FileText};
 
-}  // namespace ozmo::sample
+}  // namespace ozmo::sample::vmr_sample

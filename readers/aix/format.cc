@@ -12,8 +12,7 @@
 #include "readers/formats.h"
 #include "readers/shared_decoders.h"
 
-namespace ozmo {
-namespace aix_files {
+namespace ozmo::aix_files {
 
 ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::BIG; }
 
@@ -277,11 +276,9 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace aix_files
-
-constexpr CollectorFormat AIX_FORMAT{
+constexpr CollectorFormat FORMAT{
     .name = "AIX",
-    .byteOrderOf = aix_files::ByteOrderOf,
+    .byteOrderOf = ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,
     .entryFields = {.version = 501, .nodeName = 507, .utcOffset = 508, .dstFlag = 512, .interval = 514},
@@ -297,7 +294,7 @@ constexpr CollectorFormat AIX_FORMAT{
                      .unknown = "\nUnrecognized data collector version %s\n",
                      .unknownOnStandardError = false,
                      .unknownEndsProcess = false},
-    .decoders = aix_files::DECODERS,
+    .decoders = DECODERS,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::aix_files

@@ -11,8 +11,7 @@
 #include "readers/hpux/layouts.h"
 #include "readers/shared_decoders.h"
 
-namespace ozmo {
-namespace hpux_files {
+namespace ozmo::hpux_files {
 
 ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::BIG; }
 
@@ -267,11 +266,9 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace hpux_files
-
-constexpr CollectorFormat HPUX_FORMAT{
+constexpr CollectorFormat FORMAT{
     .name = "HP-UX",
-    .byteOrderOf = hpux_files::ByteOrderOf,
+    .byteOrderOf = ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,
     .entryFields = {.version = 501, .nodeName = 507, .utcOffset = 508, .dstFlag = 512, .interval = 514},
@@ -287,8 +284,8 @@ constexpr CollectorFormat HPUX_FORMAT{
                      .unknown = "\nFatal, Unrecognized Data Collector Version %s",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = hpux_files::DECODERS,
+    .decoders = DECODERS,
     .keepsWideCounters = true,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::hpux_files

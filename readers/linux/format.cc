@@ -12,8 +12,7 @@
 #include "readers/linux/layouts.h"
 #include "readers/shared_decoders.h"
 
-namespace ozmo {
-namespace linux_files {
+namespace ozmo::linux_files {
 
 ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::LITTLE; }
 
@@ -245,11 +244,9 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace linux_files
-
-constexpr CollectorFormat LINUX_FORMAT{
+constexpr CollectorFormat FORMAT{
     .name = "Linux",
-    .byteOrderOf = linux_files::ByteOrderOf,
+    .byteOrderOf = ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,
     .entryFields = {.version = 505, .nodeName = 504, .utcOffset = 507, .dstFlag = 511, .interval = 513},
@@ -265,7 +262,7 @@ constexpr CollectorFormat LINUX_FORMAT{
                      .unknown = "\nERROR : Unrecognized data collector version: %s\n",
                      .unknownOnStandardError = false,
                      .unknownEndsProcess = true},
-    .decoders = linux_files::DECODERS,
+    .decoders = DECODERS,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::linux_files

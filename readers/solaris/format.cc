@@ -10,8 +10,7 @@
 #include "readers/solaris/disks.h"
 #include "readers/solaris/layouts.h"
 
-namespace ozmo {
-namespace solaris_files {
+namespace ozmo::solaris_files {
 
 ByteOrder ByteOrderOf(std::string_view path) {
   const bool little = path.find("qtxsx_") != path.npos || path.find("QTXSX_") != path.npos;
@@ -296,11 +295,9 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace solaris_files
-
-constexpr CollectorFormat SOLARIS_FORMAT{
+constexpr CollectorFormat FORMAT{
     .name = "Solaris",
-    .byteOrderOf = solaris_files::ByteOrderOf,
+    .byteOrderOf = ByteOrderOf,
     .timeRecord = 7,
     .timeField = 701,
     .entryFields = {.version = 501, .nodeName = 506, .utcOffset = 507, .dstFlag = 512, .interval = 514},
@@ -316,7 +313,7 @@ constexpr CollectorFormat SOLARIS_FORMAT{
                      .unknown = "\n Unrecognized data collector version %s\n",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = solaris_files::DECODERS,
+    .decoders = DECODERS,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::solaris_files

@@ -7,8 +7,7 @@
 #include "readers/shared_decoders.h"
 #include "readers/tru64/layouts.h"
 
-namespace ozmo {
-namespace tru64_files {
+namespace ozmo::tru64_files {
 
 ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::LITTLE; }
 
@@ -280,11 +279,9 @@ constexpr DecoderRow DECODERS[] = {
     {.type = 16, .twin = 26, .kind = Kind::OTHERS, .decode = DecodeSummary},
 };
 
-}  // namespace tru64_files
-
-constexpr CollectorFormat TRU64_FORMAT{
+constexpr CollectorFormat FORMAT{
     .name = "Tru64",
-    .byteOrderOf = tru64_files::ByteOrderOf,
+    .byteOrderOf = ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,
     .entryFields = {.version = 505, .nodeName = 504, .utcOffset = 507, .dstFlag = 511, .interval = 513},
@@ -300,7 +297,7 @@ constexpr CollectorFormat TRU64_FORMAT{
                      .unknown = "\nERROR : Unrecognized Data Collector Version %s\n",
                      .unknownOnStandardError = true,
                      .unknownEndsProcess = true},
-    .decoders = tru64_files::DECODERS,
+    .decoders = DECODERS,
 };
 
-}  // namespace ozmo
+}  // namespace ozmo::tru64_files

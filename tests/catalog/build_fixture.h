@@ -10,8 +10,9 @@
 
 namespace ozmo {
 
-inline const PlatformSpec* const ALL_PLATFORMS[] = {&AIX_PLATFORM,     &HPUX_PLATFORM,  &LINUX_PLATFORM,
-                                                    &SOLARIS_PLATFORM, &TRU64_PLATFORM, &VMR_PLATFORM};
+inline const PlatformSpec* const ALL_PLATFORMS[] = {&aix_catalog::PLATFORM,   &hpux_catalog::PLATFORM,
+                                                    &linux_catalog::PLATFORM, &solaris_catalog::PLATFORM,
+                                                    &tru64_catalog::PLATFORM, &vmr_catalog::PLATFORM};
 
 using Texts = std::vector<std::string>;
 

@@ -60,7 +60,7 @@ TEST(MinutesOf, TruncatesAndSurvivesAnyInterval) {
 // ---- Which intervals count ----
 
 TEST(TakeInterval, TheFirstOfTwoSamplesInOneMinuteCountsAndTheOneAtTheStartIsDropped) {
-  for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &LINUX_PLATFORM}) {
+  for (const PlatformSpec* platform : {&solaris_catalog::PLATFORM, &linux_catalog::PLATFORM}) {
     BuildFixture fixture(*platform);
     EXPECT_FALSE(fixture.TakeBusy(0, 10));
     EXPECT_EQ(fixture.Value(Graph::PROCESS_COUNT, 0, 0), MISSING_POINT);
@@ -82,7 +82,7 @@ TEST(TakeInterval, WithoutProcessorsNothingIsStored) {
 }
 
 TEST(TakeInterval, LinuxNeedsAConfiguration) {
-  BuildFixture fixture(LINUX_PLATFORM);
+  BuildFixture fixture(linux_catalog::PLATFORM);
   fixture.context.config.reset();
   fixture.TakeBusy(300, 10);
   EXPECT_EQ(fixture.Value(Graph::OVERALL_CPU, 0, 5), MISSING_POINT);
@@ -90,13 +90,13 @@ TEST(TakeInterval, LinuxNeedsAConfiguration) {
 
 TEST(TakeInterval, SamplesOutsideTheSpanAreStoredNowhere) {
   for (const Seconds offset : {Seconds{-600}, Seconds{7200}}) {
-    BuildFixture fixture(SOLARIS_PLATFORM);
+    BuildFixture fixture(solaris_catalog::PLATFORM);
     fixture.AddProcess("root", "cron", 1);
     EXPECT_TRUE(fixture.TakeBusy(offset, 10));
     EXPECT_EQ(std::ranges::max(fixture.Record(Graph::OVERALL_CPU).data.y[0]), MISSING_POINT);
     EXPECT_EQ(std::ranges::max(fixture.Record(Graph::ACTIVE_CPUS).data.y[0]), MISSING_POINT);
   }
-  BuildFixture fixture(LINUX_PLATFORM);
+  BuildFixture fixture(linux_catalog::PLATFORM);
   fixture.TakeBusy(300, 10);
   EXPECT_FALSE(fixture.TakeBusy(3600 + 7200, 20)) << "which drops what lies behind";
   EXPECT_TRUE(fixture.TakeBusy(360, 20)) << "and goes on";
@@ -105,7 +105,7 @@ TEST(TakeInterval, SamplesOutsideTheSpanAreStoredNowhere) {
 // ---- The end of a build ----
 
 TEST(FinishSeries, LinuxBridgesFiveMinutesButNotTheHoleAtTheEnd) {
-  BuildFixture fixture(LINUX_PLATFORM);
+  BuildFixture fixture(linux_catalog::PLATFORM);
   fixture.context.config->intervalSeconds = 300;
   for (int point = 5; point <= 60; point += 5) fixture.TakeBusy(point * 60, point);
   fixture.Finish();
@@ -123,15 +123,16 @@ TEST(Needs, WhatNobodyNeedsIsNotRead) {
     const char* title;
     std::set<PassKind> passes;
   };
-  for (const Case& test : {Case{SOLARIS_PLATFORM, "overall CPU utilization", {PROCESSORS}},
-                           {SOLARIS_PLATFORM, "Memory Utilization", {MEMORY}},
-                           {SOLARIS_PLATFORM, "Process Count", {PROCESSES}},
-                           {SOLARIS_PLATFORM, "Top 10 Users by CPU Utilization", {PROCESSES, PROCESSORS}},
-                           {SOLARIS_PLATFORM, "Utilization for sda", {DISKS, ADAPTERS}},
-                           {SOLARIS_PLATFORM, "hme0", {ADAPTERS}},
-                           {AIX_PLATFORM, "Shared Pool CPU Utilization", {PARTITION, ADAPTERS}},
-                           {TRU64_PLATFORM, "hme0", {}},
-                           {VMR_PLATFORM, "CPU-1 Utilization by Mode", {PROCESSORS}}}) {
+  for (const Case& test :
+       {Case{solaris_catalog::PLATFORM, "overall CPU utilization", {PROCESSORS}},
+        {solaris_catalog::PLATFORM, "Memory Utilization", {MEMORY}},
+        {solaris_catalog::PLATFORM, "Process Count", {PROCESSES}},
+        {solaris_catalog::PLATFORM, "Top 10 Users by CPU Utilization", {PROCESSES, PROCESSORS}},
+        {solaris_catalog::PLATFORM, "Utilization for sda", {DISKS, ADAPTERS}},
+        {solaris_catalog::PLATFORM, "hme0", {ADAPTERS}},
+        {aix_catalog::PLATFORM, "Shared Pool CPU Utilization", {PARTITION, ADAPTERS}},
+        {tru64_catalog::PLATFORM, "hme0", {}},
+        {vmr_catalog::PLATFORM, "CPU-1 Utilization by Mode", {PROCESSORS}}}) {
     const Needs needs = NeedsOf(test.platform, WantedTitles({test.title}), true);
     std::set<PassKind> passes;
     for (size_t pass = 0; pass < needs.passes.size(); ++pass) {

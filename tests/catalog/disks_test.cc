@@ -47,13 +47,17 @@ TEST(DiskNames, AreCleanedAsThePlatformDoes) {
   };
   const std::string oddName = "%s%n%d" + std::string(249, 'x');
   const Case cases[] = {
-      {LINUX_PLATFORM, {"sda", "sda1", "hdb", "hdb12", "fd0"}, {"hdb", "sda"}},  // no partitions, no floppies
-      {LINUX_PLATFORM, {"cciss/c0d0", "cciss/c0d0p1", "dm-0", "nvme0n1"}, {"cciss/c0d0", "dm-0", "nvme0n1"}},
-      {LINUX_PLATFORM, {" sda1 ", " sdb "}, {"sdb"}},
-      {SOLARIS_PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1", ""}, {"/old/dev/dsk/c1", "c0"}},
-      {HPUX_PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1"}, {"/old/dev/dsk/c1", "c0"}},
-      {AIX_PLATFORM, {"/dev/dsk/c0", "hdisk0  ", " hdisk0"}, {"/dev/dsk/c0", "hdisk0"}},
-      {AIX_PLATFORM, {oddName}, {oddName}},
+      {linux_catalog::PLATFORM,
+       {"sda", "sda1", "hdb", "hdb12", "fd0"},
+       {"hdb", "sda"}},  // no partitions, no floppies
+      {linux_catalog::PLATFORM,
+       {"cciss/c0d0", "cciss/c0d0p1", "dm-0", "nvme0n1"},
+       {"cciss/c0d0", "dm-0", "nvme0n1"}},
+      {linux_catalog::PLATFORM, {" sda1 ", " sdb "}, {"sdb"}},
+      {solaris_catalog::PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1", ""}, {"/old/dev/dsk/c1", "c0"}},
+      {hpux_catalog::PLATFORM, {"/dev/dsk/c0", "/old/dev/dsk/c1"}, {"/old/dev/dsk/c1", "c0"}},
+      {aix_catalog::PLATFORM, {"/dev/dsk/c0", "hdisk0  ", " hdisk0"}, {"/dev/dsk/c0", "hdisk0"}},
+      {aix_catalog::PLATFORM, {oddName}, {oddName}},
   };
   for (const Case& test : cases) {
     DiskFixture fixture(test.platform);
@@ -132,14 +136,14 @@ TEST(DiskGraphs, MonitorFilesBringTheirTimes) {
   DiskRecord disk = Disk("d", 10);
   disk.servicePerIo = 8;
   disk.waitPerIo = 30;
-  DiskFixture fixture(VMR_PLATFORM);
+  DiskFixture fixture(vmr_catalog::PLATFORM);
   fixture.Add({disk});
   EXPECT_EQ(fixture.Last("Response Time for d"), (Series{30}));
   EXPECT_EQ(fixture.Find("Space Allocation for d"), nullptr) << "only AIX and Tru64 know it";
 }
 
 TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
-  DiskFixture fixture(SOLARIS_PLATFORM);
+  DiskFixture fixture(solaris_catalog::PLATFORM);
   DiskRecord first = Disk("d", 3);
   first.readRate = 3;
   DiskRecord last = Disk("d", 4);
@@ -150,7 +154,7 @@ TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
 }
 
 TEST(DiskGraphs, TheDiskBeyondTheTableIsInTheListsOnly) {
-  DiskFixture fixture(SOLARIS_PLATFORM, 120);
+  DiskFixture fixture(solaris_catalog::PLATFORM, 120);
   std::vector<DiskRecord> disks;
   for (size_t i = 0; i <= MAX_DISK_ROWS; ++i) disks.push_back(Disk("d" + std::to_string(i)));
   fixture.Add(disks);
@@ -166,7 +170,7 @@ TEST(DiskGraphs, TheDiskBeyondTheTableIsInTheListsOnly) {
 // ---- Totals and detail ----
 
 TEST(DiskTotals, UsersHaveWhatPagingAndSwappingLeave) {
-  DiskFixture fixture(SOLARIS_PLATFORM);
+  DiskFixture fixture(solaris_catalog::PLATFORM);
   const auto byType = [&](float paging, float swapping) {
     MemoryRecord& memory = fixture.context.memory.primary.emplace();
     memory.pageInRate = paging;

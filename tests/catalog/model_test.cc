@@ -94,7 +94,7 @@ TEST(Points, OutsideTheSeriesReadAsMissingAndStoreNothing) {
 }
 
 TEST(Catalog, StoresOnlyWhatThereIsRoomFor) {
-  BuildFixture fixture(VMR_PLATFORM, 120);
+  BuildFixture fixture(vmr_catalog::PLATFORM, 120);
   fixture.catalog.Store(Graph::OVERALL_CPU, 0, 4, 7.0F);
   fixture.catalog.Store(Graph::OVERALL_CPU, 0, 5, 8.0F);
   fixture.catalog.Store(Graph::OVERALL_CPU, 1, 1, 8.0F);

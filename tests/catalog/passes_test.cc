@@ -19,7 +19,7 @@ namespace {
 // ---- Processors ----
 
 TEST(Processors, AreSetsInTheOrderOfTheirFirstSight) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
+  BuildFixture fixture(solaris_catalog::PLATFORM);
   fixture.AddProcessor(0, 10, 0, 90);
   fixture.AddProcessor(7, 20, 0, 80);  // the head of the list
   fixture.Take(60);
@@ -35,7 +35,7 @@ TEST(Processors, AreSetsInTheOrderOfTheirFirstSight) {
 }
 
 TEST(Processors, The129thHasNoSeriesButCountsInTheMean) {
-  BuildFixture fixture(SOLARIS_PLATFORM);
+  BuildFixture fixture(solaris_catalog::PLATFORM);
   fixture.AddProcessor(128, 100, 0, 0);
   for (int cpuId = 127; cpuId >= 0; --cpuId) fixture.AddProcessor(cpuId, 0, 0, 100);
   fixture.Take(60);
@@ -44,7 +44,7 @@ TEST(Processors, The129thHasNoSeriesButCountsInTheMean) {
 }
 
 TEST(Processors, Tru64MakesTheConfiguredSetsOnce) {
-  BuildFixture fixture(TRU64_PLATFORM);
+  BuildFixture fixture(tru64_catalog::PLATFORM);
   fixture.AddProcessor(5, 10, 0, 90);
   fixture.Take(60);
   EXPECT_EQ(fixture.Labels(Graph::CPU_BY_PROCESSOR), (Texts{"CPU-5", "(none)"}));
@@ -55,7 +55,7 @@ TEST(Processors, Tru64MakesTheConfiguredSetsOnce) {
 }
 
 TEST(Processors, LinuxStopsAtTheConfiguredNumber) {
-  BuildFixture fixture(LINUX_PLATFORM);
+  BuildFixture fixture(linux_catalog::PLATFORM);
   for (const int cpuId : {2, 1, 0}) fixture.AddProcessor(cpuId, 10 * (cpuId + 1), 0, 100 - 10 * (cpuId + 1));
   fixture.Take(60);
   EXPECT_EQ(fixture.Labels(Graph::CPU_BY_PROCESSOR), (Texts{"CPU-0", "CPU-1"}));
@@ -63,7 +63,7 @@ TEST(Processors, LinuxStopsAtTheConfiguredNumber) {
 }
 
 TEST(Processors, WithAllCountersZeroAProcessorIsIdle) {
-  BuildFixture fixture(HPUX_PLATFORM);
+  BuildFixture fixture(hpux_catalog::PLATFORM);
   fixture.AddProcessor(1, 0, 0, 0);
   fixture.AddProcessor(0, 3, 1, 4);
   fixture.Take(60);
@@ -85,16 +85,16 @@ TEST(ProcessShare, FollowsThePlatform) {
     fixture.Take(120);
     return fixture.Image("job", 2);
   };
-  EXPECT_FLOAT_EQ(shareOn(SOLARIS_PLATFORM), 2.5F);
-  EXPECT_FLOAT_EQ(shareOn(LINUX_PLATFORM), 2.5F);
-  EXPECT_FLOAT_EQ(shareOn(HPUX_PLATFORM), 1.5F) << "of the processors' time counters";
-  EXPECT_FLOAT_EQ(shareOn(TRU64_PLATFORM), 3.0F) << "as it stands";
-  EXPECT_FLOAT_EQ(shareOn(AIX_PLATFORM), 1.25F) << "of the time since the start of the span";
+  EXPECT_FLOAT_EQ(shareOn(solaris_catalog::PLATFORM), 2.5F);
+  EXPECT_FLOAT_EQ(shareOn(linux_catalog::PLATFORM), 2.5F);
+  EXPECT_FLOAT_EQ(shareOn(hpux_catalog::PLATFORM), 1.5F) << "of the processors' time counters";
+  EXPECT_FLOAT_EQ(shareOn(tru64_catalog::PLATFORM), 3.0F) << "as it stands";
+  EXPECT_FLOAT_EQ(shareOn(aix_catalog::PLATFORM), 1.25F) << "of the time since the start of the span";
 }
 
 TEST(ProcessShare, OnlinePartitionProcessorsLimitTheDivisorOnAix) {
   for (const auto& [online, share] : {std::pair(1.0, 5.0F), {0.0, 2.5F}, {8.0, 2.5F}}) {
-    BuildFixture fixture(AIX_PLATFORM);
+    BuildFixture fixture(aix_catalog::PLATFORM);
     fixture.AddProcessor(1, 1, 0, 1);
     fixture.AddProcess("adm", "job", 3);
     fixture.context.partition.emplace().onlineProcessors = online;
@@ -104,11 +104,11 @@ TEST(ProcessShare, OnlinePartitionProcessorsLimitTheDivisorOnAix) {
 }
 
 TEST(NoProc, IsAbsentWhereTheProcessesTakeAllAndOnSolaris) {
-  BuildFixture taken(TRU64_PLATFORM);
+  BuildFixture taken(tru64_catalog::PLATFORM);
   taken.AddProcess("root", "cron", 6);
   taken.TakeBusy(60, 5);
   EXPECT_EQ(taken.Image("<NoProc>", 1), BuildFixture::NOTHING);
-  BuildFixture solaris(SOLARIS_PLATFORM);
+  BuildFixture solaris(solaris_catalog::PLATFORM);
   solaris.TakeBusy(60, 50);
   EXPECT_EQ(solaris.Image("<NoProc>", 1), BuildFixture::NOTHING);
 }
@@ -145,12 +145,17 @@ TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
     std::vector<float> values;
   };
   const Case cases[] = {
-      {"the rest", SOLARIS_PLATFORM, 80, {6, 18}, {"#0  b", "#1  a", "Others"}, {30, 10, 40}},
-      {"rescaled lists have none", HPUX_PLATFORM, 80, {6, 18}, {"#0  b", "#1  a", "Others"}, {60, 20, 0}},
-      {"more than all", SOLARIS_PLATFORM, 5, {6}, {"#0  a", "Others"}, {10, 0}},
-      {"no weight without overall CPU", SOLARIS_PLATFORM, 0, {6}, {"Others"}, {0}},
-      {"without processes", SOLARIS_PLATFORM, 80, {}, {"Others"}, {80}},
-      {"an image that did nothing isn't ranked", SOLARIS_PLATFORM, 80, {0}, {"Others"}, {80}},
+      {"the rest", solaris_catalog::PLATFORM, 80, {6, 18}, {"#0  b", "#1  a", "Others"}, {30, 10, 40}},
+      {"rescaled lists have none",
+       hpux_catalog::PLATFORM,
+       80,
+       {6, 18},
+       {"#0  b", "#1  a", "Others"},
+       {60, 20, 0}},
+      {"more than all", solaris_catalog::PLATFORM, 5, {6}, {"#0  a", "Others"}, {10, 0}},
+      {"no weight without overall CPU", solaris_catalog::PLATFORM, 0, {6}, {"Others"}, {0}},
+      {"without processes", solaris_catalog::PLATFORM, 80, {}, {"Others"}, {80}},
+      {"an image that did nothing isn't ranked", solaris_catalog::PLATFORM, 80, {0}, {"Others"}, {80}},
   };
   for (const Case& test : cases) {
     BuildFixture fixture(test.platform);
@@ -169,7 +174,7 @@ TEST(TopGraphs, OthersFillUpToTheTotalAndAreNeverNegative) {
 }
 
 TEST(TopGraphsVmr, WithoutImagesOthersAreOverallCpuLessDpcAndInterrupts) {
-  BuildFixture fixture(VMR_PLATFORM);
+  BuildFixture fixture(vmr_catalog::PLATFORM);
   ProcessorRecord& machine = fixture.AddProcessor(0, 30, 20, 0);
   machine.dpcTime = 4;
   machine.interruptTime = 6;
@@ -187,7 +192,7 @@ TEST(Memory, WithoutARecordAllFiguresAreZero) {
     fixture.TakeBusy(60, 10);
     EXPECT_EQ(fixture.Values(Graph::MEMORY_UTILIZATION, 1), (Series{0}));
     EXPECT_EQ(fixture.Values(Graph::PAGEFAULT_RATE, 1), (Series{0}));
-    if (platform == &VMR_PLATFORM) continue;
+    if (platform == &vmr_catalog::PLATFORM) continue;
     EXPECT_EQ(std::ranges::max(fixture.Values(Graph::MEMORY_ALLOCATION, 1)), 0.0F);
   }
 }
@@ -202,11 +207,12 @@ TEST(Memory, WithoutASizeUtilizationIsMissingInfiniteOrOfTheUses) {
     fixture.TakeBusy(60, 10);
     return fixture.Value(Graph::MEMORY_UTILIZATION, 0, 1);
   };
-  for (const PlatformSpec* platform : {&SOLARIS_PLATFORM, &LINUX_PLATFORM, &VMR_PLATFORM}) {
+  for (const PlatformSpec* platform :
+       {&solaris_catalog::PLATFORM, &linux_catalog::PLATFORM, &vmr_catalog::PLATFORM}) {
     EXPECT_EQ(utilization(*platform), MISSING_POINT);
   }
-  EXPECT_TRUE(std::isinf(utilization(HPUX_PLATFORM)));
-  EXPECT_EQ(utilization(AIX_PLATFORM), 75.0F);
+  EXPECT_TRUE(std::isinf(utilization(hpux_catalog::PLATFORM)));
+  EXPECT_EQ(utilization(aix_catalog::PLATFORM), 75.0F);
 }
 
 // ---- Protocols ----
@@ -228,7 +234,7 @@ TEST(Network, EveryTraceOfEveryProtocolGraphIsFilled) {
 }
 
 TEST(Network, MonitorFilesNameTheirRates) {
-  BuildFixture fixture(VMR_PLATFORM);
+  BuildFixture fixture(vmr_catalog::PLATFORM);
   NetworkRecord& n = fixture.context.network.emplace();
   n.tcpConnectionsReset = 3.0F;
   n.tcpConnectionsPassive = 7.0F;
@@ -272,7 +278,7 @@ struct AdapterFixture : BuildFixture {
 };
 
 TEST(Adapters, AllThreeGraphsAreTitledByTheNameAndTheFirstIsFound) {
-  AdapterFixture fixture(SOLARIS_PLATFORM);
+  AdapterFixture fixture(solaris_catalog::PLATFORM);
   fixture.Add(
       {{.adapterName = "hme0", .errorsInRate = 0.25F, .errorsOutRate = 0.5F, .collisionRate = 0.75F}});
   EXPECT_EQ(fixture.Find("hme0")->Label(0), "Packets Received");
@@ -285,7 +291,7 @@ TEST(Adapters, AllThreeGraphsAreTitledByTheNameAndTheFirstIsFound) {
 }
 
 TEST(Adapters, TheSixteenthIsInNoGraph) {
-  AdapterFixture fixture(AIX_PLATFORM);
+  AdapterFixture fixture(aix_catalog::PLATFORM);
   for (char name = 'a'; name <= 'p'; ++name) fixture.Add({{.adapterName = std::string(1, name)}});
   EXPECT_EQ(fixture.Adapters().back(), "o");
   EXPECT_EQ(fixture.Adapters().size(), 15U);
@@ -299,8 +305,8 @@ TEST(Adapters, PlatformsFilterByName) {
     fixture.Add({{.adapterName = "lo"}, {.adapterName = ""}, {.adapterName = longName}});
     return fixture.Adapters();
   };
-  EXPECT_EQ(kept(SOLARIS_PLATFORM), (Texts{longName}));
-  EXPECT_EQ(kept(LINUX_PLATFORM), (Texts{"lo", longName}));
+  EXPECT_EQ(kept(solaris_catalog::PLATFORM), (Texts{longName}));
+  EXPECT_EQ(kept(linux_catalog::PLATFORM), (Texts{"lo", longName}));
 }
 
 // ---- AIX ----
@@ -315,7 +321,7 @@ void SetMachine(BuildFixture& fixture, double user, double system, double wait, 
 
 TEST(AixPartition, AxesAndTheEntitlementFollowThePartition) {
   for (const bool capped : {false, true}) {
-    BuildFixture fixture(AIX_PLATFORM);
+    BuildFixture fixture(aix_catalog::PLATFORM);
     PartitionRecord& partition = fixture.context.partition.emplace();
     partition.isCapped = partition.isShared = capped ? 1 : 0;  // and in shared mode
     partition.entitledProcessors = capped ? 0 : 1.5;
@@ -336,7 +342,7 @@ TEST(AixPartition, AxesAndTheEntitlementFollowThePartition) {
 
 // Four processors, of which those in `busy` run, under a machine that is a quarter busy.
 struct FoldedMachine : BuildFixture {
-  explicit FoldedMachine(std::initializer_list<int> busy) : BuildFixture(AIX_PLATFORM) {
+  explicit FoldedMachine(std::initializer_list<int> busy) : BuildFixture(aix_catalog::PLATFORM) {
     SetMachine(*this, 20, 5, 5, 70);
     AddProcess("root", "a", 6);
     TakeProcessors(60, busy, {3, 2, 1, 0});

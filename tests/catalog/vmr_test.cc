@@ -9,7 +9,7 @@ namespace ozmo {
 namespace {
 
 struct Monitor : BuildFixture {
-  Monitor() : BuildFixture(VMR_PLATFORM, 7200) {}
+  Monitor() : BuildFixture(vmr_catalog::PLATFORM, 7200) {}
   // Adds a line; the last one added is the machine as a whole.
   void AddLine(int32_t cpuId, double user, double system, double dpc = 0, double interrupt = 0) {
     ProcessorRecord& record = AddProcessor(cpuId, user, system, 0);

@@ -78,7 +78,7 @@ class CollectorReaderTest : public ::testing::Test {
   ScopedVariable zone_{"TZ", "UTC"};
   TempDirectory directory_;
   Runtime runtime_;
-  CollectorReader reader_{SOLARIS_FORMAT, runtime_};
+  CollectorReader reader_{solaris_files::FORMAT, runtime_};
   VmrContext context_;
   std::string node_;
   Seconds first_ = 0;

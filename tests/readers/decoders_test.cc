@@ -36,19 +36,19 @@ constexpr auto BIG = sample::ByteOrder::BIG;
 constexpr auto LITTLE = sample::ByteOrder::LITTLE;
 const std::map<std::string, Kind> KINDS = {
     {"aix",
-     {AIX_FORMAT, BIG, "qtxa_node_2012Feb22.dat_1", "6 601", "5 501:text 507:text 508 514", "5 507=node",
-      "501", "514"}},
+     {aix_files::FORMAT, BIG, "qtxa_node_2012Feb22.dat_1", "6 601", "5 501:text 507:text 508 514",
+      "5 507=node", "501", "514"}},
     {"hpux",
-     {HPUX_FORMAT, BIG, "qtxh_node_2012Feb22.dat_1", "6 601", "5 503:8 507:text 501:text 508 514",
+     {hpux_files::FORMAT, BIG, "qtxh_node_2012Feb22.dat_1", "6 601", "5 503:8 507:text 501:text 508 514",
       "5 503=1048576 507=node", "501", "514"}},
     {"linux",
-     {LINUX_FORMAT, LITTLE, "qtxl_node_2012Feb22.dat_1", "9 901", "5 504:text 505:text 507 513", "5 504=node",
-      "505", "513"}},
+     {linux_files::FORMAT, LITTLE, "qtxl_node_2012Feb22.dat_1", "9 901", "5 504:text 505:text 507 513",
+      "5 504=node", "505", "513"}},
     {"solaris",
-     {SOLARIS_FORMAT, BIG, "qtxs_node_2012Feb22.dat_1", "7 701", "5 501:text 506:text 507 514 503:8 505",
-      "5 506=node 503=1048576 505=2", "501", "514"}},
+     {solaris_files::FORMAT, BIG, "qtxs_node_2012Feb22.dat_1", "7 701",
+      "5 501:text 506:text 507 514 503:8 505", "5 506=node 503=1048576 505=2", "501", "514"}},
     {"tru64",
-     {TRU64_FORMAT, LITTLE, "node_2012Feb22.dat_1", "9 901", "5 501 504:text 505:text 507 513",
+     {tru64_files::FORMAT, LITTLE, "node_2012Feb22.dat_1", "9 901", "5 501 504:text 505:text 507 513",
       "5 501=2048000 504=node", "505", "513"}},
 };
 

@@ -35,7 +35,7 @@ TEST(TimeParse, ReadsItsFormsAsLocalTime) {
                                      {TimeFormatNumber::DAY_MONTH_YEAR_TIME, "22-Feb-2012:12:00:00"},
                                      {TimeFormatNumber::MONTH_DAY_TIME_YEAR, "Feb 22 12:00:00 2012"},
                                      {TimeFormatNumber::DAY_MONTH_YEAR_MINUTE, "22-Feb-2012:12:00"},
-                                     {TimeFormatNumber::CTIME, "Wed Feb 22 12:00:00 2012"}}) {
+                                     {TimeFormatNumber::C_LIBRARY, "Wed Feb 22 12:00:00 2012"}}) {
     const ScopedVariable zone("TZ", UTC);
     EXPECT_EQ(TimeToSeconds(Parsed(text, format)), NOON_22_FEB_2012_UTC) << text;
   }
