@@ -28,17 +28,14 @@ void WalkDay(benchmark::State& state, ReaderKind kind) {
   int64_t intervals = 0;
   for (auto _ : state) {
     Runtime runtime;
-    DataReader reader(kind, runtime);
+    DataReader reader(day.firstFile, runtime);
     VmrContext context;
-    std::string node;
-    Seconds first = 0;
-    ReaderEntryPass(reader, day.firstFile, node, first);
-    context.periodStart = first;
-    context.periodEnd = first + 86400;
-    if (ReaderOpen(reader, context) > 0) {
-      while (ReaderNext(reader, context) >= 1) ++intervals;
+    context.periodStart = reader.Head().value().firstRecordTime;
+    context.periodEnd = context.periodStart + SECONDS_PER_DAY;
+    if (reader.Open(context) > 0) {
+      while (reader.Next(context) >= 1) ++intervals;
     }
-    ReaderClose(reader, context);
+    reader.Close(context);
   }
   state.SetBytesProcessed(state.iterations() * day.bytes);
   state.counters["intervals"] =

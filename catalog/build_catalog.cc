@@ -3,7 +3,6 @@
 #include "catalog/catalog_build.h"
 #include "catalog/platforms.h"
 #include "runtime/messages.h"
-#include "runtime/times.h"
 
 namespace ozmo {
 namespace {
@@ -23,7 +22,7 @@ void Walk(const PlatformSpec& platform, CatalogBuild& build, DataReader& reader,
           Runtime& runtime) {
   bool isAnnounced = false;
   for (;;) {
-    const int result = ReaderNext(reader, interval);
+    const int result = reader.Next(interval);
     if (result == platform.skippedResult) continue;
     if (result < 1) return;
     if (runtime.progressSink) runtime.progressSink(interval.periodEnd);
@@ -36,23 +35,22 @@ void Walk(const PlatformSpec& platform, CatalogBuild& build, DataReader& reader,
 
 }  // namespace
 
-std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest& request,
-                                           WorkloadClassList& classes, Runtime& runtime,
-                                           const WantedTitles& titles) {
+std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span, WorkloadClassList& classes,
+                                           const WantedTitles& titles, Runtime& runtime) {
   const PlatformSpec& platform = PlatformOf(reader.kind());
   auto catalog = std::make_unique<GraphCatalog>();
   catalog->titles = titles;
   VmrContext interval;
-  interval.periodStart = TimeToSeconds(request.beginTime);
-  interval.periodEnd = TimeToSeconds(request.endTime);
+  interval.periodStart = span.begin;
+  interval.periodEnd = span.end;
   LoadClasses(classes, platform.secondClassFile);
 
-  CatalogBuild build(platform, classes, interval.periodStart, interval.periodEnd, *catalog);
+  CatalogBuild build(platform, classes, span, *catalog);
   interval.kinds = build.needs().records;
-  const int opened = ReaderOpen(reader, interval);
+  const int opened = reader.Open(interval);
   if (opened >= 1 || platform.walksWithoutOpen) Walk(platform, build, reader, interval, runtime);
   build.FinishGraphs();
-  ReaderClose(reader, interval);
+  reader.Close(interval);
   build.FinishSeries();
   return catalog;
 }

@@ -8,16 +8,15 @@
 
 #include "catalog/model.h"
 #include "readers/data_reader.h"
-#include "runtime/run_request.h"
 #include "runtime/runtime.h"
+#include "runtime/times.h"
 #include "workload/workload.h"
 
 namespace ozmo {
 
-// The catalog of the reader's file over the request's span, with the graphs of these titles. Always one, also
-// when no interval fell into the span: then all series are 0. Classes are loaded if they aren't yet.
-std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const RunRequest& request,
-                                           WorkloadClassList& classes, Runtime& runtime,
-                                           const WantedTitles& titles = WantedTitles::All());
+// The catalog of the reader's file over the span, with the graphs of these titles. Never null: when no
+// interval fell into the span all series are 0. Classes are loaded if they aren't yet.
+std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span, WorkloadClassList& classes,
+                                           const WantedTitles& titles, Runtime& runtime);
 
 }  // namespace ozmo

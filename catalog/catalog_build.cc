@@ -21,15 +21,15 @@ void CreateClassSeries(GraphCatalog& catalog, const WorkloadClassList& classes) 
 
 // Makes what the catalog has ahead of the walk. All of it counts, whether it is needed or not: a span beyond
 // reason, such as one without a begin, must end at once, and for any graph.
-Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classes, Seconds start, Seconds end,
+Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
                    GraphCatalog& catalog) {
-  catalog.spanStart = start;
-  catalog.spanEnd = end;
+  catalog.spanStart = span.begin;
+  catalog.spanEnd = span.end;
   CatalogFromTables(catalog, platform.records, platform.tree);
-  const bool isDetailed = platform.detailLimit == 0 || end - start <= platform.detailLimit;
+  const bool isDetailed = platform.detailLimit == 0 || span.end - span.begin <= platform.detailLimit;
   const Needs needs = NeedsOf(platform, catalog.titles, isDetailed);
 
-  const int64_t points = PointCountOf(platform.pointCountRule, start, end);
+  const int64_t points = PointCountOf(platform.pointCountRule, span.begin, span.end);
   const int64_t classSeries = 2 * static_cast<int64_t>(classes.classes.size());
   catalog.budget.Take(FixedSeriesCount(platform.records) + classSeries + SERIES_BESIDE_RECORDS,
                       points < 0 ? points : points + 1);
@@ -60,11 +60,11 @@ void RescaleClasses(GraphCatalog& catalog, const Series& shareSum) {
 
 }  // namespace
 
-CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, Seconds start,
-                           Seconds end, GraphCatalog& catalog)
+CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
+                           GraphCatalog& catalog)
     : platform_(platform),
       catalog_(catalog),
-      needs_(StartCatalog(platform, classes, start, end, catalog)),
+      needs_(StartCatalog(platform, classes, span, catalog)),
       points_(catalog.pointCount),
       processors_(platform.processorSpec),
       disks_(platform.diskSpec, needs_.disks, catalog.budget),

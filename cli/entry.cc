@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "cli/build_graph_job.h"
 #include "cli/options.h"
-#include "output/build_graph_job.h"
 #include "output/output_file.h"
 #include "readers/data_reader.h"
 #include "runtime/memory.h"
@@ -19,16 +19,6 @@ namespace {
 
 constexpr int RUN_DONE_STATUS = 1;
 constexpr int NO_DATA_FILE_STATUS = 2;
-
-// Takes the node name from the data file. A file that can't tell one is no reason to stop: the builder comes
-// to the same file again.
-void MakeFirstPass(DataReader& reader, RunRequest& request) {
-  std::string nodeName;
-  Seconds firstRecordTime = 0;
-  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, firstRecordTime) == 1) {
-    request.hostName = nodeName;
-  }
-}
 
 // A stream that was closed ahead of the start leaves its number to the next file that is opened, and a
 // message must not land in a picture.
@@ -58,8 +48,9 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
       return NO_DATA_FILE_STATUS;
     }
     NoteDataFile(request, runtime);
-    reader.emplace(ReaderKindOf(*request.vmrUnixFile), runtime);
-    MakeFirstPass(*reader, request);
+    reader.emplace(*request.vmrUnixFile, runtime);
+    // A file without a head is no reason to stop: the walk opens its day set all the same.
+    if (const std::optional<FileHead>& head = reader->Head()) request.hostName = head->nodeName;
   }
 
   UserResources resources;

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "runtime/run_request.h"
+#include "cli/run_request.h"
 
 namespace ozmo {
 

@@ -87,17 +87,10 @@ void RunTool(const DayInput& input) {
 
 std::unique_ptr<GraphCatalog> CatalogOf(const DayInput& input, const WantedTitles& titles) {
   Runtime runtime;
-  const std::string path = PathOf(input, '1');
-  DataReader reader(ReaderKindOf(path), runtime);
-  RunRequest request;
-  request.vmrUnixFile = path;
-  request.beginTime = TimeLocal(TimeOf(input.beginMinute));
-  request.endTime = TimeLocal(TimeOf(input.endMinute));
-  std::string node;
-  Seconds first = 0;
-  ReaderEntryPass(reader, path, node, first);
+  DataReader reader(PathOf(input, '1'), runtime);
+  const Span span{TimeOf(input.beginMinute), TimeOf(input.endMinute)};
   WorkloadClassList classes;
-  return BuildCatalog(reader, request, classes, runtime, titles);
+  return BuildCatalog(reader, span, classes, titles, runtime);
 }
 
 bool SameBytes(const Series& one, const Series& other) {

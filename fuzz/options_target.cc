@@ -1,9 +1,9 @@
 // The command line: one word a line.
 #include <vector>
 
+#include "cli/build_graph_job.h"
 #include "cli/options.h"
 #include "fuzz/harness.h"
-#include "output/build_graph_job.h"
 #include "runtime/runtime.h"
 #include "runtime/times.h"
 

@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "runtime/file_identity.h"
-#include "runtime/run_request.h"
 #include "runtime/times.h"
 
 namespace ozmo {
+
+enum class GraphType { CSV = 0, POSTSCRIPT = 1, GIF = 2, JPEG = 3 };
+enum class SizeUnit { INCHES = 0, CENTIMETRES = 1, PIXELS = 3 };
 
 // One trace of a layer.
 struct OverlayTrace {

@@ -6,11 +6,9 @@
 
 namespace ozmo {
 
-int CollectorReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
-  if (file_.EntryPass(path) != READER_DONE) return READER_NOTHING;
-  nodeName = state().nodeName;
-  firstRecordTime = state().firstRecordTime;
-  return READER_DONE;
+std::optional<FileHead> CollectorReader::EntryPass(const std::string& path) {
+  if (file_.EntryPass(path) != READER_DONE) return std::nullopt;
+  return FileHead{state().nodeName, state().firstRecordTime};
 }
 
 int CollectorReader::Open(VmrContext& context) {

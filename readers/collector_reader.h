@@ -1,10 +1,12 @@
 // The walk through the files of a day set, interval by interval, whatever their binary format.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "readers/collector_file.h"
+#include "readers/file_head.h"
 
 namespace ozmo {
 
@@ -12,8 +14,8 @@ class CollectorReader {
  public:
   CollectorReader(const CollectorFormat& format, Runtime& runtime) : file_(format, runtime) {}
 
-  // 1 and both outputs filled, else 0.
-  int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
+  // Absent if the file can't be read or lacks one of the two; a message has said so.
+  std::optional<FileHead> EntryPass(const std::string& path);
   // Number of files in the set of the context's span.
   int Open(VmrContext& context);
   // 1: the context holds the next interval, or is empty after a file that couldn't be opened. -1: no more.

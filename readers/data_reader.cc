@@ -1,6 +1,6 @@
 #include "readers/data_reader.h"
 
-#include <optional>
+#include <utility>
 
 #include "readers/formats.h"
 #include "runtime/runtime.h"
@@ -16,14 +16,21 @@ std::variant<CollectorReader, VmrReader> MakeReader(ReaderKind kind, Runtime& ru
 
 }  // namespace
 
-DataReader::DataReader(ReaderKind kind, Runtime& runtime)
-    : kind_(kind), runtime_(&runtime), reader_(MakeReader(kind, runtime)) {}
+DataReader::DataReader(std::string path, Runtime& runtime)
+    : path_(std::move(path)),
+      kind_(ReaderKindOf(path_)),
+      runtime_(&runtime),
+      reader_(MakeReader(kind_, runtime)) {}
 
-int DataReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
-  return std::visit([&](auto& reader) { return reader.EntryPass(path, nodeName, firstRecordTime); }, reader_);
+const std::optional<FileHead>& DataReader::Head() {
+  if (!std::exchange(isHeadRead_, true)) {
+    head_ = std::visit([&](auto& reader) { return reader.EntryPass(path_); }, reader_);
+  }
+  return head_;
 }
 
 int DataReader::Open(VmrContext& context) {
+  Head();
   const int count = std::visit([&](auto& reader) { return reader.Open(context); }, reader_);
   const auto files = [](const auto& reader) -> const std::vector<std::string>& { return reader.files(); };
   for (const std::string& path : std::visit(files, reader_)) {

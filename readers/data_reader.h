@@ -1,13 +1,15 @@
 // One data file's reader: whatever the file's kind, the same four operations.
 //
-// A builder prepares a VmrContext with the requested span, calls ReaderOpen, and calls ReaderNext and reads
-// the context's records while the result is at least 1; ReaderClose ends the walk.
+// A builder prepares a VmrContext with the requested span, calls Open, and calls Next and reads the context's
+// records while the result is at least 1; Close ends the walk, and another may be opened.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <variant>
 
 #include "readers/collector_reader.h"
+#include "readers/file_head.h"
 #include "readers/file_kind.h"
 #include "readers/vmr/reader.h"
 
@@ -17,30 +19,28 @@ struct Runtime;
 
 class DataReader {
  public:
-  DataReader(ReaderKind kind, Runtime& runtime);
+  // The path alone says the kind; the file isn't opened yet.
+  DataReader(std::string path, Runtime& runtime);
+  const std::string& path() const { return path_; }
   ReaderKind kind() const { return kind_; }
 
-  // One cheap pass over a file for its node name and first time stamp: 1 and both outputs filled, else 0.
-  int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
+  // The file's node name and first time stamp; absent if the file has none or can't be read. The first call
+  // makes the entry pass, with its messages, and later ones give the same.
+  const std::optional<FileHead>& Head();
   // Number of files in the set of the requested span; 0 means nothing to read. The runtime takes note of the
-  // files as inputs.
+  // files as inputs. A walk starts from the head, so that one which nobody has asked for is read first.
   int Open(VmrContext& context);
   // 1: the context holds the next interval. 0, -1 or a code of reader_status.h: no more.
   int Next(VmrContext& context);
   int Close(VmrContext& context);
 
  private:
+  std::string path_;
   ReaderKind kind_;
   Runtime* runtime_;
   std::variant<CollectorReader, VmrReader> reader_;
+  bool isHeadRead_ = false;
+  std::optional<FileHead> head_;
 };
-
-inline int ReaderEntryPass(DataReader& reader, const std::string& path, std::string& nodeName,
-                           Seconds& firstRecordTime) {
-  return reader.EntryPass(path, nodeName, firstRecordTime);
-}
-inline int ReaderOpen(DataReader& reader, VmrContext& context) { return reader.Open(context); }
-inline int ReaderNext(DataReader& reader, VmrContext& context) { return reader.Next(context); }
-inline int ReaderClose(DataReader& reader, VmrContext& context) { return reader.Close(context); }
 
 }  // namespace ozmo

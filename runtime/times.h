@@ -18,6 +18,12 @@ using Seconds = int64_t;  // since 1970, or of a span
 inline constexpr Seconds SECONDS_PER_MINUTE = 60;
 inline constexpr Seconds SECONDS_PER_DAY = 86400;
 
+// What is asked for of a file's data.
+struct Span {
+  Seconds begin = 0;
+  Seconds end = 0;
+};
+
 // strptime formats by number: the form of -begin and -end is DAY_MONTH_YEAR_TIME, 22-Feb-2012:14:30:00.
 enum class TimeFormatNumber {
   UNIX_DATE = 0,

@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -84,16 +85,12 @@ std::unique_ptr<GraphCatalog> CatalogOf(const Platform& platform, const std::fil
   if (!written.error.empty()) Fail(written.error);
 
   Runtime runtime;
-  RunRequest request;
-  request.vmrUnixFile = written.files.front();
-  DataReader reader(ReaderKindOf(*request.vmrUnixFile), runtime);
-  std::string nodeName;
-  Seconds first = 0;
-  if (ReaderEntryPass(reader, *request.vmrUnixFile, nodeName, first) != 1) Fail("can't read a sample file");
-  request.beginTime = TimeLocal(first);
-  request.endTime = TimeLocal(first + 3600);
+  DataReader reader(written.files.front(), runtime);
+  const std::optional<FileHead>& head = reader.Head();
+  if (!head) Fail("can't read a sample file");
+  const Span span{head->firstRecordTime, head->firstRecordTime + 3600};
   WorkloadClassList classes;
-  return BuildCatalog(reader, request, classes, runtime);
+  return BuildCatalog(reader, span, classes, WantedTitles::All(), runtime);
 }
 
 struct Item {

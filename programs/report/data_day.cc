@@ -30,18 +30,15 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
   }
   DataDay day;
-  const ReaderKind kind = ReaderKindOf(request.dataFile);
-  day.system = PlatformOf(kind).system;
-
-  RunRequest run;
-  run.vmrUnixFile = WithDirectory(request.dataFile);
-  DataReader reader(kind, runtime);
-  Seconds firstRecord = 0;
-  if (ReaderEntryPass(reader, *run.vmrUnixFile, day.node, firstRecord) != 1) {
+  DataReader reader(WithDirectory(request.dataFile), runtime);
+  day.system = PlatformOf(reader.kind()).system;
+  const std::optional<FileHead>& head = reader.Head();
+  if (!head) {
     return {std::nullopt,
             request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
   }
-  day.begin = request.begin.value_or(ClockOfDay(firstRecord, 0, 0, 0));
+  day.node = head->nodeName;
+  day.begin = request.begin.value_or(ClockOfDay(head->firstRecordTime, 0, 0, 0));
   day.end = request.end.value_or(ClockOfDay(day.begin, 23, 59, 59));
   if (day.begin >= day.end) return {std::nullopt, "the span " + SpanText(day) + " ends before it begins"};
 
@@ -52,12 +49,10 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     }
     classes.classesLoaded = true;
   }
-  run.beginTime = TimeLocal(day.begin);
-  run.endTime = TimeLocal(day.end);
-  day.catalog = BuildCatalog(reader, run, classes, runtime);
-  if (day.catalog == nullptr || day.catalog->extent.intervals == 0) {
+  day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, WantedTitles::All(), runtime);
+  if (day.catalog->extent.intervals == 0) {
     return {std::nullopt, request.dataFile + ": no data from " + SpanText(day) + "; its first record is of " +
-                              TimeFormat(firstRecord, "%Y-%m-%d %H:%M:%S")};
+                              TimeFormat(head->firstRecordTime, "%Y-%m-%d %H:%M:%S")};
   }
   return {std::move(day), ""};
 }

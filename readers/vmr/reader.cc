@@ -30,11 +30,9 @@ int32_t WholeMemorySize(int32_t megabytes) {
 
 // --- The four operations ---
 
-int VmrReader::EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime) {
-  if (OpenFile(path, nullptr) != READER_DONE) return READER_NOTHING;
-  nodeName = header_.nodeName;
-  firstRecordTime = header_.startTime;
-  return READER_DONE;
+std::optional<FileHead> VmrReader::EntryPass(const std::string& path) {
+  if (OpenFile(path, nullptr) != READER_DONE) return std::nullopt;
+  return FileHead{header_.nodeName, header_.startTime};
 }
 
 int VmrReader::Open(VmrContext& context) {

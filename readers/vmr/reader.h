@@ -7,9 +7,11 @@
 #pragma once
 
 #include <ctime>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "readers/file_head.h"
 #include "readers/reader_status.h"
 #include "readers/vmr/file.h"
 #include "readers/vmr/handlers.h"
@@ -24,8 +26,8 @@ class VmrReader {
   // This reader has no message of the message file to give.
   explicit VmrReader(Runtime& /*runtime*/) {}
 
-  // Reads the head of a file: 1 and both outputs filled, else 0.
-  int EntryPass(const std::string& path, std::string& nodeName, Seconds& firstRecordTime);
+  // Absent if the file can't be opened or ends before its first time row.
+  std::optional<FileHead> EntryPass(const std::string& path);
   // Number of files in the set of the context's span.
   int Open(VmrContext& context);
   // 1: the context holds the next sample, and its period end that sample's time. 0, -1 or

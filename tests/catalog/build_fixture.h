@@ -24,7 +24,7 @@ class BuildFixture {
   explicit BuildFixture(const PlatformSpec& platform, Seconds span = 3600,
                         const WantedTitles& titles = WantedTitles::All())
       : classes(DefaultClasses()),
-        build(platform, classes, START, START + span, WithTitles(catalog, titles)) {
+        build(platform, classes, {START, START + span}, WithTitles(catalog, titles)) {
     SystemConfig& config = context.config.emplace();
     config.cpuCount = 2;
     config.memoryMb = 1024.0F;

@@ -57,11 +57,9 @@ class CollectorReaderTest : public ::testing::Test {
     return path;
   }
 
-  int Enter(const std::string& path) { return reader_.EntryPass(path, node_, first_); }
-
   // Enters the file and opens a walk over the span.
   int Open(const std::string& path, Seconds start, Seconds end) {
-    EXPECT_EQ(Enter(path), 1);
+    EXPECT_TRUE(reader_.EntryPass(path));
     context_.periodStart = start;
     context_.periodEnd = end;
     return reader_.Open(context_);
@@ -80,8 +78,6 @@ class CollectorReaderTest : public ::testing::Test {
   Runtime runtime_;
   CollectorReader reader_{solaris_files::FORMAT, runtime_};
   VmrContext context_;
-  std::string node_;
-  Seconds first_ = 0;
   int result_ = 0;
 };
 
@@ -109,10 +105,11 @@ CollectorWriter Beginning() {
 }
 
 TEST_F(CollectorReaderTest, EntryPassFindsNodeAndFirstTimeInTheReadersZone) {
-  EXPECT_EQ(Enter(Write(Samples({NOON}, {.utcOffset = -18000}))), 1);
-  EXPECT_EQ(node_, "node");
-  EXPECT_EQ(first_, NOON - 18000);
-  EXPECT_EQ(Enter(Write(Samples({NOON}, {.version = ""}))), 0);
+  const std::optional<FileHead> head = reader_.EntryPass(Write(Samples({NOON}, {.utcOffset = -18000})));
+  ASSERT_TRUE(head);
+  EXPECT_EQ(head->nodeName, "node");
+  EXPECT_EQ(head->firstRecordTime, NOON - 18000);
+  EXPECT_FALSE(reader_.EntryPass(Write(Samples({NOON}, {.version = ""}))));
 }
 
 TEST_F(CollectorReaderTest, StartIsAlignedToTheInterval) {
@@ -163,7 +160,7 @@ TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
   for (int i = 0; i < RECORDS; ++i) WriteProcessor(writer, 0, 2);
   for (const bool isCut : {false, true}) {
     const std::string path = Write(writer);
-    ASSERT_EQ(Enter(path), 1);
+    ASSERT_TRUE(reader_.EntryPass(path));
     const int descriptor = dup(STDIN_FILENO);  // the number that the next file opened will have
     close(descriptor);
     ASSERT_EQ(Open(path, NOON, NOON + 3600), 1);

@@ -132,9 +132,7 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
     Runtime runtime;
     CollectorReader reader(kind.format, runtime);
     VmrContext context;
-    std::string node;
-    Seconds first = 0;
-    EXPECT_EQ(reader.EntryPass(path, node, first), 1);
+    EXPECT_TRUE(reader.EntryPass(path));
     context.periodStart = NOON;
     context.periodEnd = NOON + 3600;
     EXPECT_EQ(reader.Open(context), 1);

@@ -117,12 +117,11 @@ TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   ASSERT_EQ(written.error, "");
 
   Runtime runtime;
-  DataReader reader(ReaderKindOf(written.files.at(0)), runtime);
+  DataReader reader(written.files.at(0), runtime);
   VmrContext context;
-  Seconds first = 0;
-  EXPECT_EQ(reader.EntryPass(written.files[0], context.nodeName, first), 1);
-  EXPECT_EQ(context.nodeName, kind.host.name);
-  EXPECT_EQ(first - first % 60, ELEVEN);
+  const FileHead head = reader.Head().value();
+  EXPECT_EQ(head.nodeName, kind.host.name);
+  EXPECT_EQ(head.firstRecordTime - head.firstRecordTime % 60, ELEVEN);
   context.periodStart = ELEVEN;
   context.periodEnd = ELEVEN + 3600;
   EXPECT_EQ(reader.Open(context), 1);

@@ -46,7 +46,8 @@ class VmrReaderTest : public ::testing::Test {
   }
 
   int Open(const std::string& path, Seconds start = NOON, Seconds end = NOON + 600) {
-    EXPECT_EQ(reader_.EntryPass(path, node_, first_), 1);
+    head_ = reader_.EntryPass(path);
+    EXPECT_TRUE(head_);
     context_.periodStart = start;
     context_.periodEnd = end;
     return reader_.Open(context_);
@@ -65,8 +66,7 @@ class VmrReaderTest : public ::testing::Test {
   Runtime runtime_;
   VmrReader reader_{runtime_};
   VmrContext context_;
-  std::string node_;
-  Seconds first_ = 0;
+  std::optional<FileHead> head_;
   int result_ = 0;
 };
 
@@ -119,8 +119,8 @@ TEST_F(VmrReaderTest, HeadIsReadInAnyOrder) {
       "<CONFIG>\n1~~1~1~1\n7~box~Windows~6.1~~~x64~~~8~1023\n<ENDCONFIG>\n" +
       HEADER + TimeRow(3) + TimeRow(4));
   ASSERT_EQ(Open(path, NOON), 1);
-  EXPECT_EQ(node_, "node");
-  EXPECT_EQ(first_, NOON);
+  EXPECT_EQ(head_->nodeName, "node");
+  EXPECT_EQ(head_->firstRecordTime, NOON);
   EXPECT_FALSE(context_.config.has_value());  // the entry pass has no context
   reader_.Next(context_);
   EXPECT_EQ(IntervalTexts(context_, true).at(0),
@@ -131,14 +131,14 @@ TEST_F(VmrReaderTest, HeadIsReadInAnyOrder) {
 TEST_F(VmrReaderTest, HeadWithoutATimeRowFails) {
   for (const std::string& text :
        {std::string(), HEADER, HEADER + "<META>\n" + TimeRow(0), HEADER + "<CONFIG>\n" + TimeRow(0)}) {
-    EXPECT_EQ(reader_.EntryPass(Write(text), node_, first_), 0) << text;
+    EXPECT_FALSE(reader_.EntryPass(Write(text))) << text;
   }
-  EXPECT_EQ(reader_.EntryPass(directory_ / "missing.vmr", node_, first_), 0);
+  EXPECT_FALSE(reader_.EntryPass(directory_ / "missing.vmr"));
 }
 
 TEST_F(VmrReaderTest, ShortSamplingPeriodEndsTheProcess) {
   const std::string path = Write("<HEADER>~~~node~60~999~~2012~2~22~12~0~0\n" + TimeRow(0));
-  EXPECT_EXIT(reader_.EntryPass(path, node_, first_), ::testing::ExitedWithCode(1), path);
+  EXPECT_EXIT(reader_.EntryPass(path), ::testing::ExitedWithCode(1), path);
 }
 
 // --- Samples ---

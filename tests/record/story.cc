@@ -129,11 +129,9 @@ void PrintInterval(const VmrContext& context, std::ostream& out) {
 void WalkRecording(const std::string& path, int64_t begin, int64_t end,
                    const std::function<void(const VmrContext&)>& take) {
   Runtime runtime;
-  DataReader reader(ReaderKind::LINUX, runtime);
-  std::string node;
-  Seconds first = 0;
+  DataReader reader(path, runtime);
   ::testing::internal::CaptureStdout();
-  if (reader.EntryPass(path, node, first) == 1) {
+  if (reader.Head()) {
     VmrContext context;
     context.periodStart = begin;
     context.periodEnd = end;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
 #include <map>
 #include <memory>
 #include <span>
@@ -32,14 +31,9 @@ constexpr std::string_view TRU64_EMPTY[] = {"Top 10 Disks by Space", "I/O rate f
 constexpr Kind KINDS[] = {{"solaris", {}}, {"linux", {}},          {"aix", AIX_EMPTY},
                           {"hpux", {}},    {"tru64", TRU64_EMPTY}, {"vmr", {}}};
 
-std::tm AtHour(int hour) {
-  std::tm time{};
-  time.tm_year = 112;
-  time.tm_mon = 1;
-  time.tm_mday = 22;
-  time.tm_hour = hour;
-  return time;
-}
+constexpr Seconds DAY_START = 1329868800;  // 22-Feb-2012 UTC
+
+Seconds AtHour(int hour) { return DAY_START + Seconds{hour} * 3600; }
 
 class ItemsTest : public ::testing::TestWithParam<Kind> {
  protected:
@@ -52,19 +46,16 @@ class ItemsTest : public ::testing::TestWithParam<Kind> {
     const sample::SampleResult written =
         sample::WriteSample(*sample::FindSampleKind(GetParam().name), options_);
     ASSERT_EQ(written.error, "");
-    request_.vmrUnixFile = written.files.at(0);
-    request_.beginTime = AtHour(startHour);
-    request_.endTime = AtHour(startHour + hours - 1);
+    file_ = written.files.at(0);
+    span_ = {AtHour(startHour), AtHour(startHour + hours - 1)};
   }
 
   std::unique_ptr<GraphCatalog> Build(const WantedTitles& titles) {
     Runtime runtime;
-    DataReader reader(ReaderKindOf(*request_.vmrUnixFile), runtime);
-    Seconds first = 0;
+    DataReader reader(file_, runtime);
     ::testing::internal::CaptureStdout();
-    EXPECT_EQ(reader.EntryPass(*request_.vmrUnixFile, request_.hostName, first), 1);
     WorkloadClassList classes;
-    auto catalog = BuildCatalog(reader, request_, classes, runtime, titles);
+    auto catalog = BuildCatalog(reader, span_, classes, titles, runtime);
     ::testing::internal::GetCapturedStdout();
     return catalog;
   }
@@ -80,7 +71,8 @@ class ItemsTest : public ::testing::TestWithParam<Kind> {
   const ScopedVariable library_{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR};
   const TempDirectory directory_;
   sample::SampleOptions options_;
-  RunRequest request_;
+  std::string file_;  // the first of the day
+  Span span_;
 };
 
 TEST_P(ItemsTest, EachShowsSomething) {

@@ -1,7 +1,7 @@
 // From the request to the written graph: catalog, selection, output.
 #pragma once
 
-#include "runtime/run_request.h"
+#include "cli/run_request.h"
 
 namespace ozmo {
 

@@ -1,4 +1,4 @@
-#include "output/build_graph_job.h"
+#include "cli/build_graph_job.h"
 
 #include <memory>
 
@@ -7,6 +7,7 @@
 #include "output/plot_driver.h"
 #include "output/selection.h"
 #include "runtime/messages.h"
+#include "runtime/times.h"
 #include "workload/workload.h"
 
 namespace ozmo {
@@ -56,6 +57,11 @@ std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& cat
   return job;
 }
 
+// A time that wasn't given is the start of 1970.
+Span SpanOf(const RunRequest& request) {
+  return {TimeToSeconds(request.beginTime), TimeToSeconds(request.endTime)};
+}
+
 // The graphs that the run may come to need.
 WantedTitles TitlesOf(const RunRequest& request) {
   std::vector<std::string_view> titles = {request.itemName ? std::string_view(*request.itemName) : ""};
@@ -88,7 +94,7 @@ void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runti
   }
   WorkloadClassList classes;
   const std::unique_ptr<GraphCatalog> catalog =
-      BuildCatalog(*reader, request, classes, runtime, TitlesOf(request));
+      BuildCatalog(*reader, SpanOf(request), classes, TitlesOf(request), runtime);
   if (const std::optional<GraphJob> job = SelectGraph(request, *catalog, runtime)) WriteGraph(*job, runtime);
 }
 

@@ -1,4 +1,5 @@
-// What the command line asked for. Filled by the option parser, read by every later stage.
+// What the command line asked for. Filled by the option parser, read by the sequence of a run; no other
+// folder knows it.
 #pragma once
 
 #include <cstdint>
@@ -6,15 +7,14 @@
 #include <optional>
 #include <string>
 
+#include "output/graph_job.h"
+
 namespace ozmo {
 
 // Bits of requestFlags. The first two are added and not or-ed: an option given twice cancels itself.
 inline constexpr uint64_t REQUEST_MW = 0x40;
 inline constexpr uint64_t REQUEST_VMRUNIX = 0x400;
 inline constexpr uint64_t REQUEST_GRAPH_FILE = 0x40000;
-
-enum class SizeUnit { INCHES = 0, CENTIMETRES = 1, PIXELS = 3 };
-enum class GraphType { CSV = 0, POSTSCRIPT = 1, GIF = 2, JPEG = 3 };
 
 struct RunRequest {
   int runMode = 0;  // 9 after -mw, 3 after -vmrunix; the last of the two wins
