@@ -10,6 +10,7 @@
 #include "cli/options.h"
 #include "output/output_file.h"
 #include "readers/data_reader.h"
+#include "readers/file_set.h"
 #include "runtime/memory.h"
 #include "runtime/runtime.h"
 #include "runtime/user_resources.h"
@@ -30,7 +31,7 @@ void OpenStandardStreams() {
 
 // Takes note of the data file, and ends the process if it is the output file too.
 void NoteDataFile(const RunRequest& request, Runtime& runtime) {
-  const std::optional<FileIdentity> data = IdentityOf(*request.vmrUnixFile);
+  const std::optional<FileIdentity> data = IdentityOf(DataFilePath(*request.vmrUnixFile));
   if (!data) return;
   if (data == IdentityOf(*request.graphFile)) OutputIsInput(*request.graphFile);
   runtime.inputs.push_back(*data);

@@ -37,6 +37,7 @@ BlockFile& BlockFile::operator=(BlockFile&& other) noexcept {
     next_ = other.next_;
     filled_ = other.filled_;
     block_ = std::move(other.block_);
+    compressed_ = std::move(other.compressed_);
     fault_ = other.fault_;
     error_ = other.error_;
   }
@@ -52,6 +53,10 @@ OpenResult BlockFile::Open(const std::string& path) {
   struct stat status {};
   // Only a regular file has a size to read up to; anything else counts as empty.
   size_ = fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : 0;
+  if (size_ > 0 && CompressedFile::Is(path, descriptor_)) {
+    compressed_ = std::make_unique<CompressedFile>(descriptor_);
+    size_ = compressed_->Size();
+  }
   blockStart_ = 0;
   next_ = 0;
   filled_ = 0;
@@ -63,12 +68,14 @@ OpenResult BlockFile::Open(const std::string& path) {
 void BlockFile::Close() {
   if (descriptor_ >= 0) close(descriptor_);
   descriptor_ = -1;
+  compressed_.reset();
 }
 
 void BlockFile::TellFault() const {
   const std::string path = TextFor(stderr, path_);
   if (fault_ == ReadFault::ERROR) {
-    std::fprintf(stderr, "Can't read file %s: %s\n", path.c_str(), std::strerror(error_));
+    const char* reason = compressed_ ? compressed_->Failure() : std::strerror(error_);
+    std::fprintf(stderr, "Can't read file %s: %s\n", path.c_str(), reason);
   }
   if (fault_ == ReadFault::SHORTER) {
     std::fprintf(stderr, "File %s has become shorter while it was read\n", path.c_str());
@@ -76,7 +83,11 @@ void BlockFile::TellFault() const {
 }
 
 std::string_view BlockFile::ReadLine(size_t limit) {
-  const auto available = static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left()));
+  auto available = static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left()));
+  if (!Fill(available) && fault_ == ReadFault::NONE) {
+    available =
+        static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left()));  // the end is known by now
+  }
   if (available == 0 || !Fill(available)) return {};
   const uint8_t* begin = block_.data() + next_;
   const auto* feed = static_cast<const uint8_t*>(std::memchr(begin, '\n', available));
@@ -108,8 +119,11 @@ bool BlockFile::Fill(size_t size) {
   while (filled_ < size) {
     const int64_t place = blockStart_ + static_cast<int64_t>(filled_);
     const auto room = std::min(static_cast<int64_t>(block_.size() - filled_), size_ - place);
-    const ssize_t got = pread(descriptor_, block_.data() + filled_, static_cast<size_t>(room), place);
-    if (got < 0 && errno == EINTR) continue;
+    const int64_t got = ReadAt(block_.data() + filled_, static_cast<size_t>(room), place);
+    if (got == 0 && size_ == CompressedFile::UNKNOWN_SIZE) {
+      size_ = place;
+      return false;
+    }
     if (got <= 0) {
       fault_ = got < 0 ? ReadFault::ERROR : ReadFault::SHORTER;
       error_ = errno;
@@ -118,6 +132,14 @@ bool BlockFile::Fill(size_t size) {
     filled_ += static_cast<size_t>(got);
   }
   return true;
+}
+
+int64_t BlockFile::ReadAt(uint8_t* bytes, size_t room, int64_t place) {
+  if (compressed_) return compressed_->Read(bytes, room, place);
+  for (;;) {
+    const ssize_t got = pread(descriptor_, bytes, room, place);
+    if (got >= 0 || errno != EINTR) return got;
+  }
 }
 
 bool BlockFile::SkipLeadingBlock() {

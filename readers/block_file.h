@@ -1,18 +1,24 @@
 // A data file read once, front to back, in large blocks; what is skipped is stepped over.
 //
 // The file ends where it ended when it was opened. If fewer bytes can be read, `fault` says why.
+//
+// A file that zstd has compressed reads as the plain one. All places and sizes are those of the plain file;
+// the size of one without a seek table is known only when its end is met, and is taken for endless before.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "readers/compressed_file.h"
 
 namespace ozmo {
 
 enum class ReadFault {
   NONE,
-  ERROR,    // the system's, a bad sector, a server that went away
+  ERROR,    // the system's, a bad sector, a server that went away; or compressed data that are damaged
   SHORTER,  // the file has been cut since it was opened
 };
 
@@ -35,6 +41,7 @@ class BlockFile {
   OpenResult Open(const std::string& path);
   void Close();
   bool IsOpen() const { return descriptor_ >= 0; }
+  bool IsCompressed() const { return compressed_ != nullptr; }
 
   int64_t Position() const { return blockStart_ + static_cast<int64_t>(next_); }
   int64_t Size() const { return size_; }
@@ -54,10 +61,16 @@ class BlockFile {
   // end of the file, or on a fault.
   std::string_view ReadLine(size_t limit);
   void Skip(int64_t size);
+  // Steps over the records that don't count outside the span of a walk, as far as an index of them goes.
+  void SkipUnmarked() {
+    if (compressed_) Skip(compressed_->NextMark(Position()) - Position());
+  }
 
  private:
   // Makes `size` bytes from next_ on stand in the block; false when the file has fewer, or on a fault.
   bool Fill(size_t size);
+  // As pread of the plain file.
+  int64_t ReadAt(uint8_t* bytes, size_t room, int64_t place);
   bool SkipLeadingBlock();
   // Steps behind the line feed at or after the present position; false at the end of the file.
   bool SkipLine();
@@ -70,6 +83,7 @@ class BlockFile {
   size_t next_ = 0;         // next byte in block_
   size_t filled_ = 0;
   std::vector<uint8_t> block_;
+  std::unique_ptr<CompressedFile> compressed_;  // null: a plain file
   ReadFault fault_ = ReadFault::NONE;
   int error_ = 0;  // the system's number of an ERROR
 };

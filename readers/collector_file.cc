@@ -141,9 +141,9 @@ int CollectorFile::ReadPayload(const Header& header, size_t reach, Payload& payl
 
 // Why a read has failed. A file that has become shorter ends where it ends.
 int CollectorFile::Fault() const {
-  if (file_.fault() == ReadFault::ERROR) return READER_NO_READ;
-  file_.TellFault();
-  return READER_END_OF_FILE;
+  const bool isError = file_.fault() == ReadFault::ERROR;
+  if (!isError || file_.IsCompressed()) file_.TellFault();
+  return isError ? READER_NO_READ : READER_END_OF_FILE;
 }
 
 int CollectorFile::TakeEntryRecord() {
@@ -164,10 +164,11 @@ int CollectorFile::TakeEntryRecord() {
 }
 
 int CollectorFile::TakeWalkRecord(VmrContext& context) {
+  if (IsOutsideWindow()) file_.SkipUnmarked();
   Header header;
   if (const int result = ReadHeader(header); result != READER_DONE) return result;
   if (header.recordType == TAG_RECORD) return TakeTag(header);
-  if (IsOutsideWindow(header.recordType)) {
+  if (header.recordType != format_->timeRecord && IsOutsideWindow()) {
     file_.Skip(header.size);
     return READER_DONE;
   }
@@ -190,8 +191,8 @@ int CollectorFile::PassOverUnknown(const Header& header) {
 
 // Records ahead of the pass's first time record aren't checked: those behind the time stamp that ended the
 // previous pass count for this one.
-bool CollectorFile::IsOutsideWindow(int32_t recordType) const {
-  return state_.currentRecordTime >= 1 && recordType != format_->timeRecord &&
+bool CollectorFile::IsOutsideWindow() const {
+  return state_.currentRecordTime >= 1 &&
          (state_.currentRecordTime < state_.windowStart || state_.currentRecordTime > state_.windowEnd);
 }
 

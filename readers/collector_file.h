@@ -67,7 +67,7 @@ class CollectorFile {
   int ReadHeader(Header& header);
   int ReadPayload(const Header& header, size_t reach, Payload& payload);
   int Fault() const;
-  bool IsOutsideWindow(int32_t recordType) const;
+  bool IsOutsideWindow() const;
   // Calls `visit` for one field behind the other, until it says false.
   template <class Visit>
   void VisitFields(int32_t recordType, const Payload& payload, Visit visit);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "readers/file_set.h"
 #include "readers/formats.h"
 #include "runtime/runtime.h"
 
@@ -24,7 +25,7 @@ DataReader::DataReader(std::string path, Runtime& runtime)
 
 const std::optional<FileHead>& DataReader::Head() {
   if (!std::exchange(isHeadRead_, true)) {
-    head_ = std::visit([&](auto& reader) { return reader.EntryPass(path_); }, reader_);
+    head_ = std::visit([&](auto& reader) { return reader.EntryPass(DataFilePath(path_)); }, reader_);
   }
   return head_;
 }

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "readers/file_set.h"
+
 namespace ozmo {
 namespace {
 
@@ -20,7 +22,8 @@ constexpr PrefixRule PREFIX_RULES[] = {
 }  // namespace
 
 bool IsVmrName(const std::string& path) {
-  const std::string_view name = path;
+  std::string_view name = path;
+  if (name.ends_with(COMPRESSED_ENDING)) name.remove_suffix(COMPRESSED_ENDING.size());
   return name.ends_with(".vmr") || name.ends_with(".VMR") || name.find(".vmr;") != std::string_view::npos ||
          name.find(".VMR;") != std::string_view::npos;
 }

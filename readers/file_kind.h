@@ -12,7 +12,8 @@ enum class ReaderKind { SOLARIS, HPUX, AIX, LINUX, VMR, TRU64 };
 // A path that no rule knows is a Tru64 file.
 ReaderKind ReaderKindOf(const std::string& path);
 
-// A monitor text file by name: ".vmr" or ".VMR" at the end, or ahead of a file version (X.VMR;3).
+// A monitor text file by name: ".vmr" or ".VMR" at the end, or ahead of a file version (X.VMR;3). The ending
+// of a compressed file doesn't count.
 bool IsVmrName(const std::string& path);
 
 }  // namespace ozmo

@@ -1,6 +1,7 @@
 #include "readers/file_set.h"
 
 #include <dirent.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <memory>
@@ -45,6 +46,19 @@ std::optional<SeriesName> ParseSeriesName(const std::string& path) {
 
 }  // namespace
 
+std::string WithoutCompressedEnding(std::string name) {
+  if (name.ends_with(COMPRESSED_ENDING)) name.resize(name.size() - COMPRESSED_ENDING.size());
+  return name;
+}
+
+std::string DataFilePath(const std::string& path) {
+  const auto isThere = [](const std::string& name) { return access(name.c_str(), F_OK) == 0; };
+  if (isThere(path)) return path;
+  std::string other = WithoutCompressedEnding(path);
+  if (other.size() == path.size()) other += COMPRESSED_ENDING;
+  return isThere(other) ? other : path;
+}
+
 std::string DirectoryOf(const std::string& path) {
   const size_t slash = path.rfind('/');
   return slash == std::string::npos ? std::string() : path.substr(0, slash);
@@ -64,7 +78,7 @@ std::vector<std::string> ListDirectory(const std::string& directory) {
 
 std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds start, Seconds end) {
   std::vector<std::string> files;
-  const std::optional<SeriesName> series = ParseSeriesName(dataPath);
+  const std::optional<SeriesName> series = ParseSeriesName(WithoutCompressedEnding(dataPath));
   if (!series) return files;
 
   const std::string directory = DirectoryOf(dataPath);
@@ -72,15 +86,17 @@ std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds star
   const std::string marker = LowerText(series->marker);
   std::set<std::string> listed;
   for (const std::string& name : ListDirectory(directory)) {
-    const size_t dot = name.rfind('.');
+    const std::string plain = WithoutCompressedEnding(name);
+    const size_t dot = plain.rfind('.');
     if (dot == std::string::npos) continue;
-    if (LowerText(name.substr(dot)).find(marker) != std::string::npos) listed.insert(prefix + name);
+    if (LowerText(plain.substr(dot)).find(marker) != std::string::npos) listed.insert(prefix + name);
   }
   if (listed.empty()) return files;
 
   for (const std::string& day : DayFileNames(series->stem, series->extension, start, end)) {
     for (int n = 1;; ++n) {
       std::string file = day + std::to_string(n);
+      if (!listed.contains(file)) file += COMPRESSED_ENDING;
       if (!listed.contains(file)) break;
       files.push_back(std::move(file));
     }

@@ -156,10 +156,6 @@ constexpr FieldRun<AdapterFigures> ADAPTER_FIELDS[] = {
 
 // --- Bytes ---
 
-void PutNumber(std::string& bytes, uint64_t value, size_t count) {
-  for (size_t i = 0; i < count; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
-}
-
 void PutText(std::string& bytes, std::string_view text) {
   constexpr size_t LONGEST = 255;
   text = text.substr(0, LONGEST);
@@ -218,7 +214,66 @@ void PutDefinitions(std::string& bytes, RecordType type, std::span<const FieldRu
   });
 }
 
+// The size of the configuration's field `id` at the begin of `bytes`; 0 where it isn't known or not all
+// there.
+size_t SizeOfField(uint32_t id, std::string_view bytes) {
+  for (const FieldRun<Configuration>& run : CONFIGURATION_FIELDS) {
+    if (static_cast<uint32_t>(run.first) != id || bytes.empty()) continue;
+    const size_t size = run.text == nullptr ? run.size : size_t{1} + static_cast<uint8_t>(bytes[0]);
+    return size <= bytes.size() ? size : 0;
+  }
+  return 0;
+}
+
+// The node in the payload of a configuration record whose fields are those of the payload `ids`; empty where
+// it holds none, or one of another version.
+std::string NodeInConfiguration(std::string_view ids, std::string_view fields) {
+  constexpr uint32_t NODE_FIELD = 504;
+  constexpr uint32_t VERSION_FIELD = 505;
+  std::string node;
+  bool isOfVersion = false;
+  for (; ids.size() >= INT4; ids.remove_prefix(INT4)) {
+    const uint32_t id = NumberAt(ids, 0);
+    const size_t size = SizeOfField(id, fields);
+    if (size == 0) return "";
+    if (id == NODE_FIELD) node = fields.substr(1, size - 1);
+    if (id == VERSION_FIELD) isOfVersion = fields.substr(1, size - 1) == VERSION;
+    fields.remove_prefix(size);
+  }
+  return isOfVersion ? node : "";
+}
+
 }  // namespace
+
+void PutNumber(std::string& bytes, uint64_t value, size_t size) {
+  for (size_t i = 0; i < size; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
+}
+
+uint32_t NumberAt(std::string_view bytes, size_t place) {
+  if (place > bytes.size() || bytes.size() - place < INT4) return 0;
+  uint32_t number = 0;
+  for (size_t i = INT4; i > 0; --i) number = number << 8U | static_cast<uint8_t>(bytes[place + i - 1]);
+  return number;
+}
+
+bool CountsOutsideSpan(uint32_t type) { return type == TIME || type == MARK; }
+
+std::string NodeInHead(std::string_view head) {
+  constexpr size_t HEADER_SIZE = 8;
+  std::string_view ids;
+  bool isFirst = true;
+  while (head.size() >= HEADER_SIZE) {
+    const size_t length = NumberAt(head, 0);
+    const uint32_t type = NumberAt(head, INT4);
+    if (length < HEADER_SIZE || length > head.size() || (isFirst && type != MARK)) return "";
+    const std::string_view payload = head.substr(HEADER_SIZE, length - HEADER_SIZE);
+    if (type == CONFIGURATION * 100) ids = payload;
+    if (type == CONFIGURATION) return NodeInConfiguration(ids, payload);
+    head.remove_prefix(length);
+    isFirst = false;
+  }
+  return "";
+}
 
 std::string HeadRecords(const Configuration& configuration) {
   std::string bytes;

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "programs/host_file/host_figures.h"
 
@@ -34,5 +35,21 @@ std::string TimeRecord(int64_t time);
 // A sample: the time record, the configuration, since processors, memory and the interval's length may
 // change, and what `interval` holds.
 std::string SampleRecords(int64_t time, const Configuration& configuration, const HostFigures& interval);
+
+// --- Of a file that is there ---
+
+// The node that a file of this version is of, by its first bytes; empty where they aren't those of such a
+// file.
+std::string NodeInHead(std::string_view head);
+
+// Whether a record of that type counts outside the span that a reader walks too, as time records and marks
+// do.
+bool CountsOutsideSpan(uint32_t type);
+
+// --- Numbers, little-endian ---
+
+void PutNumber(std::string& bytes, uint64_t value, size_t size);
+// The 4-byte number at `place`; 0 where the bytes end before.
+uint32_t NumberAt(std::string_view bytes, size_t place);
 
 }  // namespace ozmo::host_file

@@ -8,6 +8,7 @@
 #include "catalog/build_catalog.h"
 #include "catalog/platforms.h"
 #include "readers/data_reader.h"
+#include "readers/file_set.h"
 #include "runtime/times.h"
 #include "workload/workload.h"
 
@@ -26,7 +27,7 @@ std::string SpanText(const DataDay& day) {
 }  // namespace
 
 DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
-  if (access(request.dataFile.c_str(), R_OK) != 0) {
+  if (access(DataFilePath(request.dataFile).c_str(), R_OK) != 0) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
   }
   DataDay day;

@@ -12,6 +12,7 @@
 #include "programs/report/options.h"
 #include "programs/report/page.h"
 #include "programs/report/text.h"
+#include "readers/file_set.h"
 #include "runtime/memory.h"
 #include "runtime/messages.h"
 #include "runtime/whole_file.h"
@@ -109,7 +110,7 @@ void PrintList(const std::vector<Section>& sections) {
 
 std::string WritePage(const Options& options, const PageData& data) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
-  const std::optional<FileIdentity> dataFile = IdentityOf(options.dataFile);
+  const std::optional<FileIdentity> dataFile = IdentityOf(DataFilePath(options.dataFile));
   if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
   const std::string page = PageOf(data, "ozmo_report " + ProductIdentityInit().versionText);
   if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);

@@ -54,6 +54,7 @@ std::vector<std::string> VmrNodeFiles(const std::string& dataPath, const std::st
                                       Seconds end) {
   const std::string directory = DirectoryOf(dataPath);
   std::vector<std::string> listed = ListDirectory(directory);
+  for (std::string& name : listed) name = WithoutCompressedEnding(std::move(name));
   std::erase_if(listed, [](const std::string& name) { return !HasExtension(name); });
   const size_t mostOfADay = listed.size();
   const NamesInPath names(std::move(listed));
@@ -67,7 +68,7 @@ std::vector<std::string> VmrNodeFiles(const std::string& dataPath, const std::st
       path.append(day).append("_").append(std::to_string(n)).append(EXTENSION);
       // Names end in the extension, and behind the series that stands at the end of the path only.
       if (!holdsAll && !names.StandAtEndOf(path)) break;
-      files.push_back(std::move(path));
+      files.push_back(DataFilePath(path));
     }
   }
   return files;
