@@ -1,7 +1,8 @@
 # Puts the page's frame together and writes it as a C++ source: style and scripts are set into page.html, and the
 # policy of the page names their hashes, so that a browser runs these and nothing else.
 #
-# cmake -DSOURCE=<folder of page.html> -DDYGRAPHS=<folder of the library> -DOUTPUT=<file.cc> -P embed.cmake
+# cmake -DSOURCE=<folder of page.html> -DSCRIPTS=<names of the page's scripts, in their order, with commas>
+#       -DDYGRAPHS=<folder of the library> -DOUTPUT=<file.cc> -P embed.cmake
 
 # policy_hash(RESULT TEXT): 'sha256-...' of TEXT, in base64.
 function(policy_hash result text)
@@ -25,7 +26,14 @@ endfunction()
 file(READ ${DYGRAPHS}/dygraph.min.js LIBRARY_SCRIPT)
 file(READ ${DYGRAPHS}/dygraph.min.css LIBRARY_STYLE)
 file(READ ${SOURCE}/page.css PAGE_STYLE)
-file(READ ${SOURCE}/page.js PAGE_SCRIPT)
+# One function around all scripts: they see each other, and the document sees none of their names.
+set(PAGE_SCRIPT "// The page of a report. All texts of the data reach the document by textContent.\n'use strict';\n(() => {\n")
+string(REPLACE "," ";" scripts "${SCRIPTS}")
+foreach(script IN LISTS scripts)
+  file(READ ${SOURCE}/${script}.js text)
+  string(APPEND PAGE_SCRIPT "\n${text}")
+endforeach()
+string(APPEND PAGE_SCRIPT "})();\n")
 set(STYLE "${LIBRARY_STYLE}\n${PAGE_STYLE}")
 foreach(part LIBRARY_SCRIPT PAGE_SCRIPT STYLE)
   if("${${part}}" MATCHES "</(script|style)")

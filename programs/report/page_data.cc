@@ -25,6 +25,7 @@ PageGraph GraphOf(const Item& item, const PageData& data) {
   const Overlay overlay = PrepareMainOverlay(*item.record);
   PageGraph graph;
   graph.heading = item.heading;
+  graph.named = item.named;
   graph.unit = overlay.yTitle;
   graph.top = item.record->yMax > 0.0F ? overlay.yMax : 0.0;
   for (size_t set = 0; set < overlay.traces.size(); ++set) {
@@ -110,7 +111,7 @@ void AppendTrace(std::string& json, const PageTrace& trace) {
 void AppendGraph(std::string& json, const PageGraph& graph) {
   json += "{\"title\":" + JsonText(graph.heading) + ",\"unit\":" + JsonText(graph.unit) +
           ",\"top\":" + FigureText(graph.top) + ",\"chart\":" + (graph.hasChart ? "true" : "false") +
-          ",\"traces\":[";
+          (graph.named ? "" : ",\"unnamed\":true") + ",\"traces\":[";
   for (size_t i = 0; i < graph.traces.size(); ++i) {
     if (i > 0) json += ',';
     AppendTrace(json, graph.traces[i]);
@@ -155,9 +156,9 @@ std::string FigureText(double value) { return NumberText(value, 2); }
 
 std::string JsonOf(const PageData& data) {
   std::string json =
-      "{\"start\":" + std::to_string(data.start) + ",\"points\":" + std::to_string(data.pointCount) +
-      ",\"first\":" + std::to_string(data.firstPoint) + ",\"last\":" + std::to_string(data.lastPoint) +
-      ",\"offsets\":" + OffsetsText(data) + ",\"sections\":[";
+      "{\"node\":" + JsonText(data.node) + ",\"start\":" + std::to_string(data.start) +
+      ",\"points\":" + std::to_string(data.pointCount) + ",\"first\":" + std::to_string(data.firstPoint) +
+      ",\"last\":" + std::to_string(data.lastPoint) + ",\"offsets\":" + OffsetsText(data) + ",\"sections\":[";
   for (size_t i = 0; i < data.sections.size(); ++i) {
     if (i > 0) json += ",\n";
     AppendSection(json, data.sections[i]);

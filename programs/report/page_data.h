@@ -27,6 +27,7 @@ struct PageGraph {
   double top = 0.0;  // of the y axis; 0: it follows the data
   std::vector<PageTrace> traces;
   bool hasChart = false;  // false: the page has no room for the points, figures only
+  bool named = true;      // ozmo_graph's -item finds it
 };
 
 struct PageSection {

@@ -1,10 +1,11 @@
 #!/usr/bin/python3
-"""The page of ozmo_report in a browser: charts draw, values are those of the CSV, names stay texts.
+"""The page of ozmo_report in a browser: charts draw, on paper too, figures are those of the CSV, names stay texts.
 
     browser_test.py BUILD_DIRECTORY SOURCE_DIRECTORY
 """
 import csv
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -19,21 +20,31 @@ from selenium.webdriver.chrome.service import Service
 HOSTILE = {b"postmaster": b'<b>&lt;<i>', b"cc1plus": b"<i>'&\x01x"}
 
 
+# What keeps Chromium by itself.
+ALONE = ("--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+         "--disable-background-networking", "--disable-component-update", "--disable-sync")
+
+
 def open_browser(profile):
     options = webdriver.ChromeOptions()
-    for word in ("--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-                 "--disable-background-networking", "--disable-component-update", "--disable-sync",
-                 "--window-size=1280,900", f"--user-data-dir={profile}"):
+    for word in (*ALONE, "--window-size=1280,900", f"--user-data-dir={profile}"):
         options.add_argument(word)
     options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
     return webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
 
 
-def column_of(path, label, clock):
+def column_of(path, label):
+    """Pairs of a clock's reading and the value of a trace, of all lines of a CSV file."""
     rows = list(csv.reader(path.open(encoding="latin-1")))
     head = next(n for n, row in enumerate(rows) if row and row[0] == "Time")
     place = [cell.strip() for cell in rows[head]].index(label)
-    return next(float(row[place]) for row in rows[head + 1:] if row[0].split()[1].startswith(clock))
+    return [(row[0].split()[1][:5], float(row[place])) for row in rows[head + 1:] if row]
+
+
+def visible_titles(browser):
+    return browser.execute_script("""
+        return [...document.querySelectorAll('#sections article.graph')]
+            .filter((card) => card.checkVisibility()).map((card) => card.querySelector('h4').textContent)""")
 
 
 def check_charts(browser):
@@ -57,23 +68,51 @@ def check_charts(browser):
     browser.execute_script("window.scrollTo({top: 0, behavior: 'instant'})")
 
 
+MODES = "csv/overall_cpu_utilization_by_mode.csv"
+
+
+def figures_of(card):
+    """The texts of each trace's row, by its label."""
+    return {row.find_element(By.CSS_SELECTOR, "button").text: [cell.text for cell in row.find_elements(By.TAG_NAME, "td")]
+            for row in card.find_elements(By.CSS_SELECTOR, "tbody tr")}
+
+
 def check_values(browser, directory):
-    """What stands under the pointer is what the CSV file says, also when the keyboard moves the point."""
+    """What is under the pointer is what the CSV file says, also when the keyboard moves the point."""
     card = browser.find_elements(By.CSS_SELECTOR, "article.graph")[1]
     plot = card.find_element(By.CSS_SELECTOR, ".plot")
+    browser.execute_script("arguments[0].scrollIntoView({block: 'center', behavior: 'instant'})", plot)
     webdriver.ActionChains(browser).move_to_element(plot).perform()
     for _ in range(2):
         stamp = card.find_element(By.CSS_SELECTOR, ".stamp").text
-        for row in card.find_elements(By.CSS_SELECTOR, "tbody tr"):
-            label = row.find_element(By.CSS_SELECTOR, "button").text
-            shown = float(row.find_element(By.CSS_SELECTOR, "td.value").text)
-            said = column_of(directory / "csv/overall_cpu_utilization_by_mode.csv", label, stamp)
-            assert shown == said, (stamp, label, shown, said)
+        for label, cells in figures_of(card).items():
+            said = dict(column_of(directory / MODES, label)[:1440])[stamp]
+            assert float(cells[0]) == said, (stamp, label, cells, said)
         plot.send_keys(Keys.ARROW_RIGHT)
         assert card.find_element(By.CSS_SELECTOR, ".stamp").text != stamp
     button = card.find_element(By.CSS_SELECTOR, "tbody button")
     button.send_keys(Keys.SPACE)
     assert button.get_attribute("aria-pressed") == "false"
+    button.send_keys(Keys.SPACE)
+
+
+def check_window(browser, directory):
+    """A drag zooms all charts, and the figures are those of the window."""
+    card = browser.find_elements(By.CSS_SELECTOR, "article.graph")[1]
+    plot = card.find_element(By.CSS_SELECTOR, ".plot")
+    webdriver.ActionChains(browser).move_to_element_with_offset(plot, -40, 0).click_and_hold() \
+        .move_by_offset(120, 0).release().perform()
+    begin, end = re.findall(r"\d\d:\d\d", browser.find_element(By.ID, "window").text)
+    for label, cells in figures_of(card).items():
+        seen = [row for row in column_of(directory / MODES, label)[:1440] if begin <= row[0] <= end]
+        values = sorted(value for _, value in seen)
+        assert 100 < len(values) < 1000, (begin, end)
+        mean, high, peak = (float(text) for text in cells[1:4])
+        assert abs(mean - sum(values) / len(values)) < 0.0051, (label, mean)
+        assert high == values[-(-len(values) * 95 // 100) - 1], (label, high)
+        assert peak == values[-1] and cells[4] == next(time for time, value in seen if value == peak), (label, cells)
+    plot.send_keys("0")
+    assert not browser.find_element(By.ID, "whole").is_enabled()
 
 
 def check_names(browser):
@@ -84,12 +123,58 @@ def check_names(browser):
 
 
 def check_search(browser):
+    """A search finds titles and traces, says which, and folds back what it unfolded."""
     box = browser.find_element(By.ID, "search")
+    before = visible_titles(browser)
     box.send_keys("images TOP")
-    shown = [card.find_element(By.CSS_SELECTOR, "h4").text
-             for card in browser.find_elements(By.CSS_SELECTOR, "article.graph") if card.is_displayed()]
-    assert shown == ["Top 10 Images by CPU Utilization"], shown
+    assert visible_titles(browser) == ["Top 10 Images by CPU Utilization"], visible_titles(browser)
+    for words, least, group in (("sdc", 10, "Disk I/O Metrics"), ("<b>", 1, "CPU Metrics")):
+        box.send_keys(Keys.CONTROL, "a", Keys.DELETE)
+        box.send_keys(words)
+        cards = [card for card in browser.find_elements(By.CSS_SELECTOR, "article.graph") if card.is_displayed()]
+        assert len(cards) >= least, (words, [card.text for card in cards])
+        assert words in cards[0].find_element(By.CSS_SELECTOR, "tr.hit").text
+        assert words in cards[0].find_element(By.CSS_SELECTOR, ".hint").text
+        counts = {link.text.split("\n")[0]: link.text.split("\n")[-1]
+                  for link in browser.find_elements(By.CSS_SELECTOR, "nav a") if link.is_displayed()}
+        assert counts[group] == str(len(cards)), (counts, len(cards))
     box.send_keys(Keys.CONTROL, "a", Keys.DELETE)
+    assert visible_titles(browser) == before
+
+
+def titles_on_paper(text):
+    """Where lines of text are in a PDF: (page, left, bottom) by the text of the line."""
+    places = {}
+    for number, page in enumerate(re.split(r"<page ", text)[1:]):
+        for line in re.findall(r"<line .*?</line>", page, re.DOTALL):
+            words = re.findall(r'xMin="([\d.]+)".*?yMax="([\d.]+)">(.*?)</word>', line)
+            places[" ".join(word for _, _, word in words)] = (number, float(words[0][0]), float(words[0][1]))
+    return places
+
+
+def check_print(browser, page, directory):
+    """Each chart that isn't folded is on the paper with its colours, though nothing was scrolled to."""
+    titles = visible_titles(browser)
+    subprocess.run(["/usr/bin/chromium", *ALONE, f"--user-data-dir={directory / 'print'}", "--no-pdf-header-footer",
+                    f"--print-to-pdf={directory / 'page.pdf'}", page.as_uri()], check=True, capture_output=True)
+    subprocess.run(["pdftoppm", "-r", "72", "page.pdf", "sheet"], cwd=directory, check=True)
+    text = subprocess.run(["pdftotext", "-bbox-layout", "page.pdf", "-"], cwd=directory, check=True,
+                          capture_output=True, text=True).stdout
+    sheets = sorted(directory.glob("sheet-*.ppm"))
+    places = titles_on_paper(text)
+    for title in titles:
+        found = [place for line, place in places.items() if line.startswith(" ".join(title.split())) and place[1] < 60]
+        assert found, (title, sorted(places))
+        number, left, bottom = found[-1]
+        head, size, _, pixels = sheets[number].read_bytes().split(b"\n", 3)
+        assert head == b"P6"
+        width = int(size.split()[0])
+        coloured = 0
+        for y in range(int(bottom), min(int(bottom) + 140, len(pixels) // (3 * width))):
+            row = pixels[3 * width * y + 3 * int(left + 30):3 * width * y + 3 * 300]
+            coloured += sum(max(row[i:i + 3]) - min(row[i:i + 3]) > 60 for i in range(0, len(row) - 2, 3))
+        assert coloured > 40, (title, number, coloured)
+    assert len(titles) / 3 <= len(sheets) <= len(titles) / 2 + 1, (len(sheets), len(titles))
 
 
 def main():
@@ -113,9 +198,11 @@ def main():
         try:
             browser.get((directory / "page.html").as_uri())
             check_values(browser, directory)
+            check_window(browser, directory)
             check_charts(browser)
             check_names(browser)
             check_search(browser)
+            check_print(browser, directory / "page.html", directory)
             log = browser.get_log("browser")
             assert not log, log
         finally:
