@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
   std::setlocale(LC_CTYPE, "");  // the letters of commands and users
   ParsedOptions parsed = ParseOptions(argc, argv);
   if (!parsed.failure.empty()) {
-    PrintError(parsed.failure + "\nozmo_record --help tells more.");
+    PrintError(parsed.failure + "\nozmo_record --help says more.");
     return USAGE;
   }
   if (parsed.action == Action::HELP) {

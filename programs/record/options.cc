@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "programs/record/host_clock.h"
+#include "runtime/option_words.h"
 #include "runtime/times.h"
 
 namespace ozmo::record {
@@ -14,13 +15,13 @@ namespace {
 
 constexpr int END_OF_OPTIONS = -1;
 
-enum LongOption { INTERVAL = 256, COUNT, UNTIL, NODE, HELP, VERSION };
+enum LongOption { INTERVAL = 256, COUNT, UNTIL, NODE, VERSION };
 
 constexpr option LONG_OPTIONS[] = {{"interval", required_argument, nullptr, INTERVAL},
                                    {"count", required_argument, nullptr, COUNT},
                                    {"until", required_argument, nullptr, UNTIL},
                                    {"node", required_argument, nullptr, NODE},
-                                   {"help", no_argument, nullptr, HELP},
+                                   {"help", no_argument, nullptr, 'h'},
                                    {"version", no_argument, nullptr, VERSION},
                                    {nullptr, 0, nullptr, 0}};
 
@@ -43,7 +44,7 @@ std::string TakeUntil(int64_t& until) {
   return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
 }
 
-std::string TakeOption(int number, const std::string& word, ParsedOptions& parsed) {
+std::string TakeOption(int number, int argc, char* const argv[], ParsedOptions& parsed) {
   constexpr int32_t DAY = 86400;
   constexpr int64_t MANY = 1'000'000'000;
   switch (number) {
@@ -56,14 +57,14 @@ std::string TakeOption(int number, const std::string& word, ParsedOptions& parse
     case NODE:
       parsed.options.node = optarg;
       return parsed.options.node.empty() ? "--node takes a name" : "";
-    case HELP:
+    case 'h':
       parsed.action = Action::HELP;
       return "";
     case VERSION:
       parsed.action = Action::VERSION;
       return "";
     default:
-      return number == ':' ? word + " takes a value" : "unknown option " + word;
+      return RefusedOption(number, argc, argv, LONG_OPTIONS);
   }
 }
 
@@ -73,9 +74,9 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
   ParsedOptions parsed;
   opterr = 0;
   for (;;) {
-    const int number = getopt_long(argc, argv, ":", LONG_OPTIONS, nullptr);
+    const int number = getopt_long(argc, argv, ":h", LONG_OPTIONS, nullptr);
     if (number == END_OF_OPTIONS) break;
-    parsed.failure = TakeOption(number, argv[optind - 1], parsed);
+    parsed.failure = TakeOption(number, argc, argv, parsed);
     if (!parsed.failure.empty() || parsed.action != Action::RECORD) return parsed;
   }
   if (optind + 1 == argc && argv[optind][0] != '\0') {
@@ -98,7 +99,8 @@ std::string HelpText() {
          "      --count NUMBER      stop after so many samples\n"
          "      --until TIME        stop at that time: 2012-02-22T08:00 or 22-Feb-2012:08:00:00\n"
          "      --node NAME         host name in the file and in its name (this host's)\n"
-         "      --help, --version\n"
+         "  -h, --help\n"
+         "      --version\n"
          "\n"
          "Without --count and --until it goes on until SIGTERM or SIGINT. The first sample is complete one\n"
          "interval after the start, which may be put off by half a minute. Status: 0 done, 1 a failure, 2 "

@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #include "catalog/build_catalog.h"
 #include "catalog/platforms.h"
@@ -24,11 +26,27 @@ std::string SpanText(const DataDay& day) {
   return TimeFormat(day.begin, "%Y-%m-%d %H:%M:%S") + " to " + TimeFormat(day.end, "%Y-%m-%d %H:%M:%S");
 }
 
+// Why a file that has data shows none of the span.
+std::string NoDataText(const DataDay& day, const DayRequest& request, ReaderKind kind, Seconds first) {
+  const std::string text = request.dataFile + ": no data from " + SpanText(day);
+  const std::string date = TimeFormat(day.begin, "%Y%b%d");
+  const bool isNamed = request.dataFile.find(date) != std::string::npos;
+  // The files of a collector's day are found by the day in their names.
+  if (kind != ReaderKind::VMR && !isNamed && !request.begin) {
+    return text + ": the day is taken from the file's name, which has no \"" + date + "\" in it";
+  }
+  return text + "; its first record is of " + TimeFormat(first, "%Y-%m-%d %H:%M:%S");
+}
+
 }  // namespace
 
 DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   if (access(DataFilePath(request.dataFile).c_str(), R_OK) != 0) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
+  }
+  std::error_code unknown;
+  if (std::filesystem::file_size(request.dataFile, unknown) == 0) {
+    return {std::nullopt, request.dataFile + ": the file is empty"};
   }
   DataDay day;
   DataReader reader(WithDirectory(request.dataFile), runtime);
@@ -45,6 +63,9 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
 
   WorkloadClassList classes;
   if (!request.classFile.empty()) {
+    if (access(request.classFile.c_str(), R_OK) != 0) {
+      return {std::nullopt, request.classFile + ": " + std::strerror(errno)};
+    }
     if (WorkloadLoad(classes, request.classFile) != 1) {
       return {std::nullopt, request.classFile + ": no workload class in this file"};
     }
@@ -52,8 +73,7 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   }
   day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, WantedTitles::All(), runtime);
   if (day.catalog->extent.intervals == 0) {
-    return {std::nullopt, request.dataFile + ": no data from " + SpanText(day) + "; its first record is of " +
-                              TimeFormat(head->firstRecordTime, "%Y-%m-%d %H:%M:%S")};
+    return {std::nullopt, NoDataText(day, request, reader.kind(), head->firstRecordTime)};
   }
   return {std::move(day), ""};
 }

@@ -4,19 +4,21 @@
 
 #include <ctime>
 
+#include "runtime/option_words.h"
+
 namespace ozmo::report {
 namespace {
 
 constexpr int END_OF_OPTIONS = -1;
 
 // A value of its own for each option without a letter.
-enum LongOption { BEGIN = 256, END, ITEM, CLASSES, LIST, CSV, HELP, VERSION };
+enum LongOption { BEGIN = 256, END, ITEM, CLASSES, LIST, CSV, VERSION };
 
 constexpr option LONG_OPTIONS[] = {
     {"begin", required_argument, nullptr, BEGIN}, {"end", required_argument, nullptr, END},
     {"item", required_argument, nullptr, ITEM},   {"classes", required_argument, nullptr, CLASSES},
     {"list", no_argument, nullptr, LIST},         {"csv", required_argument, nullptr, CSV},
-    {"output", required_argument, nullptr, 'o'},  {"help", no_argument, nullptr, HELP},
+    {"output", required_argument, nullptr, 'o'},  {"help", no_argument, nullptr, 'h'},
     {"version", no_argument, nullptr, VERSION},   {nullptr, 0, nullptr, 0}};
 
 std::string TakeTime(std::optional<Seconds>& time, const char* option, const char* text, DayEdge edge) {
@@ -31,7 +33,7 @@ std::string TakeText(std::string& target, const char* option, const char* text) 
   return target.empty() ? std::string(option) + " takes a name" : "";
 }
 
-// Takes one option; answers what is wrong with it.
+// Takes one option; returns what is wrong with it.
 std::string TakeOption(Options& options, int number, const char* value) {
   switch (number) {
     case BEGIN:
@@ -50,7 +52,7 @@ std::string TakeOption(Options& options, int number, const char* value) {
     case LIST:
       options.list = true;
       return "";
-    case HELP:
+    case 'h':
       options.action = Action::HELP;
       return "";
     case VERSION:
@@ -61,14 +63,8 @@ std::string TakeOption(Options& options, int number, const char* value) {
   }
 }
 
-// What getopt has met.
-std::string OptionFailure(int result, char* const argv[]) {
-  const std::string word = argv[optind - 1];
-  return result == ':' ? word + " takes a value" : "unknown option " + word;
-}
-
 std::string CheckOptions(const Options& options) {
-  if (options.begin && options.end && *options.begin >= *options.end) return "--end is not behind --begin";
+  if (options.begin && options.end && *options.begin >= *options.end) return "--end is not after --begin";
   return "";
 }
 
@@ -79,9 +75,9 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
   optind = 1;
   opterr = 0;
   for (;;) {
-    const int result = getopt_long(argc, argv, ":o:", LONG_OPTIONS, nullptr);
+    const int result = getopt_long(argc, argv, ":ho:", LONG_OPTIONS, nullptr);
     if (result == END_OF_OPTIONS) break;
-    parsed.failure = result == '?' || result == ':' ? OptionFailure(result, argv)
+    parsed.failure = result == '?' || result == ':' ? RefusedOption(result, argc, argv, LONG_OPTIONS)
                                                     : TakeOption(parsed.options, result, optarg);
     if (!parsed.failure.empty() || parsed.options.action != Action::REPORT) return parsed;
   }
@@ -116,7 +112,8 @@ std::string HelpText() {
          "      --end TIME          last minute of the span (the end of the day of the begin)\n"
          "      --item TITLE        only this item; may be given more than once\n"
          "      --classes FILE      workload classes (QTX.memory in the working directory)\n"
-         "      --help, --version\n"
+         "  -h, --help\n"
+         "      --version\n"
          "\n"
          "With --list or --csv a page is written only if -o names it. A TIME is local: 2012-02-22T08:00,\n"
          "2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a failure, 2 usage.\n";

@@ -59,7 +59,7 @@ std::string MakeRoom(const SampleKind& kind, const SampleContext& context,
   std::filesystem::create_directories(context.options.directory, error);
   if (error) return context.options.directory + ": " + error.message();
   for (const std::string& path : FilesInTheWay(kind, context, files)) {
-    if (!context.options.replace) return path + ": " + std::strerror(EEXIST);
+    if (!context.options.replace) return path + ": " + std::strerror(EEXIST) + "; --force replaces it";
     if (!std::filesystem::remove(path, error)) return path + ": " + error.message();
   }
   return "";

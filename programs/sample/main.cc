@@ -10,6 +10,7 @@
 
 #include "programs/sample/kinds.h"
 #include "runtime/identity.h"
+#include "runtime/option_words.h"
 
 namespace {
 
@@ -40,7 +41,8 @@ constexpr char HELP[] =
     "  -f, --force               replace the files that DIRECTORY has of these days: files of the same\n"
     "                            names are written over, those with higher numbers are removed\n"
     "      --list                the kinds, their hosts and collector versions, on standard output\n"
-    "      --help, --version     without other arguments\n"
+    "  -h, --help\n"
+    "      --version             without other arguments\n"
     "\n"
     "Without --force nothing is written if one of the files is there already. Status: 0 done, 1 a failure,\n"
     "2 usage.\n";
@@ -75,8 +77,16 @@ constexpr TextOption TEXT_OPTIONS[] = {
 
 constexpr int END_OF_OPTIONS = -1;
 
-// What getopt_long answers: these, or the place of the option in its table.
-enum Letter { DATE = 256, LIST, HELP_TEXT, LITTLE_ENDIAN_NUMBERS, FORCE = 'f', NUMBERS = 512, TEXTS = 1024 };
+// What getopt_long returns: these, or the place of the option in its table.
+enum Letter {
+  DATE = 256,
+  LIST,
+  LITTLE_ENDIAN_NUMBERS,
+  FORCE = 'f',
+  HELP_TEXT = 'h',
+  NUMBERS = 512,
+  TEXTS = 1024
+};
 
 std::vector<option> LongOptions() {
   std::vector<option> options = {{"date", required_argument, nullptr, DATE},
@@ -126,13 +136,9 @@ std::string TakeDate(const char* text, SampleOptions& options) {
   return std::string("--date takes a day from 1971 to 2037 as 2012-02-22, and not \"") + text + "\"";
 }
 
-// Takes what getopt_long has met; answers what is wrong with it.
-std::string TakeOption(int letter, const char* word, SampleOptions& options) {
+// Takes an option that getopt_long has met; returns what is wrong with it.
+std::string TakeOption(int letter, SampleOptions& options) {
   switch (letter) {
-    case '?':
-      return std::string("unknown option ") + word;
-    case ':':
-      return std::string(word) + " takes a value";
     case DATE:
       return TakeDate(optarg, options);
     case LITTLE_ENDIAN_NUMBERS:
@@ -148,7 +154,7 @@ std::string TakeOption(int letter, const char* word, SampleOptions& options) {
 }
 
 int UsageError(const std::string& reason) {
-  std::fprintf(stderr, "ozmo_sample: %s\nozmo_sample --help tells more.\n", reason.c_str());
+  std::fprintf(stderr, "ozmo_sample: %s\nozmo_sample --help says more.\n", reason.c_str());
   return USAGE;
 }
 
@@ -196,11 +202,13 @@ int main(int argc, char** argv) {
   SampleOptions options;
   opterr = 0;
   for (;;) {
-    const int letter = getopt_long(argc, argv, ":f", longOptions.data(), nullptr);
+    const int letter = getopt_long(argc, argv, ":fh", longOptions.data(), nullptr);
     if (letter == END_OF_OPTIONS) break;
     if (letter == HELP_TEXT) return ShowHelp();
     if (letter == LIST) return ListKinds();
-    const std::string wrong = TakeOption(letter, argv[optind - 1], options);
+    const std::string wrong = letter == '?' || letter == ':'
+                                  ? ozmo::RefusedOption(letter, argc, argv, longOptions.data())
+                                  : TakeOption(letter, options);
     if (!wrong.empty()) return UsageError(wrong);
   }
   if (argc - optind != 2) return UsageError("a kind and a directory are wanted, and nothing else");

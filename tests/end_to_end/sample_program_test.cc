@@ -75,7 +75,7 @@ TEST_F(SampleProgramTest, ReplacesADaysFilesOnlyWhenAsked) {
 
   const ProcessResult refused = run({"2", "--seed", "0"});
   EXPECT_EQ(refused.exitStatus, 1);
-  EXPECT_EQ(refused.standardError, "ozmo_sample: " + start + "1: File exists\n");
+  EXPECT_EQ(refused.standardError, "ozmo_sample: " + start + "1: File exists; --force replaces it\n");
   EXPECT_EQ(ReadWholeFile(directory_ / (start + "2")), second);
 
   EXPECT_EQ(run({"2", "--force"}).standardOutput, start + "1\n" + start + "2\n");

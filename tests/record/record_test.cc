@@ -275,6 +275,7 @@ TEST(RecordTest, RefusesInOneLine) {
       {"rm host/*/proc/stat", {}, 1, "/proc/stat: No such file or directory"},
       {"true", {"--interval", "0"}, 2, "--interval takes a whole number from 1 to 86400, and not \"0\""},
       {"true", {"--count"}, 2, "--count takes a value"},
+      {"true", {"-count", "1"}, 2, "unknown option -count; did you mean --count?"},
       {"true",
        {"--until", "30-Feb-2040:08:00:00"},
        2,
@@ -289,7 +290,7 @@ TEST(RecordTest, RefusesInOneLine) {
     Story story(HalfBusy({{1329897630, 1000}, {1329897630, 1000}}));
     const ProcessResult result = story.Record(refusal.options, refusal.setting);
     EXPECT_EQ(result.exitStatus, refusal.status);
-    const std::string more = refusal.status == 2 ? "ozmo_record --help tells more.\n" : "";
+    const std::string more = refusal.status == 2 ? "ozmo_record --help says more.\n" : "";
     EXPECT_EQ(result.standardError, "ozmo_record: " + std::string(refusal.error) + "\n" + more);
     EXPECT_FALSE(std::filesystem::exists(story.DataPath("qtxl_node_2012Feb22.dat_1")));
   }

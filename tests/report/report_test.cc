@@ -104,11 +104,11 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
     std::string said;  // in standard output for status 0, in standard error else
   };
   const Case cases[] = {
-      {{"--help"}, 0, "usage: ozmo_report"},
+      {{"-h"}, 0, "usage: ozmo_report"},
       {{"--version"}, 0, "ozmo_report V"},
       {{data, "-o", "page.html", "--item", "overall cpu utilization"}, 0, "page.html: 1 graph, "},
       {{"./missing.vmr"}, 1, "No such file or directory"},
-      {{empty}, 1, "qtxs_empty.dat_1"},
+      {{empty}, 1, "qtxs_empty.dat_1: the file is empty"},
       {{data, "--begin", "2013-01-01"}, 1, "its first record is of 2012-02-22 08:00:"},
       {{data, "--begin", "1970-01-02", "--end", "2037-01-01"}, 1, "Cannot allocate"},
       {{data, "-o", "/dev/full"}, 1, "No space left on device"},
@@ -116,11 +116,14 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{data, "-o", data}, 1, "is the data file"},
       {{data, "-o", "no_directory/page.html"}, 1, "No such file or directory"},
       {{data, "--classes", empty}, 1, "no workload class"},
+      {{data, "--classes", "nofile"}, 1, "nofile: No such file or directory"},
       {{}, 2, "no data file"},
       {{data, "--begin", "22.2.2012"}, 2, "--begin takes a time"},
       {{data, "--begin", "2012-02-30"}, 2, "--begin takes a time"},
-      {{data, "--begin", "2012-02-22T09:00", "--end", "2012-02-22T08:00"}, 2, "--end is not behind --begin"},
-      {{data, "--nonsense"}, 2, "unknown option --nonsense"},
+      {{data, "--begin", "2012-02-22T09:00", "--end", "2012-02-22T08:00"}, 2, "--end is not after --begin"},
+      {{data, "-graph_file", "x.gif"}, 2, "unknown option -graph_file"},
+      {{data, "-list"}, 2, "unknown option -list; did you mean --list?"},
+      {{data, "--clases=x"}, 2, "did you mean --classes?"},
   };
   for (const Case& test : cases) {
     const ProcessResult result = Run(test.words);
