@@ -32,8 +32,8 @@ class RecordingFile {
   RecordingFile(const RecordingFile&) = delete;
   RecordingFile& operator=(const RecordingFile&) = delete;
 
-  // Makes the next file of the day of `time`, in local time: the first number that isn't taken. Nothing is
-  // overwritten.
+  // Makes the next file of the day of `time`, in local time: the first number that isn't taken, by a
+  // compressed file either. Nothing is overwritten.
   [[nodiscard]] std::string Create(const std::string& directory, const std::string& node, int64_t time);
 
   // Puts `bytes` behind what is in the file, whole or not at all.

@@ -1,5 +1,8 @@
 #include "programs/record/host_clock.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <csignal>
 #include <ctime>
@@ -20,7 +23,7 @@ int64_t MarginOf(int64_t intervalSeconds) {
 }
 
 // Without those that whoever started the recorder has it ignore, as nohup does.
-sigset_t StopSignals() {
+sigset_t HeldSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
@@ -30,6 +33,14 @@ sigset_t StopSignals() {
   }
   return signals;
 }
+
+// Whether the process was started with a terminal of its own; a terminal that is gone can't be asked any
+// more.
+const bool HAD_TERMINAL = [] {
+  const int terminal = open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY);
+  if (terminal >= 0) close(terminal);
+  return terminal >= 0;
+}();
 
 }  // namespace
 
@@ -54,20 +65,22 @@ int64_t DueAfter(int64_t due, const Moment& last, int64_t intervalSeconds) {
   return due - last.steady < shortest ? due + interval : due;
 }
 
-void HoldStopSignals() {
-  const sigset_t signals = StopSignals();
+void HoldSignals() {
+  const sigset_t signals = HeldSignals();
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   // A file that may not grow is a failed write, and no one need be left to read the paths.
   for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
 }
 
-bool SleepUntil(int64_t steady) {
-  const sigset_t signals = StopSignals();
+Wake SleepUntil(int64_t steady) {
+  const sigset_t signals = HeldSignals();
   for (;;) {
     const int64_t left = std::max<int64_t>(steady - Read(CLOCK_MONOTONIC), 0);
     const timespec time{left / NANOSECONDS, left % NANOSECONDS};
-    if (sigtimedwait(&signals, nullptr, &time) > 0) return false;
-    if (Read(CLOCK_MONOTONIC) >= steady) return true;
+    const int signal = sigtimedwait(&signals, nullptr, &time);
+    if (signal == SIGHUP && !HAD_TERMINAL) return Wake::NEW_FILE;
+    if (signal > 0) return Wake::STOP;
+    if (Read(CLOCK_MONOTONIC) >= steady) return Wake::DUE;
   }
 }
 

@@ -30,11 +30,17 @@ int64_t BeginOf(const Moment& moment, int64_t intervalSeconds);
 // on purpose where it would come so soon that readers took both for one.
 int64_t DueAfter(int64_t due, const Moment& last, int64_t intervalSeconds);
 
-// From now on the signals that stop a recorder are taken by SleepUntil alone, so that none is lost and none
+// From now on the signals that a recorder minds are taken by SleepUntil alone, so that none is lost and none
 // comes in the middle of a write.
-void HoldStopSignals();
+void HoldSignals();
 
-// Sleeps until that steady time; false when a signal has stopped the recorder.
-[[nodiscard]] bool SleepUntil(int64_t steady);
+enum class Wake {
+  DUE,
+  STOP,      // SIGTERM or SIGINT; SIGHUP where a terminal has gone away
+  NEW_FILE,  // SIGHUP for who has no terminal
+};
+
+// Sleeps until that steady time, or until a signal comes.
+[[nodiscard]] Wake SleepUntil(int64_t steady);
 
 }  // namespace ozmo::record

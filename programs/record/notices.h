@@ -6,7 +6,10 @@
 
 namespace ozmo::record {
 
+// In the journal the three have the priorities of an error, a warning and an information.
 void PrintError(const std::string& text);
+void PrintWarning(const std::string& text);
+void PrintNotice(const std::string& text);
 
 // Words on what is left out of a recording. Each is said once, however often it is met.
 class Notices {

@@ -15,15 +15,14 @@ namespace {
 
 constexpr int END_OF_OPTIONS = -1;
 
-enum LongOption { INTERVAL = 256, COUNT, UNTIL, NODE, VERSION };
+enum LongOption { INTERVAL = 256, COUNT, UNTIL, NODE, KEEP, KEEP_SIZE, NO_COMPRESS, VERSION };
 
-constexpr option LONG_OPTIONS[] = {{"interval", required_argument, nullptr, INTERVAL},
-                                   {"count", required_argument, nullptr, COUNT},
-                                   {"until", required_argument, nullptr, UNTIL},
-                                   {"node", required_argument, nullptr, NODE},
-                                   {"help", no_argument, nullptr, 'h'},
-                                   {"version", no_argument, nullptr, VERSION},
-                                   {nullptr, 0, nullptr, 0}};
+constexpr option LONG_OPTIONS[] = {
+    {"interval", required_argument, nullptr, INTERVAL}, {"count", required_argument, nullptr, COUNT},
+    {"until", required_argument, nullptr, UNTIL},       {"node", required_argument, nullptr, NODE},
+    {"keep", required_argument, nullptr, KEEP},         {"keep-size", required_argument, nullptr, KEEP_SIZE},
+    {"no-compress", no_argument, nullptr, NO_COMPRESS}, {"help", no_argument, nullptr, 'h'},
+    {"version", no_argument, nullptr, VERSION},         {nullptr, 0, nullptr, 0}};
 
 template <class Number>
 std::string TakeNumber(const char* option, Number largest, Number& number) {
@@ -44,9 +43,26 @@ std::string TakeUntil(int64_t& until) {
   return until > Now().Stamp() ? "" : std::string("--until ") + optarg + " is past";
 }
 
+// A number of bytes, or of units of 1024 and its powers.
+std::string TakeSize(int64_t& size) {
+  constexpr std::string_view UNITS = "KMGT";
+  constexpr int64_t LARGEST = int64_t{1} << 50U;
+  const std::string_view text = optarg;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), size);
+  const std::string_view unit = text.substr(static_cast<size_t>(end - text.data()));
+  const size_t power = unit.empty() ? 0 : UNITS.find(unit) + 1;  // 0 again for what is no unit
+  const bool isUnit = unit.empty() || (unit.size() == 1 && power > 0);
+  if (error == std::errc() && isUnit && size >= 1 && size <= LARGEST >> (10 * power)) {
+    size <<= 10 * power;
+    return "";
+  }
+  return "--keep-size takes a size as 800M or 20G, and not \"" + std::string(text) + "\"";
+}
+
 std::string TakeOption(int number, int argc, char* const argv[], ParsedOptions& parsed) {
   constexpr int32_t DAY = 86400;
   constexpr int64_t MANY = 1'000'000'000;
+  constexpr int32_t MOST_DAYS = 36500;
   switch (number) {
     case INTERVAL:
       return TakeNumber("--interval", DAY, parsed.options.intervalSeconds);
@@ -57,6 +73,13 @@ std::string TakeOption(int number, int argc, char* const argv[], ParsedOptions& 
     case NODE:
       parsed.options.node = optarg;
       return parsed.options.node.empty() ? "--node takes a name" : "";
+    case KEEP:
+      return TakeNumber("--keep", MOST_DAYS, parsed.options.retention.keepDays);
+    case KEEP_SIZE:
+      return TakeSize(parsed.options.retention.keepBytes);
+    case NO_COMPRESS:
+      parsed.options.retention.compresses = false;
+      return "";
     case 'h':
       parsed.action = Action::HELP;
       return "";
@@ -99,6 +122,9 @@ std::string HelpText() {
          "      --count NUMBER      stop after so many samples\n"
          "      --until TIME        stop at that time: 2012-02-22T08:00 or 22-Feb-2012:08:00:00\n"
          "      --node NAME         host name in the file and in its name (this host's)\n"
+         "      --keep DAYS         remove older days than so many before the present one\n"
+         "      --keep-size SIZE    remove the oldest days while all take more, as 800M or 20G\n"
+         "      --no-compress       leave finished days as they are\n"
          "  -h, --help\n"
          "      --version\n"
          "\n"

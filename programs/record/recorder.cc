@@ -13,6 +13,7 @@
 #include "programs/record/host_clock.h"
 #include "programs/record/host_reader.h"
 #include "programs/record/notices.h"
+#include "programs/record/service.h"
 #include "runtime/times.h"
 
 namespace ozmo::record {
@@ -20,7 +21,10 @@ namespace {
 
 class Recorder {
  public:
-  explicit Recorder(const RecorderOptions& options) : options_(options), reader_(notices_) {}
+  explicit Recorder(const RecorderOptions& options)
+      : options_(options),
+        reader_(notices_),
+        retention_(options.directory, options.node, options.retention, notices_) {}
 
   std::string Run();
 
@@ -28,7 +32,10 @@ class Recorder {
   std::string Walk();
   std::string TakeSample();
   std::string WriteSample(int64_t begin, int64_t stamp, const host_file::HostFigures& figures);
-  std::string BeginFile(int64_t begin, int64_t stamp);
+  std::string BeginFile(int64_t begin, int64_t stamp, bool dayHasPassed);
+  std::string BeginNextFile();
+  // Sleeps until the next sample is due, and says now and then that all is well.
+  Wake Sleep() const;
   std::string EndFile(int64_t closingStamp);
   host_file::Configuration ConfigurationOf(const host_file::HostFigures& figures, int64_t stamp,
                                            int64_t seconds) const;
@@ -40,6 +47,7 @@ class Recorder {
   const RecorderOptions& options_;
   Notices notices_;
   HostReader reader_;
+  Retention retention_;
   host_file::DirectoryLock lock_;
   host_file::RecordingFile file_;
   int64_t samplesInFile_ = 0;
@@ -53,6 +61,7 @@ class Recorder {
 std::string Recorder::Run() {
   if (std::string failure = lock_.Take(options_.directory, options_.node); !failure.empty()) return failure;
   std::string failure = Walk();
+  SayStopping();
   if (!file_.IsOpen()) return failure;
   std::string closing = EndFile(ClosingStamp());
   return failure.empty() ? closing : failure;
@@ -60,19 +69,47 @@ std::string Recorder::Run() {
 
 std::string Recorder::Walk() {
   due_ = BeginOf(Now(), options_.intervalSeconds);
-  if (!SleepUntil(due_)) return "";
+  Wake begin = Sleep();
+  while (begin == Wake::NEW_FILE) begin = Sleep();
+  if (begin == Wake::STOP) return "";
   moment_ = Now();
   stamp_ = moment_.Stamp();
   if (options_.until > 0 && options_.until < ClosingStamp()) {
     return "--until comes before the end of the first sample";
   }
   if (!reader_.Read(host_)) return reader_.Failure();
-  if (std::string failure = BeginFile(stamp_, stamp_); !failure.empty()) return failure;
+  if (std::string failure = BeginFile(stamp_, stamp_, false); !failure.empty()) {
+    return failure;
+  }
   for (;;) {
     due_ = DueAfter(due_, moment_, options_.intervalSeconds);
-    if (ReachesLimit() || !SleepUntil(due_)) return "";
+    if (ReachesLimit()) return "";
+    Wake wake = Sleep();
+    while (wake == Wake::NEW_FILE) {
+      if (std::string failure = BeginNextFile(); !failure.empty()) return failure;
+      wake = Sleep();
+    }
+    if (wake == Wake::STOP) return "";
     if (std::string failure = TakeSample(); !failure.empty()) return failure;
+    retention_.Step();
   }
+}
+
+Wake Recorder::Sleep() const {
+  for (;;) {
+    const int64_t now = Now().steady;
+    const int64_t pause = std::min(AliveInterval(), std::max<int64_t>(due_ - now, 0));
+    const Wake wake = SleepUntil(now + pause);
+    SayAlive();
+    if (wake != Wake::DUE || now + pause >= due_) return wake;
+  }
+}
+
+// Ends the present file, unless it has no sample yet, and goes on in the next of the day.
+std::string Recorder::BeginNextFile() {
+  if (samplesInFile_ == 0) return "";
+  if (std::string failure = EndFile(ClosingStamp()); !failure.empty()) return failure;
+  return BeginFile(stamp_, stamp_, false);
 }
 
 bool Recorder::ReachesLimit() const {
@@ -110,7 +147,7 @@ std::string Recorder::WriteSample(int64_t begin, int64_t stamp, const host_file:
   std::string bytes;
   if (host_file::FileDate(stamp) != file_.Date()) {
     if (std::string failure = EndFile(std::max(stamp, ClosingStamp())); !failure.empty()) return failure;
-    if (std::string failure = BeginFile(begin, stamp); !failure.empty()) return failure;
+    if (std::string failure = BeginFile(begin, stamp, begin == stamp_); !failure.empty()) return failure;
   } else if (begin != stamp_) {
     if (begin < stamp_) bytes += host_file::TimeRecord(ClosingStamp());
     bytes += host_file::TimeRecord(begin);
@@ -125,7 +162,7 @@ std::string Recorder::WriteSample(int64_t begin, int64_t stamp, const host_file:
 }
 
 // A file begins with the time at which its first sample begins; its day is that of `stamp`.
-std::string Recorder::BeginFile(int64_t begin, int64_t stamp) {
+std::string Recorder::BeginFile(int64_t begin, int64_t stamp, bool dayHasPassed) {
   if (std::string failure = file_.Create(options_.directory, options_.node, stamp); !failure.empty()) {
     return failure;
   }
@@ -139,6 +176,8 @@ std::string Recorder::BeginFile(int64_t begin, int64_t stamp) {
   }
   std::printf("%s\n", file_.Path().c_str());
   std::fflush(stdout);
+  SayReady(file_.Path());
+  retention_.BeginFile(file_.Date(), dayHasPassed);
   return "";
 }
 
@@ -174,7 +213,7 @@ host_file::Configuration Recorder::ConfigurationOf(const host_file::HostFigures&
 }  // namespace
 
 std::string Record(const RecorderOptions& options) {
-  HoldStopSignals();
+  HoldSignals();
   Recorder recorder(options);
   return recorder.Run();
 }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "programs/record/retention.h"
+
 namespace ozmo::record {
 
 struct RecorderOptions {
@@ -12,6 +14,7 @@ struct RecorderOptions {
   int32_t intervalSeconds = 60;
   int64_t count = 0;  // samples; 0: no limit
   int64_t until = 0;  // seconds since 1970; 0: no limit
+  RetentionOptions retention;
 };
 
 // Records this host until a limit is reached or a signal comes. Prints the path of each file when it is
