@@ -33,7 +33,7 @@ void WalkDay(benchmark::State& state, ReaderKind kind) {
     context.periodStart = reader.Head().value().firstRecordTime;
     context.periodEnd = context.periodStart + SECONDS_PER_DAY;
     if (reader.Open(context) > 0) {
-      while (reader.Next(context) >= 1) ++intervals;
+      while (reader.Next(context) == ReaderResult::DONE) ++intervals;
     }
     reader.Close(context);
   }

@@ -18,13 +18,9 @@ void LoadClasses(WorkloadClassList& classes, const char* secondFile) {
   classes.classesLoaded = true;
 }
 
-void Walk(const PlatformSpec& platform, CatalogBuild& build, DataReader& reader, VmrContext& interval,
-          Runtime& runtime) {
+void Walk(CatalogBuild& build, DataReader& reader, VmrContext& interval, Runtime& runtime) {
   bool isAnnounced = false;
-  for (;;) {
-    const int result = reader.Next(interval);
-    if (result == platform.skippedResult) continue;
-    if (result < 1) return;
+  while (reader.Next(interval) == ReaderResult::DONE) {
     if (runtime.progressSink) runtime.progressSink(interval.periodEnd);
     if (build.TakeInterval(interval) && !isAnnounced) {
       MessageEmit(runtime, PLAIN_MESSAGE, {"Processing " + interval.nodeName + " ..."});
@@ -48,7 +44,7 @@ std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span,
   CatalogBuild build(platform, classes, span, *catalog);
   interval.kinds = build.needs().records;
   const int opened = reader.Open(interval);
-  if (opened >= 1 || platform.walksWithoutOpen) Walk(platform, build, reader, interval, runtime);
+  if (opened > 0 || platform.walksWithoutOpen) Walk(build, reader, interval, runtime);
   build.FinishGraphs();
   reader.Close(interval);
   build.FinishSeries();

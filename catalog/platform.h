@@ -1,7 +1,6 @@
 // What is particular to one platform's catalog: the constant description that the builder runs on.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -97,11 +96,10 @@ struct PlatformSpec {
 
   PointCountRule pointCountRule = PointCountRule::OF_QUOTIENTS;
   PointRule pointRule = PointRule::TRUNCATED;
-  int gapExtra = 0;                       // maxGap is the interval in minutes plus this
-  bool dropsBeyondEnd = false;            // an interval behind the last point is dropped
-  bool walksWithoutOpen = false;          // the walk starts whatever opening answered
-  std::optional<int> skippedResult = {};  // a result of the reader that skips the interval and goes on
-  Seconds detailLimit = 0;  // a longer span has no disks and file systems in detail; 0: no limit
+  int gapExtra = 0;               // maxGap is the interval in minutes plus this
+  bool dropsBeyondEnd = false;    // an interval behind the last point is dropped
+  bool walksWithoutOpen = false;  // the walk starts whatever opening answered
+  Seconds detailLimit = 0;        // a longer span has no disks and file systems in detail; 0: no limit
   const char* secondClassFile = nullptr;
 
   // Whether an interval counts. One without processor data doesn't: nothing of it is stored, and its minute

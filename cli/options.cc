@@ -197,7 +197,7 @@ void PrintUsage() {
       stdout);
 }
 
-int ParseCommandLine(int argc, char* const argv[], RunRequest& request) {
+void ParseCommandLine(int argc, char* const argv[], RunRequest& request) {
   request.hostName.clear();
   if (argc < 2) ExitWithUsage(USAGE_STATUS);
 
@@ -207,7 +207,6 @@ int ParseCommandLine(int argc, char* const argv[], RunRequest& request) {
   ParseState state{request};
   for (size_t index = 0; index < words.size(); ++index) TestWord(state, words, index);
   CheckRequirements(state);
-  return 1;
 }
 
 }  // namespace ozmo

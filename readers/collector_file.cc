@@ -36,11 +36,16 @@ CollectorFile::CollectorFile(const CollectorFormat& format, Runtime& runtime)
 
 // --- Passes ---
 
-int CollectorFile::EntryPass(const std::string& path) {
+ReaderResult CollectorFile::EntryPass(const std::string& path) {
   order_ = format_->byteOrderOf(path);
   UseTable(*format_->entryTable);
-  if (file_.Open(path) != OpenResult::DONE) return TellResult(READER_NO_OPEN, path);
+  ReaderResult result = ReaderResult::NO_OPEN;
+  if (file_.Open(path) == OpenResult::DONE) result = TakeHead(path);
+  ReportResult(result, path);
+  return result;
+}
 
+ReaderResult CollectorFile::TakeHead(const std::string& path) {
   // What survives a pass is the last time stamp, and what an earlier file of the run has switched on.
   ReaderState fresh;
   fresh.filePath = path;
@@ -52,110 +57,102 @@ int CollectorFile::EntryPass(const std::string& path) {
   fresh.intervalSeconds = ENTRY_INTERVAL;
   state_ = std::move(fresh);
 
-  int result = READER_DONE;
-  while (result == READER_DONE && CheckEntry() != READER_DONE) result = TakeEntryRecord();
+  ReaderResult result = ReaderResult::DONE;
+  while (result == ReaderResult::DONE && CheckEntry() != ReaderResult::DONE) result = TakeEntryRecord();
   file_.Close();
   types_.DropOrderLists();  // the walk reads them again
-  if (result != READER_BASIC_DATA && result != READER_NO_READ) result = CheckEntry();
-  if (result == READER_DONE) {
+  if (result != ReaderResult::BASIC_DATA && result != ReaderResult::NO_READ) result = CheckEntry();
+  if (result == ReaderResult::DONE) {
     state_.firstRecordTime = FormatLocalTime(state_.firstRecordTime, state_.utcOffset);
   }
-  return TellResult(result, path);
+  return result;
 }
 
 OpenResult CollectorFile::Open(const std::string& path) {
   order_ = format_->byteOrderOf(path);
   const OpenResult result = file_.Open(path);
-  if (result == OpenResult::NO_FILE) TellResult(READER_NO_OPEN, path);
+  if (result == OpenResult::NO_FILE) ReportResult(ReaderResult::NO_OPEN, path);
   return result;
 }
 
-int CollectorFile::WalkPass(VmrContext& context) {
+ReaderResult CollectorFile::WalkPass(VmrContext& context) {
   state_.windowStart = context.periodStart;
   state_.windowEnd = context.periodEnd;
   state_.currentRecordTime = 0;
   ++state_.pass;
-  int result = READER_DONE;
-  while (result == READER_DONE) result = TakeWalkRecord(context);
-  if (result == READER_NOTHING) result = READER_DONE;  // the window is over
+  ReaderResult result = ReaderResult::DONE;
+  while (result == ReaderResult::DONE) result = TakeWalkRecord(context);
+  if (result == ReaderResult::NOTHING) result = ReaderResult::DONE;  // the window is over
   const bool endsAheadOfWindow =
       state_.currentRecordTime != 0 && state_.currentRecordTime < state_.windowStart;
-  if (endsAheadOfWindow && result != READER_NO_READ) result = READER_OUTSIDE_WINDOW;
-  return TellResult(result, state_.filePath);
+  if (endsAheadOfWindow && result != ReaderResult::NO_READ) result = ReaderResult::OUTSIDE_WINDOW;
+  ReportResult(result, state_.filePath);
+  return result;
 }
 
-// Tells the user what a result means, where it means anything to them.
-int CollectorFile::TellResult(int result, const std::string& path) {
+// Says what a result means, where it means anything to the user.
+void CollectorFile::ReportResult(ReaderResult result, const std::string& path) {
   switch (result) {
-    case READER_DONE:
-    case READER_END_OF_FILE:
-    case READER_OUTSIDE_WINDOW:
+    case ReaderResult::DONE:
+    case ReaderResult::NOTHING:
+    case ReaderResult::END_OF_FILE:
+    case ReaderResult::OUTSIDE_WINDOW:
       break;
-    case READER_UNSUPPORTED_VERSION:
+    case ReaderResult::UNSUPPORTED_VERSION:
       MessageEmit(*runtime_, "MW_VERSION",
                   {state_.collectorVersion.empty() ? "???" : state_.collectorVersion, path});
       break;
-    case READER_NO_OPEN:
+    case ReaderResult::NO_OPEN:
       MessageEmit(*runtime_, "NOOPEN", {path});
       break;
-    case READER_NO_READ:
+    case ReaderResult::NO_READ:
       MessageEmit(*runtime_, "NOREAD", {path});
       break;
-    case READER_UNSUPPORTED:
-      MessageEmit(*runtime_, "MW_UNSUPPORTED");
-      break;
-    case READER_BASIC_DATA:
+    case ReaderResult::BASIC_DATA:
       MessageEmit(*runtime_, "MW_BASIC_DATA", {path});
       break;
-    case READER_NO_CONFIGURATION:
-      MessageEmit(*runtime_, "NO_REC_DATA_IN_INTERVAL", {"CONFIGURATION"});
-      break;
-    default:
-      MessageEmit(*runtime_, "MW_FILE_PROC", {path});
-      break;
   }
-  return result;
 }
 
 // --- Records ---
 
-int CollectorFile::ReadHeader(Header& header) {
-  if (file_.Left() <= 0) return READER_END_OF_FILE;
+ReaderResult CollectorFile::ReadHeader(Header& header) {
+  if (file_.Left() <= 0) return ReaderResult::END_OF_FILE;
   const uint8_t* bytes = file_.Read(HEADER_SIZE);
   if (bytes == nullptr) return Fault();
   const uint32_t recordLength = LoadUint32(bytes, order_);
-  if (recordLength < HEADER_SIZE) return READER_END_OF_FILE;
+  if (recordLength < HEADER_SIZE) return ReaderResult::END_OF_FILE;
   header.recordType = static_cast<int32_t>(LoadUint32(bytes + 4, order_));
   header.size = int64_t{recordLength} - static_cast<int64_t>(HEADER_SIZE);
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
-int CollectorFile::ReadPayload(const Header& header, size_t reach, Payload& payload) {
-  if (header.size > file_.Left()) return READER_END_OF_FILE;  // cut off by the end of the file
+ReaderResult CollectorFile::ReadPayload(const Header& header, size_t reach, Payload& payload) {
+  if (header.size > file_.Left()) return ReaderResult::END_OF_FILE;  // cut off by the end of the file
   payload.size = static_cast<size_t>(std::min(header.size, static_cast<int64_t>(reach)));
   payload.bytes = file_.Read(payload.size);
   if (payload.bytes == nullptr) return Fault();
   file_.Skip(header.size - static_cast<int64_t>(payload.size));
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 // Why a read has failed. A file that has become shorter ends where it ends.
-int CollectorFile::Fault() const {
+ReaderResult CollectorFile::Fault() const {
   const bool isError = file_.fault() == ReadFault::ERROR;
   if (!isError || file_.IsCompressed()) file_.TellFault();
-  return isError ? READER_NO_READ : READER_END_OF_FILE;
+  return isError ? ReaderResult::NO_READ : ReaderResult::END_OF_FILE;
 }
 
-int CollectorFile::TakeEntryRecord() {
+ReaderResult CollectorFile::TakeEntryRecord() {
   Header header;
-  if (const int result = ReadHeader(header); result != READER_DONE) return result;
+  if (const ReaderResult result = ReadHeader(header); result != ReaderResult::DONE) return result;
   if (header.recordType == TAG_RECORD) return TakeTag(header);
   const bool isTime = header.recordType == format_->timeRecord;
   const bool isConfiguration = header.recordType == CONFIG_RECORD;
   // Data and divisors tell this pass nothing. Types in steps of 100 aren't passed over, known or not.
   if (!isTime && !isConfiguration && static_cast<uint32_t>(header.recordType) % 100 != 0) {
     file_.Skip(header.size);
-    return READER_DONE;
+    return ReaderResult::DONE;
   }
   const RecordMeaning meaning = types_.MeaningOf(header.recordType);
   if (meaning.sort == RecordSort::UNKNOWN) return PassOverUnknown(header);
@@ -163,14 +160,14 @@ int CollectorFile::TakeEntryRecord() {
   return isTime ? TakeEntryTime(header) : TakeEntryFields(header);
 }
 
-int CollectorFile::TakeWalkRecord(VmrContext& context) {
+ReaderResult CollectorFile::TakeWalkRecord(VmrContext& context) {
   if (IsOutsideWindow()) file_.SkipUnmarked();
   Header header;
-  if (const int result = ReadHeader(header); result != READER_DONE) return result;
+  if (const ReaderResult result = ReadHeader(header); result != ReaderResult::DONE) return result;
   if (header.recordType == TAG_RECORD) return TakeTag(header);
   if (header.recordType != format_->timeRecord && IsOutsideWindow()) {
     file_.Skip(header.size);
-    return READER_DONE;
+    return ReaderResult::DONE;
   }
   const RecordMeaning meaning = types_.MeaningOf(header.recordType);
   if (meaning.sort == RecordSort::UNKNOWN) return PassOverUnknown(header);
@@ -179,14 +176,14 @@ int CollectorFile::TakeWalkRecord(VmrContext& context) {
   const DecoderRow* decoder = types_.DecoderOf(header.recordType);
   if (decoder != nullptr) return TakeData(*decoder, header, context);
   file_.Skip(header.size);
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 // An unknown type ends the pass as if the interval were over; the file goes on behind the record.
-int CollectorFile::PassOverUnknown(const Header& header) {
-  if (header.size > file_.Left()) return READER_END_OF_FILE;
+ReaderResult CollectorFile::PassOverUnknown(const Header& header) {
+  if (header.size > file_.Left()) return ReaderResult::END_OF_FILE;
   file_.Skip(header.size);
-  return READER_NOTHING;
+  return ReaderResult::NOTHING;
 }
 
 // Records ahead of the pass's first time record aren't checked: those behind the time stamp that ended the
@@ -196,39 +193,39 @@ bool CollectorFile::IsOutsideWindow() const {
          (state_.currentRecordTime < state_.windowStart || state_.currentRecordTime > state_.windowEnd);
 }
 
-int CollectorFile::TakeTag(const Header& header) {
+ReaderResult CollectorFile::TakeTag(const Header& header) {
   if (!format_->keepsTag) {
     file_.Skip(header.size);
-    return READER_DONE;
+    return ReaderResult::DONE;
   }
   Payload payload;
-  const int result = ReadPayload(header, LONGEST_FIELD, payload);
-  if (result != READER_DONE) return result;
+  const ReaderResult result = ReadPayload(header, LONGEST_FIELD, payload);
+  if (result != ReaderResult::DONE) return result;
   state_.collectorTag.clear();
-  if (payload.size == 0) return READER_DONE;
+  if (payload.size == 0) return ReaderResult::DONE;
   // A length byte that tells more than there is: the text is what there is.
   const std::string_view text(reinterpret_cast<const char*>(payload.bytes + 1),
                               std::min<size_t>(payload.bytes[0], payload.size - 1));
   state_.collectorTag = text.substr(0, text.find('\0'));
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
-int CollectorFile::TakeList(const RecordMeaning& meaning, const Header& header) {
+ReaderResult CollectorFile::TakeList(const RecordMeaning& meaning, const Header& header) {
   Payload payload;
-  const int result = ReadPayload(header, types_.ListReach(), payload);
-  if (result == READER_DONE) types_.StoreList(meaning, {payload.bytes, payload.size});
+  const ReaderResult result = ReadPayload(header, types_.ListReach(), payload);
+  if (result == ReaderResult::DONE) types_.StoreList(meaning, {payload.bytes, payload.size});
   return result;
 }
 
-int CollectorFile::TakeData(const DecoderRow& decoder, const Header& header, VmrContext& context) {
+ReaderResult CollectorFile::TakeData(const DecoderRow& decoder, const Header& header, VmrContext& context) {
   RecordPlan* plan = types_.PlanOf(header.recordType);
   Payload payload;
-  const int result = ReadPayload(header, plan->reach(), payload);
-  if (result != READER_DONE) return result;
+  const ReaderResult result = ReadPayload(header, plan->reach(), payload);
+  if (result != ReaderResult::DONE) return result;
   Decoding decoding{context, state_, header.recordType == decoder.twin,
                     plan->Place(payload.bytes, payload.size)};
   decoder.decode(decoding);
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 template <class Visit>
@@ -252,36 +249,37 @@ void CollectorFile::VisitFields(int32_t recordType, const Payload& payload, Visi
 
 // --- The entry pass ---
 
-int CollectorFile::CheckEntry() const {
+ReaderResult CollectorFile::CheckEntry() const {
   if (state_.collectorVersion.empty()) {
-    return format_->missingVersionIsUnsupported ? READER_UNSUPPORTED_VERSION : READER_BASIC_DATA;
+    return format_->missingVersionIsUnsupported ? ReaderResult::UNSUPPORTED_VERSION
+                                                : ReaderResult::BASIC_DATA;
   }
-  if (state_.firstRecordTime < 1 || state_.nodeName.empty()) return READER_BASIC_DATA;
-  return READER_DONE;
+  if (state_.firstRecordTime < 1 || state_.nodeName.empty()) return ReaderResult::BASIC_DATA;
+  return ReaderResult::DONE;
 }
 
-int CollectorFile::TakeEntryTime(const Header& header) {
+ReaderResult CollectorFile::TakeEntryTime(const Header& header) {
   Payload payload;
-  int result = ReadPayload(header, types_.RecordReach(), payload);
-  if (result != READER_DONE) return result;
+  ReaderResult result = ReadPayload(header, types_.RecordReach(), payload);
+  if (result != ReaderResult::DONE) return result;
   VisitFields(header.recordType, payload, [&](const FieldValue& field) {
     if (field.fieldId != format_->timeField) return true;
     state_.firstRecordTime = TimeOf(field);
-    if (state_.collectorVersion.empty()) result = READER_BASIC_DATA;
-    return result == READER_DONE;
+    if (state_.collectorVersion.empty()) result = ReaderResult::BASIC_DATA;
+    return result == ReaderResult::DONE;
   });
   return result;
 }
 
-int CollectorFile::TakeEntryFields(const Header& header) {
+ReaderResult CollectorFile::TakeEntryFields(const Header& header) {
   Payload payload;
-  const int result = ReadPayload(header, types_.RecordReach(), payload);
-  if (result != READER_DONE) return result;
+  const ReaderResult result = ReadPayload(header, types_.RecordReach(), payload);
+  if (result != ReaderResult::DONE) return result;
   VisitFields(header.recordType, payload, [&](const FieldValue& field) {
     StoreEntryField(field);
     return true;
   });
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 void CollectorFile::StoreEntryField(const FieldValue& field) {
@@ -334,16 +332,16 @@ void CollectorFile::UseTable(const RecordTable& table) {
 
 // --- Times ---
 
-int CollectorFile::TakeTime(const Header& header) {
+ReaderResult CollectorFile::TakeTime(const Header& header) {
   Payload payload;
-  const int result = ReadPayload(header, types_.RecordReach(), payload);
-  if (result != READER_DONE) return result;
+  const ReaderResult result = ReadPayload(header, types_.RecordReach(), payload);
+  if (result != ReaderResult::DONE) return result;
   bool isInWindow = true;
   VisitFields(header.recordType, payload, [&](const FieldValue& field) {
     if (field.fieldId == format_->timeField) isInWindow = StoreTime(TimeOf(field));
     return isInWindow;
   });
-  return isInWindow ? READER_DONE : READER_NOTHING;
+  return isInWindow ? ReaderResult::DONE : ReaderResult::NOTHING;
 }
 
 Seconds CollectorFile::TimeOf(const FieldValue& field) const {

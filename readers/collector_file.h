@@ -12,7 +12,7 @@
 
 #include "readers/block_file.h"
 #include "readers/collector_format.h"
-#include "readers/reader_status.h"
+#include "readers/reader_result.h"
 #include "readers/record_types.h"
 
 namespace ozmo {
@@ -23,16 +23,16 @@ class CollectorFile {
  public:
   CollectorFile(const CollectorFormat& format, Runtime& runtime);
 
-  // 1, or a code of reader_status.h whose message has been given. The file is closed again.
-  int EntryPass(const std::string& path);
+  // A result other than DONE has given its message. The file is closed again.
+  ReaderResult EntryPass(const std::string& path);
 
   // Opens a file for walk passes. The message is for a file that isn't there; a leading block without an end
   // has none, since the entry pass gives one.
   OpenResult Open(const std::string& path);
   bool IsOpen() const { return file_.IsOpen(); }
   void Close() { file_.Close(); }
-  // The context's period is the window. 1: its records are in the context, else a code as above.
-  int WalkPass(VmrContext& context);
+  // The context's period is the window. DONE: its records are in the context.
+  ReaderResult WalkPass(VmrContext& context);
 
   // Ahead of a walk: what it wants of the records.
   void SetWanted(const RecordKinds& kinds) { types_.SetWanted(kinds); }
@@ -53,32 +53,34 @@ class CollectorFile {
     size_t size = 0;
   };
 
-  // Each takes one record: 1 when the pass goes on, 0 when it stops there, or a negative code.
-  int TakeEntryRecord();
-  int TakeWalkRecord(VmrContext& context);
-  int PassOverUnknown(const Header& header);
-  int TakeTag(const Header& header);
-  int TakeList(const RecordMeaning& meaning, const Header& header);
-  int TakeEntryTime(const Header& header);
-  int TakeEntryFields(const Header& header);
-  int TakeTime(const Header& header);
-  int TakeData(const DecoderRow& decoder, const Header& header, VmrContext& context);
+  // The entry pass over the open file.
+  ReaderResult TakeHead(const std::string& path);
+  // Each takes one record. NOTHING: the pass stops there.
+  ReaderResult TakeEntryRecord();
+  ReaderResult TakeWalkRecord(VmrContext& context);
+  ReaderResult PassOverUnknown(const Header& header);
+  ReaderResult TakeTag(const Header& header);
+  ReaderResult TakeList(const RecordMeaning& meaning, const Header& header);
+  ReaderResult TakeEntryTime(const Header& header);
+  ReaderResult TakeEntryFields(const Header& header);
+  ReaderResult TakeTime(const Header& header);
+  ReaderResult TakeData(const DecoderRow& decoder, const Header& header, VmrContext& context);
 
-  int ReadHeader(Header& header);
-  int ReadPayload(const Header& header, size_t reach, Payload& payload);
-  int Fault() const;
+  ReaderResult ReadHeader(Header& header);
+  ReaderResult ReadPayload(const Header& header, size_t reach, Payload& payload);
+  ReaderResult Fault() const;
   bool IsOutsideWindow() const;
   // Calls `visit` for one field behind the other, until it says false.
   template <class Visit>
   void VisitFields(int32_t recordType, const Payload& payload, Visit visit);
 
-  int CheckEntry() const;
+  ReaderResult CheckEntry() const;
   void StoreEntryField(const FieldValue& field);
   void ChooseVersion(std::string_view version);
   Seconds TimeOf(const FieldValue& field) const;
   bool StoreTime(Seconds raw);
   void UseTable(const RecordTable& table);
-  int TellResult(int result, const std::string& path);
+  void ReportResult(ReaderResult result, const std::string& path);
 
   const CollectorFormat* format_;
   Runtime* runtime_;

@@ -7,7 +7,7 @@
 namespace ozmo {
 
 std::optional<FileHead> CollectorReader::EntryPass(const std::string& path) {
-  if (file_.EntryPass(path) != READER_DONE) return std::nullopt;
+  if (file_.EntryPass(path) != ReaderResult::DONE) return std::nullopt;
   return FileHead{state().nodeName, state().firstRecordTime};
 }
 
@@ -27,65 +27,64 @@ int CollectorReader::Open(VmrContext& context) {
   return static_cast<int>(fileSet_.size());
 }
 
-int CollectorReader::Next(VmrContext& context) {
-  if (fileSet_.empty()) return READER_END_OF_FILE;
+ReaderResult CollectorReader::Next(VmrContext& context) {
+  if (fileSet_.empty()) return ReaderResult::END_OF_FILE;
   for (;;) {
     ContextFree(context);
     if (file_.IsOpen()) {
       context.periodStart += state().intervalSeconds;
       context.periodEnd += state().intervalSeconds;
     } else {
-      const int opened = OpenCurrentFile(context);
+      const ReaderResult opened = OpenCurrentFile(context);
       if (!file_.IsOpen()) return opened;
     }
     const bool inSpan = context.periodEnd < savedPeriodEnd_;
-    if (inSpan && file_.WalkPass(context) == READER_DONE) return READER_DONE;
+    if (inSpan && file_.WalkPass(context) == ReaderResult::DONE) return ReaderResult::DONE;
     file_.Close();
-    if (MoveCursor(context) == READER_END_OF_FILE) return READER_END_OF_FILE;
+    if (MoveCursor(context) == ReaderResult::END_OF_FILE) return ReaderResult::END_OF_FILE;
   }
 }
 
-int CollectorReader::Close(VmrContext& context) {
+void CollectorReader::Close(VmrContext& context) {
   file_.Close();
   ContextFreeDeep(context);
   opened_ = false;
   fileSet_.clear();
   file_.ForgetLists();
-  return READER_DONE;
 }
 
 // Opens the set's current file and sets the context's period to its first interval. The file stays closed
-// when there is nothing to read in it; the result is then what Next answers.
-int CollectorReader::OpenCurrentFile(VmrContext& context) {
+// when there is nothing to read in it; the result is then that of Next.
+ReaderResult CollectorReader::OpenCurrentFile(VmrContext& context) {
   savedPeriodEnd_ = context.periodEnd;
   if (context.dataPath != fileSet_[cursor_]) {
     context.dataPath = fileSet_[cursor_];
-    if (file_.EntryPass(context.dataPath) != READER_DONE) return MoveCursor(context);
+    if (file_.EntryPass(context.dataPath) != ReaderResult::DONE) return MoveCursor(context);
   }
-  if (context.periodEnd <= state().firstRecordTime) return READER_OUTSIDE_WINDOW;
+  if (context.periodEnd <= state().firstRecordTime) return ReaderResult::OUTSIDE_WINDOW;
   switch (file_.Open(context.dataPath)) {
     case OpenResult::DONE:
       break;
     case OpenResult::NO_FILE:
       return MoveCursor(context);
     case OpenResult::ENDLESS_BLOCK:
-      return READER_NO_OPEN;  // ends the walk: what follows in the set isn't read
+      return ReaderResult::NO_OPEN;  // ends the walk: what follows in the set isn't read
   }
   const Seconds interval = state().intervalSeconds;
   context.periodStart = std::max(state().firstRecordTime + interval, context.periodStart);
   if (interval >= 1) context.periodStart -= context.periodStart % interval;
   context.periodEnd = context.periodStart + interval;
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
-int CollectorReader::MoveCursor(VmrContext& context) {
+ReaderResult CollectorReader::MoveCursor(VmrContext& context) {
   if (cursor_ + 1 >= fileSet_.size()) {
     savedPeriodEnd_ = 0;
-    return READER_END_OF_FILE;
+    return ReaderResult::END_OF_FILE;
   }
   ++cursor_;
   context.periodEnd = savedPeriodEnd_;
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 }  // namespace ozmo

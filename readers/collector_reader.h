@@ -18,17 +18,18 @@ class CollectorReader {
   std::optional<FileHead> EntryPass(const std::string& path);
   // Number of files in the set of the context's span.
   int Open(VmrContext& context);
-  // 1: the context holds the next interval, or is empty after a file that couldn't be opened. -1: no more.
-  int Next(VmrContext& context);
-  int Close(VmrContext& context);
+  // DONE: the context holds the next interval, or is empty after a file that couldn't be opened. Any other
+  // result: no more.
+  ReaderResult Next(VmrContext& context);
+  void Close(VmrContext& context);
   // The set of the last Open.
   const std::vector<std::string>& files() const { return fileSet_; }
 
   const ReaderState& state() const { return file_.state(); }
 
  private:
-  int OpenCurrentFile(VmrContext& context);
-  int MoveCursor(VmrContext& context);
+  ReaderResult OpenCurrentFile(VmrContext& context);
+  ReaderResult MoveCursor(VmrContext& context);
 
   CollectorFile file_;
   bool opened_ = false;

@@ -40,12 +40,12 @@ int DataReader::Open(VmrContext& context) {
   return count;
 }
 
-int DataReader::Next(VmrContext& context) {
+ReaderResult DataReader::Next(VmrContext& context) {
   return std::visit([&](auto& reader) { return reader.Next(context); }, reader_);
 }
 
-int DataReader::Close(VmrContext& context) {
-  return std::visit([&](auto& reader) { return reader.Close(context); }, reader_);
+void DataReader::Close(VmrContext& context) {
+  std::visit([&](auto& reader) { reader.Close(context); }, reader_);
 }
 
 }  // namespace ozmo

@@ -30,9 +30,9 @@ class DataReader {
   // Number of files in the set of the requested span; 0 means nothing to read. The runtime takes note of the
   // files as inputs. A walk starts from the head, so that one which nobody has asked for is read first.
   int Open(VmrContext& context);
-  // 1: the context holds the next interval. 0, -1 or a code of reader_status.h: no more.
-  int Next(VmrContext& context);
-  int Close(VmrContext& context);
+  // DONE: the context holds the next interval. Any other result: no more.
+  ReaderResult Next(VmrContext& context);
+  void Close(VmrContext& context);
 
  private:
   std::string path_;

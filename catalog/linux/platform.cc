@@ -88,7 +88,6 @@ constinit const PlatformSpec PLATFORM = {
     .records = linux_texts::RECORDS,
     .tree = linux_texts::TREE,
     .dropsBeyondEnd = true,
-    .skippedResult = -2,
     .secondClassFile = "veltrix.memory",
     .usesInterval = HasProcessorsAndConfiguration,
     .processors = AddProcessors,

@@ -31,7 +31,7 @@ int32_t WholeMemorySize(int32_t megabytes) {
 // --- The four operations ---
 
 std::optional<FileHead> VmrReader::EntryPass(const std::string& path) {
-  if (OpenFile(path, nullptr) != READER_DONE) return std::nullopt;
+  if (OpenFile(path, nullptr) != ReaderResult::DONE) return std::nullopt;
   return FileHead{header_.nodeName, header_.startTime};
 }
 
@@ -53,64 +53,63 @@ int VmrReader::Open(VmrContext& context) {
   return static_cast<int>(fileSet_.size());
 }
 
-int VmrReader::Next(VmrContext& context) {
+ReaderResult VmrReader::Next(VmrContext& context) {
   ContextFree(context);
-  if (fileSet_.empty()) return READER_END_OF_FILE;
+  if (fileSet_.empty()) return ReaderResult::END_OF_FILE;
   if (!file_.IsOpen()) {
-    const int result = OpenCurrentFile(context);
-    if (result == READER_OUTSIDE_WINDOW) return result;
-    if (result != READER_DONE) return MoveCursor(result);
+    const ReaderResult result = OpenCurrentFile(context);
+    if (result == ReaderResult::OUTSIDE_WINDOW) return result;
+    if (result != ReaderResult::DONE) return MoveCursor(result);
   }
-  const int result = context.periodEnd <= spanEnd_ ? ReadSample(context) : READER_NOTHING;
-  return result == READER_DONE ? result : MoveCursor(result);
+  const ReaderResult result = context.periodEnd <= spanEnd_ ? ReadSample(context) : ReaderResult::NOTHING;
+  return result == ReaderResult::DONE ? result : MoveCursor(result);
 }
 
-int VmrReader::Close(VmrContext& context) {
+void VmrReader::Close(VmrContext& context) {
   ContextFreeDeep(context);
   opened_ = false;
   fileSet_.clear();
-  return READER_DONE;
 }
 
-int VmrReader::OpenCurrentFile(VmrContext& context) {
+ReaderResult VmrReader::OpenCurrentFile(VmrContext& context) {
   context.dataPath = fileSet_[cursor_];
-  const int opened = OpenFile(context.dataPath, &context);
-  if (opened != READER_DONE) return opened;
+  const ReaderResult opened = OpenFile(context.dataPath, &context);
+  if (opened != ReaderResult::DONE) return opened;
   context.periodStart = header_.startTime;
-  if (header_.startTime > spanEnd_) return READER_OUTSIDE_WINDOW;
+  if (header_.startTime > spanEnd_) return ReaderResult::OUTSIDE_WINDOW;
   while (context.periodStart < spanStart_) {
-    const int result = SkipSample(context);
-    if (result != READER_DONE) return result;
+    const ReaderResult result = SkipSample(context);
+    if (result != ReaderResult::DONE) return result;
   }
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
-int VmrReader::MoveCursor(int result) {
+ReaderResult VmrReader::MoveCursor(ReaderResult result) {
   if (cursor_ + 1 >= fileSet_.size()) return result;
   ++cursor_;
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 // --- The head of a file ---
 
-int VmrReader::OpenFile(const std::string& path, VmrContext* context) {
+ReaderResult VmrReader::OpenFile(const std::string& path, VmrContext* context) {
   file_.Open(path);
   while (file_.ReadLine()) {
     VmrLine& line = file_.line();
     if (line.Is("<HEADER>")) {
       ReadHeader(line, path);
     } else if (line.Is("<META>")) {
-      if (!SkipBlock("<ENDMETA>")) return READER_END_OF_FILE;
+      if (!SkipBlock("<ENDMETA>")) return ReaderResult::END_OF_FILE;
     } else if (line.Is("<CONFIG>")) {
-      if (!ReadConfigBlock(context)) return READER_END_OF_FILE;
+      if (!ReadConfigBlock(context)) return ReaderResult::END_OF_FILE;
     } else if (line.Is(TIME_ROW)) {
-      if (context == nullptr) return READER_DONE;
+      if (context == nullptr) return ReaderResult::DONE;
       sampleTime_ = TimeOfRow(line);
       SetPeriod(*context, sampleTime_);
-      return READER_DONE;
+      return ReaderResult::DONE;
     }
   }
-  return READER_END_OF_FILE;
+  return ReaderResult::END_OF_FILE;
 }
 
 void VmrReader::ReadHeader(VmrLine& line, const std::string& path) {
@@ -171,23 +170,23 @@ void VmrReader::ReadSystemLine(VmrLine& line, VmrContext& context) const {
 // --- Samples ---
 
 // The rows up to the next time row belong to the time row that was read before them.
-int VmrReader::ReadSample(VmrContext& context) {
+ReaderResult VmrReader::ReadSample(VmrContext& context) {
   SetPeriod(context, sampleTime_);
   while (file_.ReadLine()) {
     if (file_.line().Is(TIME_ROW)) {
       sampleTime_ = TimeOfRow(file_.line());
-      return READER_DONE;
+      return ReaderResult::DONE;
     }
     ActOnRow(context);
   }
-  return READER_END_OF_FILE;
+  return ReaderResult::END_OF_FILE;
 }
 
-int VmrReader::SkipSample(VmrContext& context) {
-  if (!SkipBlock(TIME_ROW)) return READER_END_OF_FILE;
+ReaderResult VmrReader::SkipSample(VmrContext& context) {
+  if (!SkipBlock(TIME_ROW)) return ReaderResult::END_OF_FILE;
   sampleTime_ = TimeOfRow(file_.line());
   SetPeriod(context, sampleTime_);
-  return READER_DONE;
+  return ReaderResult::DONE;
 }
 
 void VmrReader::ActOnRow(VmrContext& context) {

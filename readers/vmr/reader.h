@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "readers/file_head.h"
-#include "readers/reader_status.h"
+#include "readers/reader_result.h"
 #include "readers/vmr/file.h"
 #include "readers/vmr/handlers.h"
 #include "readers/vmr_context.h"
@@ -30,10 +30,10 @@ class VmrReader {
   std::optional<FileHead> EntryPass(const std::string& path);
   // Number of files in the set of the context's span.
   int Open(VmrContext& context);
-  // 1: the context holds the next sample, and its period end that sample's time. 0, -1 or
-  // READER_OUTSIDE_WINDOW: no more.
-  int Next(VmrContext& context);
-  int Close(VmrContext& context);
+  // DONE: the context holds the next sample, and its period end that sample's time. Any other result: no
+  // more.
+  ReaderResult Next(VmrContext& context);
+  void Close(VmrContext& context);
   // The set of the last Open.
   const std::vector<std::string>& files() const { return fileSet_; }
 
@@ -48,23 +48,23 @@ class VmrReader {
   };
 
   // The head of a file, up to its first time row. Without a context only the header line is looked at.
-  int OpenFile(const std::string& path, VmrContext* context);
+  ReaderResult OpenFile(const std::string& path, VmrContext* context);
   void ReadHeader(VmrLine& line, const std::string& path);
   // Both pass the lines of a block; false when the file ends inside it.
   bool SkipBlock(std::string_view endMark);
   bool ReadConfigBlock(VmrContext* context);
   void ReadSystemLine(VmrLine& line, VmrContext& context) const;
 
-  int ReadSample(VmrContext& context);
-  int SkipSample(VmrContext& context);
+  ReaderResult ReadSample(VmrContext& context);
+  ReaderResult SkipSample(VmrContext& context);
   void ActOnRow(VmrContext& context);
   Seconds TimeOfRow(VmrLine& line) const;
   void SetPeriod(VmrContext& context, Seconds end) const;
 
   // Opens the set's current file and goes to the first sample of the span.
-  int OpenCurrentFile(VmrContext& context);
+  ReaderResult OpenCurrentFile(VmrContext& context);
   // The next file of the set makes a walk go on, whatever the result in the last one.
-  int MoveCursor(int result);
+  ReaderResult MoveCursor(ReaderResult result);
 
   VmrFile file_;
   Header header_;

@@ -26,7 +26,7 @@ RunRequest Parse(Words words) {
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   RunRequest request;
-  EXPECT_EQ(ParseCommandLine(static_cast<int>(words.size()), argv.data(), request), 1);
+  ParseCommandLine(static_cast<int>(words.size()), argv.data(), request);
   return request;
 }
 

@@ -78,7 +78,7 @@ class CollectorReaderTest : public ::testing::Test {
   Runtime runtime_;
   CollectorReader reader_{solaris_files::FORMAT, runtime_};
   VmrContext context_;
-  int result_ = 0;
+  ReaderResult result_ = ReaderResult::NOTHING;
 };
 
 using Times = std::vector<double>;
@@ -177,7 +177,7 @@ TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
     ::testing::internal::CaptureStderr();
     NextUserTimes();
     const std::string said = ::testing::internal::GetCapturedStderr();
-    EXPECT_EQ(result_, READER_END_OF_FILE);
+    EXPECT_EQ(result_, ReaderResult::END_OF_FILE);
     EXPECT_EQ(said, isCut ? "File " + path + " has become shorter while it was read\n" : "");
     EXPECT_EQ(code, isCut ? "" : "NOREAD");
     reader_.Close(context_);

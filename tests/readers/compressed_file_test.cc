@@ -71,7 +71,7 @@ class CompressedFileTest : public ::testing::Test {
     context.periodStart = begin;
     context.periodEnd = begin + 3600;
     reader.Open(context);
-    while (reader.Next(context) == 1) {
+    while (reader.Next(context) == ReaderResult::DONE) {
       texts.push_back(std::to_string(context.periodEnd));
       for (std::string& text : IntervalTexts(context, true)) texts.push_back(std::move(text));
     }

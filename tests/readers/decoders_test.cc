@@ -136,10 +136,10 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
     context.periodStart = NOON;
     context.periodEnd = NOON + 3600;
     EXPECT_EQ(reader.Open(context), 1);
-    EXPECT_EQ(reader.Next(context), 1);
+    EXPECT_EQ(reader.Next(context), ReaderResult::DONE);
     EXPECT_EQ(IntervalTexts(context, !test.gives.empty() && test.gives[0].starts_with("config")), test.gives);
     if (test.next.empty()) return;
-    EXPECT_EQ(reader.Next(context), 1);
+    EXPECT_EQ(reader.Next(context), ReaderResult::DONE);
     EXPECT_EQ(IntervalTexts(context, false), test.next);
   };
   std::vector<Case> cases = CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case");

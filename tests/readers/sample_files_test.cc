@@ -126,7 +126,7 @@ TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   context.periodEnd = ELEVEN + 3600;
   EXPECT_EQ(reader.Open(context), 1);
   int intervals = 0;
-  for (; reader.Next(context) == 1; ++intervals) {
+  for (; reader.Next(context) == ReaderResult::DONE; ++intervals) {
     ASSERT_TRUE(context.config.has_value());
     ExpectProcessors(context, kind.host.processors);
     const bool arePercent = kind.name == "tru64";

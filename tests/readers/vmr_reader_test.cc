@@ -67,7 +67,7 @@ class VmrReaderTest : public ::testing::Test {
   VmrReader reader_{runtime_};
   VmrContext context_;
   std::optional<FileHead> head_;
-  int result_ = 0;
+  ReaderResult result_ = ReaderResult::NOTHING;
 };
 
 using Times = std::vector<double>;
@@ -122,7 +122,7 @@ TEST_F(VmrReaderTest, HeadIsReadInAnyOrder) {
   EXPECT_EQ(head_->nodeName, "node");
   EXPECT_EQ(head_->firstRecordTime, NOON);
   EXPECT_FALSE(context_.config.has_value());  // the entry pass has no context
-  reader_.Next(context_);
+  EXPECT_EQ(reader_.Next(context_), ReaderResult::DONE);
   EXPECT_EQ(IntervalTexts(context_, true).at(0),
             "config cpuCount 8 memoryMb 1024 pageSize 4096 intervalSeconds 60");
   EXPECT_EQ(context_.config->configNode + context_.config->configText[6], "boxx64");
@@ -149,7 +149,8 @@ TEST_F(VmrReaderTest, RowsBelongToTheTimeRowAheadOfThem) {
     EXPECT_EQ(NextUserTimes(), Times{static_cast<double>(minute)});
     EXPECT_EQ(context_.periodStart, NOON + (minute - 1) * 60);
     EXPECT_EQ(context_.periodEnd, NOON + minute * 60);
-    EXPECT_EQ(result_, minute == 3 ? -1 : 1);  // the last sample meets the end of the file
+    EXPECT_EQ(result_, minute == 3 ? ReaderResult::END_OF_FILE
+                                   : ReaderResult::DONE);  // the last sample meets the end of the file
   }
 }
 
@@ -160,15 +161,15 @@ TEST_F(VmrReaderTest, WalkGoesFromTheSpansMinuteToTheFirstSampleBeyond) {
   ASSERT_EQ(Open(Write(skipped + Samples(1, 8).substr(HEADER.size())), NOON + 179, NOON + 299), 1);
   for (const double minute : {3, 4, 5}) {
     EXPECT_EQ(NextUserTimes(), Times{minute});
-    EXPECT_EQ(result_, 1);
+    EXPECT_EQ(result_, ReaderResult::DONE);
   }
   EXPECT_EQ(NextUserTimes(), Times{});
-  EXPECT_EQ(result_, 0);
+  EXPECT_EQ(result_, ReaderResult::NOTHING);
   reader_.Close(context_);
 
   ASSERT_EQ(Open(Write(Samples(0, 1)), NOON - 7200, NOON - 61), 1);
   NextUserTimes();
-  EXPECT_EQ(result_, READER_OUTSIDE_WINDOW);
+  EXPECT_EQ(result_, ReaderResult::OUTSIDE_WINDOW);
 }
 
 TEST_F(VmrReaderTest, TimeGoesBackBehindMidnight) {
@@ -185,7 +186,7 @@ TEST_F(VmrReaderTest, UnknownRowEndsTheProcess) {
     EXPECT_EXIT(
         {
           dup2(STDERR_FILENO, STDOUT_FILENO);  // the matcher looks there
-          reader_.Next(context_);
+          result_ = reader_.Next(context_);
         },
         ::testing::ExitedWithCode(1), "^Corrupt File\n$");
     reader_.Close(context_);
@@ -221,7 +222,7 @@ TEST_F(VmrReaderTest, LastSampleOfAFileIsDeliveredWhenAnotherFollows) {
   Write(HEADER + TimeRow(1) + Processor(2) + TimeRow(2), 2);
   ASSERT_EQ(Open(directory_ / "qtx_node_2012Feb22_1.vmr"), 2);
   EXPECT_EQ(NextUserTimes(), Times{1});
-  EXPECT_EQ(result_, 1);
+  EXPECT_EQ(result_, ReaderResult::DONE);
   EXPECT_EQ(NextUserTimes(), Times{2});
   EXPECT_EQ(context_.dataPath, directory_ / "qtx_node_2012Feb22_2.vmr");
 }
@@ -241,7 +242,7 @@ TEST_F(VmrReaderTest, ReadErrorIsToldAndEndsTheFile) {
   ::testing::internal::CaptureStderr();
   EXPECT_GT(NextUserTimes().size(), 1U);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Can't read file " + path + ": Is a directory\n");
-  EXPECT_EQ(result_, READER_END_OF_FILE);
+  EXPECT_EQ(result_, ReaderResult::END_OF_FILE);
 }
 
 // --- Handlers ---
@@ -284,7 +285,7 @@ TEST_F(VmrReaderTest, RowsFillTheirRecords) {
   };
   for (const auto& [rows, wanted] : cases) {
     ASSERT_EQ(Open(Write(HEADER + TimeRow(0) + rows + TimeRow(1))), 1);
-    EXPECT_EQ(reader_.Next(context_), 1);
+    EXPECT_EQ(reader_.Next(context_), ReaderResult::DONE);
     EXPECT_EQ(IntervalTexts(context_, false), wanted) << rows;
     reader_.Close(context_);
   }
@@ -295,8 +296,8 @@ TEST_F(VmrReaderTest, ProcessWithoutSamplesShowsWhatItsRecordHeld) {
   ASSERT_EQ(
       Open(Write(HEADER + TimeRow(0) + "2~230\n5~6~784\n4~a~1\n6~5~77\n" + TimeRow(1) + "4~b~0\n6~9~88\n")),
       1);
-  reader_.Next(context_);
-  reader_.Next(context_);
+  EXPECT_EQ(reader_.Next(context_), ReaderResult::DONE);
+  EXPECT_EQ(reader_.Next(context_), ReaderResult::END_OF_FILE);  // the last sample meets it
   const ProcessRecord& process = context_.processes.primary.head();
   EXPECT_EQ(process.name + std::to_string(process.processId), "b77");
 }
@@ -310,7 +311,7 @@ TEST_F(VmrReaderTest, ConnectionTotalsBecomeChanges) {
   for (int walk = 0; walk < 2; ++walk) {  // another walk has no totals to compare with
     ASSERT_EQ(Open(Write(text + TimeRow(minute))), 1);
     for (const char* changes : {"", " tcpActive 30", " tcpActive -40 tcpPassive 10", " tcpPassive -50"}) {
-      ASSERT_EQ(reader_.Next(context_), 1);
+      ASSERT_EQ(reader_.Next(context_), ReaderResult::DONE);
       EXPECT_EQ(IntervalTexts(context_, false).back(),
                 "network" + std::string(changes) + " tcpEstablished 5");
     }

@@ -135,11 +135,8 @@ void WalkRecording(const std::string& path, int64_t begin, int64_t end,
     VmrContext context;
     context.periodStart = begin;
     context.periodEnd = end;
-    int result = reader.Open(context);
-    while (result >= 1) {
-      result = reader.Next(context);
-      if (result >= 1) take(context);
-    }
+    const bool isOpen = reader.Open(context) > 0;
+    while (isOpen && reader.Next(context) == ReaderResult::DONE) take(context);
     reader.Close(context);
   }
   ::testing::internal::GetCapturedStdout();
