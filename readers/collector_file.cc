@@ -25,10 +25,6 @@ void PrintWith(std::FILE* stream, std::string_view text, std::string_view argume
   std::fwrite(line.data(), 1, line.size(), stream);
 }
 
-void Change(bool& flag, FlagChange change) {
-  if (change != FlagChange::UNCHANGED) flag = change == FlagChange::SET;
-}
-
 }  // namespace
 
 CollectorFile::CollectorFile(const CollectorFormat& format, Runtime& runtime)
@@ -53,7 +49,7 @@ ReaderResult CollectorFile::TakeHead(const std::string& path) {
   fresh.previousRawTime = state_.previousRawTime;
   fresh.defaultInterval = state_.defaultInterval;
   fresh.wideCounters = state_.wideCounters && format_->keepsWideCounters;
-  fresh.legacyDiskData = state_.legacyDiskData;
+  fresh.diskTimesAreTrusted = state_.diskTimesAreTrusted;
   fresh.intervalSeconds = ENTRY_INTERVAL;
   state_ = std::move(fresh);
 
@@ -320,9 +316,10 @@ void CollectorFile::ChooseVersion(std::string_view version) {
     if (texts.unknownEndsProcess) std::exit(EXIT_FAILURE);
     return;
   }
-  Change(state_.wideCounters, rule->wideCounters);
-  Change(state_.legacyDiskData, rule->legacyDiskData);
-  UseTable(*rule->table);
+  const RecordTable& table = *rule->table;
+  if (!rule->leavesCounterWidth) state_.wideCounters = table.counters == FieldSize::INT8;
+  if (!table.diskTimesAreTrusted) state_.diskTimesAreTrusted = false;
+  UseTable(table);
 }
 
 void CollectorFile::UseTable(const RecordTable& table) {

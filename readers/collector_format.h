@@ -31,10 +31,14 @@ struct RecordLayout {
   bool positional = false;  // fields stand in table order, whatever the order list says
 };
 
-// The record types of one collector version.
+// The record types of one collector version, and what else of its files differs by version. A format in which
+// a fact differs makes its tables by a function that takes it, so that no version is without.
 struct RecordTable {
   std::string_view name;
   std::span<const RecordLayout> rows;
+  FieldSize counters = FieldSize::INT4;  // how wide its counters are
+  double processTimeUnits = 1.0;         // Solaris, Tru64: of a process's times in a second
+  bool diskTimesAreTrusted = true;       // HP-UX: false once, in a run, is false for all files that follow
 };
 
 // The processors that the records of a walk have named, by number, for formats whose records of one number
@@ -61,7 +65,7 @@ struct ReaderState {
   int32_t intervalSeconds = 60;               // configured, then measured from the time records
   int32_t defaultInterval = 120;              // what a measured interval below 1 becomes
   bool wideCounters = false;                  // the file's counters are 8 bytes wide
-  bool legacyDiskData = false;                // HP-UX: disk timing figures are not to be trusted
+  bool diskTimesAreTrusted = true;            // HP-UX
   std::string collectorTag;                   // Linux: text of the latest tag record
   uint64_t pass = 0;                          // counts the passes of a walk
   TwinPair<NamedProcessors> namedProcessors;  // AIX
@@ -92,14 +96,12 @@ struct DecoderRow {
 
 // Tests of the version text, in order; the first that holds chooses the table.
 enum class VersionMatch : uint8_t { EQUALS, CONTAINS };
-enum class FlagChange : uint8_t { UNCHANGED, CLEAR, SET };
 
 struct VersionRule {
   VersionMatch match = VersionMatch::EQUALS;
   std::string_view text;
   const RecordTable* table;
-  FlagChange wideCounters = FlagChange::UNCHANGED;
-  FlagChange legacyDiskData = FlagChange::UNCHANGED;
+  bool leavesCounterWidth = false;  // as an earlier file of the run has set it, whatever the table says
 };
 
 // How a format speaks of versions. Each text holds one "%s".
@@ -137,7 +139,7 @@ struct CollectorFormat {
   std::span<const VersionRule> versions;
   VersionTexts versionTexts;
   std::span<const DecoderRow> decoders;
-  bool keepsWideCounters = false;  // a version that doesn't say leaves the width of an earlier file's
+  bool keepsWideCounters = false;  // until a version says otherwise they are as wide as an earlier file's
 };
 
 inline constexpr int32_t CONFIG_RECORD = 5;

@@ -154,7 +154,7 @@ constexpr RecordTable TableOf(std::string_view name) {
   constexpr auto& ROWS = VERSION_ROWS<Layouts, Version, CounterSize>;
   static_assert(EachTypeHasOneLayout(ROWS), "a record type has two layouts in one version");
   static_assert(EachFieldStandsOnce(ROWS), "a field stands twice in a record");
-  return {name, ROWS};
+  return {.name = name, .rows = ROWS, .counters = CounterSize};
 }
 
 }  // namespace ozmo

@@ -81,18 +81,12 @@ inline constexpr RecordTable P720_64_TABLE = TableOf<LAYOUTS, P720_64, WIDE_COUN
 inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300, NARROW_COUNTERS>("P300");
 inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUNTERS>("P300_64");
 
-using enum FlagChange;
-
 inline constexpr VersionRule VERSIONS[] = {
-    {.text = "P910_64", .table = &P910_64_TABLE, .wideCounters = SET},
-    {.text = "P910", .table = &P910_TABLE, .wideCounters = CLEAR},
-    {.text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},
-    {.text = "P730", .table = &P730_TABLE, .wideCounters = CLEAR},
-    {.text = "P720_64", .table = &P720_64_TABLE, .wideCounters = SET},
-    {.text = "P720", .table = &P720_TABLE, .wideCounters = CLEAR},
-    {.text = "P300_64", .table = &P300_64_TABLE, .wideCounters = SET},
-    {.text = "P300", .table = &P300_TABLE, .wideCounters = CLEAR},
-    {.text = "540", .table = &P300_TABLE, .wideCounters = CLEAR},
+    {.text = "P910_64", .table = &P910_64_TABLE}, {.text = "P910", .table = &P910_TABLE},
+    {.text = "P730_64", .table = &P730_64_TABLE}, {.text = "P730", .table = &P730_TABLE},
+    {.text = "P720_64", .table = &P720_64_TABLE}, {.text = "P720", .table = &P720_TABLE},
+    {.text = "P300_64", .table = &P300_64_TABLE}, {.text = "P300", .table = &P300_TABLE},
+    {.text = "540", .table = &P300_TABLE},
 };
 
 }  // namespace ozmo::aix_layouts

@@ -35,11 +35,11 @@ constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 208, .to = To<&DiskFields::busyFraction>(), .as = PERCENT_RATE},
 };
 
-void FinishDisk(const DiskFields& figures, bool legacyDiskData, DiskRecord& disk) {
+void FinishDisk(const DiskFields& figures, bool timesAreTrusted, DiskRecord& disk) {
   disk.deviceName = figures.name;
   disk.ioRate = figures.ioRate;
   disk.totalBytesRate = figures.totalBytesRate;
-  if (legacyDiskData || !(figures.transfers > 0.0 && figures.ioRate > 0.0F)) return;
+  if (!timesAreTrusted || !(figures.transfers > 0.0 && figures.ioRate > 0.0F)) return;
   disk.busyFraction = figures.busyFraction;
   disk.servicePerIo = static_cast<float>(disk.busyFraction * 1000.0 / disk.ioRate);
   disk.responsePerIo = static_cast<float>(figures.microseconds / figures.transfers / 1000.0);
@@ -52,7 +52,7 @@ void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
   if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
-  FinishDisk(figures, decoding.state.legacyDiskData, disk);
+  FinishDisk(figures, decoding.state.diskTimesAreTrusted, disk);
   if (!decoding.isTwin) ContextFindAlias(decoding.context, disk);
 }
 

@@ -17,14 +17,6 @@ ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::BIG; }
 
 // --- The machine's processors as a whole, types 1 and 17 ---
 
-// Old versions bring time at lowered priority in field 105. Without a configuration record none is known.
-bool HasNiceTime(const VmrContext& context) {
-  if (!context.config) return false;
-  const std::string& version = context.config->versionText;
-  return version == "V525" || version == "V530" || version.find("540") != version.npos ||
-         version.find("P300") != version.npos;
-}
-
 void DivideWaitTime(ProcessorRecord& cpu, const FieldValue& field) {
   if (field.divisor >= 1) cpu.waitTime /= field.divisor;
 }
@@ -36,7 +28,8 @@ void StoreWaitTime(ProcessorRecord& cpu, const Source& from) {
 
 // The divisor of the nice time lands on the wait time, which has been stored before it.
 void StoreNiceTime(ProcessorRecord& cpu, const Source& from) {
-  if (!HasNiceTime(from.decoding.context)) return;
+  const std::optional<SystemConfig>& config = from.decoding.context.config;
+  if (!config || !hpux_layouts::HasNiceTime(config->versionText)) return;
   cpu.niceTime = Convert<double>(from);
   DivideWaitTime(cpu, from.field);
 }

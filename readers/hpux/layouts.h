@@ -63,29 +63,45 @@ inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 29, .listsOf = 13, .versions = ANY_P730, .fields = LOAD_ITEM},
 };
 
-inline constexpr RecordTable P730_TABLE = TableOf<LAYOUTS, P730, NARROW_COUNTERS>("P730");
-inline constexpr RecordTable P730_64_TABLE = TableOf<LAYOUTS, P730_64, WIDE_COUNTERS>("P730_64");
-inline constexpr RecordTable P720_TABLE = TableOf<LAYOUTS, P720, NARROW_COUNTERS>("P720");
-inline constexpr RecordTable P720_64_TABLE = TableOf<LAYOUTS, P720_64, WIDE_COUNTERS>("P720_64");
-inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300, NARROW_COUNTERS>("P300");
-inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUNTERS>("P300_64");
-inline constexpr RecordTable V530_TABLE = TableOf<LAYOUTS, V530, NARROW_COUNTERS>("V530");
-inline constexpr RecordTable V520_TABLE = TableOf<LAYOUTS, V520, NARROW_COUNTERS>("V520");
+enum class DiskTimes : uint8_t { UNTRUSTED, TRUSTED };
 
-using enum FlagChange;
+template <Version TheVersion, FieldSize Counters>
+constexpr RecordTable TableOf(std::string_view name, DiskTimes diskTimes) {
+  RecordTable table = ozmo::TableOf<LAYOUTS, TheVersion, Counters>(name);
+  table.diskTimesAreTrusted = diskTimes == DiskTimes::TRUSTED;
+  return table;
+}
+
+using enum DiskTimes;
+
+inline constexpr RecordTable P730_TABLE = TableOf<P730, NARROW_COUNTERS>("P730", TRUSTED);
+inline constexpr RecordTable P730_64_TABLE = TableOf<P730_64, WIDE_COUNTERS>("P730_64", TRUSTED);
+inline constexpr RecordTable P720_TABLE = TableOf<P720, NARROW_COUNTERS>("P720", TRUSTED);
+inline constexpr RecordTable P720_64_TABLE = TableOf<P720_64, WIDE_COUNTERS>("P720_64", TRUSTED);
+inline constexpr RecordTable P300_TABLE = TableOf<P300, NARROW_COUNTERS>("P300", UNTRUSTED);
+inline constexpr RecordTable P300_64_TABLE = TableOf<P300_64, WIDE_COUNTERS>("P300_64", UNTRUSTED);
+inline constexpr RecordTable V530_TABLE = TableOf<V530, NARROW_COUNTERS>("V530", UNTRUSTED);
+inline constexpr RecordTable V520_TABLE = TableOf<V520, NARROW_COUNTERS>("V520", UNTRUSTED);
 
 inline constexpr VersionRule VERSIONS[] = {
-    {.text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},
-    {.text = "P730", .table = &P730_TABLE, .wideCounters = CLEAR},
-    {.text = "P720_64", .table = &P720_64_TABLE, .wideCounters = SET},
-    {.text = "P720", .table = &P720_TABLE, .wideCounters = CLEAR},
-    {.text = "P300_64", .table = &P300_64_TABLE, .wideCounters = SET, .legacyDiskData = SET},
-    {.text = "P300", .table = &P300_TABLE, .wideCounters = CLEAR, .legacyDiskData = SET},
-    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .legacyDiskData = SET},
-    {.text = "V530", .table = &V530_TABLE, .legacyDiskData = SET},
-    {.text = "V525", .table = &V520_TABLE, .legacyDiskData = SET},
-    {.text = "V520", .table = &V520_TABLE, .legacyDiskData = SET},
-    {.text = "V510", .table = &V520_TABLE, .legacyDiskData = SET},
+    {.text = "P730_64", .table = &P730_64_TABLE},
+    {.text = "P730", .table = &P730_TABLE},
+    {.text = "P720_64", .table = &P720_64_TABLE},
+    {.text = "P720", .table = &P720_TABLE},
+    {.text = "P300_64", .table = &P300_64_TABLE},
+    {.text = "P300", .table = &P300_TABLE},
+    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .leavesCounterWidth = true},
+    {.text = "V530", .table = &V530_TABLE, .leavesCounterWidth = true},
+    {.text = "V525", .table = &V520_TABLE, .leavesCounterWidth = true},
+    {.text = "V520", .table = &V520_TABLE, .leavesCounterWidth = true},
+    {.text = "V510", .table = &V520_TABLE, .leavesCounterWidth = true},
 };
+
+// Whether files bring processor time at lowered priority, in field 105. The text is that of the walk's
+// configuration record and not the one that has chosen the table.
+constexpr bool HasNiceTime(std::string_view version) {
+  return version == "V525" || version == "V530" || version.find("540") != version.npos ||
+         version.find("P300") != version.npos;
+}
 
 }  // namespace ozmo::hpux_layouts

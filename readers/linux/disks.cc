@@ -40,11 +40,16 @@ void StoreMilliseconds(DiskFields& figures, const Source& from) {
   figures.*Member = static_cast<double>(DiskCounter(from.field));
 }
 
-// Milliseconds of the interval as a fraction of it.
-template <auto Member>
-void StoreFraction(DiskFields& figures, const Source& from) {
-  figures.disk.*Member = static_cast<float>(static_cast<double>(DiskCounter(from.field)) /
-                                            (1000.0 * from.decoding.state.intervalSeconds));
+// Milliseconds of the interval as a fraction of it. The two divide in steps of their own, which can be seen
+// in the last bit.
+void StoreBusyFraction(DiskFields& figures, const Source& from) {
+  const double milliseconds = static_cast<double>(DiskCounter(from.field));
+  figures.disk.busyFraction =
+      static_cast<float>(milliseconds / (1000.0 * from.decoding.state.intervalSeconds));
+}
+void StoreQueueLength(DiskFields& figures, const Source& from) {
+  const double milliseconds = static_cast<double>(DiskCounter(from.field));
+  figures.disk.queueLength = static_cast<float>(milliseconds / from.decoding.state.intervalSeconds / 1000.0);
 }
 
 constexpr unsigned SECTOR_SHIFT = 9;  // sectors of 512 bytes
@@ -65,8 +70,8 @@ constexpr FieldRule<DiskFields> DISK_RULES[] = {
     {.field = 212, .to = To<StoreRate<&DiskRecord::writeBytesRate, SECTOR_SHIFT>>()},
     {.field = 213, .to = To<StoreMilliseconds<&DiskFields::writeMilliseconds>>()},
     {.field = 214},
-    {.field = 215, .to = To<StoreFraction<&DiskRecord::busyFraction>>()},
-    {.field = 216, .to = To<StoreFraction<&DiskRecord::queueLength>>()},
+    {.field = 215, .to = To<StoreBusyFraction>()},
+    {.field = 216, .to = To<StoreQueueLength>()},
 };
 
 void FinishDisk(DiskFields& figures, int32_t intervalSeconds) {

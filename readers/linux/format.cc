@@ -16,10 +16,8 @@ namespace ozmo::linux_files {
 
 ByteOrder ByteOrderOf(std::string_view /*path*/) { return ByteOrder::LITTLE; }
 
-// A file without a tag record has old processor figures.
 bool HasNewerCpuFigures(const ReaderState& state) {
-  const std::string_view tag = state.collectorTag;
-  return tag.find("P720") != tag.npos || tag.find("P730") != tag.npos;
+  return linux_layouts::HasNewerCpuFigures(state.collectorTag);
 }
 
 // --- The machine's processors as a whole, types 1 and 17 ---

@@ -89,16 +89,20 @@ inline constexpr RecordTable P720_64_TABLE = TableOf<LAYOUTS, P720_64, WIDE_COUN
 inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300, NARROW_COUNTERS>("P300");
 inline constexpr RecordTable P300_64_TABLE = TableOf<LAYOUTS, P300_64, WIDE_COUNTERS>("P300_64");
 
-using enum FlagChange;
-
 inline constexpr VersionRule VERSIONS[] = {
-    {.text = "P730", .table = &P730_TABLE, .wideCounters = CLEAR},
-    {.match = VersionMatch::CONTAINS, .text = "P730_64", .table = &P730_64_TABLE, .wideCounters = SET},
-    {.text = "P720", .table = &P720_TABLE, .wideCounters = CLEAR},
-    {.match = VersionMatch::CONTAINS, .text = "P720_64", .table = &P720_64_TABLE, .wideCounters = SET},
-    {.text = "P300", .table = &P300_TABLE, .wideCounters = CLEAR},
-    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE, .wideCounters = CLEAR},
-    {.match = VersionMatch::CONTAINS, .text = "P300_64", .table = &P300_64_TABLE, .wideCounters = SET},
+    {.text = "P730", .table = &P730_TABLE},
+    {.match = VersionMatch::CONTAINS, .text = "P730_64", .table = &P730_64_TABLE},
+    {.text = "P720", .table = &P720_TABLE},
+    {.match = VersionMatch::CONTAINS, .text = "P720_64", .table = &P720_64_TABLE},
+    {.text = "P300", .table = &P300_TABLE},
+    {.match = VersionMatch::CONTAINS, .text = "540", .table = &P300_TABLE},
+    {.match = VersionMatch::CONTAINS, .text = "P300_64", .table = &P300_64_TABLE},
 };
+
+// Whether a file's processor figures are of the newer form: its tag says so, whatever its version. A file
+// without a tag record has older ones.
+constexpr bool HasNewerCpuFigures(std::string_view tag) {
+  return tag.find("P720") != tag.npos || tag.find("P730") != tag.npos;
+}
 
 }  // namespace ozmo::linux_layouts

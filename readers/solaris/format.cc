@@ -74,12 +74,11 @@ void DecodeMemory(Decoding& decoding) {
 
 // --- Processes, types 4 and 21 ---
 
-// Process times are nanoseconds, on the oldest table seconds. The divisor counts from 2 on here.
+// The divisor counts from 2 on here.
 float CpuSeconds(const Source& from) {
   const int32_t divisor = from.field.divisor;
-  double seconds = static_cast<double>(from.field.Uint64());
-  if (from.decoding.state.activeTable != &solaris_layouts::P300_TABLE) seconds /= 1e9;
-  auto value = static_cast<float>(seconds);
+  const double units = from.decoding.state.activeTable->processTimeUnits;
+  auto value = static_cast<float>(static_cast<double>(from.field.Uint64()) / units);
   if (divisor > 1) value /= static_cast<float>(divisor);
   return value < 0.0F ? 0.0F : value;
 }

@@ -60,9 +60,19 @@ inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 29, .versions = P730, .fields = LOAD_ITEM},
 };
 
-inline constexpr RecordTable P730_TABLE = TableOf<LAYOUTS, P730>("P730");
-inline constexpr RecordTable P720_TABLE = TableOf<LAYOUTS, P720>("P720");
-inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300>("P300");
+inline constexpr double SECONDS = 1.0;
+inline constexpr double NANOSECONDS = 1e9;
+
+template <Version TheVersion>
+constexpr RecordTable TableOf(std::string_view name, double processTimeUnits) {
+  RecordTable table = ozmo::TableOf<LAYOUTS, TheVersion>(name);
+  table.processTimeUnits = processTimeUnits;
+  return table;
+}
+
+inline constexpr RecordTable P730_TABLE = TableOf<P730>("P730", NANOSECONDS);
+inline constexpr RecordTable P720_TABLE = TableOf<P720>("P720", NANOSECONDS);
+inline constexpr RecordTable P300_TABLE = TableOf<P300>("P300", SECONDS);
 
 inline constexpr VersionRule VERSIONS[] = {
     {.match = VersionMatch::CONTAINS, .text = "P730", .table = &P730_TABLE},

@@ -95,12 +95,10 @@ constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
 
 // --- Processes, types 4 and 21 ---
 
-// Newer collectors count in microseconds; old ones in hundredths, which is the divisor of their layout.
 template <auto Member>
 void StoreCpuSeconds(ProcessRecord& process, const Source& from) {
-  const RecordTable* table = from.decoding.state.activeTable;
   Conversion as = from.as;
-  if (table == &tru64_layouts::P730_TABLE || table == &tru64_layouts::P720_TABLE) as.scale = 1000000.0;
+  as.scale = from.decoding.state.activeTable->processTimeUnits;
   process.*Member = Convert<float>({from.field, as, from.place, from.decoding});
 }
 

@@ -66,10 +66,20 @@ inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 26, .listsOf = 16, .versions = P730, .fields = SUMMARY},
 };
 
-inline constexpr RecordTable P730_TABLE = TableOf<LAYOUTS, P730>("P730");
-inline constexpr RecordTable P720_TABLE = TableOf<LAYOUTS, P720>("P720");
-inline constexpr RecordTable P300_TABLE = TableOf<LAYOUTS, P300>("P300");
-inline constexpr RecordTable V520_TABLE = TableOf<LAYOUTS, V520>("V520");
+inline constexpr double DIVISOR_OF_LAYOUT = 1.0;  // its hundredths are all that makes seconds
+inline constexpr double MICROSECONDS = 1e6;
+
+template <Version TheVersion>
+constexpr RecordTable TableOf(std::string_view name, double processTimeUnits) {
+  RecordTable table = ozmo::TableOf<LAYOUTS, TheVersion>(name);
+  table.processTimeUnits = processTimeUnits;
+  return table;
+}
+
+inline constexpr RecordTable P730_TABLE = TableOf<P730>("P730", MICROSECONDS);
+inline constexpr RecordTable P720_TABLE = TableOf<P720>("P720", MICROSECONDS);
+inline constexpr RecordTable P300_TABLE = TableOf<P300>("P300", DIVISOR_OF_LAYOUT);
+inline constexpr RecordTable V520_TABLE = TableOf<V520>("V520", DIVISOR_OF_LAYOUT);
 
 inline constexpr VersionRule VERSIONS[] = {
     {.match = VersionMatch::CONTAINS, .text = "P730", .table = &P730_TABLE},
