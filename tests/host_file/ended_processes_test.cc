@@ -7,8 +7,9 @@ namespace {
 
 TEST(EndedProcesses, UseGoesToTheLivingOfImageAndUserElseToOneRecord) {
   std::vector<ProcessFigures> living(2);
-  living[0] = {.id = 10, .own = {1, 2, 3, 4}, .command = "/usr/bin/cc1plus -quiet", .user = "ann"};
-  living[1] = {.id = 11, .own = {5, 0, 0, 0}, .command = "cc1plus", .user = "ann"};
+  living[0].own = {1, 2, 3, 4};
+  living[1].own.userTicks = 5;
+  living[0].user = living[1].user = "ann";
   const std::vector<std::string> images = {"cc1plus", "cc1plus"};
   const std::vector<EndedProcess> ended = {{20, 1, "cc1plus", "ann", {10, 20, 30, 40}},
                                            {21, 1, "cc1plus", "bob", {7, 0, 0, 0}},
