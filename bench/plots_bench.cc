@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "output/export_csv.h"
 #include "output/graph_job.h"
-#include "output/plot_driver.h"
+#include "output/output_type.h"
 #include "runtime/runtime.h"
 
 namespace ozmo {
@@ -64,13 +63,7 @@ class StackedGraph {
 void WriteGraph(benchmark::State& state, GraphType type) {
   const StackedGraph graph(type);
   Runtime runtime;
-  for (auto _ : state) {
-    if (type == GraphType::CSV) {
-      ExportCsv(graph.job(), runtime);
-    } else {
-      PlotGraphJob(graph.job());
-    }
-  }
+  for (auto _ : state) OutputTypeOf(type).write(graph.job(), runtime);
   struct rusage usage {};
   getrusage(RUSAGE_SELF, &usage);
   state.counters["peak_kb"] = static_cast<double>(usage.ru_maxrss);

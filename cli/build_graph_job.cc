@@ -3,8 +3,7 @@
 #include <memory>
 
 #include "catalog/build_catalog.h"
-#include "output/export_csv.h"
-#include "output/plot_driver.h"
+#include "output/output_type.h"
 #include "output/selection.h"
 #include "runtime/messages.h"
 #include "runtime/times.h"
@@ -69,20 +68,6 @@ WantedTitles TitlesOf(const RunRequest& request) {
   return WantedTitles(titles);
 }
 
-void WriteGraph(const GraphJob& job, Runtime& runtime) {
-  switch (job.graphType) {
-    case GraphType::CSV:
-      ExportCsv(job, runtime);
-      return;
-    case GraphType::POSTSCRIPT:
-    case GraphType::GIF:
-    case GraphType::JPEG:
-      PlotGraphJob(job);
-      return;
-  }
-  Report(runtime, "Unknown Graph Type.");
-}
-
 }  // namespace
 
 void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime) {
@@ -95,7 +80,8 @@ void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runti
   WorkloadClassList classes;
   const std::unique_ptr<GraphCatalog> catalog =
       BuildCatalog(*reader, SpanOf(request), classes, TitlesOf(request), runtime);
-  if (const std::optional<GraphJob> job = SelectGraph(request, *catalog, runtime)) WriteGraph(*job, runtime);
+  const std::optional<GraphJob> job = SelectGraph(request, *catalog, runtime);
+  if (job) OutputTypeOf(job->graphType).write(*job, runtime);
 }
 
 }  // namespace ozmo

@@ -1,10 +1,12 @@
 #include "cli/options.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "output/output_type.h"
 #include "runtime/text.h"
 #include "runtime/times.h"
 
@@ -94,21 +96,10 @@ void SetHeight(ParseState& state, std::string& value) { SetSize(state.request, s
 void SetItem(ParseState& state, std::string& value) { state.request.itemName = value; }
 void SetOverlay(ParseState& state, std::string& value) { state.request.overlayName = value; }
 
-struct TypeRow {
-  std::string_view word;
-  GraphType type;
-};
-
-constexpr TypeRow TYPE_ROWS[] = {
-    {"CSV", GraphType::CSV},       {"csv", GraphType::CSV},  {"PS", GraphType::POSTSCRIPT},
-    {"ps", GraphType::POSTSCRIPT}, {"GIF", GraphType::GIF},  {"gif", GraphType::GIF},
-    {"JPG", GraphType::JPEG},      {"jpg", GraphType::JPEG},
-};
-
 // Any other word is ignored, and an earlier valid type stays.
 void SetType(ParseState& state, std::string& value) {
-  for (const TypeRow& row : TYPE_ROWS) {
-    if (row.word != value) continue;
+  for (const OutputType& row : OutputTypes()) {
+    if (std::ranges::count(row.words, value) == 0) continue;
     state.request.graphType = row.type;
     state.typeSeen = true;
   }

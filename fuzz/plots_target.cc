@@ -7,9 +7,8 @@
 #include <vector>
 
 #include "fuzz/harness.h"
-#include "output/export_csv.h"
 #include "output/libplot.h"
-#include "output/plot_driver.h"
+#include "output/output_type.h"
 #include "runtime/runtime.h"
 
 namespace ozmo::fuzz {
@@ -129,11 +128,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const OddJob odd(data, size);
   AsRun([&] {
     ozmo::Runtime runtime;
-    if (odd.job().graphType == ozmo::GraphType::CSV) {
-      ozmo::ExportCsv(odd.job(), runtime);
-    } else {
-      ozmo::PlotGraphJob(odd.job());
-    }
+    ozmo::OutputTypeOf(odd.job().graphType).write(odd.job(), runtime);
   });
   return 0;
 }

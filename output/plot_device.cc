@@ -1,6 +1,5 @@
 #include "output/plot_device.h"
 
-#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -9,6 +8,7 @@
 #include "output/jpeg.h"
 #include "output/libplot.h"
 #include "output/output_file.h"
+#include "output/output_type.h"
 #include "output/plot_settings.h"
 #include "runtime/numbers.h"
 
@@ -17,13 +17,8 @@ namespace {
 
 constexpr double INCHES_IN_A_CENTIMETRE = 0.394;
 
-// By GraphType; a table of text draws nothing.
-constexpr std::array<PlotterForm, 4> PLOTTER_FORMS = {
-    {{"", 0.0}, {"ps", 72.0}, {"gif", 96.0}, {"pnm", 96.0}}};
-
 // Libplot draws a bitmap it can't make in its own default size, or ends the process for want of memory
-// (a dot takes 4 bytes). The side is what a GIF header can hold.
-constexpr int BITMAP_SIDE_MAX = 65535;
+// (a dot takes 4 bytes).
 constexpr int64_t BITMAP_DOTS_MAX = int64_t{1} << 28;
 
 // Libplot's parameters that act on our plotters. BITMAPSIZE is set and needs no clearing.
@@ -31,14 +26,13 @@ constexpr const char* PARAMETER_VARIABLES[] = {
     "BG_COLOR", "EMULATE_COLOR",   "GIF_ANIMATION", "GIF_DELAY", "GIF_ITERATIONS",   "INTERLACE",
     "PAGESIZE", "MAX_LINE_LENGTH", "PNM_PORTABLE",  "ROTATION",  "TRANSPARENT_COLOR"};
 
-bool IsPossible(const BitmapSize& size, GraphType type) {
-  const int sideMax = type == GraphType::JPEG ? JPEG_SIDE_MAX : BITMAP_SIDE_MAX;
+bool IsPossible(const BitmapSize& size, int sideMax) {
   return size.width > 0 && size.height > 0 && size.width <= sideMax && size.height <= sideMax &&
          int64_t{size.width} * size.height <= BITMAP_DOTS_MAX;
 }
 
 double DotsInUnit(const GraphJob& job) {
-  const double dotsPerInch = PlotterFormOf(job.graphType).dotsPerInch;
+  const double dotsPerInch = OutputTypeOf(job.graphType).dotsPerInch;
   switch (job.sizeUnit) {
     case SizeUnit::INCHES:
       return dotsPerInch;
@@ -75,8 +69,6 @@ void SetParameter(const char* name, std::string value) { pl_parampl(name, value.
 
 }  // namespace
 
-const PlotterForm& PlotterFormOf(GraphType type) { return PLOTTER_FORMS[static_cast<size_t>(type)]; }
-
 BitmapSize BitmapSizeOf(const GraphJob& job) {
   const double unit = DotsInUnit(job);
   // Sizes pass through single precision before they are cut.
@@ -93,10 +85,11 @@ void GrapherSetBitmapSize(const BitmapSize& size) {
 
 int GrapherOpen(PlotDevice& device, const GraphJob& job, const PlotSettings& settings) {
   if (settings.backgroundColour) SetParameter("BG_COLOR", *settings.backgroundColour);
-  if (job.graphType != GraphType::POSTSCRIPT && !IsPossible(BitmapSizeOf(job), job.graphType)) return -1;
+  const OutputType& type = OutputTypeOf(job.graphType);
+  if (type.sideMax != 0 && !IsPossible(BitmapSizeOf(job), type.sideMax)) return -1;
   ClearParameterVariables();
-  device.stream = job.graphType == GraphType::JPEG ? OpenMap(device, job) : OpenPicture(device, job);
-  device.handle = pl_newpl(PlotterFormOf(job.graphType).type, nullptr, device.stream.get(), stderr);
+  device.stream = type.finishMap != nullptr ? OpenMap(device, job) : OpenPicture(device, job);
+  device.handle = pl_newpl(type.plotter, nullptr, device.stream.get(), stderr);
   if (device.handle < 0) return -1;
   pl_selectpl(device.handle);
   if (pl_openpl() < 0) return -1;

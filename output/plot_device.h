@@ -1,5 +1,5 @@
 // The plotter and the file behind it. Everything drawn between GrapherOpen and GrapherClose goes to the file
-// of the job; a JPEG job draws into the temporary map instead.
+// of the job; a type that is finished from a map draws into the temporary map instead.
 #pragma once
 
 #include <memory>
@@ -17,20 +17,12 @@ struct BitmapSize {
   int height = 0;
 };
 
-// Which libplot plotter draws a type, and the resolution that its sizes are taken at.
-struct PlotterForm {
-  const char* type;
-  double dotsPerInch;
-};
-
 struct PlotDevice {
   Stream stream;
   int handle = -1;
   DraftFile draft;               // the job's file, unless
-  std::unique_ptr<TempMap> map;  // it is a JPEG and the drawing goes here
+  std::unique_ptr<TempMap> map;  // the drawing goes here
 };
-
-const PlotterForm& PlotterFormOf(GraphType type);
 
 // The job's size in dots.
 BitmapSize BitmapSizeOf(const GraphJob& job);

@@ -7,9 +7,9 @@
 #include "output/frame.h"
 #include "output/grapher.h"
 #include "output/grapher_messages.h"
-#include "output/jpeg.h"
 #include "output/legend.h"
 #include "output/libplot.h"
+#include "output/output_type.h"
 #include "output/plot_device.h"
 #include "output/points.h"
 #include "output/trace_drawing.h"
@@ -146,7 +146,7 @@ int FinishPlot(PlotDevice& device, const GraphJob& job) {
     GrapherError("could not close plot device");
     return 1;
   }
-  if (job.graphType == GraphType::JPEG) JpegFinish(*device.map, job);
+  if (device.map) OutputTypeOf(job.graphType).finishMap(*device.map, job);
   return 0;
 }
 
