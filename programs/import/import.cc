@@ -1,0 +1,149 @@
+#include "programs/import/import.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <set>
+
+#include "programs/import/day_files.h"
+#include "programs/import/source.h"
+
+namespace ozmo::import {
+namespace {
+
+constexpr char STANDARD_INPUT[] = "-";
+
+// The first bytes of a file. The result is empty, or the text of a failure.
+std::string ReadHead(const std::string& path, std::string& head) {
+  const Stream file(std::fopen(path.c_str(), "re"));
+  if (!file) return path + ": " + std::strerror(errno);
+  head.resize(HEAD_SIZE);
+  head.resize(std::fread(head.data(), 1, head.size(), file.get()));
+  if (std::ferror(file.get()) != 0) return path + ": " + std::strerror(errno);
+  return head.empty() ? path + ": the file is empty" : "";
+}
+
+// A node becomes a part of a file's name, and the name has to say that the file is of a Linux host.
+std::string CheckNode(const std::string& node) {
+  if (node.find('/') != std::string::npos)
+    return "node name " + node + " has a slash, which no file name can have";
+  for (const char* mark : {"qtxs_", "qtxsx_", "qtxh_", "QTXH_", "qtxa_", "QTXA_", ".vmr", ".VMR"}) {
+    if (node.find(mark) != std::string::npos)
+      return "node name " + node + " makes a file's name that of another kind";
+  }
+  return "";
+}
+
+class Import {
+ public:
+  Import(const Options& options, const ImportProgress& progress)
+      : options_(options), progress_(progress), files_(options.directory) {}
+
+  ImportResult Run();
+
+ private:
+  std::string Read(const std::string& path);
+  std::string Open(const std::string& path, LineSource& lines, const Source*& source);
+  std::string Take(const Sample& sample);
+  void AddNotes();
+
+  const Options& options_;
+  const ImportProgress& progress_;
+  DayFiles files_;
+  UserNames users_;
+  ImportResult result_;
+  size_t samples_ = 0;  // of the recording at hand
+  std::set<const Source*> sources_;
+};
+
+ImportResult Import::Run() {
+  std::error_code error;
+  std::filesystem::create_directories(options_.directory, error);
+  if (error) {
+    result_.failure = options_.directory + ": " + error.message();
+  } else if (!options_.passwdFile.empty()) {
+    result_.failure = users_.Load(options_.passwdFile);
+  }
+  for (const std::string& path : options_.sources) {
+    if (result_.failure.empty()) result_.failure = Read(path);
+  }
+  if (result_.failure.empty()) result_.failure = files_.Finish();
+  AddNotes();
+  return std::move(result_);
+}
+
+std::string Import::Read(const std::string& path) {
+  LineSource lines;
+  const Source* source = nullptr;
+  if (std::string failure = Open(path, lines, source); !failure.empty()) return failure;
+  sources_.insert(source);
+  samples_ = 0;
+  std::string failure =
+      source->readText(lines, users_, [this](const Sample& sample) { return Take(sample); });
+  // A program that couldn't read its recording has said why; what it printed until then is no day.
+  const std::string ending = failure.empty() ? lines.Finish() : "";
+  if (failure.empty()) failure = ending;
+  if (failure.empty() && samples_ == 0) failure = "there is no sample in it";
+  return failure.empty() ? "" : (path == STANDARD_INPUT ? "standard input" : path) + ": " + failure;
+}
+
+std::string Import::Open(const std::string& path, LineSource& lines, const Source*& source) {
+  source = FindSource(options_.from);
+  const std::string unknown = ": nothing that ozmo_import knows; --help lists what it reads";
+  if (path == STANDARD_INPUT) {
+    lines.OpenStandardInput();
+  } else {
+    std::string head;
+    if (std::string failure = ReadHead(path, head); !failure.empty()) return failure;
+    const Source* recorder = SourceOfRecording(head);
+    if (recorder != nullptr && (source == nullptr || source == recorder)) {
+      source = recorder;
+      const std::string failure = lines.OpenProgram(source->command(path), std::string(source->package));
+      return failure.empty() ? "" : path + ": " + failure;
+    }
+    if (std::string failure = lines.OpenFile(path); !failure.empty()) return failure;
+  }
+  std::string line;
+  if (!lines.Peek(line)) return "standard input is empty";
+  if (source == nullptr) source = SourceOfText(line);
+  return source == nullptr ? (path == STANDARD_INPUT ? "standard input" : path) + unknown : "";
+}
+
+std::string Import::Take(const Sample& sample) {
+  if (options_.begin && sample.time < *options_.begin) return "";
+  if (options_.end && sample.time > *options_.end) return "";
+  ++samples_;
+  if (progress_) progress_(sample.node, sample.time);
+  Sample named = sample;
+  if (!options_.node.empty()) named.node = options_.node;
+  if (std::string failure = CheckNode(named.node); !failure.empty()) return failure;
+  return files_.Add(named);
+}
+
+void Import::AddNotes() {
+  result_.files = files_.Finished();
+  for (const std::string& path : files_.LeftAsTheyWere()) {
+    result_.notes.push_back(path + " is there already, and stays as it is");
+  }
+  if (files_.OutOfOrder() > 0) {
+    result_.notes.push_back(std::to_string(files_.OutOfOrder()) +
+                            " samples left out, since the clock had gone back");
+  }
+  for (const Source* source : sources_) {
+    result_.notes.push_back(std::string(source->name) + " has no " + std::string(source->lacks) +
+                            ": these graphs are empty");
+  }
+}
+
+}  // namespace
+
+ImportResult ImportRecordings(const Options& options, const ImportProgress& progress) {
+  return Import(options, progress).Run();
+}
+
+bool IsForeignRecording(const std::string& path) {
+  std::string head;
+  return ReadHead(path, head).empty() && SourceOfRecording(head) != nullptr;
+}
+
+}  // namespace ozmo::import

@@ -1,0 +1,26 @@
+// An import from begin to end: recordings in, day files out.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "programs/import/options.h"
+
+namespace ozmo::import {
+
+struct ImportResult {
+  std::string failure;             // empty when all went well
+  std::vector<std::string> files;  // that were made, also before a failure
+  std::vector<std::string> notes;  // what the user should know: days that were there, groups that are empty
+};
+
+// Called with the host and time of a sample now and then.
+using ImportProgress = std::function<void(const std::string& node, int64_t time)>;
+
+ImportResult ImportRecordings(const Options& options, const ImportProgress& progress);
+
+// Whether a file is a recording of another program, by its content.
+bool IsForeignRecording(const std::string& path);
+
+}  // namespace ozmo::import

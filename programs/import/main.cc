@@ -1,0 +1,81 @@
+// ozmo_import: makes Linux data files of what other programs recorded.
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "programs/import/import.h"
+#include "runtime/identity.h"
+#include "runtime/terminal_text.h"
+#include "runtime/times.h"
+
+namespace {
+
+using namespace ozmo::import;
+
+enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
+
+void Say(const std::string& text) {
+  std::fprintf(stderr, "ozmo_import: %s\n", ozmo::PrintableText(text).c_str());
+}
+
+// Shows how far the import has come, on a terminal only.
+class Progress {
+ public:
+  ~Progress() {
+    if (last_ != 0) std::fputs("\r\033[K", stderr);
+  }
+  ImportProgress Sink() {
+    if (isatty(STDERR_FILENO) != 1) return nullptr;
+    return [this](const std::string& node, int64_t time) {
+      constexpr int64_t STEP = 900;
+      if (time / STEP == last_ / STEP) return;
+      last_ = time;
+      std::fprintf(stderr, "\r\033[Kimporting %s %s ", ozmo::PrintableText(node).c_str(),
+                   ozmo::TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
+    };
+  }
+
+ private:
+  int64_t last_ = 0;
+};
+
+Status Import(const Options& options) {
+  ImportResult result;
+  {
+    Progress progress;
+    result = ImportRecordings(options, progress.Sink());
+  }
+  for (const std::string& note : result.notes) Say(note);
+  for (const std::string& file : result.files) std::printf("%s\n", ozmo::TextFor(stdout, file).c_str());
+  if (!result.failure.empty()) Say(result.failure);
+  return result.failure.empty() ? DONE : FAILED;
+}
+
+Status Run(const ParsedOptions& parsed) {
+  if (!parsed.failure.empty()) {
+    Say(parsed.failure);
+    std::fputs("ozmo_import --help says more.\n", stderr);
+    return USAGE;
+  }
+  if (parsed.options.action == Action::HELP) {
+    std::fputs(HelpText().c_str(), stdout);
+    return DONE;
+  }
+  if (parsed.options.action == Action::VERSION) {
+    std::printf("ozmo_import %s\n", ozmo::ProductIdentityInit().versionText.c_str());
+    return DONE;
+  }
+  return Import(parsed.options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Status status = Run(ParseOptions(argc, argv));
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  Say(std::string("standard output: ") + std::strerror(errno));
+  return FAILED;
+}

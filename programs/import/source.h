@@ -1,0 +1,42 @@
+// The recordings of other programs that can be imported, one row each.
+//
+// Adding a source is a file of its own, with a row in source.cc. A source is known by its content, never by a
+// name.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "programs/import/line_source.h"
+#include "programs/import/sample.h"
+#include "programs/import/user_names.h"
+
+namespace ozmo::import {
+
+struct Source {
+  std::string_view name;     // as --from takes it
+  std::string_view package;  // that has the program
+  // Whether a file that begins with these bytes is a recording of that program.
+  bool (*isRecording)(std::string_view head);
+  // Whether this is the first line of the program's text.
+  bool (*isText)(std::string_view line);
+  // The command that prints a recording as text.
+  std::vector<std::string> (*command)(const std::string& path);
+  // Reads the text, and hands each interval on. Returns what went wrong, or nothing.
+  std::string (*readText)(LineSource& lines, UserNames& users, const SampleSink& sink);
+  std::string_view lacks;  // the groups of graphs that it has nothing for
+};
+
+std::span<const Source* const> Sources();
+
+// Null where none fits.
+const Source* SourceOfRecording(std::string_view head);
+const Source* SourceOfText(std::string_view line);
+const Source* FindSource(std::string_view name);
+
+// As many bytes of a file as isRecording looks at.
+constexpr size_t HEAD_SIZE = 64;
+
+}  // namespace ozmo::import

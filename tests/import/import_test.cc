@@ -1,0 +1,209 @@
+// What ozmo_import takes from the texts of atop and sadf, and what it does with damaged ones.
+#include "programs/import/import.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "programs/import/source.h"
+#include "tests/support/temp_directory.h"
+
+namespace ozmo::import {
+namespace {
+
+// "@" is the words that all lines have: of a sample of 60 seconds, and of node "web".
+std::string AtopLines(std::string text, const std::string& time = "1329897660") {
+  const std::string head = " web " + time + " 2012/02/22 08:01:00 60 ";
+  for (size_t place = 0; (place = text.find(" @ ", place)) != std::string::npos;)
+    text.replace(place, 3, head);
+  return text;
+}
+
+const std::string ATOP_SAMPLE =
+    "CPU @ 100 2 1 1 1 1 1 0 0 0 0\n"
+    "cpu @ 1000 3 1000 20000 3000 30000 400 50 60 7 8 2400 100\n"
+    "MEM @ 4096 1000 100 300 50 9 9 9 0 40 30 0\n"
+    "PAG @ 4096 9 9 0 11 12 0 0 0 0 17 18\n"
+    "LVM @ vg0 9 9 9 9 9 0 0 0 1.0\n"
+    "DSK @ sda 200 30 4000 10 500 -1 -1 7 2.50\n"
+    "NET @ upper 101 102 103 104 105 106 107 108 109 110 111 112 113 114 115 116\n"
+    "NET @ eth0 11 1200 13 1400 1000 1\n"
+    "NET @ eth9 0 0 0 0 0 0\n"
+    "PRG @ 70 (x) S 1 (y) S 0 0 70 2 0 1329890000 (/bin/x) 1 2 3 4 5 6 7 8 9 y n (a b) 12 1 0 0 33 0 0 0 0 0 "
+    "0 y 0 0 - N (/a)\n"
+    "PRG @ 71 (thread) S 0 0 70 1 0 1329890000 () 12 1 0 0 33 0 0 0 0 0 0 n 0 0 - N ()\n"
+    "PRG @ 72 (kworker/0:1) I 0 0 72 1 0 1329890000 () 2 0 0 1 0 0 0 0 0 0 0 y 0 0 - N ()\n"
+    "PRG @ 73 (cc1) E 0 0 73 0 0 1329890000 () 12 0 0 0 33 0 0 0 0 0 5 y\n"
+    "PRC @ 70 (x) S 1 (y) S 1000 50 60 0 120 0 0 1 0 70 y 0 () 0\n"
+    "PRC @ 71 (thread) S 1000 900 900 0 120 0 0 1 0 70 n 0 () 0\n"
+    "PRC @ 72 (kworker/0:1) I 1000 0 70 0 120 0 0 1 0 72 y 0 () 0\n"
+    "PRC @ 73 (cc1) E 1000 500 600 0 0 0 0 -1 0 73 y\n"
+    "PRM @ 70 (x) S 1 (y) S 4096 2000 300 10 0 0 44 55 0 0 0 0 70 y\n"
+    "PRM @ 71 (thread) S 4096 2000 300 10 0 0 9 9 0 0 0 0 70 n\n"
+    "PRM @ 72 (kworker/0:1) I 4096 0 0 0 0 0 0 0 0 0 0 0 72 y\n"
+    "PRM @ 73 (cc1) E 4096 0 0 0 0 0 6 7 0 0 0 0 73 y\n"
+    "SEP\n";
+
+class ImportTest : public ::testing::Test {
+ protected:
+  std::string Write(const std::string& name, const std::string& text) {
+    const std::string path = directory_ / name;
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+
+  // The samples of a text, and the failure that ended it.
+  std::vector<Sample> SamplesOf(const Source& source, const std::string& text) {
+    LineSource lines;
+    EXPECT_EQ(lines.OpenFile(Write("text", text)), "");
+    UserNames users;
+    EXPECT_EQ(users.Load(Write("passwd", "www:x:33:33::/:/bin/sh\n")), "");
+    std::vector<Sample> samples;
+    failure_ = source.readText(lines, users, [&](const Sample& sample) {
+      samples.push_back(sample);
+      return "";
+    });
+    return samples;
+  }
+
+  ImportResult Run(const std::string& text) {
+    Options options;
+    options.directory = directory_ / "data";
+    options.sources = {Write("recording", text)};
+    return ImportRecordings(options, nullptr);
+  }
+
+  std::vector<std::string> DataFiles() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory_ / "data")) {
+      names.push_back(entry.path().filename());
+    }
+    return names;
+  }
+
+  testing::TempDirectory directory_;
+  std::string failure_;
+};
+
+TEST_F(ImportTest, AtopFieldsGoWhereTheyBelong) {
+  const std::vector<Sample> samples = SamplesOf(
+      *FindSource("atop"), "RESET\n" + AtopLines(ATOP_SAMPLE, "1329897600") + AtopLines(ATOP_SAMPLE));
+  EXPECT_EQ(failure_, "");
+  ASSERT_EQ(samples.size(), 1U);  // what is since boot is no interval
+  const Sample& sample = samples[0];
+  EXPECT_EQ(sample.node + " " + std::to_string(sample.time) + " " + std::to_string(sample.seconds),
+            "web 1329897660 60");
+  const host_file::HostFigures& host = sample.figures;
+  ASSERT_EQ(host.processors.size(), 1U);
+  const auto& cpu = host.processors[0];
+  EXPECT_EQ((std::vector<uint64_t>{cpu.user, cpu.nice, cpu.system, cpu.idle, cpu.wait}),
+            (std::vector<uint64_t>{2000, 300, 100 + 5 + 6, 3000, 40}));
+  EXPECT_EQ(cpu.id, 3);
+  const auto& memory = host.memory;
+  EXPECT_EQ((std::vector<uint64_t>{memory.total, memory.free, memory.shared, memory.buffers, memory.cached}),
+            (std::vector<uint64_t>{4000, 400, 160, 200, 1040}));
+  const auto& paging = host.paging;
+  EXPECT_EQ((std::vector<uint64_t>{paging.pagedIn, paging.pagedOut, paging.swappedIn, paging.swappedOut}),
+            (std::vector<uint64_t>{17, 18, 11, 12}));
+  ASSERT_EQ(host.disks.size(), 1U);
+  EXPECT_EQ(host.disks[0].figures,
+            (std::array<uint64_t, 11>{30, 0, 4000, 375, 10, 0, 500, 125, 7, 200, 500}));
+  ASSERT_EQ(host.adapters.size(), 1U);
+  EXPECT_EQ(host.adapters[0].figures, (std::array<uint64_t, 7>{11, 1200, 0, 13, 1400, 0, 0}));
+  EXPECT_EQ(
+      (std::vector<uint64_t>{host.protocols[2], host.protocols[49], host.protocols[53], host.protocols[60]}),
+      (std::vector<uint64_t>{105, 111, 113, 104}));
+
+  ASSERT_EQ(host.processes.size(), 3U);  // no thread; one record for what ended
+  const auto& process = host.processes[0];
+  EXPECT_EQ(process.command + " " + process.user, "/bin/x) 1 2 3 4 5 6 7 8 9 y n (a b www");
+  EXPECT_EQ((std::vector<uint64_t>{process.own.userTicks, process.own.systemTicks, process.own.minorFaults,
+                                   process.own.majorFaults, process.virtualBytes, process.residentBytes}),
+            (std::vector<uint64_t>{5, 6, 44, 55, 2000 * 1024, 300 * 1024}));
+  EXPECT_EQ(host.processes[1].command + " " + host.processes[1].user, "[kworker/0:1] 0");
+  EXPECT_EQ(host.processes[2].command + " " + host.processes[2].user, "cc1 www");
+  EXPECT_EQ(host.processes[2].own.systemTicks, 60U);
+}
+
+TEST_F(ImportTest, SysstatRatesBecomeCounts) {
+  const std::string head = "web\t60\t1329897660\t";
+  std::string text = "web\t-1\t1329890000\tLINUX-RESTART\t(2 CPU)\n";
+  for (const char* line : {"all\t%usr\t99",
+                           "cpu1\t%usr\t10.5",
+                           "cpu1\t%guest\t1",
+                           "cpu1\t%irq\t0.5",
+                           "cpu1\t%sys\t2",
+                           "cpu1\t%idle\t86",
+                           "-\tkbmemfree\t1000",
+                           "-\tkbmemused\t2000",
+                           "-\tkbslab\t5",
+                           "-\tpgpgin/s\t8",
+                           "-\tirec/s\t2",
+                           "sda\ttps\t4",
+                           "sda\trkB/s\t3",
+                           "sda\twkB/s\t1",
+                           "sda\tawait\t5",
+                           "sda\t%util\t50",
+                           "eth0\trxkB/s\t2",
+                           "lo\trxpck/s\t0",
+                           "/dev/sda1\tMBfsfree\t40",
+                           "/dev/sda1\tMBfsused\t60",
+                           "/dev/sda1\t%ufsused\t75",
+                           "36\tall\t329"}) {
+    text += head + line + "\n";
+  }
+  const std::vector<Sample> samples = SamplesOf(*FindSource("sysstat"), text);
+  ASSERT_EQ(samples.size(), 1U) << failure_;
+  const host_file::HostFigures& host = samples[0].figures;
+  ASSERT_EQ(host.processors.size() + host.disks.size() + host.adapters.size() + host.fileSystems.size(), 4U);
+  EXPECT_EQ(host.processors[0].user, 690U);
+  EXPECT_EQ(host.processors[0].system, 150U);
+  EXPECT_EQ(host.memory.total, 3005U);
+  EXPECT_EQ(host.paging.pagedIn, 120U);
+  EXPECT_EQ(host.protocols[2], 120U);
+  EXPECT_EQ(host.disks[0].figures,
+            (std::array<uint64_t, 11>{180, 0, 360, 900, 60, 0, 120, 300, 0, 30000, 0}));
+  EXPECT_EQ(host.adapters[0].figures[1], 122880U);
+  EXPECT_EQ(host.fileSystems[0].availableBlocks, 20U);
+}
+
+TEST_F(ImportTest, ADayIsWholeOrNotThere) {
+  const std::string text = AtopLines(ATOP_SAMPLE) + AtopLines(ATOP_SAMPLE, "1329897720");
+  const ImportResult done = Run(text);
+  EXPECT_EQ(done.failure, "");
+  ASSERT_EQ(done.files.size(), 1U);
+  const auto size = std::filesystem::file_size(done.files[0]);
+  const ImportResult again = Run(text + AtopLines(ATOP_SAMPLE, "1329897780"));
+  EXPECT_TRUE(again.files.empty());
+  EXPECT_NE(again.notes[0].find("is there already"), std::string::npos);
+  EXPECT_EQ(std::filesystem::file_size(done.files[0]), size);
+  std::filesystem::remove(done.files[0]);
+
+  struct Damage {
+    std::string text;
+    const char* failure;
+  };
+  const Damage damages[] = {
+      {"", "the file is empty"},
+      {"hello\n", "nothing that ozmo_import knows"},
+      {"RESET\nPRG web 1 2 3\nSEP\n", "line 2 isn't one of atop's"},
+      {text + "PRC @ 70 (x) S 1000 1 1 0\n", "line 45 isn't one of atop's"},
+      {AtopLines("CPU @ 1\nPRG @ 70 (no end S 0 0\n"), "line 2 isn't one of atop's"},
+      {text.substr(0, 300), "there is no sample in it"},
+      {AtopLines("cpu @ 100 0 1 1 1 1 1 1 1\nSEP\n", "99999999999"), "line 1 isn't one of atop's"},
+      {"cpu ../web 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "has a slash"},
+      {"cpu qtxs_x 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "that of another kind"},
+  };
+  for (const Damage& damage : damages) {
+    const ImportResult result = Run(damage.text);
+    EXPECT_NE(result.failure.find(damage.failure), std::string::npos) << result.failure << "\n"
+                                                                      << damage.failure;
+    EXPECT_TRUE(DataFiles().empty());
+  }
+  const ImportResult back = Run(AtopLines(ATOP_SAMPLE) + AtopLines(ATOP_SAMPLE, "1329897600"));
+  EXPECT_NE(back.notes[0].find("1 samples left out"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace ozmo::import
