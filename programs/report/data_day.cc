@@ -38,6 +38,16 @@ std::string NoDataText(const DataDay& day, const DayRequest& request, ReaderKind
   return text + "; its first record is of " + TimeFormat(first, "%Y-%m-%d %H:%M:%S");
 }
 
+Span SpanOf(const DayRequest& request, Seconds firstRecord) {
+  if (request.like && !request.begin) {
+    const std::tm clock = TimeLocal(request.like->begin);
+    const Seconds begin = ClockOfDay(firstRecord, clock.tm_hour, clock.tm_min, clock.tm_sec);
+    return {begin, begin + (request.like->end - request.like->begin)};
+  }
+  const Seconds begin = request.begin.value_or(ClockOfDay(firstRecord, 0, 0, 0));
+  return {begin, request.end.value_or(ClockOfDay(begin, 23, 59, 59))};
+}
+
 }  // namespace
 
 DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
@@ -57,8 +67,9 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
             request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
   }
   day.node = head->nodeName;
-  day.begin = request.begin.value_or(ClockOfDay(head->firstRecordTime, 0, 0, 0));
-  day.end = request.end.value_or(ClockOfDay(day.begin, 23, 59, 59));
+  const Span span = SpanOf(request, head->firstRecordTime);
+  day.begin = span.begin;
+  day.end = span.end;
   if (day.begin >= day.end) return {std::nullopt, "the span " + SpanText(day) + " ends before it begins"};
 
   WorkloadClassList classes;

@@ -7,6 +7,7 @@
 
 #include "catalog/model.h"
 #include "runtime/runtime.h"
+#include "runtime/times.h"
 
 namespace ozmo::report {
 
@@ -15,6 +16,9 @@ struct DayRequest {
   std::optional<Seconds> begin;  // absent: the first second of the day of the file's first record
   std::optional<Seconds> end;    // absent: the last second of the day of the begin
   std::string classFile;         // empty: the builder looks for one
+  // Where begin and end are absent: as long as this span, from the time of day of its begin on the day of the
+  // file's first record.
+  std::optional<Span> like{};
 };
 
 // A data file over a span, every graph worked out.

@@ -7,10 +7,13 @@
 #include <cstdio>
 #include <cstring>
 
+#include "programs/report/baseline.h"
 #include "programs/report/csv_files.h"
 #include "programs/report/data_day.h"
+#include "programs/report/marks.h"
 #include "programs/report/options.h"
 #include "programs/report/page.h"
+#include "programs/report/page_json.h"
 #include "programs/report/text.h"
 #include "readers/file_set.h"
 #include "runtime/memory.h"
@@ -80,7 +83,7 @@ struct ReadResult {
   std::vector<std::string> problems;  // that readers reported
 };
 
-ReadResult Read(const Options& options, Runtime& runtime) {
+ReadResult Read(const DayRequest& request, Runtime& runtime) {
   ReadResult read;
   runtime.messageSink = [&](const ReadyMessage& message) {
     // A plain message says what is being read, and nothing of the data.
@@ -91,7 +94,7 @@ ReadResult Read(const Options& options, Runtime& runtime) {
   };
   const SilentOutput silent;
   const Progress progress(runtime);
-  read.result = ReadDay({options.dataFile, options.begin, options.end, options.classFile}, runtime);
+  read.result = ReadDay(request, runtime);
   runtime.messageSink = nullptr;
   return read;
 }
@@ -108,11 +111,44 @@ void PrintList(const std::vector<Section>& sections) {
   });
 }
 
-std::string WritePage(const Options& options, const PageData& data) {
+// What the options name beside the data file. What can't be used of it is a problem that the page shows.
+struct Company {
+  std::optional<Baseline> baseline;
+  std::vector<Mark> marks;
+};
+
+Company CompanyOf(const Options& options, const DayRequest& request, const DataDay& day, PageData& page,
+                  Runtime& runtime) {
+  Company company;
+  const auto fail = [&](const std::string& text) {
+    Complain(text);
+    page.problems.push_back(text);
+  };
+  if (!options.baseline.empty()) {
+    const ReadResult read = Read(BaselineRequest(options.baseline, request, day), runtime);
+    page.problems.insert(page.problems.end(), read.problems.begin(), read.problems.end());
+    if (read.result.day) {
+      company.baseline = BaselineOf(*read.result.day, page);
+    } else {
+      fail("no baseline: " + read.result.failure);
+    }
+  }
+  if (!options.marksFile.empty()) {
+    MarksResult read = ReadMarks(options.marksFile);
+    for (const std::string& wrong : read.wrong) fail(wrong);
+    const size_t outside = DropOutside(read.marks, page);
+    if (outside > 0) Complain(CountText(static_cast<int>(outside), "mark") + " outside the span, left out");
+    company.marks = std::move(read.marks);
+  }
+  return company;
+}
+
+std::string WritePage(const Options& options, const PageData& data, const Company& company) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
   const std::optional<FileIdentity> dataFile = IdentityOf(DataFilePath(options.dataFile));
   if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
-  const std::string page = PageOf(data, "ozmo_report " + ProductIdentityInit().versionText);
+  const std::string page = PageOf(data, JsonOf(data, company.baseline, company.marks),
+                                  "ozmo_report " + ProductIdentityInit().versionText);
   if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
   std::printf("%s: %s, %s\n", LineText(path).c_str(), CountText(data.graphs, "graph").c_str(),
               SizeText(page.size()).c_str());
@@ -120,8 +156,9 @@ std::string WritePage(const Options& options, const PageData& data) {
 }
 
 // Writes what was asked for; answers what went wrong.
-std::string Write(const Options& options, const DataDay& day, const std::vector<Section>& sections,
-                  const std::vector<std::string>& problems) {
+std::string Write(const Options& options, const DayRequest& request, const DataDay& day,
+                  const std::vector<Section>& sections, std::vector<std::string>& problems,
+                  Runtime& runtime) {
   if (options.list) PrintList(sections);
   if (!options.csvDirectory.empty()) {
     const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
@@ -132,12 +169,15 @@ std::string Write(const Options& options, const DataDay& day, const std::vector<
   PageData data = PageDataOf(day, sections);
   data.file = BaseName(options.dataFile);
   data.problems = problems;
-  return WritePage(options, data);
+  const Company company = CompanyOf(options, request, day, data, runtime);
+  problems = data.problems;
+  return WritePage(options, data, company);
 }
 
 // Answers whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
-  const ReadResult read = Read(options, runtime);
+  const DayRequest request{options.dataFile, options.begin, options.end, options.classFile};
+  ReadResult read = Read(request, runtime);
   if (!read.result.day) {
     if (read.problems.empty()) Complain(read.result.failure);
     return false;
@@ -148,7 +188,7 @@ bool Report(const Options& options, Runtime& runtime) {
     Complain("no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
     return false;
   }
-  const std::string failure = Write(options, day, sections, read.problems);
+  const std::string failure = Write(options, request, day, sections, read.problems, runtime);
   if (!failure.empty()) Complain(failure);
   return failure.empty() && read.problems.empty();
 }

@@ -12,14 +12,20 @@ namespace {
 constexpr int END_OF_OPTIONS = -1;
 
 // A value of its own for each option without a letter.
-enum LongOption { BEGIN = 256, END, ITEM, CLASSES, LIST, CSV, VERSION };
+enum LongOption { BEGIN = 256, END, ITEM, CLASSES, BASELINE, MARKS, LIST, CSV, VERSION };
 
-constexpr option LONG_OPTIONS[] = {
-    {"begin", required_argument, nullptr, BEGIN}, {"end", required_argument, nullptr, END},
-    {"item", required_argument, nullptr, ITEM},   {"classes", required_argument, nullptr, CLASSES},
-    {"list", no_argument, nullptr, LIST},         {"csv", required_argument, nullptr, CSV},
-    {"output", required_argument, nullptr, 'o'},  {"help", no_argument, nullptr, 'h'},
-    {"version", no_argument, nullptr, VERSION},   {nullptr, 0, nullptr, 0}};
+constexpr option LONG_OPTIONS[] = {{"begin", required_argument, nullptr, BEGIN},
+                                   {"end", required_argument, nullptr, END},
+                                   {"item", required_argument, nullptr, ITEM},
+                                   {"classes", required_argument, nullptr, CLASSES},
+                                   {"baseline", required_argument, nullptr, BASELINE},
+                                   {"marks", required_argument, nullptr, MARKS},
+                                   {"list", no_argument, nullptr, LIST},
+                                   {"csv", required_argument, nullptr, CSV},
+                                   {"output", required_argument, nullptr, 'o'},
+                                   {"help", no_argument, nullptr, 'h'},
+                                   {"version", no_argument, nullptr, VERSION},
+                                   {nullptr, 0, nullptr, 0}};
 
 std::string TakeTime(std::optional<Seconds>& time, const char* option, const char* text, DayEdge edge) {
   time = TimeOf(text, edge);
@@ -45,6 +51,10 @@ std::string TakeOption(Options& options, int number, const char* value) {
       return "";
     case CLASSES:
       return TakeText(options.classFile, "--classes", value);
+    case BASELINE:
+      return TakeText(options.baseline, "--baseline", value);
+    case MARKS:
+      return TakeText(options.marksFile, "--marks", value);
     case CSV:
       return TakeText(options.csvDirectory, "--csv", value);
     case 'o':
@@ -111,6 +121,8 @@ std::string HelpText() {
          "      --begin TIME        first minute of the span (the first day of the file)\n"
          "      --end TIME          last minute of the span (the end of the day of the begin)\n"
          "      --item TITLE        only this item; may be given more than once\n"
+         "      --baseline WHAT     compare with WHAT: a data file, or so long before as 1d, 7d or 2w\n"
+         "      --marks FILE        moments to show in all charts: a line a mark, its time and a text\n"
          "      --classes FILE      workload classes (QTX.memory in the working directory)\n"
          "  -h, --help\n"
          "      --version\n"

@@ -18,6 +18,8 @@ struct Options {
   std::optional<Seconds> end;
   std::vector<std::string> items;  // titles; none: all
   std::string classFile;           // empty: what the working directory has
+  std::string baseline;            // a data file or a time back; empty: none
+  std::string marksFile;           // empty: none
   bool list = false;
   std::string csvDirectory;  // empty: no CSV files
   std::string pageFile;      // empty: see WritesPage

@@ -24,12 +24,6 @@ std::string PeriodOf(const PageData& data) {
   return firstDay + ", " + firstClock + " to " + lastDay + ", " + lastClock;
 }
 
-std::string TitleOf(const PageData& data) {
-  const std::string first = PointTime(data, data.firstPoint, "%-d %B %Y");
-  const std::string last = PointTime(data, data.lastPoint, "%-d %B %Y");
-  return data.node + ", " + (first == last ? first : first + " to " + last);
-}
-
 void AppendTableRows(std::string& html, const PageGraph& graph) {
   html += "<tbody><tr><th scope=\"rowgroup\" colspan=\"3\">" + HtmlText(graph.heading) + " <small>" +
           HtmlText(graph.unit) + "</small></th></tr>\n";
@@ -81,6 +75,12 @@ struct Slot {
 
 }  // namespace
 
+std::string TitleOf(const PageData& data) {
+  const std::string first = PointTime(data, data.firstPoint, "%-d %B %Y");
+  const std::string last = PointTime(data, data.lastPoint, "%-d %B %Y");
+  return data.node + ", " + (first == last ? first : first + " to " + last);
+}
+
 std::string CountText(int count, const char* thing) {
   return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
 }
@@ -93,7 +93,7 @@ std::string SizeText(size_t bytes) {
   return text;
 }
 
-std::string PageOf(const PageData& data, const std::string& versionText) {
+std::string PageOf(const PageData& data, const std::string& json, const std::string& versionText) {
   const Slot slots[] = {
       {"%%TITLE%%", HtmlText(TitleOf(data))},
       {"%%HOST%%", HtmlText(data.node)},
@@ -102,7 +102,7 @@ std::string PageOf(const PageData& data, const std::string& versionText) {
       {"%%NOTES%%", NotesOf(data)},
       {"%%TABLES%%", TablesOf(data)},
       {"%%VERSION%%", HtmlText(versionText)},
-      {"%%DATA%%", JsonOf(data)},
+      {"%%DATA%%", json},
   };
   std::string page;
   std::string_view rest = PageTemplate();

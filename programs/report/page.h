@@ -8,8 +8,11 @@
 namespace ozmo::report {
 
 // The whole file. What comes from the data stands in it as escaped text or in a block of JSON that no script
-// element runs.
-std::string PageOf(const PageData& data, const std::string& versionText);
+// element runs. `json` is what the scripts show of it (page_json.h).
+std::string PageOf(const PageData& data, const std::string& json, const std::string& versionText);
+
+// "forge, 22 February 2012", or both days.
+std::string TitleOf(const PageData& data);
 
 // "1 graph", "2 graphs".
 std::string CountText(int count, const char* thing);

@@ -83,52 +83,6 @@ void GiveAllPoints(PageData& data, const std::vector<Section>& sections, size_t 
   }
 }
 
-// Where the offset from UTC changes: pairs of a point and the offset from there on.
-std::string OffsetsText(const PageData& data) {
-  const auto offsetOf = [&](int point) {
-    return TimeLocal(data.start + point * SECONDS_PER_MINUTE).tm_gmtoff;
-  };
-  long offset = offsetOf(0);
-  std::string text = "[[0," + std::to_string(offset) + ']';
-  constexpr int STEP = 60;
-  for (int from = 0; from < data.pointCount; from += STEP) {
-    const int to = std::min(from + STEP, data.pointCount - 1);
-    if (offsetOf(to) == offset) continue;
-    int point = from;
-    while (offsetOf(point) == offset) ++point;
-    offset = offsetOf(point);
-    text += ",[" + std::to_string(point) + ',' + std::to_string(offset) + ']';
-  }
-  return text + ']';
-}
-
-void AppendTrace(std::string& json, const PageTrace& trace) {
-  json += "{\"label\":" + JsonText(trace.label) + ",\"colour\":\"" + trace.colour +
-          "\",\"mean\":" + FigureText(trace.figures.mean) + ",\"peak\":" + FigureText(trace.figures.peak) +
-          ",\"at\":" + std::to_string(trace.figures.peakPoint) + ",\"points\":\"" + trace.points + "\"}";
-}
-
-void AppendGraph(std::string& json, const PageGraph& graph) {
-  json += "{\"title\":" + JsonText(graph.heading) + ",\"unit\":" + JsonText(graph.unit) +
-          ",\"top\":" + FigureText(graph.top) + ",\"chart\":" + (graph.hasChart ? "true" : "false") +
-          (graph.named ? "" : ",\"unnamed\":true") + ",\"traces\":[";
-  for (size_t i = 0; i < graph.traces.size(); ++i) {
-    if (i > 0) json += ',';
-    AppendTrace(json, graph.traces[i]);
-  }
-  json += "]}";
-}
-
-void AppendSection(std::string& json, const PageSection& section) {
-  json += "{\"label\":" + JsonText(section.label) + ",\"level\":" + std::to_string(section.level) +
-          ",\"own\":" + (section.runTime ? "true" : "false") + ",\"graphs\":[";
-  for (size_t i = 0; i < section.graphs.size(); ++i) {
-    if (i > 0) json += ",\n";
-    AppendGraph(json, section.graphs[i]);
-  }
-  json += "]}";
-}
-
 }  // namespace
 
 PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, size_t room) {
@@ -153,17 +107,5 @@ PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, si
 }
 
 std::string FigureText(double value) { return NumberText(value, 2); }
-
-std::string JsonOf(const PageData& data) {
-  std::string json =
-      "{\"node\":" + JsonText(data.node) + ",\"start\":" + std::to_string(data.start) +
-      ",\"points\":" + std::to_string(data.pointCount) + ",\"first\":" + std::to_string(data.firstPoint) +
-      ",\"last\":" + std::to_string(data.lastPoint) + ",\"offsets\":" + OffsetsText(data) + ",\"sections\":[";
-  for (size_t i = 0; i < data.sections.size(); ++i) {
-    if (i > 0) json += ",\n";
-    AppendSection(json, data.sections[i]);
-  }
-  return json + "]}";
-}
 
 }  // namespace ozmo::report

@@ -59,7 +59,4 @@ PageData PageDataOf(const DataDay& day, const std::vector<Section>& sections, si
 // A figure as a page shows it, with the two decimals of a CSV file.
 std::string FigureText(double value);
 
-// The data as JSON, fit to stand in a script element.
-std::string JsonOf(const PageData& data);
-
 }  // namespace ozmo::report

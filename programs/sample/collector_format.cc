@@ -1,5 +1,7 @@
 #include "programs/sample/collector_format.h"
 
+#include "programs/sample/plant.h"
+
 namespace ozmo::sample {
 
 std::string CollectorBytes(const CollectorFormat& format, const SampleContext& context,
@@ -11,8 +13,7 @@ std::string CollectorBytes(const CollectorFormat& format, const SampleContext& c
   format.writeHead(context, file);
   for (const int64_t time : dayFile.times) {
     file.BeginSample(format.timeRecord, format.timeField, time - options.utcOffset);
-    const auto seed = static_cast<uint64_t>(options.seed);
-    format.writeSample(context, SampleHost(context.host, seed, time, options.intervalSeconds), file);
+    format.writeSample(context, SampleAt(context, time), file);
   }
   return file.Bytes();
 }

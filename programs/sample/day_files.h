@@ -24,6 +24,8 @@ struct SampleOptions {
   bool replace = false;       // files that the directory has of these days already
   std::string node;           // empty: the host's own name
   std::string version;        // empty: the host's own
+  std::string plant;          // the name of a change (plant.h); empty: none
+  int plantHour = 0;          // of each day, from which the change is there
 };
 
 // One file of a day: its number from 1 and the times of its samples, on the host's wall clock.

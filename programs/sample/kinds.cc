@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "programs/sample/plant.h"
 #include "runtime/whole_file.h"
 
 namespace ozmo::sample {
@@ -84,6 +85,11 @@ std::string CheckOptions(const SampleKind& kind, const SampleOptions& options) {
   const std::string name(kind.name);
   if (options.node.find('/') != std::string::npos) {
     return "a host name is part of a file name and holds no \"/\"";
+  }
+  if (!options.plant.empty() && FindPlantedChange(options.plant) == nullptr) {
+    std::vector<std::string_view> changes;
+    for (const PlantedChange& change : PlantedChanges()) changes.push_back(change.name);
+    return "no change \"" + options.plant + "\" to plant; there are " + Listed(changes);
   }
   if (options.littleEndian && kind.littleEndianPrefix.empty()) {
     return name + " files have one byte order only";

@@ -37,6 +37,10 @@ constexpr char HELP[] =
     "      --node NAME           host name (the host's own)\n"
     "      --collector VERSION   collector version (the host's own); --version VERSION says the same\n"
     "      --utc-offset SECONDS  the host's offset from UTC (0)\n"
+    "      --plant CHANGE        a change against the other days: runaway (processes that take all they "
+    "get),\n"
+    "                            slow-disk, system-time (in place of the user's) or leak (of memory)\n"
+    "      --plant-hour HOUR     from this hour of each day on (0)\n"
     "      --little-endian       Solaris: little-endian numbers, file prefix qtxsx_\n"
     "  -f, --force               replace the files that DIRECTORY has of these days: files of the same\n"
     "                            names are written over, those with higher numbers are removed\n"
@@ -61,6 +65,7 @@ constexpr NumberOption NUMBER_OPTIONS[] = {
     {"files", &SampleOptions::filesPerDay, 1, 1440},
     {"seed", &SampleOptions::seed, 0, 1000000000},
     {"scale", &SampleOptions::scale, 1, 1000},
+    {"plant-hour", &SampleOptions::plantHour, 0, 23},
     {"utc-offset", &SampleOptions::utcOffset, -86400, 86400},
 };
 
@@ -73,6 +78,7 @@ constexpr TextOption TEXT_OPTIONS[] = {
     {"node", &SampleOptions::node},
     {"collector", &SampleOptions::version},
     {"version", &SampleOptions::version},
+    {"plant", &SampleOptions::plant},
 };
 
 constexpr int END_OF_OPTIONS = -1;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "programs/sample/kinds.h"
+#include "programs/sample/plant.h"
 
 namespace ozmo::sample::vmr_sample {
 namespace {
@@ -293,8 +294,7 @@ std::string FileText(const SampleContext& context, const DayFile& dayFile) {
   ConnectionTotals totals;
   std::string out = Head(context, dayFile);
   for (const int64_t time : dayFile.times) {
-    const HostSample sample =
-        SampleHost(context.host, static_cast<uint64_t>(options.seed), time, options.intervalSeconds);
+    const HostSample sample = SampleAt(context, time);
     const int second = SecondOfDay(time);
     out += "1~~" + std::to_string(second / 3600) + "~" + std::to_string(second / 60 % 60) + "~" +
            std::to_string(second % 60) + "\n";

@@ -9,6 +9,7 @@ import re
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from selenium import webdriver
@@ -29,6 +30,7 @@ def open_browser(profile):
     options = webdriver.ChromeOptions()
     for word in (*ALONE, "--window-size=1280,900", f"--user-data-dir={profile}"):
         options.add_argument(word)
+    options.add_experimental_option("prefs", {"download.default_directory": str(profile.parent / "saved")})
     options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
     return webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
 
@@ -177,6 +179,77 @@ def check_print(browser, page, directory):
     assert len(titles) / 3 <= len(sheets) <= len(titles) / 2 + 1, (len(sheets), len(titles))
 
 
+def wait_for(what, *said):
+    """Waits until `what` gives something; a page works in pieces, and files come when they come."""
+    for _ in range(300):
+        found = what()
+        if found:
+            return found
+        time.sleep(0.05)
+    raise AssertionError(said)
+
+
+# Each change that can be planted, and a trace that must come first: words of its graph, and of the trace.
+PLANTED = {"runaway": ("Top 10 Images", "runaway"), "slow-disk": ("Disks", "sda"),
+           "system-time": ("By Mode", "User"), "leak": ("Memory Allocation", "Applications")}
+
+
+def check_planted(browser, run, build, directory):
+    """What was planted comes first, with the means of both days' tables, and a click leads there."""
+    for change, words in PLANTED.items():
+        days = directory / change
+        run(build / "ozmo_sample", "linux", days)
+        run(build / "ozmo_sample", "linux", days, "--date", "2012-02-23", "--plant", change)
+        run(build / "ozmo_report", days / "qtxl_forge_2012Feb23.dat_1", "--baseline", "1d", "-o", f"{change}.html")
+        browser.get((directory / f"{change}.html").as_uri())
+        first = wait_for(lambda: browser.execute_script("""
+            const rows = document.querySelectorAll('#differs:not([aria-busy]) tbody tr');
+            return rows.length > 1 && [...rows[0].children].map((cell) => cell.textContent)"""), change)
+        assert all(word in cell for word, cell in zip(words, first)), (change, first)
+        browser.find_element(By.CSS_SELECTOR, "#differs .lead").click()
+        cells = browser.switch_to.active_element.find_elements(By.XPATH, "ancestor::article//tr[@class='hit']/td")
+        assert cells[1].text == first[3] and cells[-1].text == first[4], (first, [cell.text for cell in cells])
+
+
+def check_happened(browser):
+    """The window that a planted change falls into, beside the rest of the span."""
+    browser.find_element(By.ID, "what").click()
+    rows = wait_for(lambda: browser.execute_script("""
+        const rows = document.querySelectorAll('#happened:not([aria-busy]) tbody tr');
+        return rows.length > 1 && [...rows].map((row) => row.textContent)"""), "happened")
+    assert "runaway" in "".join(rows[:2]), rows
+
+
+def check_address(browser, page):
+    """An address opens its view; what was edited into it that isn't there is named; back leads back."""
+    browser.get(page.as_uri() + "#from=2012-02-22T10:00&to=2012-02-22T13:00&q=sdc&pin=memory_utilization,nothing"
+                "&lines=memory_allocation&open=sda")
+    browser.refresh()
+    assert browser.find_element(By.ID, "window").text == "22 Feb 10:00 – 13:00"
+    assert browser.find_element(By.ID, "wrong").text.endswith("pin=nothing")
+    assert browser.find_element(By.CSS_SELECTOR, "#pinned h4").text == "Memory Utilization"
+    browser.find_element(By.ID, "whole").click()
+    wait_for(lambda: "from=" not in browser.current_url, browser.current_url)
+    assert "pin=memory_utilization&" in browser.current_url and "lines=memory_allocation" in browser.current_url
+    browser.back()
+    wait_for(lambda: browser.find_element(By.ID, "window").text == "22 Feb 10:00 – 13:00", "back")
+
+
+def check_saved(browser, directory):
+    """A chart's files hold what is seen, under a name that says what it is."""
+    card = browser.find_element(By.CSS_SELECTOR, "#pinned article.graph")
+    for kind in range(3):
+        card.find_element(By.CSS_SELECTOR, ".menu summary").click()
+        card.find_elements(By.CSS_SELECTOR, ".menu button")[kind].click()
+    stem = directory / "saved/forge_memory_utilization_2012-02-22T1000_2012-02-22T1300"
+    files = [Path(f"{stem}.{ending}") for ending in ("png", "svg", "csv")]
+    wait_for(lambda: all(file.exists() for file in files), list(directory.glob("saved/*")))
+    assert files[0].read_bytes().startswith(b"\x89PNG") and files[0].stat().st_size > 10000
+    assert "Utilized Memory" in files[1].read_text() and "<path" in files[1].read_text()
+    said = column_of(directory / "csv/memory_utilization.csv", "Utilized Memory")
+    assert column_of(files[2], "Utilized Memory") == [row for row in said[:1440] if "10:00" <= row[0] <= "13:00"]
+
+
 def main():
     build, source = (Path(word).resolve() for word in sys.argv[1:3])
     with tempfile.TemporaryDirectory() as scratch:
@@ -203,6 +276,13 @@ def main():
             check_names(browser)
             check_search(browser)
             check_print(browser, directory / "page.html", directory)
+            check_address(browser, directory / "page.html")
+            check_saved(browser, directory)
+            check_planted(browser, run, build, directory)
+            run(build / "ozmo_sample", "linux", "happened", "--plant", "runaway", "--plant-hour", "18")
+            run(build / "ozmo_report", "happened/qtxl_forge_2012Feb22.dat_1", "-o", "happened.html")
+            browser.get((directory / "happened.html").as_uri() + "#from=2012-02-22T18:10&to=2012-02-22T23:00")
+            check_happened(browser)
             log = browser.get_log("browser")
             assert not log, log
         finally:

@@ -116,6 +116,10 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{data, "-o", data}, 1, "is the data file"},
       {{data, "-o", "no_directory/page.html"}, 1, "No such file or directory"},
       {{data, "--classes", empty}, 1, "no workload class"},
+      {{data, "-o", "noted.html", "--baseline", "1d"}, 1, "no baseline: "},
+      {{data, "-o", "noted.html", "--baseline", empty}, 1, "no baseline: "},
+      {{data, "-o", "noted.html", "--marks", data}, 1, ": no mark: "},
+      {{data, "-o", "noted.html", "--marks", "missing"}, 1, "missing: No such file"},
       {{data, "--classes", "nofile"}, 1, "nofile: No such file or directory"},
       {{}, 2, "no data file"},
       {{data, "--begin", "22.2.2012"}, 2, "--begin takes a time"},
@@ -132,6 +136,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
     EXPECT_NE(text.find(test.said), std::string::npos) << text;
   }
   EXPECT_EQ(ReadWholeFile(Path("page.html")).find("role=\"note\""), std::string::npos);
+  EXPECT_NE(ReadWholeFile(Path("noted.html")).find("role=\"note\">missing: No such"), std::string::npos);
 }
 
 TEST(ReportText, NothingOfANameIsMarkupOrScript) {

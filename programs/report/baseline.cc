@@ -1,0 +1,65 @@
+#include "programs/report/baseline.h"
+
+#include <charconv>
+
+#include "catalog/graph_name.h"
+#include "programs/report/page.h"
+
+namespace ozmo::report {
+namespace {
+
+constexpr int MOST_DAYS_BACK = 3660;
+constexpr int DAYS_OF_WEEK = 7;
+
+// The same time of day, so many days of the calendar before. It is looked up from noon, which no change of
+// the clock moves to another day.
+Seconds DaysBefore(Seconds time, int days) {
+  const std::tm clock = TimeLocal(time);
+  const Seconds noon = ClockOfDay(time, 12, 0, 0) - days * SECONDS_PER_DAY;
+  return ClockOfDay(noon, clock.tm_hour, clock.tm_min, clock.tm_sec);
+}
+
+}  // namespace
+
+std::optional<int> DaysBack(const std::string& text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const std::string unit(end, text.data() + text.size());
+  if (error != std::errc() || (unit != "d" && unit != "w")) return std::nullopt;
+  if (number < 1 || number > MOST_DAYS_BACK) return std::nullopt;
+  return unit == "w" ? number * DAYS_OF_WEEK : number;
+}
+
+DayRequest BaselineRequest(const std::string& what, const DayRequest& request, const DataDay& day) {
+  DayRequest baseline = request;
+  if (const std::optional<int> days = DaysBack(what)) {
+    baseline.begin = DaysBefore(day.begin, *days);
+    baseline.end = *baseline.begin + (day.end - day.begin);
+  } else {
+    baseline.dataFile = what;
+    baseline.begin = baseline.end = std::nullopt;
+    baseline.like = Span{day.begin, day.end};
+  }
+  return baseline;
+}
+
+Baseline BaselineOf(const DataDay& day, const PageData& page) {
+  std::set<std::string> known;
+  for (const PageSection& section : page.sections) {
+    for (const PageGraph& graph : section.graphs) known.insert(GraphNameKey(graph.heading));
+  }
+  Baseline baseline;
+  std::vector<Section> sections = SectionsOf(*day.catalog);
+  for (Section& section : sections) {
+    std::erase_if(section.items, [&](const Item& item) {
+      if (known.count(GraphNameKey(item.heading)) != 0) return false;
+      baseline.only.push_back(item.heading);
+      return true;
+    });
+  }
+  baseline.data = PageDataOf(day, sections);
+  baseline.what = TitleOf(baseline.data);
+  return baseline;
+}
+
+}  // namespace ozmo::report
