@@ -10,6 +10,7 @@
 #include "programs/report/baseline.h"
 #include "programs/report/csv_files.h"
 #include "programs/report/data_day.h"
+#include "programs/report/foreign.h"
 #include "programs/report/marks.h"
 #include "programs/report/options.h"
 #include "programs/report/page.h"
@@ -176,7 +177,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
 
 // Answers whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
-  const DayRequest request{options.dataFile, options.begin, options.end, options.classFile};
+  const DayRequest request{options.ReadPath(), options.begin, options.end, options.classFile};
   ReadResult read = Read(request, runtime);
   if (!read.result.day) {
     if (read.problems.empty()) Complain(read.result.failure);
@@ -193,16 +194,30 @@ bool Report(const Options& options, Runtime& runtime) {
   return failure.empty() && read.problems.empty();
 }
 
+int Show(const Options& options) {
+  Runtime runtime;
+  MemAttach(runtime, FAILED_STATUS);
+  const bool done = Report(options, runtime);
+  MemDetach();
+  return done ? DONE_STATUS : FAILED_STATUS;
+}
+
+// The page of another program's recording, under the recording's name.
+int ShowImported(const std::string& dataFile, void* context) {
+  Options options = *static_cast<const Options*>(context);
+  options.importedFile = dataFile;
+  return Show(options);
+}
+
 }  // namespace
 
 int ReportEntry(int argc, char* const argv[]) {
-  const ParsedOptions parsed = ParseOptions(argc, argv);
+  ParsedOptions parsed = ParseOptions(argc, argv);
   if (!parsed.failure.empty()) {
     Complain(parsed.failure);
     std::fputs("ozmo_report --help says more\n", stderr);
     return USAGE_STATUS;
   }
-  Runtime runtime;
   switch (parsed.options.action) {
     case Action::HELP:
       std::fputs(HelpText().c_str(), stdout);
@@ -213,10 +228,8 @@ int ReportEntry(int argc, char* const argv[]) {
     case Action::REPORT:
       break;
   }
-  MemAttach(runtime, FAILED_STATUS);
-  const bool done = Report(parsed.options, runtime);
-  MemDetach();
-  return done ? DONE_STATUS : FAILED_STATUS;
+  Options& options = parsed.options;
+  return IsForeign(options.dataFile) ? ShowForeign(options.dataFile, ShowImported, &options) : Show(options);
 }
 
 }  // namespace ozmo::report

@@ -14,6 +14,7 @@ enum class Action { REPORT, HELP, VERSION };
 struct Options {
   Action action = Action::REPORT;
   std::string dataFile;
+  std::string importedFile;  // what is read in its place, where it is another program's recording
   std::optional<Seconds> begin;
   std::optional<Seconds> end;
   std::vector<std::string> items;  // titles; none: all
@@ -23,6 +24,7 @@ struct Options {
   bool list = false;
   std::string csvDirectory;  // empty: no CSV files
   std::string pageFile;      // empty: see WritesPage
+  const std::string& ReadPath() const { return importedFile.empty() ? dataFile : importedFile; }
   bool WritesPage() const { return !pageFile.empty() || (!list && csvDirectory.empty()); }
 };
 

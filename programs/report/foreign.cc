@@ -1,0 +1,101 @@
+#include "programs/report/foreign.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "programs/import/import.h"
+#include "runtime/terminal_text.h"
+
+namespace ozmo::report {
+namespace {
+
+constexpr int FAILED_STATUS = 1;
+constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
+
+volatile sig_atomic_t worker = 0;  // the process that imports and shows
+
+void PassOn(int signal) {
+  if (worker > 0) kill(worker, signal);
+}
+
+void SetHandlers(void (*handler)(int)) {
+  for (const int signal : ENDING_SIGNALS) {
+    struct sigaction before = {};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler == SIG_IGN) continue;  // as under nohup
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    sigaction(signal, &action, nullptr);
+  }
+}
+
+void Complain(const std::string& text) {
+  std::fprintf(stderr, "ozmo_report: %s\n", PrintableText(text).c_str());
+}
+
+int ImportAndShow(const std::string& recording, const std::string& directory,
+                  int (*show)(const std::string& dataFile, void* context), void* context) {
+  import::Options options;
+  options.directory = directory;
+  options.sources = {recording};
+  const import::ImportResult result = import::ImportRecordings(options, nullptr);
+  for (const std::string& note : result.notes) Complain(note);
+  if (!result.failure.empty() || result.files.empty()) {
+    Complain(result.failure.empty() ? recording + ": there is no sample in it" : result.failure);
+    return FAILED_STATUS;
+  }
+  return show(result.files.front(), context);
+}
+
+// The status of a process that has ended; a signal that ended it ends this one too.
+int StatusOf(int ending) {
+  if (!WIFSIGNALED(ending)) return WEXITSTATUS(ending);
+  std::signal(WTERMSIG(ending), SIG_DFL);
+  std::raise(WTERMSIG(ending));
+  return FAILED_STATUS;
+}
+
+}  // namespace
+
+bool IsForeign(const std::string& path) { return import::IsForeignRecording(path); }
+
+int ShowForeign(const std::string& recording, int (*show)(const std::string& dataFile, void* context),
+                void* context) {
+  std::error_code error;
+  std::string directory = (std::filesystem::temp_directory_path(error) / "ozmo_report_XXXXXX").string();
+  sigset_t ending;
+  sigset_t before;
+  sigemptyset(&ending);
+  for (const int signal : ENDING_SIGNALS) sigaddset(&ending, signal);
+  sigprocmask(SIG_BLOCK, &ending, &before);  // none may come between the directory and its keeper
+  if (error || mkdtemp(directory.data()) == nullptr) {
+    Complain(directory + ": " + (error ? error.message() : std::strerror(errno)));
+    return FAILED_STATUS;
+  }
+  std::fflush(stdout);
+  worker = fork();
+  if (worker == 0) {
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    const int status = ImportAndShow(recording, directory, show, context);
+    std::exit(status);
+  }
+  int status = FAILED_STATUS << 8;
+  if (worker < 0) {
+    Complain(std::string("can't start a process: ") + std::strerror(errno));
+  } else {
+    SetHandlers(PassOn);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    while (waitpid(worker, &status, 0) < 0 && errno == EINTR) continue;
+  }
+  std::filesystem::remove_all(directory, error);
+  return StatusOf(status);
+}
+
+}  // namespace ozmo::report
