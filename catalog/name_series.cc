@@ -7,7 +7,7 @@ namespace {
 
 constexpr int VALUES = SeriesPage::VALUES;
 
-bool StandsAhead(const SeriesPage* candidate, int page) { return candidate->page < page; }
+bool EndsBefore(const SeriesPage* page, int number) { return number - page->first >= VALUES; }
 
 }  // namespace
 
@@ -22,38 +22,34 @@ int SampledPoints::NumberOf(int point) {
   return number;
 }
 
-SeriesPage& SeriesPages::Make(int page) {
+SeriesPage& SeriesPages::Make(int number) {
   budget_->Take(1, SeriesPage::VALUES + 4);
   SeriesPage& made = pages_.emplace_back();
-  made.page = page;
+  made.first = number - number % VALUES;
   made.values.fill(MISSING_POINT);
   return made;
 }
 
-void NameSeries::Feed(SeriesPages& pages, int number, float value) {
-  if (number == SampledPoints::NONE) return;
-  const int page = number / VALUES;
-  auto place = pages_.end();
-  // Nearly always the last page: time goes forward.
-  if (!pages_.empty() && pages_.back()->page >= page) {
-    --place;
-    if ((*place)->page != page) place = std::lower_bound(pages_.begin(), pages_.end(), page, StandsAhead);
-  }
-  if (place == pages_.end() || (*place)->page != page) place = pages_.insert(place, &pages.Make(page));
-  FeedSum((*place)->values[static_cast<size_t>(number % VALUES)], value);
+NameSeries::PageList::const_iterator NameSeries::PlaceOf(int number) const {
+  return std::lower_bound(pages_.begin(), pages_.end(), number, EndsBefore);
+}
+
+SeriesPage& NameSeries::PageOf(SeriesPages& pages, int number) {
+  const auto place = PlaceOf(number);
+  if (place != pages_.end() && (*place)->Holds(number)) return **place;
+  return **pages_.insert(place, &pages.Make(number));
 }
 
 float NameSeries::At(int number) const {
   if (number == SampledPoints::NONE) return MISSING_POINT;
-  const auto place = std::lower_bound(pages_.begin(), pages_.end(), number / VALUES, StandsAhead);
-  if (place == pages_.end() || (*place)->page != number / VALUES) return MISSING_POINT;
-  return (*place)->values[static_cast<size_t>(number % VALUES)];
+  const auto place = PlaceOf(number);
+  return place != pages_.end() && (*place)->Holds(number) ? (*place)->At(number) : MISSING_POINT;
 }
 
 void NameSeries::Collect(const SampledPoints& points, Samples& samples) const {
   samples.clear();
   for (const SeriesPage* page : pages_) {
-    int number = page->page * VALUES;
+    int number = page->first;
     for (const float value : page->values) {
       if (value != MISSING_POINT) samples.push_back({points.PointOf(number), value});
       ++number;

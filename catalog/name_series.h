@@ -38,15 +38,19 @@ class SampledPoints {
 // With what stands around them, the values of a page take 128 bytes.
 struct SeriesPage {
   static constexpr int VALUES = 28;
-  int page = 0;
+  int first = 0;  // number of the first value
   std::array<float, VALUES> values{};
+
+  bool Holds(int number) const { return number >= first && number - first < VALUES; }
+  float& At(int number) { return values[static_cast<size_t>(number - first)]; }
 };
 
 // Makes pages, and counts them against what the series of a catalog may take.
 class SeriesPages {
  public:
   explicit SeriesPages(SeriesBudget& budget) : budget_(&budget) {}
-  SeriesPage& Make(int page);
+  // The page that holds a number.
+  SeriesPage& Make(int number);
 
  private:
   SeriesBudget* budget_;
@@ -62,7 +66,12 @@ using Samples = std::vector<Sample>;
 class NameSeries {
  public:
   // Adds to the value at a numbered point, which counts as 0 while it is missing.
-  void Feed(SeriesPages& pages, int number, float value);
+  void Feed(SeriesPages& pages, int number, float value) {
+    if (number == SampledPoints::NONE) return;
+    // Nearly always the last page: time goes forward.
+    const bool isInLast = !pages_.empty() && pages_.back()->Holds(number);
+    FeedSum((isInLast ? *pages_.back() : PageOf(pages, number)).At(number), value);
+  }
   // MISSING_POINT where nothing was fed.
   float At(int number) const;
   bool IsEmpty() const { return pages_.empty(); }
@@ -70,7 +79,12 @@ class NameSeries {
   void Collect(const SampledPoints& points, Samples& samples) const;
 
  private:
-  std::vector<SeriesPage*> pages_;  // in ascending order
+  using PageList = std::vector<SeriesPage*>;
+  // The first page that doesn't end before a number.
+  PageList::const_iterator PlaceOf(int number) const;
+  SeriesPage& PageOf(SeriesPages& pages, int number);
+
+  PageList pages_;  // in ascending order
 };
 
 // A name and its series, of a pass.

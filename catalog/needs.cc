@@ -190,6 +190,8 @@ void NeedsFinder::AddRecords() {
   for (const auto& [pass, kind] : RECORDS) {
     if (needs_.Has(pass)) needs_.records.Add(kind);
   }
+  if (needs_.processes.NamesUsers()) needs_.records.Add(RecordKind::PROCESS_USERS);
+  if (Has(Graph::PROCESS_PAGEFAULTS)) needs_.records.Add(RecordKind::PROCESS_FAULTS);
   // A partition limits the processors that shares are taken of.
   if (needs_.processes.shares && platform_.partition != nullptr) needs_.records.Add(RecordKind::PARTITION);
 }

@@ -41,7 +41,11 @@ double CpuSecondsOf(const ProcessRecord& process) {
 
 ProcessPass::ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail,
                          const WorkloadClassList& classes, GraphCatalog& catalog)
-    : spec_(spec), detail_(detail), pages_(catalog.budget) {
+    : spec_(spec),
+      detail_(detail),
+      classShares_(catalog.FindNeeded(Graph::CLASS_CPU)),
+      classCounts_(catalog.FindNeeded(Graph::CLASS_COUNT)),
+      pages_(catalog.budget) {
   if (detail_.classes) classifier_.emplace(classes);
   if (detail_.shares) {
     const auto points = static_cast<size_t>(catalog.pointCount) + 1;
@@ -76,11 +80,16 @@ const ProcessPass::Identity& ProcessPass::IdentityOf(std::string_view user, std:
   return entry->second;
 }
 
+void ProcessPass::FeedClass(GraphRecord* graph, const Minute& minute, int workloadClass, float value) {
+  if (graph == nullptr || workloadClass >= graph->data.nsets()) return;
+  PointFeed(graph->data.y[static_cast<size_t>(workloadClass)], minute.point, value);
+}
+
 // Feeds all but the process count of the class.
 const ProcessPass::Identity& ProcessPass::FeedNamedShare(const Minute& minute, std::string_view user,
                                                          std::string_view command, float share) {
   const Identity& identity = IdentityOf(user, command);
-  minute.Feed(Graph::CLASS_CPU, identity.workloadClass, share);
+  FeedClass(classShares_, minute, identity.workloadClass, share);
   if (identity.image != nullptr) identity.image->Feed(pages_, minute.sample, share);
   if (identity.user != nullptr) identity.user->Feed(pages_, minute.sample, share);
   return identity;
@@ -90,7 +99,7 @@ void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, 
   const float value = static_cast<float>(share);
   if (detail_.shares) PointFeed(shareSum_, minute.point, value);
   const Identity& identity = FeedNamedShare(minute, process.userName, process.name, value);
-  minute.Feed(Graph::CLASS_COUNT, identity.workloadClass, 1.0F);
+  FeedClass(classCounts_, minute, identity.workloadClass, 1.0F);
 }
 
 // Overall CPU that no process accounts for. With no process at all the sum may still be missing, and then
@@ -110,7 +119,7 @@ void ProcessPass::Run(const Minute& minute, VmrContext& interval, const Processo
   for (ProcessRecord& process : interval.processes.primary) {
     if (spec_.passedOver != nullptr && process.name == spec_.passedOver) continue;
     FeedShare(minute, process, detail_.shares ? spec_.share(process, basis) : 0.0);
-    CutBlanks(process.userName);
+    if (detail_.NamesUsers()) CutBlanks(process.userName);
   }
   if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);
 }

@@ -22,6 +22,7 @@ struct ProcessDetail {
   bool users = false;    // shares by user
   bool classes = false;  // shares or processes by class
   bool IsWanted() const { return shares || classes; }
+  bool NamesUsers() const { return users || classes; }
 };
 
 // The image name in a command: last path component of the first word, without a leading '-'.
@@ -93,10 +94,14 @@ class ProcessPass {
   const Identity& FeedNamedShare(const Minute& minute, std::string_view user, std::string_view command,
                                  float share);
   void FeedRest(const Minute& minute, double overallCpu);
+  // Adds to the series of a class in a graph that is needed.
+  static void FeedClass(GraphRecord* graph, const Minute& minute, int workloadClass, float value);
 
   const ProcessSpec& spec_;
   ProcessDetail detail_;
   std::optional<WorkloadClassifier> classifier_;  // where somebody wants classes
+  GraphRecord* classShares_;                      // null where nobody needs them
+  GraphRecord* classCounts_;
   SeriesPages pages_;
   SeriesTable images_;
   SeriesTable users_;

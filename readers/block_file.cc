@@ -96,7 +96,7 @@ std::string_view BlockFile::ReadLine(size_t limit) {
   return {reinterpret_cast<const char*>(begin), length};
 }
 
-void BlockFile::Skip(int64_t size) {
+void BlockFile::SkipFurther(int64_t size) {
   const int64_t target = std::min(size_, Position() + std::max<int64_t>(size, 0));
   if (target <= blockStart_ + static_cast<int64_t>(filled_)) {
     next_ = static_cast<size_t>(target - blockStart_);

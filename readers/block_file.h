@@ -60,13 +60,22 @@ class BlockFile {
   // The next line with its line feed, at most `limit` bytes of it, valid until the next read; empty at the
   // end of the file, or on a fault.
   std::string_view ReadLine(size_t limit);
-  void Skip(int64_t size);
+  // Whether the next `size` bytes can be read without going to the file.
+  bool IsInBlock(int64_t size) const { return size <= static_cast<int64_t>(filled_ - next_); }
+  void Skip(int64_t size) {
+    if (size >= 0 && IsInBlock(size)) {
+      next_ += static_cast<size_t>(size);
+    } else {
+      SkipFurther(size);
+    }
+  }
   // Steps over the records that don't count outside the span of a walk, as far as an index of them goes.
   void SkipUnmarked() {
     if (compressed_) Skip(compressed_->NextMark(Position()) - Position());
   }
 
  private:
+  void SkipFurther(int64_t size);
   // Makes `size` bytes from next_ on stand in the block; false when the file has fewer, or on a fault.
   bool Fill(size_t size);
   // As pread of the plain file.

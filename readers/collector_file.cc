@@ -113,9 +113,8 @@ void CollectorFile::ReportResult(ReaderResult result, const std::string& path) {
 // --- Records ---
 
 ReaderResult CollectorFile::ReadHeader(Header& header) {
-  if (file_.Left() <= 0) return ReaderResult::END_OF_FILE;
   const uint8_t* bytes = file_.Read(HEADER_SIZE);
-  if (bytes == nullptr) return Fault();
+  if (bytes == nullptr) return file_.Left() <= 0 ? ReaderResult::END_OF_FILE : Fault();
   const uint32_t recordLength = LoadUint32(bytes, order_);
   if (recordLength < HEADER_SIZE) return ReaderResult::END_OF_FILE;
   header.recordType = static_cast<int32_t>(LoadUint32(bytes + 4, order_));
@@ -124,7 +123,8 @@ ReaderResult CollectorFile::ReadHeader(Header& header) {
 }
 
 ReaderResult CollectorFile::ReadPayload(const Header& header, size_t reach, Payload& payload) {
-  if (header.size > file_.Left()) return ReaderResult::END_OF_FILE;  // cut off by the end of the file
+  const bool isThere = file_.IsInBlock(header.size) || header.size <= file_.Left();
+  if (!isThere) return ReaderResult::END_OF_FILE;  // cut off by the end of the file
   payload.size = static_cast<size_t>(std::min(header.size, static_cast<int64_t>(reach)));
   payload.bytes = file_.Read(payload.size);
   if (payload.bytes == nullptr) return Fault();

@@ -86,12 +86,18 @@ using Decoder = void (*)(Decoding& decoding);
 
 inline constexpr int32_t NO_TYPE = -1;
 
+// A field that builders read the figure of, and what has to be wanted for it: CONFIGURATION always is.
+struct BuilderField {
+  int32_t field;
+  RecordKind wantedFor;
+};
+
 struct DecoderRow {
   int32_t type;
   int32_t twin = NO_TYPE;  // a second record type that is read the same way, to stores of its own
   RecordKind kind;         // what the record is to a builder
   Decoder decode;
-  std::span<const int32_t> builderFields = {};  // those that builders read the figures of; none: all
+  std::span<const BuilderField> builderFields = {};  // none: builders read all
 };
 
 // Tests of the version text, in order; the first that holds chooses the table.

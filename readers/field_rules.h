@@ -212,6 +212,7 @@ struct FieldRule {
   int32_t last = 0;  // of the fields one behind the other that the row takes; 0: it takes one
   Destination<Record> to = Nowhere<Record>();
   Conversion as = {};
+  RecordKind wantedFor = RecordKind::CONFIGURATION;  // as of a BuilderField
 
   constexpr int32_t Last() const { return last == 0 ? field : last; }
 };
@@ -241,7 +242,7 @@ constexpr bool EachFieldHasOneRow(const Rules& rules) {
 
 // What a row does with a field, compiled for that row.
 template <const auto& Rules, size_t Row>
-void ApplyRow(RecordOfRules<Rules>& record, const FieldValue& field, Decoding& decoding) {
+[[gnu::flatten]] void ApplyRow(RecordOfRules<Rules>& record, const FieldValue& field, Decoding& decoding) {
   constexpr const auto& RULE = Rules[Row];
   RULE.to.store(record, {field, RULE.as, static_cast<size_t>(field.fieldId - RULE.field), decoding});
 }
@@ -289,11 +290,11 @@ constexpr size_t CountBuilderFields() {
 // The fields that builders read the figures of.
 template <const auto& Rules>
 inline constexpr auto BUILDER_FIELDS = [] {
-  std::array<int32_t, CountBuilderFields<Rules>()> fields{};
+  std::array<BuilderField, CountBuilderFields<Rules>()> fields{};
   size_t next = 0;
   for (const auto& rule : Rules) {
     for (int32_t field = rule.field; field <= rule.Last() && !rule.to.isDetail; ++field) {
-      fields[next++] = field;
+      fields[next++] = {field, rule.wantedFor};
     }
   }
   return fields;

@@ -19,8 +19,10 @@ enum class RecordKind : uint8_t {
   PROCESSES,
   PROTOCOLS,  // protocol counters or the named rates of monitor text files
   PARTITION,
-  OTHERS,   // what no builder reads
-  DETAILS,  // the fields that no builder reads of records that it does read
+  PROCESS_USERS,   // whose the processes are
+  PROCESS_FAULTS,  // page faults of processes
+  OTHERS,          // what no builder reads
+  DETAILS,         // the fields that no builder reads of records that it does read
   COUNT
 };
 

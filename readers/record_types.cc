@@ -41,21 +41,21 @@ void RecordTypes::FindDecoders() {
   DropPlans();
 }
 
-RecordMeaning RecordTypes::MeaningOf(int32_t recordType) const {
-  if (HasLayout(recordType)) return {RecordSort::DATA, recordType};
+RecordMeaning RecordTypes::MeaningOfList(int32_t recordType) const {
   if (recordType % 100 == 0 && HasLayout(recordType / 100)) return {RecordSort::ORDER_LIST, recordType / 100};
   if (recordType % 10 == 0 && HasLayout(recordType / 10)) return {RecordSort::DIVISOR_LIST, recordType / 10};
   return {};
 }
 
-RecordPlan* RecordTypes::PlanOf(int32_t dataType) {
-  DataType& type = types_[Index(dataType)];
-  if (!type.plan && type.layout != nullptr) {
-    const bool takesAll = type.decoder == nullptr || wanted_.Has(RecordKind::DETAILS);
-    type.plan.emplace(*type.layout, lists_[Index(type.layout->listType)], order_,
-                      takesAll ? std::span<const int32_t>() : type.decoder->builderFields);
+RecordPlan* RecordTypes::MakePlan(DataType& type) const {
+  if (type.layout == nullptr) return nullptr;
+  std::vector<int32_t> fields;
+  if (type.decoder != nullptr && !wanted_.Has(RecordKind::DETAILS)) {
+    for (const BuilderField& row : type.decoder->builderFields) {
+      if (wanted_.Has(row.wantedFor)) fields.push_back(row.field);
+    }
   }
-  return type.plan ? &*type.plan : nullptr;
+  return &type.plan.emplace(*type.layout, lists_[Index(type.layout->listType)], order_, fields);
 }
 
 // Only the plans made from the list are dropped, so that a file that repeats the lists of one type doesn't

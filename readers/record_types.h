@@ -27,12 +27,18 @@ class RecordTypes {
   // Puts a version's table in force, for a file of the given byte order. The lists stay.
   void Use(const RecordTable& table, ByteOrder order);
 
-  RecordMeaning MeaningOf(int32_t recordType) const;
+  RecordMeaning MeaningOf(int32_t recordType) const {
+    if (HasLayout(recordType)) return {RecordSort::DATA, recordType};
+    return MeaningOfList(recordType);
+  }
   // Of a data type; null when nobody wants its records.
   const DecoderRow* DecoderOf(int32_t dataType) const { return types_[Index(dataType)].decoder; }
   // The plan of a data type; null when the version in force doesn't know the type. It stands until the next
   // list, table or call of DropOrderLists.
-  RecordPlan* PlanOf(int32_t dataType);
+  RecordPlan* PlanOf(int32_t dataType) {
+    DataType& type = types_[Index(dataType)];
+    return type.plan ? &*type.plan : MakePlan(type);
+  }
 
   // Takes the list of a data type that has a layout.
   void StoreList(const RecordMeaning& meaning, std::span<const uint8_t> bytes);
@@ -57,6 +63,8 @@ class RecordTypes {
   bool HasLayout(int32_t recordType) const {
     return recordType >= 0 && recordType < TYPE_COUNT && types_[Index(recordType)].layout != nullptr;
   }
+  RecordMeaning MeaningOfList(int32_t recordType) const;
+  RecordPlan* MakePlan(DataType& type) const;
   void FindDecoders();
   void DropPlans();
 

@@ -193,7 +193,7 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
      .as = {.per = Per::INTERVAL, .divide = Divide::AT_LEAST_1, .sign = Sign::NOT_NEGATIVE}},
     {.field = 417, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
     {.field = 418, .to = Detail<&ProcessRecord::values, 3>()},
-    {.field = 419, .to = To<&ProcessRecord::userName>()},
+    {.field = 419, .to = To<&ProcessRecord::userName>(), .wantedFor = RecordKind::PROCESS_USERS},
     {.field = 420, .to = To<&ProcessRecord::name>()},
 };
 

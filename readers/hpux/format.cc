@@ -142,7 +142,7 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
     {.field = 415, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
     {.field = 416, .to = Detail<&ProcessRecord::values, 3>()},
     {.field = 417, .to = To<&ProcessRecord::name>()},
-    {.field = 418, .to = To<&ProcessRecord::userName>()},
+    {.field = 418, .to = To<&ProcessRecord::userName>(), .wantedFor = RecordKind::PROCESS_USERS},
 };
 
 void DecodeProcess(Decoding& decoding) {

@@ -120,7 +120,7 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
     {.field = 418, .to = Detail<&ProcessRecord::rates, 3>(), .as = SIGNED_RATE},
     {.field = 419, .to = Detail<&ProcessRecord::rates, 0>(), .as = SIGNED_RATE},
     {.field = 420, .to = Detail<&ProcessRecord::rates, 4>(), .as = PROCESS_RATE},
-    {.field = 421, .to = To<&ProcessRecord::userName>()},
+    {.field = 421, .to = To<&ProcessRecord::userName>(), .wantedFor = RecordKind::PROCESS_USERS},
     {.field = 422, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
     {.field = 423, .to = Detail<&ProcessRecord::priority>()},
     {.field = 424, .to = Detail<&ProcessRecord::extraText>()},

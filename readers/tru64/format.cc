@@ -124,7 +124,7 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
     {.field = 415, .to = Detail<&ProcessRecord::sizeResident>(), .as = LEVEL},
     {.field = 416, .to = Detail<StoreKilobytes>()},
     {.field = 417, .to = Detail<&ProcessRecord::rates, 4>(), .as = FIGURE},
-    {.field = 418, .to = To<&ProcessRecord::userName>()},
+    {.field = 418, .to = To<&ProcessRecord::userName>(), .wantedFor = RecordKind::PROCESS_USERS},
     {.field = 419, .to = Detail<&ProcessRecord::elapsedSeconds>(), .as = {.divide = Divide::AT_LEAST_1}},
     {.field = 420, .to = Detail<&ProcessRecord::priority>()},
     {.field = 421, .to = Detail<&ProcessRecord::extraText>()},
