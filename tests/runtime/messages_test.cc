@@ -76,20 +76,6 @@ TEST_F(MessageEmitTest, NeverFindsALowerCaseCodeOfACaller) {
   EXPECT_EQ(errors_, "Cannot find error message noopen\n");
 }
 
-TEST(MessageFile, HasEveryCodeThatTheToolEmits) {
-  const ScopedVariable library("VELTRIX_LIBRARY", OZMO_SOURCE_DIR);
-  for (const char* code : {"UNDEFINED", "NOALLOC", "NOREALLOC", "NOOPEN", "NO_DATA_IN_INTERVAL", "INVLD_DIR",
-                           "NOREAD", "NO_LABEL_NO", "MW_VERSION", "MW_UNSUPPORTED", "MW_BASIC_DATA",
-                           "MW_FILE_PROC", "NO_REC_DATA_IN_INTERVAL"}) {
-    Runtime runtime;
-    ::testing::internal::CaptureStdout();
-    ::testing::internal::CaptureStderr();
-    EXPECT_EQ(MessageEmit(runtime, code, {"text", "text"}), 1) << code;
-    ::testing::internal::GetCapturedStdout();
-    ::testing::internal::GetCapturedStderr();
-  }
-}
-
 std::string Format(const std::string& format, const std::vector<MessageArgument>& arguments = {}) {
   return FormatMessage(format, arguments);
 }

@@ -38,34 +38,6 @@ TEST(ParseResourceLine, CutsFromTheRight) {
   }
 }
 
-TEST(UserResourceLookup, ComparesKeysWithoutCaseAndWithTheirBlanks) {
-  EXPECT_NE(UserResourceLookup("main", "automatic class creation"), nullptr);
-  EXPECT_EQ(UserResourceLookup("main", "automaticclasscreation"), nullptr);
-  EXPECT_EQ(UserResourceLookup("main", "stepsize"), nullptr);
-  EXPECT_EQ(UserResourceLookup(std::nullopt, "step"), nullptr);
-  EXPECT_EQ(UserResourceLookup(std::nullopt, "stepsize"), UserResourceLookup("model", "stepsize"));
-  EXPECT_NE(UserResourceLookup("saturate", "stepsize"), UserResourceLookup("model", "stepsize"));
-}
-
-TEST(UserResourceSet, FollowsTheKindOfTheRow) {
-  UserSettings settings;
-  const auto set = [&](const char* group, const char* key, const char* value) {
-    UserResourceSet(settings, *UserResourceLookup(group, key), value);
-  };
-  for (const auto& [value, member] : {std::pair("TRUE", 1), {"False", 0}, {"7x", 7}}) {
-    set("main", "reportdiskmember", value);
-    EXPECT_EQ(settings.reportDiskMember, member) << value;
-  }
-  set("report", "reportwidth", "true");  // no boolean
-  EXPECT_EQ(settings.reportWidth, 0);
-  for (const char* value : {"old", "new"}) set("model", "dtrfile", value);
-  EXPECT_EQ(settings.dtrFile, "new");
-  for (const char* value : {"a", "b"}) set("saturate", "cpuvaxlist", value);
-  EXPECT_EQ(settings.cpuVaxList, "a,b");
-  set("saturate", "hscthreshold", "12");  // of model as well
-  EXPECT_EQ(settings.hscThreshold, 12);
-}
-
 // A home directory, a working directory and a library directory, all empty.
 class UserResourcesTest : public ::testing::Test {
  protected:
