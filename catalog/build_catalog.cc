@@ -1,6 +1,6 @@
 #include "catalog/build_catalog.h"
 
-#include "catalog/catalog_build.h"
+#include "catalog/build_steps.h"
 #include "catalog/platforms.h"
 #include "runtime/messages.h"
 
@@ -18,7 +18,7 @@ void LoadClasses(WorkloadClassList& classes, const char* secondFile) {
   classes.classesLoaded = true;
 }
 
-void Walk(CatalogBuild& build, DataReader& reader, VmrContext& interval, Runtime& runtime) {
+void Walk(BuildSteps& build, DataReader& reader, VmrContext& interval, Runtime& runtime) {
   bool isAnnounced = false;
   while (reader.Next(interval) == ReaderResult::DONE) {
     if (runtime.progressSink) runtime.progressSink(interval.periodEnd);
@@ -41,7 +41,7 @@ std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span,
   interval.periodEnd = span.end;
   LoadClasses(classes, platform.secondClassFile);
 
-  CatalogBuild build(platform, classes, span, *catalog);
+  BuildSteps build(platform, classes, span, *catalog);
   interval.kinds = build.needs().records;
   const int opened = reader.Open(interval);
   if (opened > 0 || platform.walksWithoutOpen) Walk(build, reader, interval, runtime);

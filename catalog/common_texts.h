@@ -296,55 +296,35 @@ inline constexpr RecordText LAN_DATA = {.graph = Graph::LAN_DATA,
 
 // ---- Rows ----
 
-inline constexpr RowText CPU_ROW = {
-    .code = "CPU", .label = "Overall CPU Utilization", .graph = Graph::OVERALL_CPU};
-inline constexpr RowText CPU_MODE_ROW = {
-    .code = "CPUMD", .label = "Overall CPU Utilization By Mode", .graph = Graph::CPU_BY_MODE};
-inline constexpr RowText ACTIVE_CPUS_ROW = {
-    .code = "ACPUS", .label = "Number of Active CPUs", .graph = Graph::ACTIVE_CPUS};
-inline constexpr RowText TOP_IMAGES_ROW = {
-    .code = "CPUTOP10IMG", .label = "Top 10 Images by CPU Utilization", .graph = Graph::TOP_IMAGES};
-inline constexpr RowText TOP_USERS_ROW = {
-    .code = "CPUTOP10USR", .label = "Top 10 Users by CPU Utilization", .graph = Graph::TOP_USERS};
-inline constexpr RowText CLASS_CPU_ROW = {
-    .code = "CPUWKLD", .label = "CPU Utilization of workload classes", .graph = Graph::CLASS_CPU};
-inline constexpr RowText PROCESSOR_ROW = {
-    .code = "CPUPP", .label = "Overall CPU Utilization By Processor", .graph = Graph::CPU_BY_PROCESSOR};
+inline constexpr RowText CPU_ROW = {.code = "CPU", .graph = Graph::OVERALL_CPU};
+inline constexpr RowText CPU_MODE_ROW = {.code = "CPUMD", .graph = Graph::CPU_BY_MODE};
+inline constexpr RowText ACTIVE_CPUS_ROW = {.code = "ACPUS", .graph = Graph::ACTIVE_CPUS};
+inline constexpr RowText TOP_IMAGES_ROW = {.code = "CPUTOP10IMG", .graph = Graph::TOP_IMAGES};
+inline constexpr RowText TOP_USERS_ROW = {.code = "CPUTOP10USR", .graph = Graph::TOP_USERS};
+inline constexpr RowText CLASS_CPU_ROW = {.code = "CPUWKLD", .graph = Graph::CLASS_CPU};
+inline constexpr RowText PROCESSOR_ROW = {.code = "CPUPP", .graph = Graph::CPU_BY_PROCESSOR};
 
-inline constexpr RowText DISK_OPERATIONS_ROW = {
-    .code = "DIO", .label = "Overall Disk I/O Operation Rate", .graph = Graph::DISK_OPERATIONS};
-inline constexpr RowText TOP_DISK_OPERATIONS_ROW = {
-    .code = "DOP10", .label = "Top 10 Disks by I/O Operations", .graph = Graph::TOP_DISK_OPERATIONS};
-inline constexpr RowText TOP_DISK_DATA_ROW = {
-    .code = "DKB10", .label = "Top 10 Disks by I/O Rate", .graph = Graph::TOP_DISK_DATA};
-inline constexpr RowText TOP_DISK_QUEUE_ROW = {
-    .code = "DQL10", .label = "Top 10 Disks by Queue Length", .graph = Graph::TOP_DISK_QUEUE};
-inline constexpr RowText TOP_DISK_UTILIZATION_ROW = {
-    .code = "DUT10", .label = "Top 10 Disks by Utilization", .graph = Graph::TOP_DISK_UTILIZATION};
-inline constexpr RowText TOP_DISK_RESPONSE_ROW = {
-    .code = "DRT10", .label = "Response Time of Top 10 Disks by I/O Rate", .graph = Graph::TOP_DISK_RESPONSE};
-inline constexpr RowText TOP_DISK_SPACE_ROW = {
-    .code = "DUS10", .label = "Top 10 Disks by Space Utilization", .graph = Graph::TOP_DISK_SPACE};
+inline constexpr RowText DISK_OPERATIONS_ROW = {.code = "DIO", .graph = Graph::DISK_OPERATIONS};
+inline constexpr RowText TOP_DISK_OPERATIONS_ROW = {.code = "DOP10", .graph = Graph::TOP_DISK_OPERATIONS};
+inline constexpr RowText TOP_DISK_DATA_ROW = {.code = "DKB10", .graph = Graph::TOP_DISK_DATA};
+inline constexpr RowText TOP_DISK_QUEUE_ROW = {.code = "DQL10", .graph = Graph::TOP_DISK_QUEUE};
+inline constexpr RowText TOP_DISK_UTILIZATION_ROW = {.code = "DUT10", .graph = Graph::TOP_DISK_UTILIZATION};
+inline constexpr RowText TOP_DISK_RESPONSE_ROW = {.code = "DRT10", .graph = Graph::TOP_DISK_RESPONSE};
+inline constexpr RowText TOP_DISK_SPACE_ROW = {.code = "DUS10", .graph = Graph::TOP_DISK_SPACE};
 inline constexpr RowText DISKS_ROW = {.code = "DSKN", .label = "All Disks", .kind = RowKind::DISKS};
 
-inline constexpr RowText FILE_SYSTEM_ROWS[] = {{.code = "DSKSPUTIL",
-                                                .label = "Top Ten File Systems by Disk Space Util",
-                                                .graph = Graph::TOP_FILE_SYSTEMS}};
+inline constexpr RowText FILE_SYSTEM_ROWS[] = {{.code = "DSKSPUTIL", .graph = Graph::TOP_FILE_SYSTEMS}};
 
-inline constexpr RowText MEMORY_UTILIZATION_ROW = {
-    .code = "MUTIL", .label = "Memory Utilization", .graph = Graph::MEMORY_UTILIZATION};
-inline constexpr RowText MEMORY_ALLOCATION_ROW = {
-    .code = "MUSE", .label = "Memory Allocation", .graph = Graph::MEMORY_ALLOCATION};
+inline constexpr RowText MEMORY_UTILIZATION_ROW = {.code = "MUTIL", .graph = Graph::MEMORY_UTILIZATION};
+inline constexpr RowText MEMORY_ALLOCATION_ROW = {.code = "MUSE", .graph = Graph::MEMORY_ALLOCATION};
 inline constexpr RowText PAGEFAULT_RATE_ROW = {
     .code = "MPAGE", .label = "Paging Rates", .graph = Graph::PAGEFAULT_RATE};
-inline constexpr RowText PAGEFAULT_TYPE_ROW = {
-    .code = "MPAGD", .label = "PageFaults By Type", .graph = Graph::PAGEFAULTS_BY_TYPE};
+inline constexpr RowText PAGEFAULT_TYPE_ROW = {.code = "MPAGD", .graph = Graph::PAGEFAULTS_BY_TYPE};
 inline constexpr RowText PAGEFAULT_IO_ROW = {
     .code = "MPFIO", .label = "Paging I/O Rate", .graph = Graph::PAGEFAULT_IO};
 
-inline constexpr RowText PROCESS_ROWS[] = {
-    {.code = "PRCCNT", .label = "Process Count", .graph = Graph::PROCESS_COUNT},
-    {.code = "PRCWKLD", .label = "Process count by workload classes", .graph = Graph::CLASS_COUNT}};
+inline constexpr RowText PROCESS_ROWS[] = {{.code = "PRCCNT", .graph = Graph::PROCESS_COUNT},
+                                           {.code = "PRCWKLD", .graph = Graph::CLASS_COUNT}};
 
 inline constexpr RowText UDP_ROWS[] = {
     {.code = "UDPPCKTS", .label = "Packet Rate", .graph = Graph::UDP_PACKETS}};
@@ -365,16 +345,15 @@ constexpr RowText IpGroup(std::span<const RowText> rows) {
 // AIX, HP-UX and Tru64 again.
 inline constexpr RowText BSD_TCP_ROWS[] = {
     {.code = "TCPPCKTS", .label = "Packet Rate", .graph = Graph::TCP_PACKETS},
-    {.code = "TCPKB", .label = "TCP Data rate", .graph = Graph::TCP_DATA},
+    {.code = "TCPKB", .graph = Graph::TCP_DATA},
     {.code = "TCPPCKTSSENT", .label = "Packets Sent Breakdown", .graph = Graph::TCP_SENT},
     {.code = "TCPPCKTSRCVD", .label = "Packets Received Breakdown", .graph = Graph::TCP_RECEIVED},
-    {.code = "TCPCONNESTBD", .label = "TCP Connections Established", .graph = Graph::TCP_CONNECTIONS},
-    {.code = "TCPCONNESTBD", .label = "TCP Connections Closed", .graph = Graph::TCP_CLOSED}};
+    {.code = "TCPCONNESTBD", .graph = Graph::TCP_CONNECTIONS},
+    {.code = "TCPCONNESTBD", .graph = Graph::TCP_CLOSED}};
 inline constexpr RowText BSD_NETWORK_ROWS[] = {TcpGroup(BSD_TCP_ROWS), UdpGroup(UDP_ROWS), IpGroup(IP_ROWS)};
 
-inline constexpr RowText LAN_SUMMARY_ROWS[] = {
-    {.code = "LANOVRPKTS", .label = "Overall LAN Packet Rates by Adapter", .graph = Graph::LAN_PACKETS},
-    {.code = "LANOVRDATA", .label = "Overall LAN Data Rates by Adapter", .graph = Graph::LAN_DATA}};
+inline constexpr RowText LAN_SUMMARY_ROWS[] = {{.code = "LANOVRPKTS", .graph = Graph::LAN_PACKETS},
+                                               {.code = "LANOVRDATA", .graph = Graph::LAN_DATA}};
 inline constexpr RowText LAN_ROWS[] = {
     {.code = "LANOVR", .label = "LAN Adapter Summary", .kind = RowKind::GROUP, .rows = LAN_SUMMARY_ROWS}};
 

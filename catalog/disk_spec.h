@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "catalog/required.h"
+
 namespace ozmo {
 
 // What the graphs of one disk show for one interval.
@@ -44,9 +46,9 @@ struct DiskGraph {
 
 struct DiskSpec {
   // The disk that a record's name tells; absent for a name that is no disk.
-  std::optional<std::string_view> (*name)(std::string_view recordName) = nullptr;
-  std::span<const DiskGraph> graphs = {};  // rows of a disk, in order
-  bool timesMeasured = false;              // service and response time are in the record
+  Required<std::optional<std::string_view> (*)(std::string_view recordName)> name;
+  Required<std::span<const DiskGraph>> graphs;  // rows of a disk, in order
+  bool timesMeasured = false;                   // service and response time are in the record
 };
 
 // Name rules that more than one platform has.

@@ -109,7 +109,7 @@ void DiskPass::MakeRow(GraphCatalog& catalog, Entry& entry, std::string_view nam
   if (disks == nullptr || rows_ >= MAX_DISK_ROWS) return;
   ++rows_;
   GraphMenuEntry row{"NDsk", std::string(name), nullptr, {}};
-  for (const DiskGraph& graph : spec_.graphs) {
+  for (const DiskGraph& graph : std::span<const DiskGraph>(spec_.graphs)) {
     if (!catalog.titles.Has(NameText(graph.titleFormat, name))) continue;
     GraphRecord& record = MakeGraph(catalog, graph, name);
     row.subTable.push_back({graph.code, graph.label, &record, {}});

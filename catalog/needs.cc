@@ -85,8 +85,9 @@ class NeedsFinder {
 bool NeedsFinder::AddTitle(std::string_view key, std::span<const RowText> rows) {
   for (const RowText& row : rows) {
     if (row.kind == RowKind::GRAPH) {
-      const auto text = std::find_if(platform_.records.begin(), platform_.records.end(),
-                                     [&](const RecordText& record) { return record.graph == row.graph; });
+      const std::span<const RecordText> records = platform_.records;
+      const auto text =
+          std::ranges::find_if(records, [&](const RecordText& record) { return record.graph == row.graph; });
       if (GraphNameKey(text->title) == key) {
         Add(row.graph);
         return true;
@@ -102,11 +103,11 @@ bool NeedsFinder::AddTitle(std::string_view key, std::span<const RowText> rows) 
 bool NeedsFinder::MayHold(RowKind kind, std::string_view key) const {
   switch (kind) {
     case RowKind::DISKS:
-      return std::any_of(platform_.diskSpec.graphs.begin(), platform_.diskSpec.graphs.end(),
-                         [&](const DiskGraph& graph) {
-                           const std::string_view format = graph.titleFormat;
-                           return key.starts_with(GraphNameKey(format.substr(0, format.find("%s"))));
-                         });
+      return std::ranges::any_of(std::span<const DiskGraph>(platform_.diskSpec.graphs),
+                                 [&](const DiskGraph& graph) {
+                                   const std::string_view format = graph.titleFormat;
+                                   return key.starts_with(GraphNameKey(format.substr(0, format.find("%s"))));
+                                 });
     case RowKind::PROCESSORS:
       return key.starts_with(GraphNameKey(platform_.processorSpec.namePrefix));
     case RowKind::ADAPTERS:  // named by the adapter alone

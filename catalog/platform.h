@@ -6,7 +6,8 @@
 
 #include "catalog/disk_spec.h"
 #include "catalog/minute.h"
-#include "catalog/points.h"
+#include "catalog/point_rules.h"
+#include "catalog/required.h"
 #include "catalog/tables.h"
 #include "readers/vmr_context.h"
 
@@ -90,9 +91,9 @@ struct ProcessSpec {
 };
 
 struct PlatformSpec {
-  const char* system = nullptr;  // whose collector writes the files: "HP-UX"
-  std::span<const RecordText> records = {};
-  std::span<const RowText> tree = {};
+  Required<const char*> system;  // whose collector writes the files: "HP-UX"
+  Required<std::span<const RecordText>> records;
+  Required<std::span<const RowText>> tree;
 
   PointCountRule pointCountRule = PointCountRule::OF_QUOTIENTS;
   PointRule pointRule = PointRule::TRUNCATED;
@@ -104,24 +105,25 @@ struct PlatformSpec {
 
   // Whether an interval counts. One without processor data doesn't: nothing of it is stored, and its minute
   // stays free for a later one.
-  bool (*usesInterval)(const VmrContext& interval) = nullptr;
+  Required<bool (*)(const VmrContext& interval)> usesInterval;
   // Null: the first interval's configuration tells it.
   void (*measureInterval)(CollectionInterval& measured, const VmrContext& interval) = nullptr;
 
   // The passes, in the order of an interval's work. Those of disks, file systems and adapters are the same
   // everywhere.
-  ProcessorSums (*processors)(ProcessorPass& pass, const Minute& minute,
-                              const VmrContext& interval) = nullptr;
-  PagingOperations (*memory)(const Minute& minute, const VmrContext& interval) = nullptr;
-  void (*processes)(ProcessPass& pass, const Minute& minute, VmrContext& interval,
-                    const ProcessorSums& processors, const CollectionInterval& length) = nullptr;
-  void (*protocols)(const Minute& minute, const VmrContext& interval) = nullptr;
+  Required<ProcessorSums (*)(ProcessorPass& pass, const Minute& minute, const VmrContext& interval)>
+      processors;
+  Required<PagingOperations (*)(const Minute& minute, const VmrContext& interval)> memory;
+  Required<void (*)(ProcessPass& pass, const Minute& minute, VmrContext& interval,
+                    const ProcessorSums& processors, const CollectionInterval& length)>
+      processes;
+  Required<void (*)(const Minute& minute, const VmrContext& interval)> protocols;
   void (*partition)(const Minute& minute, const VmrContext& interval) = nullptr;  // null: there are none
 
   // Differences within the shared passes.
   ProcessorSpec processorSpec = {};
   ProcessSpec processSpec = {};
-  DiskSpec diskSpec = {};
+  DiskSpec diskSpec;
   const char* fileSystemKeyFormat = nullptr;  // see file_systems.h; null: no such data
   // Which adapters have graphs; null: no such data.
   bool (*hasAdapterGraphs)(std::string_view name) = nullptr;

@@ -31,8 +31,8 @@ std::vector<GraphMenuEntry> RowsFromText(GraphCatalog& catalog, std::span<const 
   for (const RowText& row : rows) {
     GraphMenuEntry& entry = table.emplace_back();
     entry.code = row.code;
-    entry.label = row.label;
     if (row.kind == RowKind::GRAPH) entry.record = catalog.Find(row.graph);
+    entry.label = row.label != nullptr ? row.label : entry.record->title;
     entry.subTable = RowsFromText(catalog, row.rows);
   }
   return table;

@@ -30,7 +30,7 @@ struct RecordText {
 
 struct RowText {
   const char* code;
-  const char* label;
+  const char* label = nullptr;  // null: of a GRAPH row, the title of its record
   RowKind kind = RowKind::GRAPH;
   Graph graph = Graph::COUNT;          // of a GRAPH row
   std::span<const RowText> rows = {};  // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
@@ -46,11 +46,12 @@ constexpr bool EachGraphHasOneRecord(std::span<const RecordText> records) {
   return true;
 }
 
-// Whether each graph row leads to a record, and no other row does.
+// Whether each graph row leads to a record, no other row does, and every other row has a label.
 constexpr bool RowsLeadToRecords(std::span<const RowText> rows, std::span<const RecordText> records) {
   for (const RowText& row : rows) {
     bool isRecord = false;
     for (const RecordText& record : records) isRecord = isRecord || record.graph == row.graph;
+    if (!isRecord && row.label == nullptr) return false;
     if (isRecord != (row.kind == RowKind::GRAPH) || !RowsLeadToRecords(row.rows, records)) return false;
   }
   return true;

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "cli/build_graph_job.h"
-#include "cli/options.h"
+#include "cli/command_line.h"
 #include "output/output_file.h"
 #include "readers/data_reader.h"
 #include "readers/file_set.h"

@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "cli/build_graph_job.h"
-#include "cli/options.h"
+#include "cli/command_line.h"
 #include "fuzz/harness.h"
 #include "runtime/runtime.h"
 #include "runtime/times.h"

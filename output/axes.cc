@@ -1,5 +1,6 @@
 #include "output/axes.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -23,6 +24,11 @@ struct SpacingStep {
   double factor;
   SpacingType type;
 };
+
+// Seconds between the ticks of a time axis: the first that makes fewer than TIME_TICKS_MAX parts.
+constexpr std::array<double, 10> TIME_SPACINGS = {300.0,   600.0,   1800.0,  3600.0,  7200.0,
+                                                  10800.0, 21600.0, 43200.0, 86400.0, 604800.0};
+constexpr double TIME_TICKS_MAX = 9.0;
 
 // The bounds are the square roots of 2, 10 and 50.
 constexpr std::array<SpacingStep, 3> SPACING_STEPS = {{
@@ -110,6 +116,12 @@ AxisSpacing AxisTrialSpacing(double min, double max) {
     if (step.below > mantissa) return {step.factor * std::pow(10.0, exponent), step.type};
   }
   return {10.0 * std::pow(10.0, exponent), SpacingType::ONE};
+}
+
+double AxisTimeSpacing(double span) {
+  const auto* const found = std::find_if(TIME_SPACINGS.begin(), TIME_SPACINGS.end(),
+                                         [span](double spacing) { return span / spacing < TIME_TICKS_MAX; });
+  return found == TIME_SPACINGS.end() ? TIME_SPACINGS.back() : *found;
 }
 
 SpacingType AxisSpacingType(double spacing) {

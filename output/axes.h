@@ -55,6 +55,10 @@ double AxisToDevice(const AxisMap& map, double value);
 // are not apart end the process with a message.
 AxisSpacing AxisTrialSpacing(double min, double max);
 
+// The spacing of a time axis over `span` seconds: round clock times, eight or nine ticks at most; weeks where
+// even those are more.
+double AxisTimeSpacing(double span);
+
 SpacingType AxisSpacingType(double spacing);
 
 // Lays out the ticks of one axis; font, fontSize, title and switches are the caller's to fill in. Limits in

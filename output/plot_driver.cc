@@ -1,9 +1,9 @@
 #include "output/plot_driver.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
+#include "output/axes.h"
 #include "output/frame.h"
 #include "output/grapher.h"
 #include "output/grapher_messages.h"
@@ -16,11 +16,6 @@
 
 namespace ozmo {
 namespace {
-
-// Seconds between the ticks of the time axis: the first that makes fewer than TIME_TICKS_MAX parts.
-constexpr std::array<double, 10> TIME_SPACINGS = {300.0,   600.0,   1800.0,  3600.0,  7200.0,
-                                                  10800.0, 21600.0, 43200.0, 86400.0, 604800.0};
-constexpr double TIME_TICKS_MAX = 9.0;
 
 // A layer that is ready to be drawn.
 struct PlotPass {
@@ -92,19 +87,13 @@ PlotSettings OverlaySettings(const GraphJob& job) {
   return settings;
 }
 
-double TimeSpacing(double span) {
-  const auto* const found = std::find_if(TIME_SPACINGS.begin(), TIME_SPACINGS.end(),
-                                         [span](double spacing) { return span / spacing < TIME_TICKS_MAX; });
-  return found == TIME_SPACINGS.end() ? TIME_SPACINGS.back() : *found;
-}
-
 // From the first to the last minute of the job, with ticks at round clock times.
 void SetTimeAxis(const GraphJob& job, AxisLimits& x) {
   x.min = static_cast<double>(job.startTime);
   x.max = static_cast<double>(job.endTime);
   x.minGiven = true;
   x.maxGiven = true;
-  x.spacing = TimeSpacing(x.max - x.min);
+  x.spacing = AxisTimeSpacing(x.max - x.min);
   x.spacingGiven = true;
 }
 

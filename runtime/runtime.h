@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "runtime/file_identity.h"
@@ -25,6 +26,20 @@ using MessageSink = std::function<void(const ReadyMessage&)>;
 
 // Is told the time stamp of each interval that a walk comes to.
 using ProgressSink = std::function<void(Seconds)>;
+
+// Puts a sink into its place in the runtime, and the earlier one back at the end of its own life.
+template <class Sink>
+class ScopedSink {
+ public:
+  ScopedSink(Sink& place, Sink sink) : place_(place), earlier_(std::exchange(place, std::move(sink))) {}
+  ~ScopedSink() { place_ = std::move(earlier_); }
+  ScopedSink(const ScopedSink&) = delete;
+  ScopedSink& operator=(const ScopedSink&) = delete;
+
+ private:
+  Sink& place_;
+  Sink earlier_;
+};
 
 struct Runtime {
   ProductIdentity identity = ProductIdentityInit();

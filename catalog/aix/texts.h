@@ -102,17 +102,14 @@ inline constexpr RecordText RECORDS[] = {
      .traces = ENTITLEMENT},
 };
 
-inline constexpr RowText CPU_ROWS[] = {
-    CPU_ROW,
-    CPU_MODE_ROW,
-    {.code = "CPUPP",
-     .label = "Overall CPU Utilization By Logical Processor",
-     .graph = Graph::CPU_BY_PROCESSOR},
-    {.code = "CPUPP", .label = "Overall CPU Utilization By Core", .graph = Graph::CPU_BY_CORE},
-    ACTIVE_CPUS_ROW,
-    TOP_IMAGES_ROW,
-    TOP_USERS_ROW,
-    CLASS_CPU_ROW};
+inline constexpr RowText CPU_ROWS[] = {CPU_ROW,
+                                       CPU_MODE_ROW,
+                                       {.code = "CPUPP", .graph = Graph::CPU_BY_PROCESSOR},
+                                       {.code = "CPUPP", .graph = Graph::CPU_BY_CORE},
+                                       ACTIVE_CPUS_ROW,
+                                       TOP_IMAGES_ROW,
+                                       TOP_USERS_ROW,
+                                       CLASS_CPU_ROW};
 inline constexpr RowText DISK_ROWS[] = {
     DISK_OPERATIONS_ROW,
     // Labelled as the data-rate graph; its record's title tells the truth.
@@ -129,11 +126,10 @@ inline constexpr RowText MEMORY_ROWS[] = {
     PAGEFAULT_RATE_ROW,
     PAGEFAULT_TYPE_ROW,
     {.code = "MPFIO", .label = "Paging I/O Page Rate", .graph = Graph::PAGING_IN_OUT}};
-inline constexpr RowText PARTITION_ROWS[] = {
-    {.code = "PCPU", .label = "Overall Physical CPU Utilization", .graph = Graph::PHYSICAL_CPU},
-    {.code = "PPCPU", .label = "Shared Pool CPU Utilization", .graph = Graph::SHARED_POOL},
-    {.code = "VCTX", .label = "Virtual Processor Context Switch Rate", .graph = Graph::CONTEXT_SWITCHES},
-    {.code = "PHNI", .label = "LPAR Phantom Interrupt Rate", .graph = Graph::PHANTOM_INTERRUPTS}};
+inline constexpr RowText PARTITION_ROWS[] = {{.code = "PCPU", .graph = Graph::PHYSICAL_CPU},
+                                             {.code = "PPCPU", .graph = Graph::SHARED_POOL},
+                                             {.code = "VCTX", .graph = Graph::CONTEXT_SWITCHES},
+                                             {.code = "PHNI", .graph = Graph::PHANTOM_INTERRUPTS}};
 inline constexpr RowText TREE[] = {
     CpuGroup(CPU_ROWS),
     DiskGroup(DISK_ROWS),

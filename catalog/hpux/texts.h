@@ -58,15 +58,14 @@ inline constexpr RecordText RECORDS[] = {
 
 inline constexpr RowText CPU_ROWS[] = {CPU_ROW,       CPU_MODE_ROW,  ACTIVE_CPUS_ROW, TOP_IMAGES_ROW,
                                        TOP_USERS_ROW, CLASS_CPU_ROW, PROCESSOR_ROW};
-inline constexpr RowText DISK_ROWS[] = {
-    DISK_OPERATIONS_ROW,
-    TOP_DISK_OPERATIONS_ROW,
-    TOP_DISK_DATA_ROW,
-    TOP_DISK_QUEUE_ROW,
-    TOP_DISK_UTILIZATION_ROW,
-    TOP_DISK_RESPONSE_ROW,
-    {.code = "DIOD", .label = "Overall Disk Disk Data Rate", .graph = Graph::DISK_DATA},
-    DISKS_ROW};
+inline constexpr RowText DISK_ROWS[] = {DISK_OPERATIONS_ROW,
+                                        TOP_DISK_OPERATIONS_ROW,
+                                        TOP_DISK_DATA_ROW,
+                                        TOP_DISK_QUEUE_ROW,
+                                        TOP_DISK_UTILIZATION_ROW,
+                                        TOP_DISK_RESPONSE_ROW,
+                                        {.code = "DIOD", .graph = Graph::DISK_DATA},
+                                        DISKS_ROW};
 inline constexpr RowText MEMORY_ROWS[] = {MEMORY_UTILIZATION_ROW, MEMORY_ALLOCATION_ROW, PAGEFAULT_RATE_ROW,
                                           PAGEFAULT_TYPE_ROW, PAGEFAULT_IO_ROW};
 inline constexpr RowText TREE[] = {

@@ -66,17 +66,13 @@ inline constexpr RowText CPU_ROWS[] = {CPU_ROW,       CPU_MODE_ROW,  ACTIVE_CPUS
 inline constexpr RowText DISK_ROWS[] = {
     DISK_OPERATIONS_ROW,      TOP_DISK_OPERATIONS_ROW, TOP_DISK_DATA_ROW, TOP_DISK_QUEUE_ROW,
     TOP_DISK_UTILIZATION_ROW, TOP_DISK_RESPONSE_ROW,   DISKS_ROW};
-inline constexpr RowText MEMORY_ROWS[] = {
-    MEMORY_UTILIZATION_ROW,
-    MEMORY_ALLOCATION_ROW,
-    {.code = "MPAGE", .label = "Process PageFaults By Type", .graph = Graph::PROCESS_PAGEFAULTS},
-    {.code = "MPFIO", .label = "Pages In/Out", .graph = Graph::PAGES_IN_OUT}};
-inline constexpr RowText TCP_ROWS[] = {
-    {.code = "TCPPCKTS", .label = "TCP  Segment Rate", .graph = Graph::TCP_PACKETS},
-    {.code = "TCPCONNESTBD",
-     .label = "TCP Currently Established Connections",
-     .graph = Graph::TCP_CONNECTIONS},
-    {.code = "TCPCONNESTBD", .label = "TCP Connections Aborted", .graph = Graph::TCP_CLOSED}};
+inline constexpr RowText MEMORY_ROWS[] = {MEMORY_UTILIZATION_ROW,
+                                          MEMORY_ALLOCATION_ROW,
+                                          {.code = "MPAGE", .graph = Graph::PROCESS_PAGEFAULTS},
+                                          {.code = "MPFIO", .graph = Graph::PAGES_IN_OUT}};
+inline constexpr RowText TCP_ROWS[] = {{.code = "TCPPCKTS", .graph = Graph::TCP_PACKETS},
+                                       {.code = "TCPCONNESTBD", .graph = Graph::TCP_CONNECTIONS},
+                                       {.code = "TCPCONNESTBD", .graph = Graph::TCP_CLOSED}};
 inline constexpr RowText LINUX_IP_ROWS[] = {
     {.code = "IPPCKTS", .label = "Packet Rate", .graph = Graph::IP_PACKETS}};
 inline constexpr RowText NETWORK_ROWS[] = {TcpGroup(TCP_ROWS), UdpGroup(UDP_ROWS), IpGroup(LINUX_IP_ROWS)};

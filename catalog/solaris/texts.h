@@ -86,15 +86,13 @@ inline constexpr RowText DISK_ROWS[] = {
 inline constexpr RowText MEMORY_ROWS[] = {MEMORY_UTILIZATION_ROW, MEMORY_ALLOCATION_ROW, PAGEFAULT_RATE_ROW,
                                           PAGEFAULT_TYPE_ROW, PAGEFAULT_IO_ROW};
 inline constexpr RowText TCP_ROWS[] = {
-    {.code = "TCPKB", .label = "TCP Data rate", .graph = Graph::TCP_DATA},
+    {.code = "TCPKB", .graph = Graph::TCP_DATA},
     {.code = "TCPPCKTSRCVD", .label = "Packets Received Breakdown", .graph = Graph::TCP_RECEIVED},
-    {.code = "TCPPCKTS", .label = "TCP  Segment Rate", .graph = Graph::TCP_PACKETS},
-    {.code = "TCPCONNESTBD",
-     .label = "TCP Currently Established Connections",
-     .graph = Graph::TCP_CONNECTIONS},
-    {.code = "TCPCONNESTBD", .label = "TCP Connections Aborted", .graph = Graph::TCP_CLOSED},
-    {.code = "TCPPCKTSSENT", .label = "TCP Sent Segments Breakdown", .graph = Graph::TCP_SENT},
-    {.code = "TCPCONNOPENED", .label = "TCP Connections Opened", .graph = Graph::TCP_OPENED}};
+    {.code = "TCPPCKTS", .graph = Graph::TCP_PACKETS},
+    {.code = "TCPCONNESTBD", .graph = Graph::TCP_CONNECTIONS},
+    {.code = "TCPCONNESTBD", .graph = Graph::TCP_CLOSED},
+    {.code = "TCPPCKTSSENT", .graph = Graph::TCP_SENT},
+    {.code = "TCPCONNOPENED", .graph = Graph::TCP_OPENED}};
 inline constexpr RowText NETWORK_ROWS[] = {TcpGroup(TCP_ROWS), UdpGroup(UDP_ROWS), IpGroup(IP_ROWS)};
 inline constexpr RowText TREE[] = {
     CpuGroup(CPU_ROWS), DiskGroup(DISK_ROWS),       FILE_SYSTEM_GROUP, MemoryGroup(MEMORY_ROWS),

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "catalog/points.h"
+#include "catalog/point_rules.h"
 
 namespace ozmo::vmr_catalog {
 namespace {

@@ -89,27 +89,25 @@ inline constexpr RowText CPU_ROWS[] = {
     CPU_ROW,        CPU_MODE_ROW,
     TOP_IMAGES_ROW, CLASS_CPU_ROW,
     PROCESSOR_ROW,  {.code = "PPCPU", .label = "Per-CPU Utilization Specifics", .kind = RowKind::PROCESSORS}};
-inline constexpr RowText DISK_ROWS[] = {
-    TOP_DISK_OPERATIONS_ROW,
-    TOP_DISK_DATA_ROW,
-    TOP_DISK_QUEUE_ROW,
-    TOP_DISK_UTILIZATION_ROW,
-    TOP_DISK_RESPONSE_ROW,
-    {.code = "DIO", .label = "Disk I/O Operation Rate", .graph = Graph::DISK_OPERATIONS},
-    DISKS_ROW};
+inline constexpr RowText DISK_ROWS[] = {TOP_DISK_OPERATIONS_ROW,
+                                        TOP_DISK_DATA_ROW,
+                                        TOP_DISK_QUEUE_ROW,
+                                        TOP_DISK_UTILIZATION_ROW,
+                                        TOP_DISK_RESPONSE_ROW,
+                                        {.code = "DIO", .graph = Graph::DISK_OPERATIONS},
+                                        DISKS_ROW};
 inline constexpr RowText MEMORY_ROWS[] = {
     MEMORY_UTILIZATION_ROW,
     {.code = "MPAGE", .label = "Paging Rate", .graph = Graph::PAGEFAULT_RATE},
     PAGEFAULT_IO_ROW};
-inline constexpr RowText TCP_ROWS[] = {
-    {.code = "TCPPCKTS", .label = "TCP Packet Rate", .graph = Graph::TCP_PACKETS},
-    {.code = "TCPCONNESTBD", .label = "TCP Connection Transitions", .graph = Graph::TCP_TRANSITIONS}};
+inline constexpr RowText TCP_ROWS[] = {{.code = "TCPPCKTS", .graph = Graph::TCP_PACKETS},
+                                       {.code = "TCPCONNESTBD", .graph = Graph::TCP_TRANSITIONS}};
 inline constexpr RowText VMR_UDP_ROWS[] = {
     {.code = "UDPPCKTS", .label = "UDP Packet Rate", .graph = Graph::UDP_PACKETS}};
 inline constexpr RowText VMR_IP_ROWS[] = {
-    {.code = "IPPCKTS", .label = "IP Packet Rate", .graph = Graph::IP_PACKETS},
+    {.code = "IPPCKTS", .graph = Graph::IP_PACKETS},
     {.code = "IPPCKTSSENT", .label = "IP Packets Sent Breakdown", .graph = Graph::IP_SENT},
-    {.code = "IPPCKTSRCVD", .label = "IP Packets Received Breakdown", .graph = Graph::IP_RECEIVED}};
+    {.code = "IPPCKTSRCVD", .graph = Graph::IP_RECEIVED}};
 inline constexpr RowText NETWORK_ROWS[] = {TcpGroup(TCP_ROWS), UdpGroup(VMR_UDP_ROWS), IpGroup(VMR_IP_ROWS)};
 inline constexpr RowText TREE[] = {CpuGroup(CPU_ROWS), DiskGroup(DISK_ROWS), MemoryGroup(MEMORY_ROWS),
                                    NetworkGroup(NETWORK_ROWS), PROCESS_GROUP};

@@ -15,10 +15,10 @@
 #include "programs/report/options.h"
 #include "programs/report/page.h"
 #include "programs/report/page_json.h"
-#include "programs/report/text.h"
 #include "readers/file_set.h"
 #include "runtime/memory.h"
 #include "runtime/messages.h"
+#include "runtime/terminal_text.h"
 #include "runtime/whole_file.h"
 
 namespace ozmo::report {
@@ -28,21 +28,18 @@ constexpr int DONE_STATUS = 0;
 constexpr int FAILED_STATUS = 1;
 constexpr int USAGE_STATUS = 2;
 
-void Complain(const std::string& text) { std::fprintf(stderr, "ozmo_report: %s\n", LineText(text).c_str()); }
+void Complain(const std::string& text) {
+  std::fprintf(stderr, "ozmo_report: %s\n", PrintableText(text).c_str());
+}
 
 std::string BaseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 // Shows how far the walk has come, on a terminal only.
 class Progress {
  public:
-  explicit Progress(Runtime& runtime) : shown_(isatty(STDERR_FILENO) == 1) {
-    if (!shown_) return;
-    runtime.progressSink = [this](Seconds time) {
-      if (time / STEP == last_ / STEP) return;
-      last_ = time;
-      std::fprintf(stderr, "\rreading %s ", TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
-    };
-  }
+  explicit Progress(Runtime& runtime)
+      : sink_(runtime.progressSink, [this](Seconds time) { Show(time); }),
+        shown_(isatty(STDERR_FILENO) == 1) {}
   ~Progress() {
     if (last_ != 0) std::fputs("\r\033[K", stderr);
   }
@@ -51,6 +48,14 @@ class Progress {
 
  private:
   static constexpr Seconds STEP = 900;
+
+  void Show(Seconds time) {
+    if (!shown_ || time / STEP == last_ / STEP) return;
+    last_ = time;
+    std::fprintf(stderr, "\rreading %s ", TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
+  }
+
+  const ScopedSink<ProgressSink> sink_;
   bool shown_;
   Seconds last_ = 0;
 };
@@ -86,17 +91,16 @@ struct ReadResult {
 
 ReadResult Read(const DayRequest& request, Runtime& runtime) {
   ReadResult read;
-  runtime.messageSink = [&](const ReadyMessage& message) {
+  const ScopedSink<MessageSink> sink(runtime.messageSink, [&](const ReadyMessage& message) {
     // A plain message says what is being read, and nothing of the data.
     if (!message.isProblem || message.code == PLAIN_MESSAGE) return;
     // At once: behind the message of a failed allocation the process ends.
     Complain(message.text);
     read.problems.push_back(message.text);
-  };
+  });
   const SilentOutput silent;
   const Progress progress(runtime);
   read.result = ReadDay(request, runtime);
-  runtime.messageSink = nullptr;
   return read;
 }
 
@@ -104,9 +108,9 @@ ReadResult Read(const DayRequest& request, Runtime& runtime) {
 void PrintList(const std::vector<Section>& sections) {
   VisitItems(sections, [](const Item& item) {
     if (!item.named) return;
-    std::string line = LineText(item.record->title);
+    std::string line = PrintableText(item.record->title);
     for (int set = 0; set < item.record->data.nsets(); ++set) {
-      line += '\t' + LineText(item.record->Label(set).value_or(""));
+      line += '\t' + PrintableText(item.record->Label(set).value_or(""));
     }
     std::printf("%s\n", line.c_str());
   });
@@ -151,7 +155,7 @@ std::string WritePage(const Options& options, const PageData& data, const Compan
   const std::string page = PageOf(data, JsonOf(data, company.baseline, company.marks),
                                   "ozmo_report " + ProductIdentityInit().versionText);
   if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
-  std::printf("%s: %s, %s\n", LineText(path).c_str(), CountText(data.graphs, "graph").c_str(),
+  std::printf("%s: %s, %s\n", PrintableText(path).c_str(), CountText(data.graphs, "graph").c_str(),
               SizeText(page.size()).c_str());
   return "";
 }
@@ -164,7 +168,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   if (!options.csvDirectory.empty()) {
     const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
     if (!csv.failure.empty()) return csv.failure;
-    std::printf("%s: %d CSV files\n", LineText(options.csvDirectory).c_str(), csv.files);
+    std::printf("%s: %d CSV files\n", PrintableText(options.csvDirectory).c_str(), csv.files);
   }
   if (!options.WritesPage()) return "";
   PageData data = PageDataOf(day, sections);

@@ -121,13 +121,4 @@ std::string JsonText(std::string_view bytes) {
   return json + '"';
 }
 
-std::string LineText(std::string_view bytes) {
-  std::string line(bytes);
-  for (char& c : line) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code < 0x20 || code == 0x7F) c = '?';
-  }
-  return line;
-}
-
 }  // namespace ozmo::report

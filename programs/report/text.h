@@ -17,7 +17,4 @@ std::string HtmlText(std::string_view bytes);
 // first.
 std::string JsonText(std::string_view bytes);
 
-// The text for a line of a terminal or a list: control characters become "?", other bytes stay as they are.
-std::string LineText(std::string_view bytes);
-
 }  // namespace ozmo::report

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "catalog/catalog_build.h"
+#include "catalog/build_steps.h"
 #include "catalog/platforms.h"
 
 namespace ozmo {
@@ -117,7 +117,7 @@ class BuildFixture {
   GraphCatalog catalog;
   WorkloadClassList classes;
   VmrContext context;
-  CatalogBuild build;
+  BuildSteps build;
 
  private:
   static WorkloadClassList DefaultClasses() {

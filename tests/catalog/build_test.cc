@@ -6,7 +6,7 @@
 #include <set>
 
 #include "build_fixture.h"
-#include "catalog/catalog_build.h"
+#include "catalog/build_steps.h"
 #include "catalog/needs.h"
 
 namespace ozmo {

@@ -13,12 +13,12 @@
 
 namespace ozmo {
 
-class CatalogBuild {
+class BuildSteps {
  public:
   // Makes the catalog's records and tree for the span, and the series of those records that are needed. The
   // classes are loaded by then. All arguments but the span have to live as long as the build.
-  CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
-               GraphCatalog& catalog);
+  BuildSteps(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
+             GraphCatalog& catalog);
 
   // Works one interval into the catalog; one that the platform doesn't use stores nothing and moves no point.
   // False: the interval was dropped, because it falls on the point of the one before (the first counts, and

@@ -1,4 +1,4 @@
-#include "catalog/points.h"
+#include "catalog/point_rules.h"
 
 #include <algorithm>
 #include <cmath>

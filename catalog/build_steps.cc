@@ -1,4 +1,4 @@
-#include "catalog/catalog_build.h"
+#include "catalog/build_steps.h"
 
 #include <algorithm>
 
@@ -60,8 +60,8 @@ void RescaleClasses(GraphCatalog& catalog, const Series& shareSum) {
 
 }  // namespace
 
-CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
-                           GraphCatalog& catalog)
+BuildSteps::BuildSteps(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
+                       GraphCatalog& catalog)
     : platform_(platform),
       catalog_(catalog),
       needs_(StartCatalog(platform, classes, span, catalog)),
@@ -72,7 +72,7 @@ CatalogBuild::CatalogBuild(const PlatformSpec& platform, const WorkloadClassList
       adapters_(platform.hasAdapterGraphs),
       processes_(platform.processSpec, needs_.processes, classes, catalog) {}
 
-void CatalogBuild::RunPasses(const Minute& minute, VmrContext& interval) {
+void BuildSteps::RunPasses(const Minute& minute, VmrContext& interval) {
   ProcessorSums processors;
   PagingOperations paging;
   if (needs_.Has(PassKind::PROCESSORS)) processors = platform_.processors(processors_, minute, interval);
@@ -86,7 +86,7 @@ void CatalogBuild::RunPasses(const Minute& minute, VmrContext& interval) {
   processorsSeenLast_ = processors.seen;
 }
 
-bool CatalogBuild::UseInterval(VmrContext& interval) {
+bool BuildSteps::UseInterval(VmrContext& interval) {
   if (!platform_.usesInterval(interval)) return true;
   const int point = PointOf(platform_.pointRule, catalog_.spanStart, interval.periodEnd);
   if (point == lastPoint_) return false;
@@ -97,7 +97,7 @@ bool CatalogBuild::UseInterval(VmrContext& interval) {
   return true;
 }
 
-bool CatalogBuild::TakeInterval(VmrContext& interval) {
+bool BuildSteps::TakeInterval(VmrContext& interval) {
   if (platform_.measureInterval != nullptr) {
     platform_.measureInterval(length_, interval);
     return UseInterval(interval);
@@ -110,13 +110,13 @@ bool CatalogBuild::TakeInterval(VmrContext& interval) {
   return true;
 }
 
-void CatalogBuild::FinishGraphs() {
+void BuildSteps::FinishGraphs() {
   FinishTopLists(catalog_, platform_, sources());
   if (platform_.processSpec.classesAreRescaled) RescaleClasses(catalog_, processes_.shareSum());
   if (platform_.finish != nullptr) platform_.finish(catalog_, processorsSeenLast_);
 }
 
-void CatalogBuild::FinishSeries() {
+void BuildSteps::FinishSeries() {
   GraphBridgeGaps(catalog_.itemTree, catalog_.pointCount, length_.minutes + platform_.gapExtra);
   GraphStackTraces(catalog_.itemTree);
 }
