@@ -19,7 +19,7 @@ struct AdapterTrace {
 
 // One graph of each adapter. Its title is the adapter's name, on all three.
 struct AdapterGraph {
-  const char* codeEnd;  // behind LAN and the adapter's number
+  const char* codeEnd;  // after LAN and the adapter's number
   const char* label;
   const char* yTitle;
   const char* legendFormat;
@@ -63,8 +63,8 @@ constexpr SummaryGraph SUMMARIES[] = {{Graph::LAN_PACKETS, PACKET_TRACES}, {Grap
 constexpr const char* SUMMARY_LABELS[] = {"%s Inbound", "%s Outbound"};
 constexpr int SETS_PER_ADAPTER = 2;
 
-// Adds to the point as it stands. Only the interval that makes a set puts its point to 0, so later samples
-// stand on MISSING_POINT and come out 1.0 lower than delivered.
+// Adds to the point as it is. Only the interval that makes a set puts its point to 0, so later samples
+// start from MISSING_POINT and come out 1.0 lower than delivered.
 void AddToPoint(Series& series, int point, double value) {
   PointStore(series, point, static_cast<float>(PointAt(series, point) + value));
 }
@@ -111,7 +111,7 @@ GraphRecord& MakeGraph(const Minute& minute, const AdapterGraph& graph, std::str
   return record;
 }
 
-// Adds the row of the adapter with this number, counted from 1, and answers its graphs.
+// Adds the row of the adapter with this number, counted from 1, and returns its graphs.
 std::array<GraphRecord*, ADAPTER_GRAPHS> MakeRow(const Minute& minute, size_t number, std::string_view name) {
   std::array<GraphRecord*, ADAPTER_GRAPHS> graphs{};
   GraphMenuEntry* group = minute.catalog.RuntimeRow(RowKind::ADAPTERS);

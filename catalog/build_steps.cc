@@ -19,7 +19,7 @@ void CreateClassSeries(GraphCatalog& catalog, const WorkloadClassList& classes) 
   }
 }
 
-// Makes what the catalog has ahead of the walk. All of it counts, whether it is needed or not: a span beyond
+// Makes what the catalog has before the walk. All of it counts, whether it is needed or not: a span beyond
 // reason, such as one without a begin, must end at once, and for any graph.
 Needs StartCatalog(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
                    GraphCatalog& catalog) {

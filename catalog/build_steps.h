@@ -22,7 +22,7 @@ class BuildSteps {
 
   // Works one interval into the catalog; one that the platform doesn't use stores nothing and moves no point.
   // False: the interval was dropped, because it falls on the point of the one before (the first counts, and
-  // point 0 never does) or behind the span.
+  // point 0 never does) or after the span.
   bool TakeInterval(VmrContext& interval);
 
   // Ranks names, finishes the classes and what else the platform has to finish.

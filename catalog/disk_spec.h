@@ -28,7 +28,7 @@ struct DiskFigures {
   float usedGb = 0.0F;
 };
 
-// A trace and a graph of a disk. A %s stands for the disk's name; legends are used as they stand.
+// A trace and a graph of a disk. A %s stands for the disk's name; legends are used as they are.
 struct DiskTrace {
   const char* labelFormat;
   const char* colour;
@@ -45,7 +45,7 @@ struct DiskGraph {
 };
 
 struct DiskSpec {
-  // The disk that a record's name tells; absent for a name that is no disk.
+  // The disk of a record's name; absent for a name that is no disk.
   Required<std::optional<std::string_view> (*)(std::string_view recordName)> name;
   Required<std::span<const DiskGraph>> graphs;  // rows of a disk, in order
   bool timesMeasured = false;                   // service and response time are in the record

@@ -6,7 +6,7 @@
 namespace ozmo {
 namespace {
 
-// The counts come as they stand in the file: the difference of broken ones must not overflow.
+// The counts come as they are in the file: the difference of broken ones must not overflow.
 int64_t WrappingDifference(int64_t a, int64_t b) {
   return static_cast<int64_t>(static_cast<uint64_t>(a) - static_cast<uint64_t>(b));
 }

@@ -5,7 +5,7 @@
 
 namespace ozmo {
 
-// Graphs stand together by the pass that works them out, see PASS_GRAPHS in needs.cc.
+// Graphs are grouped by the pass that works them out, see PASS_GRAPHS in needs.cc.
 enum class Graph {
   // Processors
   OVERALL_CPU,
@@ -71,7 +71,7 @@ enum class Graph {
 };
 inline constexpr size_t GRAPH_COUNT = static_cast<size_t>(Graph::COUNT);
 
-// What stands in a row of the tree: a graph, a group of rows, or one of the groups that fill at run time.
+// What a row of the tree holds: a graph, a group of rows, or one of the groups that fill at run time.
 enum class RowKind { GRAPH, GROUP, DISKS, ADAPTERS, PROCESSORS, COUNT };
 inline constexpr size_t ROW_KIND_COUNT = static_cast<size_t>(RowKind::COUNT);
 

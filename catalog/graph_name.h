@@ -7,14 +7,14 @@
 
 namespace ozmo {
 
-// What tells names of graphs and traces apart: blanks, double quotes, apostrophes and the case of letters
+// How names of graphs and traces are compared: blanks, double quotes, apostrophes and the case of letters
 // don't count. Tabs do.
 std::string GraphNameKey(std::string_view name);
 
 // Zero when two names are the same graph's or trace's.
 int GraphNameCompare(std::string_view first, std::string_view second);
 
-// The titles of the graphs that a catalog is built for. Other graphs stand in its tree without series.
+// The titles of the graphs that a catalog is built for. Other graphs are in its tree without series.
 class WantedTitles {
  public:
   static WantedTitles All() { return WantedTitles(); }

@@ -9,7 +9,7 @@ namespace ozmo {
 
 inline constexpr double BYTES_PER_MB = 1048576.0;
 
-// The machine's memory as its configuration tells it.
+// The machine's memory as its configuration gives it.
 struct MemorySize {
   double memMb = 0.0;
   double pageMb = 0.0;  // of one page

@@ -66,7 +66,7 @@ std::span<const char* const> Palette();
 // Sets that a record has room for where processors make them.
 inline constexpr int MAX_SETS = 128;
 
-// What a walk found in a span: tells an idle host from a file without data.
+// What a walk found in a span: it sets an idle host apart from a file without data.
 struct WalkExtent {
   int intervals = 0;   // used
   int firstPoint = 0;  // the lowest that an interval fell on
@@ -151,10 +151,10 @@ int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record);
 void GraphBridgeGaps(std::vector<GraphMenuEntry>& table, int points, int maxGap);
 
 // For each graph row of the tree: negatives become 0 and each set becomes the sum of itself and all sets
-// behind it.
+// after it.
 void GraphStackTraces(std::vector<GraphMenuEntry>& table);
 
-// Runs `visit` on the record of each graph row, in table order, a sub-table ahead of the next row.
+// Runs `visit` on the record of each graph row, in table order, a sub-table before the next row.
 template <class Visit>
 void VisitGraphs(std::vector<GraphMenuEntry>& table, Visit visit) {
   for (GraphMenuEntry& row : table) {

@@ -26,7 +26,7 @@ class SampledPoints {
   int NumberOf(int point);
   int PointOf(int number) const { return points_[static_cast<size_t>(number)]; }
   int count() const { return static_cast<int>(points_.size()); }
-  // Whether the numbers stand in the order of their points: time went forward all the way.
+  // Whether the numbers are in the order of their points: time went forward all the way.
   bool IsAscending() const { return isAscending_; }
 
  private:
@@ -35,7 +35,7 @@ class SampledPoints {
   bool isAscending_ = true;
 };
 
-// With what stands around them, the values of a page take 128 bytes.
+// With what surrounds them, the values of a page take 128 bytes.
 struct SeriesPage {
   static constexpr int VALUES = 28;
   int first = 0;  // number of the first value

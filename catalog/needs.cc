@@ -80,7 +80,7 @@ class NeedsFinder {
   std::bitset<ROW_KIND_COUNT> groups_;  // that fill at run time, and may hold a wanted graph
 };
 
-// Goes through the tree as the search for a title does. True at the first row that has it: those behind are
+// Goes through the tree as the search for a title does. True at the first row that has it: those after are
 // never reached.
 bool NeedsFinder::AddTitle(std::string_view key, std::span<const RowText> rows) {
   for (const RowText& row : rows) {
@@ -169,7 +169,7 @@ void NeedsFinder::AddPasses() {
   if (HasGroup(RowKind::DISKS)) Add(PassKind::DISKS);
   if (HasGroup(RowKind::ADAPTERS)) Add(PassKind::ADAPTERS);
   if (HasGroup(RowKind::PROCESSORS) || needs_.processes.shares) Add(PassKind::PROCESSORS);
-  // A processor's record is known for a repeat by the value that stands at its point.
+  // A processor's record is known for a repeat by the value at its point.
   if (needs_.Has(PassKind::PROCESSORS)) Add(Graph::CPU_BY_PROCESSOR);
   if (platform_.fileSystemKeyFormat == nullptr) {
     needs_.passes.reset(static_cast<size_t>(PassKind::FILE_SYSTEMS));

@@ -30,7 +30,7 @@ struct Needs {
   DiskDetail disks;
   ProcessDetail processes;
   RecordKinds records = {RecordKind::PROCESSORS,
-                         RecordKind::MACHINE_CPU};  // which tell the intervals that count
+                         RecordKind::MACHINE_CPU};  // which show the intervals that count
 
   bool Has(Graph graph) const { return graphs[static_cast<size_t>(graph)]; }
   bool Has(PassKind pass) const { return passes[static_cast<size_t>(pass)]; }

@@ -37,7 +37,7 @@ struct PagingOperations {
   double swapping = 0.0;
 };
 
-// The sets behind the ranks of a Top list.
+// The sets after the ranks of a Top list.
 enum class OthersRule {
   NONE,
   TOTAL,         // "Others": what the ranks leave of the graph's total
@@ -98,15 +98,15 @@ struct PlatformSpec {
   PointCountRule pointCountRule = PointCountRule::OF_QUOTIENTS;
   PointRule pointRule = PointRule::TRUNCATED;
   int gapExtra = 0;               // maxGap is the interval in minutes plus this
-  bool dropsBeyondEnd = false;    // an interval behind the last point is dropped
-  bool walksWithoutOpen = false;  // the walk starts whatever opening answered
+  bool dropsBeyondEnd = false;    // an interval after the last point is dropped
+  bool walksWithoutOpen = false;  // the walk starts whatever opening has returned
   Seconds detailLimit = 0;        // a longer span has no disks and file systems in detail; 0: no limit
   const char* secondClassFile = nullptr;
 
   // Whether an interval counts. One without processor data doesn't: nothing of it is stored, and its minute
   // stays free for a later one.
   Required<bool (*)(const VmrContext& interval)> usesInterval;
-  // Null: the first interval's configuration tells it.
+  // Null: the first interval's configuration gives it.
   void (*measureInterval)(CollectionInterval& measured, const VmrContext& interval) = nullptr;
 
   // The passes, in the order of an interval's work. Those of disks, file systems and adapters are the same
@@ -129,12 +129,12 @@ struct PlatformSpec {
   bool (*hasAdapterGraphs)(std::string_view name) = nullptr;
   TopListSpecs topLists = {};
 
-  // Behind the Top lists and classes; null: nothing is left to do. `processors` were seen in the last
+  // After the Top lists and classes; null: nothing is left to do. `processors` were seen in the last
   // interval.
   void (*finish)(GraphCatalog& catalog, int processors) = nullptr;
 };
 
-// The configuration of the walk; all members 0 where the file told none.
+// The configuration of the walk; all members 0 where the file has none.
 inline const SystemConfig& ConfigOf(const VmrContext& interval) {
   static const SystemConfig NONE;
   return interval.config ? *interval.config : NONE;

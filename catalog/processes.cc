@@ -69,7 +69,7 @@ ProcessPass::Entry& ProcessPass::EntryOf(std::string_view user, std::string_view
   return entry;
 }
 
-// Processes stand in much the same order from interval to interval, so most are found without a look-up.
+// Processes come in much the same order from interval to interval, so most are found without a look-up.
 const ProcessPass::Identity& ProcessPass::IdentityOf(std::string_view user, std::string_view command) {
   Entry* entry = last_ == nullptr ? nullptr : last_->second.next;
   if (entry == nullptr || !ProcessKeyEqual()(entry->first, ProcessKeyView(user, command))) {

@@ -87,7 +87,7 @@ class ProcessPass {
     int workloadClass = 0;
     NameSeries* image = nullptr;
     NameSeries* user = nullptr;
-    Entry* next = nullptr;  // the process that stood behind this one when it was last seen
+    Entry* next = nullptr;  // the process that came after this one when it was last seen
   };
   const Identity& IdentityOf(std::string_view user, std::string_view command);
   Entry& EntryOf(std::string_view user, std::string_view command);

@@ -45,7 +45,7 @@ ProcessorSums AddProcessors(ProcessorPass& pass, const Minute& minute, const Vmr
 // Whether the interval brought any processor.
 bool HasProcessors(const VmrContext& interval);
 
-// Stores overall CPU, limited to 0 to 100, and answers it.
+// Stores overall CPU, limited to 0 to 100, and returns it.
 double StoreOverallCpu(const Minute& minute, double percent);
 
 }  // namespace ozmo

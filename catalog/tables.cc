@@ -38,7 +38,7 @@ std::vector<GraphMenuEntry> RowsFromText(GraphCatalog& catalog, std::span<const 
   return table;
 }
 
-// Rows stand still only once the whole tree is made.
+// Rows keep their places only once the whole tree is made.
 void FindRuntimeRows(GraphCatalog& catalog, std::vector<GraphMenuEntry>& table,
                      std::span<const RowText> rows) {
   for (size_t i = 0; i < rows.size(); ++i) {

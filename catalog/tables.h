@@ -33,10 +33,10 @@ struct RowText {
   const char* label = nullptr;  // null: of a GRAPH row, the title of its record
   RowKind kind = RowKind::GRAPH;
   Graph graph = Graph::COUNT;          // of a GRAPH row
-  std::span<const RowText> rows = {};  // of a GROUP row; for ADAPTERS the rows ahead of the adapters'
+  std::span<const RowText> rows = {};  // of a GROUP row; for ADAPTERS the rows before the adapters'
 };
 
-// Whether each record stands in the table once.
+// Whether each record is in the table once.
 constexpr bool EachGraphHasOneRecord(std::span<const RecordText> records) {
   for (size_t i = 0; i < records.size(); ++i) {
     for (size_t j = 0; j < i; ++j) {

@@ -26,7 +26,7 @@ void TopListInsert(TopList& list, const TopEntry& entry) {
   const bool atEnd = place == list.size();
   list.insert(list.begin() + static_cast<std::ptrdiff_t>(place), entry);
   if (atEnd) return;
-  // The entries behind the new one move down; the list ends where the count does.
+  // The entries after the new one move down; the list ends where the count does.
   size_t end = place + 1;
   while (end < list.size() && count <= LAST_PLACE_CHECKED) {
     ++end;

@@ -36,7 +36,7 @@ GraphJob JobFor(const RunRequest& request, const GraphCatalog& catalog, int poin
   return job;
 }
 
-// The job that the request asks for; reports what can't be found and answers nothing then.
+// The job that the request asks for; reports what can't be found, and is absent then.
 std::optional<GraphJob> SelectGraph(const RunRequest& request, GraphCatalog& catalog, Runtime& runtime) {
   GraphRecord* record = FindGraphRecord(catalog.itemTree, request.itemName.value_or(""));
   if (record == nullptr || record->data.nsets() == 0) {
@@ -71,7 +71,7 @@ WantedTitles TitlesOf(const RunRequest& request) {
 }  // namespace
 
 void BuildGraphJob(const RunRequest& request, DataReader* reader, Runtime& runtime) {
-  // There is nothing behind -mw: it is accepted, and nothing is built or reported.
+  // Nothing reads the file of -mw: it is accepted, and nothing is built or reported.
   if ((request.requestFlags & REQUEST_MW) != 0) return;
   if (reader == nullptr) {
     Report(runtime, "Data not found.");

@@ -23,7 +23,7 @@ struct ParseState {
   bool typeSeen = false;
 };
 
-// An option's effect; may shorten its value in place, for the tests that come behind it.
+// An option's effect; may shorten its value in place, for the tests that come after it.
 using OptionAction = void (*)(ParseState& state, std::string& value);
 
 void SetMwFile(ParseState& state, std::string& value) {
@@ -71,7 +71,7 @@ constexpr UnitRow UNIT_ROWS[] = {
 };
 
 // The first unit found in `value`, whose last characters are then cut off, as many as the unit has and
-// wherever it stood. Null if there is none.
+// wherever the unit is. Null if there is none.
 const UnitRow* CutUnit(std::string& value) {
   for (const UnitRow& row : UNIT_ROWS) {
     if (value.find(row.word) == std::string::npos) continue;

@@ -12,7 +12,7 @@ namespace ozmo {
 // with -help, after a requirement line with status 0 if -item, -graph_file or -type is missing, and after
 // one line on standard error with status 2 if the value of an option is missing.
 //
-// Each word is put to all tests in order. A test that takes a value moves on to it, so the tests behind it
+// Each word is put to all tests in order. A test that takes a value moves on to it, so the tests after it
 // look at that value: a value that looks like a later option acts as that option as well. A word that no test
 // knows is skipped.
 void ParseCommandLine(int argc, char* const argv[], RunRequest& request);

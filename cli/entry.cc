@@ -21,7 +21,7 @@ namespace {
 constexpr int RUN_DONE_STATUS = 1;
 constexpr int NO_DATA_FILE_STATUS = 2;
 
-// A stream that was closed ahead of the start leaves its number to the next file that is opened, and a
+// A stream that was closed before the start leaves its number to the next file that is opened, and a
 // message must not land in a picture.
 void OpenStandardStreams() {
   int file = 0;
@@ -37,7 +37,7 @@ void NoteDataFile(const RunRequest& request, Runtime& runtime) {
   runtime.inputs.push_back(*data);
 }
 
-// Everything behind the banner. Answers the exit status.
+// Everything after the banner. Returns the exit status.
 int Run(Runtime& runtime, int argc, char* const argv[]) {
   RunRequest request;
   ParseCommandLine(argc, argv, request);
@@ -64,7 +64,7 @@ int Run(Runtime& runtime, int argc, char* const argv[]) {
 
 int RunEntry(int argc, char* const argv[]) {
   OpenStandardStreams();
-  // By lines also into a pipe or file, so that a line on standard error stands behind what was printed ahead.
+  // By lines also into a pipe or file, so that a line on standard error comes after what was printed before.
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   Runtime runtime;
   MemAttach(runtime);

@@ -4,7 +4,7 @@
 namespace ozmo {
 
 // Prints the banner, parses the command line, makes the first pass over the data file, reads the user's
-// resources and writes the graph. Answers the exit status: always 1, which says nothing about success. A
+// resources and writes the graph. Returns the exit status: always 1, which says nothing about success. A
 // wrapper looks for the output file.
 int RunEntry(int argc, char* const argv[]);
 

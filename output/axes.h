@@ -1,4 +1,4 @@
-// The arithmetic of the two axes: how a value reaches the device, where ticks stand, and what their labels
+// The arithmetic of the two axes: how a value reaches the device, where ticks are, and what their labels
 // say. The x axis is a time axis: its values are seconds since 1970, its labels show the clock. The y axis
 // is numeric. Nothing here draws.
 #pragma once
@@ -25,16 +25,16 @@ struct AxisState {
   std::string font;       // of the tick labels
   double fontSize = 0.0;  // of the smaller frame side
   std::string title;
-  double tickSpacing = 0.0;  // a labelled tick stands at number * tickSpacing
+  double tickSpacing = 0.0;  // a labelled tick is at number * tickSpacing
   int firstTick = 0;
   int lastTick = -1;
   bool haveSubticks = false;  // unlabelled ticks are drawn
   double subtickSpacing = 0.0;
   int firstSubtick = 0;
   int lastSubtick = -1;
-  double otherAxisLow = 0.0;  // the values at which the frame's edges stand
+  double otherAxisLow = 0.0;  // the values of the frame's edges
   double otherAxisHigh = 0.0;
-  bool switchAxisEnd = false;  // the axis that crosses this one stands at the far side
+  bool switchAxisEnd = false;  // the axis that crosses this one is at the far side
   bool omitTicks = false;
   double maxLabelWidth = 0.0;  // widest tick label drawn so far, in device units
   int labelledTicks = 0;       // labels drawn so far

@@ -26,13 +26,13 @@ constexpr std::array<PeriodForm, 3> PERIOD_FORMS = {{
     {2592000.0, "%B %Y"},
 }};
 
-// Answers the size that libplot has taken.
+// Returns the size that libplot has taken.
 double SetFont(const std::string& font, double size) {
   pl_fontname(font.c_str());
   return pl_ffontsize(size);
 }
 
-// Distance of a tick label from its edge. A tick that points outward stands in the label's way.
+// Distance of a tick label from its edge. A tick that points outward is in the label's way.
 double LabelOffset(const Grapher& grapher, const FrameBox& box) {
   const double tickSize = grapher.settings.tickSize;
   const double factor = tickSize < 0.0 ? 1.75 : 0.75;

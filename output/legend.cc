@@ -31,7 +31,7 @@ LegendPlace PlaceOf(const LegendLayout& layout, int fontSize, int index) {
   return {column * layout.cell + layout.left, static_cast<double>(fontSize) * row * 1.3};
 }
 
-// A null name leaves the colour as it stands: libplot sees to that.
+// A null name leaves the colour as it is: libplot sees to that.
 void SetPenAndFill(const char* name) {
   pl_pencolorname(name);
   pl_fillcolorname(name);

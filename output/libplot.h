@@ -1,4 +1,4 @@
-// libplot's C interface. Its header wants stdio.h ahead of it, which an include sorter would undo.
+// libplot's C interface. Its header wants stdio.h before it, which an include sorter would undo.
 #pragma once
 
 // clang-format off

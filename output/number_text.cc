@@ -5,7 +5,7 @@
 namespace ozmo {
 namespace {
 
-// The largest double has 309 digits before the point; nobody asks for more than 9 behind it.
+// The largest double has 309 digits before the point; nobody asks for more than 9 after it.
 constexpr int TEXT_ROOM = 400;
 
 }  // namespace

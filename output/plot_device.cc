@@ -44,7 +44,7 @@ double DotsInUnit(const GraphJob& job) {
   return 1.0;
 }
 
-// A map that can't be made is told as one that the JPEG step can't read.
+// A map that can't be made is reported as one that the JPEG step can't read.
 Stream OpenMap(PlotDevice& device, const GraphJob& job) {
   device.map = TempMap::Create(job.inputs);
   Stream stream = device.map ? device.map->OpenToDraw() : nullptr;

@@ -1,5 +1,5 @@
-// The plotter and the file behind it. Everything drawn between GrapherOpen and GrapherClose goes to the file
-// of the job; a type that is finished from a map draws into the temporary map instead.
+// The plotter and the file that it draws into. Everything drawn between GrapherOpen and GrapherClose goes to
+// the file of the job; a type that is finished from a map draws into the temporary map instead.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,7 @@ struct PlotDevice {
 // The job's size in dots.
 BitmapSize BitmapSizeOf(const GraphJob& job);
 
-// Tells libplot the size of bitmaps. A PostScript page has no use for it and stays a letter page.
+// Gives libplot the size of bitmaps. A PostScript page has no use for it and stays a letter page.
 void GrapherSetBitmapSize(const BitmapSize& size);
 
 // Opens the file and a plotter on it, with a blank page of DEVICE_SIZE. Returns 0, or -1 when libplot can't

@@ -35,7 +35,7 @@ double TopOf(const Overlay& layer) {
   return AxisTopOf(peak);
 }
 
-// What is known ahead of the points: where time ends, and how high the values go.
+// What is known before the points: where time ends, and how high the values go.
 PlotLimits LimitsOf(const GraphJob& job, const Overlay& layer) {
   PlotLimits limits;
   limits.x.max = static_cast<double>(job.endTime);

@@ -20,7 +20,7 @@ inline constexpr double LIMIT_TOLERANCE = 0.000001;
 // Rows of the line style table and of the colour table.
 inline constexpr int STYLE_ROWS = 7;
 
-// Libplot colour names by row; a row without a name leaves the colour as it stands.
+// Libplot colour names by row; a row without a name leaves the colour as it is.
 using ColourTable = std::array<std::optional<std::string>, STYLE_ROWS>;
 
 // Whatever colour the catalog gives its trace, an overlay has to stand out from the areas below it.
@@ -44,8 +44,8 @@ struct PlotSettings {
   int gridStyle = 2;  // 0: nothing but a box; 2: a box with ticks on all four sides
   std::string frameColour = "black";
   std::optional<std::string> backgroundColour;
-  bool switchXAxisEnd = false;     // the y axis stands at the right
-  bool switchYAxisEnd = false;     // the x axis stands at the top
+  bool switchXAxisEnd = false;     // the y axis is at the right
+  bool switchYAxisEnd = false;     // the x axis is at the top
   bool omitXTicks = false;         // no ticks and labels on the x axis
   bool omitYTicks = false;         // no ticks and labels on the y axis
   double frameLineWidth = -0.001;  // of the device; negative: libplot's default width

@@ -23,7 +23,7 @@ struct PlotPoint {
   double fillFraction;  // 1.0: filled; negative: not filled
 };
 
-// Storage for `size` bytes. The grapher tells for itself what it can't have: "malloc failed" by perror, and
+// Storage for `size` bytes. The grapher reports what it can't have itself: "malloc failed" by perror, and
 // the process ends with status 1.
 void* GrapherAllocate(size_t size);
 void GrapherFree(void* storage);

@@ -7,7 +7,7 @@ namespace {
 
 constexpr uint32_t SAMPLE_MAX = 255;
 constexpr uint32_t TWO_BYTE_SAMPLE_MAX = 65535;
-constexpr uint32_t NUMBER_MAX = 100000000;  // digits behind such a number are dropped: no map is as large
+constexpr uint32_t NUMBER_MAX = 100000000;  // digits after such a number are dropped: no map is as large
 
 struct MapForm {
   int letter;
@@ -32,7 +32,7 @@ int NextCharacter(std::FILE* input) {
   return character;
 }
 
-// Takes the one character behind the number with it.
+// Takes the one character after the number with it.
 MapStatus ReadNumber(std::FILE* input, uint32_t& number) {
   int character = NextCharacter(input);
   while (IsBlank(character)) character = NextCharacter(input);

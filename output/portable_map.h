@@ -15,7 +15,7 @@ namespace ozmo {
 enum class MapStatus {
   OK,
   NOT_A_MAP,     // other form, a number of the head is 0, or a sample is above the largest value
-  NONNUMERIC,    // something else where a number should stand
+  NONNUMERIC,    // something else where a number should be
   END_OF_INPUT,  // the file is short
 };
 

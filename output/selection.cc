@@ -27,7 +27,7 @@ std::span<const float> PointsOf(const Series& series, int npoints) {
   return std::span(series).first(std::min(static_cast<size_t>(std::max(npoints, 0)), series.size()));
 }
 
-// The top of the y axis. `isFixed` tells whether `fixedTop` counts.
+// The top of the y axis. `isFixed` says whether `fixedTop` counts.
 double TopOf(bool isFixed, float fixedTop, float peak) {
   return isFixed ? AXIS_HEADROOM * static_cast<double>(fixedTop) : AxisTopOf(peak);
 }

@@ -27,7 +27,7 @@ struct OverlaySelection {
   const char* failure = nullptr;  // what to report when there is none
 };
 
-// The part of an overlay's name that names the graph: all ahead of the first "@".
+// The part of an overlay's name that names the graph: all before the first "@".
 std::string_view OverlayGraphName(std::string_view name);
 
 // `name` has the form "graph name@trace label". `mainRecord` is the graph that the trace is drawn over.

@@ -93,7 +93,7 @@ void GrapherSetLineStyle(const Grapher& grapher, int mode, bool useColor) {
   }
   const int colourRow = mode >= 1 ? row % STYLE_ROWS : mode == 0 ? 0 : (-mode - 1) % (STYLE_ROWS - 1);
   const std::optional<std::string>& colour = grapher.settings.colours[static_cast<size_t>(colourRow)];
-  // Libplot takes a null name and leaves both colours as they stood.
+  // Libplot takes a null name and leaves both colours as they were.
   pl_colorname(colour ? colour->c_str() : nullptr);
 }
 
@@ -132,7 +132,7 @@ void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point) {
   grapher.firstPointOfPolyline = false;
   if (secondMoved) return;
   if (point.lineMode > 0) {
-    // Error bars would stand between these two; minute values have none.
+    // Error bars would come between these two; minute values have none.
     pl_savestate();
     pl_restorestate();
   }

@@ -36,7 +36,7 @@ int GrapherFillType(double fillFraction);
 // Draws from the stored last point to this one.
 void GrapherPlotPoint(Grapher& grapher, const PlotPoint& point);
 
-// All points in array order. A point that isn't a finite number is left out; the polyline goes on behind it.
+// All points in array order. A point that isn't a finite number is left out; the polyline goes on after it.
 void GrapherPlotPoints(Grapher& grapher, const PointArray& array);
 
 }  // namespace ozmo

@@ -76,12 +76,12 @@ class BlockFile {
 
  private:
   void SkipFurther(int64_t size);
-  // Makes `size` bytes from next_ on stand in the block; false when the file has fewer, or on a fault.
+  // Makes `size` bytes from next_ on lie in the block; false when the file has fewer, or on a fault.
   bool Fill(size_t size);
   // As pread of the plain file.
   int64_t ReadAt(uint8_t* bytes, size_t room, int64_t place);
   bool SkipLeadingBlock();
-  // Steps behind the line feed at or after the present position; false at the end of the file.
+  // Steps past the line feed at or after the present position; false at the end of the file.
   bool SkipLine();
   bool StartsWith(const char* text);
 

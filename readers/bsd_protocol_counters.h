@@ -1,6 +1,6 @@
 // The classic BSD protocol counters, which AIX, HP-UX and Tru64 keep: elements of ProtocolCounters::counters.
 //
-// They are the members of struct tcpstat, ipstat and udpstat, one struct behind the other, each in its own
+// They are the members of struct tcpstat, ipstat and udpstat, one struct after the other, each in its own
 // order. A counter that a format lacks is 0.
 #pragma once
 

@@ -145,7 +145,7 @@ ReaderResult CollectorFile::TakeEntryRecord() {
   if (header.recordType == TAG_RECORD) return TakeTag(header);
   const bool isTime = header.recordType == format_->timeRecord;
   const bool isConfiguration = header.recordType == CONFIG_RECORD;
-  // Data and divisors tell this pass nothing. Types in steps of 100 aren't passed over, known or not.
+  // Data and divisors say nothing to this pass. Types in steps of 100 aren't passed over, known or not.
   if (!isTime && !isConfiguration && static_cast<uint32_t>(header.recordType) % 100 != 0) {
     file_.Skip(header.size);
     return ReaderResult::DONE;
@@ -175,14 +175,14 @@ ReaderResult CollectorFile::TakeWalkRecord(VmrContext& context) {
   return ReaderResult::DONE;
 }
 
-// An unknown type ends the pass as if the interval were over; the file goes on behind the record.
+// An unknown type ends the pass as if the interval were over; the file goes on after the record.
 ReaderResult CollectorFile::PassOverUnknown(const Header& header) {
   if (header.size > file_.Left()) return ReaderResult::END_OF_FILE;
   file_.Skip(header.size);
   return ReaderResult::NOTHING;
 }
 
-// Records ahead of the pass's first time record aren't checked: those behind the time stamp that ended the
+// Records before the pass's first time record aren't checked: those after the time stamp that ended the
 // previous pass count for this one.
 bool CollectorFile::IsOutsideWindow() const {
   return state_.currentRecordTime >= 1 &&
@@ -199,7 +199,7 @@ ReaderResult CollectorFile::TakeTag(const Header& header) {
   if (result != ReaderResult::DONE) return result;
   state_.collectorTag.clear();
   if (payload.size == 0) return ReaderResult::DONE;
-  // A length byte that tells more than there is: the text is what there is.
+  // A length byte that claims more than there is: the text is what there is.
   const std::string_view text(reinterpret_cast<const char*>(payload.bytes + 1),
                               std::min<size_t>(payload.bytes[0], payload.size - 1));
   state_.collectorTag = text.substr(0, text.find('\0'));
@@ -228,7 +228,7 @@ template <class Visit>
 void CollectorFile::VisitFields(int32_t recordType, const Payload& payload, Visit visit) {
   size_t offset = 0;
   for (size_t position = 0; offset < payload.size; ++position) {
-    // Looked up at each position: behind a version field that chooses another table the record goes on in
+    // Looked up at each position: after a version field that chooses another table the record goes on in
     // that table's layout.
     const RecordPlan* plan = types_.PlanOf(recordType);
     if (plan == nullptr || position >= plan->PositionCount()) return;
@@ -346,7 +346,7 @@ Seconds CollectorFile::TimeOf(const FieldValue& field) const {
   return std::clamp(raw, -FARTHEST_TIME, FARTHEST_TIME);
 }
 
-// False when the time is behind the window.
+// False when the time is after the window.
 bool CollectorFile::StoreTime(Seconds raw) {
   if (state_.previousRawTime != 0) {
     const Seconds measured = raw - state_.previousRawTime;

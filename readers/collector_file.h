@@ -1,8 +1,8 @@
 // One binary collector file at a time, driven by a CollectorFormat.
 //
 // An entry pass finds a file's version, node and first time stamp. Walk passes then deliver the records of
-// one window each. A window ends at the first time record beyond it, and the next begins behind that record
-// without a seek back: the data behind it are delivered by the next pass, whatever its window.
+// one window each. A window ends at the first time record beyond it, and the next begins after that record
+// without a seek back: the data after it are delivered by the next pass, whatever its window.
 //
 // A record's length is a claim. What a record is decides how much of it is read: nothing of one that is
 // unknown or not wanted, and of others what their fields can take.
@@ -34,9 +34,9 @@ class CollectorFile {
   // The context's period is the window. DONE: its records are in the context.
   ReaderResult WalkPass(VmrContext& context);
 
-  // Ahead of a walk: what it wants of the records.
+  // Before a walk: what it wants of the records.
   void SetWanted(const RecordKinds& kinds) { types_.SetWanted(kinds); }
-  // Forgets the last time stamp, ahead of a walk, or the definition lists, behind it.
+  // Forgets the last time stamp, before a walk, or the definition lists, after it.
   void ForgetTime() { state_.previousRawTime = 0; }
   void ForgetLists() { types_.DropLists(); }
 
@@ -47,7 +47,7 @@ class CollectorFile {
     int32_t recordType = 0;
     int64_t size = 0;  // of the payload
   };
-  // The bytes of a payload that are of use; the file goes on behind the payload.
+  // The bytes of a payload that are of use; the file goes on after the payload.
   struct Payload {
     const uint8_t* bytes = nullptr;
     size_t size = 0;
@@ -70,7 +70,7 @@ class CollectorFile {
   ReaderResult ReadPayload(const Header& header, size_t reach, Payload& payload);
   ReaderResult Fault() const;
   bool IsOutsideWindow() const;
-  // Calls `visit` for one field behind the other, until it says false.
+  // Calls `visit` for one field after the other, until it says false.
   template <class Visit>
   void VisitFields(int32_t recordType, const Payload& payload, Visit visit);
 

@@ -1,8 +1,8 @@
 // What makes one collector format: the constant description that the engine of collector_reader.h runs on.
 //
 // A collector file is a flat chain of typed records without a file header. Of each data record type R the
-// file itself tells the field order, in a record of type R * 100, and the divisors, in one of type R * 10;
-// both stand ahead of the data. The tables here say which R and which fields we understand.
+// file itself gives the field order, in a record of type R * 100, and the divisors, in one of type R * 10;
+// both come before the data. The tables here say which R and which fields we understand.
 #pragma once
 
 #include <cstdint>
@@ -23,12 +23,12 @@ struct FieldSpec {
   int32_t fixedDivisor = NOT_FOUND_ID;  // stands whatever the file's divisor list says
 };
 
-// One data record type of a version. Its slots stand in table order, which is the order decoders see.
+// One data record type of a version. Its slots are in table order, which is the order decoders see.
 struct RecordLayout {
   int32_t recordType;
   int32_t listType;  // whose definition lists describe it: twins may share those of their base
   std::span<const FieldSpec> fields;
-  bool positional = false;  // fields stand in table order, whatever the order list says
+  bool positional = false;  // fields are in table order, whatever the order list says
 };
 
 // The record types of one collector version, and what else of its files differs by version. A format in which

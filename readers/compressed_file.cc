@@ -71,7 +71,7 @@ struct Frame {
 };
 constexpr auto BEGINS_BEFORE = [](const Frame& frame, int64_t place) { return frame.plainPlace < place; };
 
-// A record of the index; its bytes stand in the index from `begin` on.
+// A record of the index; its bytes are in the index from `begin` on.
 struct Mark {
   int64_t place = 0;
   size_t size = 0;
@@ -95,7 +95,7 @@ struct CompressedFile::State {
     return -1;
   }
   void BeginAt(const Frame& frame);
-  // Has the decoder stand at `place`; false on a fault or where the file ends before.
+  // Moves the decoder to `place`; false on a fault or where the file ends before.
   bool GoTo(int64_t place);
   int64_t Decode(uint8_t* bytes, size_t room);
   bool FillInput();

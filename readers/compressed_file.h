@@ -47,8 +47,8 @@ class CompressedFile {
   // What the fault of the last read was; never null.
   const char* Failure() const;
 
-  // The first place from `place` on where a record stands that counts outside the span of a walk, or the end
-  // of the file. `place` itself without an index.
+  // The first place from `place` on where there is a record that counts outside the span of a walk, or the
+  // end of the file. `place` itself without an index.
   int64_t NextMark(int64_t place);
 
  private:

@@ -129,7 +129,7 @@ struct Destination {
   using Store = void (*)(Record& record, const Source& from);
 
   Store store;
-  size_t room;    // for how many fields one behind the other
+  size_t room;    // for how many fields one after the other
   bool isDetail;  // what no builder reads
 };
 
@@ -209,7 +209,7 @@ struct FieldRule {
   using RecordType = Record;
 
   int32_t field;
-  int32_t last = 0;  // of the fields one behind the other that the row takes; 0: it takes one
+  int32_t last = 0;  // of the fields one after the other that the row takes; 0: it takes one
   Destination<Record> to = Nowhere<Record>();
   Conversion as = {};
   RecordKind wantedFor = RecordKind::CONFIGURATION;  // as of a BuilderField
@@ -324,7 +324,7 @@ bool FillHead(RecordList<Record>& list, Decoding& decoding) {
   return counts;
 }
 
-// The same for a single record of the interval: one that stands is filled again.
+// The same for a single record of the interval: one that is there is filled again.
 template <const auto& Rules, class Record>
 bool FillSlot(std::optional<Record>& slot, Decoding& decoding) {
   const bool isNew = !slot.has_value();

@@ -1,7 +1,7 @@
-// One field of a collector record as it stands in the file.
+// One field of a collector record as it is in the file.
 //
 // A field is a text (one length byte, then that many bytes), a 4-byte or an 8-byte integer in the file's byte
-// order. Fields carry no tags; where one stands follows from the definition list of its record type.
+// order. Fields carry no tags; the place of one follows from the definition list of its record type.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +23,7 @@ inline uint32_t LoadUint32(const uint8_t* bytes, ByteOrder order) {
   return uint32_t{bytes[3]} | uint32_t{bytes[2]} << 8 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[0]} << 24;
 }
 
-// A text behind its length byte. It ends at its first NUL byte, where it has one: collectors fill up with
+// A text after its length byte. It ends at its first NUL byte, where it has one: collectors fill up with
 // them.
 inline std::string_view LoadText(const uint8_t* bytes) {
   const std::string_view text(reinterpret_cast<const char*>(bytes + 1), bytes[0]);

@@ -1,5 +1,5 @@
-// A data file's kind, told by its path alone: nothing opens the file here, so a file whose name and content
-// disagree goes to the wrong reader.
+// A data file's kind, which its path alone gives: nothing opens the file here, so a file whose name and
+// content disagree goes to the wrong reader.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ enum class ReaderKind { SOLARIS, HPUX, AIX, LINUX, VMR, TRU64 };
 // A path that no rule knows is a Tru64 file.
 ReaderKind ReaderKindOf(const std::string& path);
 
-// A monitor text file by name: ".vmr" or ".VMR" at the end, or ahead of a file version (X.VMR;3). The ending
+// A monitor text file by name: ".vmr" or ".VMR" at the end, or before a file version (X.VMR;3). The ending
 // of a compressed file doesn't count.
 bool IsVmrName(const std::string& path);
 

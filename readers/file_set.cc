@@ -22,12 +22,12 @@ bool IsWordCharacter(char c) {
 // What the files of a series have in common.
 struct SeriesName {
   std::string stem;       // path up to the date
-  std::string extension;  // word and separator: ahead of the number
+  std::string extension;  // word and separator: before the number
   std::string marker;     // "." + word + separator, as looked for in the directory
 };
 
-// The separator is the first character behind the last "." that is no letter or digit. It may be "_" too;
-// then the date is found by the last "_" ahead of the ".".
+// The separator is the first character after the last "." that is no letter or digit. It may be "_" too;
+// then the date is found by the last "_" before the ".".
 std::optional<SeriesName> ParseSeriesName(const std::string& path) {
   const size_t dot = path.rfind('.');
   if (dot == std::string::npos) return std::nullopt;

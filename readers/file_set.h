@@ -22,7 +22,7 @@ std::string WithoutCompressedEnding(std::string name);
 // where only that is there.
 std::string DataFilePath(const std::string& path);
 
-// The paths that stand in a path's directory under the names of its series, day by day from the day of
+// The paths that are in a path's directory under the names of its series, day by day from the day of
 // `start` to the day of `end`, each day counted from 1 up to the first number that is missing. Empty when
 // `dataPath` isn't such a name, with or without ".zst", or names no directory.
 std::vector<std::string> ReaderFileSet(const std::string& dataPath, Seconds start, Seconds end);

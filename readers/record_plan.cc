@@ -47,7 +47,7 @@ void RecordPlan::FindFields(const RecordLayout& layout, const DefinitionLists& l
   for (size_t index = 0; index < layout.fields.size(); ++index) {
     const auto layoutIndex = static_cast<int32_t>(index);
     if (std::find(fieldAt_.begin(), fieldAt_.end(), layoutIndex) == fieldAt_.end()) continue;
-    // Fields ahead of this one have their new indexes already, which are not above those of the layout.
+    // Fields before this one have their new indexes already, which are not above those of the layout.
     const FieldSpec& spec = layout.fields[index];
     std::replace(fieldAt_.begin(), fieldAt_.end(), layoutIndex, static_cast<int32_t>(fields_.size()));
     fields_.push_back({spec.fieldId, DivisorOf(spec, lists), nullptr, spec.size, order});

@@ -1,6 +1,6 @@
-// Where the fields of one record type stand, worked out once when the file's definition lists have come.
+// Where the fields of one record type are, worked out once when the file's definition lists have come.
 //
-// Numbers have fixed sizes, so the fields between two texts, a run, stand at fixed distances: the length of a
+// Numbers have fixed sizes, so the fields between two texts, a run, are at fixed distances: the length of a
 // text is all that has to be looked at to find the next run.
 #pragma once
 
@@ -30,7 +30,7 @@ class RecordPlan {
              std::span<const int32_t> wanted = {});
 
   // The wanted fields that the file has, in table order. They point into `record`, of which `size` bytes are
-  // there. Of a record that is cut off ahead of one of them it is all fields, and those that aren't there
+  // there. Of a record that is cut off before one of them it is all fields, and those that aren't there
   // have null data.
   std::span<const FieldValue> Place(const uint8_t* record, size_t size);
   // How many bytes of a record Place can need at most.
@@ -49,7 +49,7 @@ class RecordPlan {
     uint32_t offset;  // from the begin of its run
   };
   struct Run {
-    uint32_t placeEnd = 0;  // behind the run's last in places_
+    uint32_t placeEnd = 0;  // after the run's last in places_
     uint32_t size = 0;      // of all fields, with the length byte of the text
     bool endsInText = false;
   };

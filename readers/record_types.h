@@ -33,7 +33,7 @@ class RecordTypes {
   }
   // Of a data type; null when nobody wants its records.
   const DecoderRow* DecoderOf(int32_t dataType) const { return types_[Index(dataType)].decoder; }
-  // The plan of a data type; null when the version in force doesn't know the type. It stands until the next
+  // The plan of a data type; null when the version in force doesn't know the type. It holds until the next
   // list, table or call of DropOrderLists.
   RecordPlan* PlanOf(int32_t dataType) {
     DataType& type = types_[Index(dataType)];

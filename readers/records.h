@@ -11,7 +11,7 @@
 
 namespace ozmo {
 
-// The machine as its configuration record tells it; one for a whole walk.
+// The machine as its configuration record gives it; one for a whole walk.
 struct SystemConfig {
   std::string configNode;
   std::string versionText;
@@ -171,7 +171,7 @@ struct ProcessRecord {
 };
 
 // The protocol counters of a binary file, per second where they aren't levels. Which element is which counter
-// is told beside each format, as are the names of the elements.
+// is said beside each format, as are the names of the elements.
 struct ProtocolCounters {
   std::array<float, 174> counters{};
   bool hasFirstPart = false;  // HP-UX: made by the record type of the first part
@@ -221,7 +221,7 @@ struct SystemSummary {
   std::array<float, 8> values{};
 };
 
-// A logical partition, as its hypervisor tells of it.
+// A logical partition, as its hypervisor describes it.
 struct PartitionRecord {
   std::string name;
   // Flags, set where they aren't 0

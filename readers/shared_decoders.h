@@ -12,7 +12,7 @@ namespace ozmo {
 // A named item with six rates.
 void DecodeLoadItem(Decoding& decoding);
 
-// The system summary: eight figures as they stand, / divisor.
+// The system summary: eight figures as they are, / divisor.
 void DecodeSummary(Decoding& decoding);
 
 // Rules of a LAN adapter record: the name and seven rates.
@@ -29,7 +29,7 @@ constexpr auto LanRules(const Conversion& rate) {
   }};
 }
 
-// Rules of a file system record: two texts, and seven whole numbers that stand one behind the other from
+// Rules of a file system record: two texts, and seven whole numbers, one after the other from
 // `firstNumber` on.
 constexpr auto FileSystemRules(int32_t deviceField, int32_t mountField, int32_t firstNumber) {
   constexpr Conversion NUMBER{.form = Form::WIDE, .divide = Divide::AT_LEAST_1};
@@ -46,8 +46,8 @@ constexpr auto FileSystemRules(int32_t deviceField, int32_t mountField, int32_t 
   }};
 }
 
-// The configuration, to the walk's one SystemConfig: one that stands is written over. An interval that isn't
-// above 0 becomes 60 seconds. A record without a counted field leaves no SystemConfig.
+// The configuration, to the walk's one SystemConfig: one that is there is written over. An interval that
+// isn't above 0 becomes 60 seconds. A record without a counted field leaves no SystemConfig.
 template <const auto& Rules>
 void DecodeConfigBy(Decoding& decoding) {
   constexpr float FALLBACK_INTERVAL = 60.0F;
@@ -70,7 +70,7 @@ void DecodeCountersBy(Decoding& decoding) {
   FillCounters<Rules>(decoding.context.protocolCounters.Of(decoding.isTwin), decoding);
 }
 
-// The size of the machine's pages in bytes; 1 where no record has told it.
+// The size of the machine's pages in bytes; 1 where no record has given it.
 uint64_t PageSizeOf(const VmrContext& context);
 
 // Stores the number of a process as text.
@@ -81,7 +81,7 @@ void StoreProcessIdText(ProcessRecord& process, const Source& from);
 void StoreMachinePageSize(MemoryRecord& memory, const Source& from);
 
 // Stores the memory size of a configuration record, which comes in kilobytes: MB where the field has a
-// divisor, else as it stands. A megabyte has `KilobytesPerMb`.
+// divisor, else as it is. A megabyte has `KilobytesPerMb`.
 template <int KilobytesPerMb = 1024>
 void StoreMemoryMb(SystemConfig& config, const Source& from) {
   const double value = ValueAsDouble(from);

@@ -21,7 +21,7 @@ namespace ozmo {
 
 enum class RunSize : uint8_t { TEXT, INT4, INT8, COUNTER };
 
-// Fields of one size that stand one behind the other.
+// Fields of one size, one after the other.
 struct FieldRun {
   int32_t first;
   int32_t last;
@@ -47,7 +47,7 @@ struct LayoutRow {
   int32_t type;
   int32_t listsOf = NO_TYPE;  // the type whose definition lists describe it; NO_TYPE: it has its own
   uint32_t versions;          // a bit each
-  bool positional = false;    // fields stand in table order, whatever the order list says
+  bool positional = false;    // fields are in table order, whatever the order list says
   std::span<const FieldRun> fields;
 };
 
@@ -88,7 +88,7 @@ constexpr VersionSize SizeOfVersion(std::span<const LayoutRow> layouts, uint32_t
   return size;
 }
 
-// The fields of all rows of the version, one row behind the other.
+// The fields of all rows of the version, one row after the other.
 template <size_t Count>
 constexpr auto FieldsOfVersion(std::span<const LayoutRow> layouts, uint32_t version, FieldSize counter) {
   std::array<FieldSpec, Count> fields{};

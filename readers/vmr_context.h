@@ -31,19 +31,19 @@ struct TwinPair {
 struct VmrContext {
   std::string nodeName;     // of the data
   std::string dataPath;     // file being read
-  Seconds periodStart = 0;  // of this interval; before ReaderOpen, of the requested span
+  Seconds periodStart = 0;  // of this interval; before Open, of the requested span
   Seconds periodEnd = 0;    // the interval's time stamp
   Seconds utcOffset = DEFAULT_UTC_OFFSET;
   int32_t dstFlag = 0;
 
-  // The records that the builder reads, said ahead of ReaderOpen. Others may be stepped over.
+  // The records that the builder reads, set before Open. Others may be stepped over.
   RecordKinds kinds = RecordKinds::All();
 
   // Kept for the whole walk.
   std::optional<SystemConfig> config;
   std::map<std::string, std::string, std::less<>> deviceAliases;  // display name by device name
 
-  // Emptied and refilled at each ReaderNext.
+  // Emptied and refilled at each Next.
   TwinPair<RecordList<ProcessorRecord>> processors;
   TwinPair<RecordList<ProcessorRecord>> overallCpu;
   TwinPair<RecordList<RateRecord>> rateItems;

@@ -1,7 +1,7 @@
 // Output files in the making. Until it is finished a file is a draft, and whatever ends the run takes the
 // draft away with it: a failure on the way, the end of the process from somewhere deep inside a library, or
-// one of the signals SIGHUP, SIGINT and SIGTERM, and SIGXCPU and SIGXFSZ of a limit. So what a run leaves
-// behind is a whole file or none.
+// one of the signals SIGHUP, SIGINT and SIGTERM, and SIGXCPU and SIGXFSZ of a limit. So a run leaves a
+// whole file or none.
 #pragma once
 
 #include <csignal>

@@ -28,7 +28,7 @@ struct ProductIdentity {
 ProductIdentity ProductIdentityInit();
 
 // Letter, version numbers, patch letter (left out when blank or zero) and edit number. A letter other than
-// 'V' and 'T' marks a version of its own kind, with a number behind it.
+// 'V' and 'T' marks a version of its own kind, with a number after it.
 std::string VersionText(char letter, int majorVersion, int minorVersion, char patchLetter, int editNumber);
 
 }  // namespace ozmo

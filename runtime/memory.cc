@@ -54,7 +54,7 @@ void MemDetach() {
 }
 
 void MemFail(int64_t size) {
-  const auto shownSize = static_cast<int32_t>(size);  // sizes are told in 32 bits
+  const auto shownSize = static_cast<int32_t>(size);  // sizes are shown in 32 bits
   if (failureState.runtime != nullptr && !failureState.failing) {
     failureState.failing = true;
     std::free(failureState.reserve);

@@ -13,7 +13,7 @@ struct Runtime;
 void MemAttach(Runtime& runtime, int exitStatus = 0);
 void MemDetach();
 
-// Issues NOALLOC with `size`, told in 32 bits, and ends the process. For storage that a request
+// Issues NOALLOC with `size`, shown in 32 bits, and ends the process. For storage that a request
 // can't reasonably have (a negative size, a catalog beyond its limit) this is called without trying.
 [[noreturn]] void MemFail(int64_t size);
 

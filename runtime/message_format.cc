@@ -26,7 +26,7 @@ struct Conversion {
   int precision = -1;  // below 0: none
   std::string length;
   char type = '\0';
-  std::string_view source;  // as it stands in the format
+  std::string_view source;  // as it is in the format
 };
 
 // Hands out the arguments, each once.

@@ -13,7 +13,7 @@ namespace ozmo {
 // Fills `arguments` into `format` in order. Flags, width, precision and length modifiers act as in printf;
 // a number without a length modifier is taken as 32 bits. Where format and arguments differ nothing breaks:
 // %s of a number is its decimal form, a numeric conversion of a text is the text, a conversion without an
-// argument and %n write nothing, and an unknown conversion stands as it is.
+// argument and %n write nothing, and an unknown conversion stays as it is.
 std::string FormatMessage(std::string_view format, std::span<const MessageArgument> arguments);
 
 }  // namespace ozmo

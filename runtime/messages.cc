@@ -23,7 +23,7 @@ struct SeverityWord {
 constexpr SeverityWord SEVERITY_WORDS[] = {
     {"WARNING", Severity::WARNING}, {"ERROR", Severity::ERROR}, {"INFO", Severity::INFO}};
 
-// Marks in a head where a word processor would have no blank; removed wherever it stands when printing.
+// Marks in a head where a word processor would have no blank; removed everywhere when printing.
 constexpr char NO_PRINT = '^';
 
 // What a line of the file says.

@@ -24,7 +24,7 @@ struct ReadyMessage {
 };
 using MessageSink = std::function<void(const ReadyMessage&)>;
 
-// Is told the time stamp of each interval that a walk comes to.
+// Gets the time stamp of each interval that a walk comes to.
 using ProgressSink = std::function<void(Seconds)>;
 
 // Puts a sink into its place in the runtime, and the earlier one back at the end of its own life.

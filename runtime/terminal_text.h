@@ -8,7 +8,7 @@
 
 namespace ozmo {
 
-// `text` as it is to be written to `stream`: as it stands into a pipe or file, PrintableText to a terminal.
+// `text` as it is to be written to `stream`: as it is into a pipe or file, PrintableText to a terminal.
 std::string TextFor(std::FILE* stream, std::string_view text);
 
 // `text` with a "?" for each byte of a control character, be it ASCII, Latin-1 or UTF-8. Other bytes stay,

@@ -41,7 +41,7 @@ int TimeParse(std::tm& time, const std::string& text, TimeFormatNumber format);
 // or 22-Feb-2012:14:30:00. Absent for any other text, and for a day that isn't in the calendar.
 std::optional<Seconds> TimeOf(const std::string& text);
 
-// The same of a text in one form of strptime; what the form doesn't tell is as in `time`.
+// The same of a text in one form of strptime; what the form doesn't give is as in `time`.
 std::optional<Seconds> TimeOf(const std::string& text, const char* form, std::tm time);
 
 // mktime of the record; 0 for an absent one.

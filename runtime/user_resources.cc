@@ -71,7 +71,7 @@ int32_t ParseCutFloat(const std::string& text) {
   return ClampTo<int32_t>(std::strtod(text.c_str(), nullptr));
 }
 
-// Cuts off and answers what stands behind the last `mark`; absent, and nothing cut, if there is none.
+// Cuts off and returns what comes after the last `mark`; absent, and nothing cut, if there is none.
 std::optional<std::string_view> CutBehindLast(std::string_view& text, char mark) {
   const size_t position = text.rfind(mark);
   if (position == std::string_view::npos) return std::nullopt;

@@ -76,7 +76,7 @@ enum class ResourceKind {
   BOOLEAN = 0,  // "true" or "false" in any case, else a number
   INTEGER = 1,
   TEXT = 2,
-  LIST = 3  // a value is added to the old text behind a comma
+  LIST = 3  // a value is added to the old text after a comma
 };
 
 using NumberSetting = int32_t UserSettings::*;

@@ -7,7 +7,7 @@
 //   class_command 2 "*batch run*"
 //
 // A definition is a keyword, a number that is not used, and a value; it acts on the class that the last
-// class_name started. With version 1 a value stands in double quotes and may hold blanks; in older files it
+// class_name started. With version 1 a value is in double quotes and may hold blanks; in older files it
 // is one bare word. Lines that start with ";" or "/*" are comments.
 #include <cstdlib>
 
@@ -128,7 +128,7 @@ void ApplyDefinition(WorkloadClassList& list, std::string_view line, long versio
   const std::string word = LowerText(TakeWord(line));
   for (const Keyword& keyword : KEYWORDS) {
     if (!Abbreviates(word, keyword.word, keyword.shortest)) continue;
-    // A definition ahead of the first class has nothing to act on.
+    // A definition before the first class has nothing to act on.
     if (list.classes.empty() && keyword.set != StartClass) return;
     TakeWord(line);
     Value value{ValueText(line, version)};

@@ -24,7 +24,7 @@ struct PatternRow {
   // as far as this item.
   uint32_t shortest;
   uint32_t first = 0;   // row with the same text
-  uint32_t prefix = 0;  // one behind the last row with the longest other text that this one starts with, or 0
+  uint32_t prefix = 0;  // one after the last row with the longest other text that this one starts with, or 0
 };
 
 // Rows with the same text, in the order of their lists.
@@ -37,7 +37,7 @@ struct ByFirstRow {
 };
 using FoundRows = std::set<PatternRows, ByFirstRow>;
 
-// Items in the order of their texts. Whatever item a text starts with is the last one that isn't behind the
+// Items in the order of their texts. Whatever item a text starts with is the last one that isn't after the
 // text, or a prefix of that one.
 class PrefixTable {
  public:
@@ -50,9 +50,9 @@ class PrefixTable {
   void FindEqual(std::string_view text, FoundRows& found) const;
 
  private:
-  // One behind the last row whose text isn't behind `text`.
+  // One after the last row whose text isn't after `text`.
   size_t EndUpTo(std::string_view text) const;
-  // The rows with the same text as the one ahead of `end`.
+  // The rows with the same text as the one before `end`.
   PatternRows RowsAheadOf(size_t end) const;
 
   std::vector<PatternRow> rows_;
@@ -68,7 +68,7 @@ class PatternIndex {
   class Matches {
    public:
     Matches(const PatternIndex& index, std::string_view text);
-    // The first of them at or behind position `place`; the number of all classes when there is none.
+    // The first of them at or after position `place`; the number of all classes when there is none.
     size_t NextFrom(size_t place) const;
 
    private:

@@ -27,7 +27,7 @@ struct Pattern {
 struct PatternList {
   std::vector<Pattern> items;
 
-  // Adds the items of a comma list behind those that are there. An empty list adds an empty item to a list
+  // Adds the items of a comma list after those that are there. An empty list adds an empty item to a list
   // that has some, just as joining the texts by a comma would.
   void Append(std::string_view list);
 };
@@ -40,8 +40,8 @@ enum class MatchMode {
 // 1 if an item matches `text` or the list is empty, else 0. This is one list at a time; an index of the lists
 // of all classes (pattern_index.h) says the same of whole texts in their own case.
 //
-// The items are tried in order. A "*abc" item that meets a text no longer than "abc" answers 0 for the
-// whole list, and the items behind it are not tried: short names fall through to a later class, and class
+// The items are tried in order. A "*abc" item that meets a text no longer than "abc" gives 0 for the
+// whole list, and the items after it are not tried: short names fall through to a later class, and class
 // files put such items last where they don't want that.
 int WorkloadMatchList(std::string_view text, const PatternList& patterns, MatchMode mode = MatchMode::WHOLE,
                       bool ignoreCase = false);

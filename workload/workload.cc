@@ -9,7 +9,7 @@ struct DefaultClass {
   const char* patterns;
 };
 
-// The tabs and blanks ahead of some items are part of them.
+// The tabs and blanks before some items are part of them.
 constexpr DefaultClass DEFAULT_CLASSES[] = {
     {"daemons", &WorkloadClass::command,
      "*routed*,*nfsiod*,*osknmd*,*portmap*,*inetd*,*snmpd*,*_mib*,/usr/sbin/dna*,\t/usr/sbin/dns*,"

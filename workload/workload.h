@@ -38,7 +38,7 @@ struct WorkloadClass {
 struct WorkloadClassList {
   std::vector<WorkloadClass> classes;   // in file order, which is the order of matching
   std::optional<size_t> catchAllClass;  // position of the class that takes what no class matches
-  bool classesLoaded = false;           // by the builder: the list stands for the rest of the run
+  bool classesLoaded = false;           // by the builder: the list stays for the rest of the run
 };
 
 // Reads the class file at `path` into `list`, replacing what it holds. 1 if a class was made. A file that

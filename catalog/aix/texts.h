@@ -112,7 +112,7 @@ inline constexpr RowText CPU_ROWS[] = {CPU_ROW,
                                        CLASS_CPU_ROW};
 inline constexpr RowText DISK_ROWS[] = {
     DISK_OPERATIONS_ROW,
-    // Labelled as the data-rate graph; its record's title tells the truth.
+    // Labelled as the data-rate graph; its record's title is right.
     {.code = "DOP10", .label = "Top 10 Disks by I/O Rate", .graph = Graph::TOP_DISK_OPERATIONS},
     TOP_DISK_DATA_ROW,
     TOP_DISK_QUEUE_ROW,

@@ -50,7 +50,7 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   return operations;
 }
 
-// Page faults stand in no memory record here: they are the processes'.
+// Page faults are in no memory record here: they are the processes'.
 void AddPageFaults(const Minute& minute, const VmrContext& interval) {
   double major = 0.0;
   double minor = 0.0;

@@ -60,7 +60,7 @@ inline constexpr RowText DISK_ROWS[] = {
     TOP_DISK_UTILIZATION_ROW, TOP_DISK_RESPONSE_ROW,   TOP_DISK_SPACE_ROW, DISKS_ROW};
 inline constexpr RowText MEMORY_ROWS[] = {MEMORY_UTILIZATION_ROW, MEMORY_ALLOCATION_ROW, PAGEFAULT_RATE_ROW,
                                           PAGEFAULT_TYPE_ROW, PAGEFAULT_IO_ROW};
-// The protocols stand ahead of the processes here.
+// The protocols come before the processes here.
 inline constexpr RowText TREE[] = {CpuGroup(CPU_ROWS),
                                    DiskGroup(DISK_ROWS),
                                    FILE_SYSTEM_GROUP,

@@ -103,7 +103,7 @@ void MeasureVmrInterval(CollectionInterval& length, const VmrContext& interval) 
 
 ProcessorSums AddVmrProcessors(ProcessorPass& pass, const Minute& minute, const VmrContext& interval) {
   const RecordList<ProcessorRecord>& processors = interval.processors.primary;
-  // The machine's own line isn't one of the processors, of which the first interval tells how many there are.
+  // The machine's own line isn't one of the processors, of which the first interval gives the number.
   pass.MakeSets(minute.catalog, static_cast<int>(processors.size()) - 1);
   const std::array<double, MODE_COUNT> modes = ModesOf(processors.head());
   ProcessorSums sums;

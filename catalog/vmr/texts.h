@@ -9,7 +9,7 @@ using namespace common;
 
 inline constexpr TraceText MODES[] = {
     {"User", "LimeGreen"}, {"Priv", "LightBlue"}, {"DPC", "Purple"}, {"Interrrupt", "Red"}};
-// Ten ranks, and behind them the two sets that fill the graph up to the overall figure.
+// Ten ranks, and after them the two sets that fill the graph up to the overall figure.
 inline constexpr TraceText IMAGE_TRACES[] = {
     {nullptr, "LimeGreen"}, {nullptr, "LightBlue"},     {nullptr, "Purple"},
     {nullptr, "Red"},       {nullptr, "Cyan"},          {nullptr, "Orange"},
