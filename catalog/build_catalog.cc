@@ -40,6 +40,7 @@ std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span,
   interval.periodStart = span.begin;
   interval.periodEnd = span.end;
   LoadClasses(classes, platform.secondClassFile);
+  NoteInput(runtime, classes.file);
 
   BuildSteps build(platform, classes, span, *catalog);
   interval.kinds = build.needs().records;

@@ -1,8 +1,5 @@
 #include "cli/entry.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <optional>
 
@@ -11,6 +8,7 @@
 #include "output/output_file.h"
 #include "readers/data_reader.h"
 #include "readers/file_set.h"
+#include "runtime/console.h"
 #include "runtime/memory.h"
 #include "runtime/runtime.h"
 #include "runtime/user_resources.h"
@@ -20,14 +18,6 @@ namespace {
 
 constexpr int RUN_DONE_STATUS = 1;
 constexpr int NO_DATA_FILE_STATUS = 2;
-
-// A stream that was closed before the start leaves its number to the next file that is opened, and a
-// message must not land in a picture.
-void OpenStandardStreams() {
-  int file = 0;
-  while (file >= 0 && file <= STDERR_FILENO) file = open("/dev/null", O_RDWR);
-  if (file > STDERR_FILENO) close(file);
-}
 
 // Takes note of the data file, and ends the process if it is the output file too.
 void NoteDataFile(const RunRequest& request, Runtime& runtime) {

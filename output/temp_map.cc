@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <thread>
 
 #include "output/output_file.h"
 
@@ -18,6 +21,25 @@ constexpr mode_t TEMP_MAP_MODE = 0600;
 
 enum class Claim { HELD, REFUSED, GONE };
 
+// Waits for the lock. The run that has it may have been stopped, so a longer wait is said.
+bool Lock(int file) {
+  using namespace std::chrono;
+  constexpr auto PAUSE = milliseconds(20);
+  const auto late = steady_clock::now() + seconds(3);
+  int mode = LOCK_EX | LOCK_NB;
+  while (flock(file, mode) != 0) {
+    if (errno == EINTR) continue;
+    if (errno != EWOULDBLOCK) return false;
+    if (steady_clock::now() < late) {
+      std::this_thread::sleep_for(PAUSE);
+    } else {
+      std::fprintf(stderr, "ozmo_graph: waiting for another JPEG run, which has %s\n", TEMP_MAP_NAME);
+      mode = LOCK_EX;
+    }
+  }
+  return true;
+}
+
 // Locks the file and looks whether it is ours to use. GONE: while we waited it lost its name.
 Claim ClaimFile(int file) {
   struct stat status = {};
@@ -26,9 +48,7 @@ Claim ClaimFile(int file) {
       status.st_nlink > 1) {
     return Claim::REFUSED;
   }
-  while (flock(file, LOCK_EX) != 0) {
-    if (errno != EINTR) return Claim::REFUSED;
-  }
+  if (!Lock(file)) return Claim::REFUSED;
   struct stat named = {};
   const bool isNamed = lstat(TEMP_MAP_NAME, &named) == 0 && IdentityOf(named) == IdentityOf(file);
   return isNamed ? Claim::HELD : Claim::GONE;

@@ -98,6 +98,7 @@ int MessageEmit(Runtime& runtime, const std::string& code, std::initializer_list
     MessageDeliver(runtime, code, "Cannot open message file: " + path, Severity::WARNING);
     return 0;
   }
+  NoteInput(runtime, IdentityOf(fileno(file.get())));
   const std::optional<MessageEntry> entry = FindEntry(file.get(), code);
   if (!entry) {
     MessageDeliver(runtime, code, "Cannot find error message " + code, Severity::WARNING);

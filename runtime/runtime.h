@@ -3,7 +3,9 @@
 // A Runtime is made once at the top of a run and passed by reference to whoever prints messages.
 #pragma once
 
+#include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -44,10 +46,17 @@ class ScopedSink {
 struct Runtime {
   ProductIdentity identity = ProductIdentityInit();
   LibraryDirectoryCache library;
-  std::vector<FileIdentity> inputs;  // the data files, which no output may overwrite
+  std::vector<FileIdentity> inputs;  // data and text files that were read: no output may overwrite one
   MessageSink messageSink;    // takes the messages; empty: problems go to standard error, other messages to
                               // standard output
   ProgressSink progressSink;  // may be empty
 };
+
+// Adds a file that the run reads to its inputs. What is no plain file has no identity, and needs no care.
+inline void NoteInput(Runtime& runtime, const std::optional<FileIdentity>& file) {
+  std::vector<FileIdentity>& inputs = runtime.inputs;
+  // From the back, where the file of the last message is.
+  if (file && std::find(inputs.rbegin(), inputs.rend(), *file) == inputs.rend()) inputs.push_back(*file);
+}
 
 }  // namespace ozmo

@@ -2,33 +2,49 @@
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdint>
-
 namespace ozmo {
 namespace {
 
-uint8_t ByteAt(std::string_view text, size_t index) { return static_cast<uint8_t>(text[index]); }
+// The forms of a character of two to four bytes.
+struct CharacterForm {
+  unsigned char mask;  // of the first byte
+  unsigned char head;
+  size_t length;
+  uint32_t smallest;  // a smaller code has a shorter form, which is the only valid one
+};
+constexpr CharacterForm CHARACTER_FORMS[] = {
+    {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
 
-bool IsControl(uint8_t byte) { return byte < 0x20 || (byte >= 0x7f && byte < 0xa0); }
+bool IsControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
-// Bytes of the UTF-8 character that `text` starts with; 0 if it starts with none of more than one byte.
-size_t Utf8Length(std::string_view text) {
-  const uint8_t first = ByteAt(text, 0);
-  const size_t length = first >= 0xc2 && first < 0xe0 ? 2 : first >= 0xe0 && first < 0xf0 ? 3 : 4;
-  if (first < 0xc2 || first >= 0xf5 || text.size() < length) return 0;
-  for (size_t i = 1; i < length; ++i) {
-    if ((ByteAt(text, i) & 0xc0) != 0x80) return 0;
-  }
-  return length;
-}
-
-// The characters U+0080 to U+009F are control characters too.
-bool IsUtf8Control(std::string_view character) {
-  return ByteAt(character, 0) == 0xc2 && IsControl(ByteAt(character, 1));
+// Separators of lines and paragraphs, marks of direction.
+bool IsLayoutMark(uint32_t code) {
+  return code == 0x61C || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
+         (code >= 0x2066 && code <= 0x2069);
 }
 
 }  // namespace
+
+std::optional<Character> FirstCharacter(std::string_view bytes) {
+  const auto first = static_cast<unsigned char>(bytes.front());
+  if (first < 0x80) return Character{first, 1};
+  for (const CharacterForm& form : CHARACTER_FORMS) {
+    if ((first & form.mask) != form.head) continue;
+    if (bytes.size() < form.length) return std::nullopt;
+    uint32_t code = first & static_cast<unsigned char>(~form.mask);
+    for (size_t i = 1; i < form.length; ++i) {
+      const auto next = static_cast<unsigned char>(bytes[i]);
+      if ((next & 0xC0) != 0x80) return std::nullopt;
+      code = code << 6 | (next & 0x3F);
+    }
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code < form.smallest || code > 0x10FFFF || surrogate) return std::nullopt;
+    return Character{code, form.length};
+  }
+  return std::nullopt;
+}
+
+bool IsPrintable(uint32_t code) { return !IsControl(code) && !IsLayoutMark(code); }
 
 std::string TextFor(std::FILE* stream, std::string_view text) {
   return isatty(fileno(stream)) == 1 ? PrintableText(text) : std::string(text);
@@ -37,12 +53,11 @@ std::string TextFor(std::FILE* stream, std::string_view text) {
 std::string PrintableText(std::string_view text) {
   std::string shown(text);
   for (size_t i = 0; i < text.size();) {
-    const size_t length = std::max<size_t>(Utf8Length(text.substr(i)), 1);
-    const std::string_view character = text.substr(i, length);
-    if (length == 1 ? IsControl(ByteAt(character, 0)) : IsUtf8Control(character)) {
-      shown.replace(i, length, length, '?');
-    }
-    i += length;
+    // A byte that is no UTF-8 is taken as Latin-1.
+    const Character character =
+        FirstCharacter(text.substr(i)).value_or(Character{static_cast<unsigned char>(text[i]), 1});
+    if (!IsPrintable(character.code)) shown.replace(i, character.length, character.length, '?');
+    i += character.length;
   }
   return shown;
 }

@@ -191,6 +191,7 @@ int UserResourcesRead(UserResources& resources, Runtime& runtime, const std::str
   if (!resources.initialised) UserResourceDefaults(resources, runtime);
   const Stream file = UserResourceFileOpen(runtime, name, name);
   if (!file) return 0;
+  NoteInput(runtime, IdentityOf(fileno(file.get())));
 
   std::string text;
   while (TextFileReadLine(file.get(), LONGEST_RESOURCE_LINE, text)) {

@@ -1,13 +1,71 @@
-// Files that are written in one go.
+// Files that are complete or not there: the one way in which the programs beside the tool write a file.
+//
+// What is written goes to a draft, ".ozmo-XXXXXX" in the directory of the file, and Commit gives the draft
+// the file's name. Until then an older file of that name stays as it was; whatever ends the run before (a
+// failure, a full disk, a signal, a limit: see draft_file.h) takes the draft away and nothing else.
+//
+//   WholeFile file;
+//   std::string failure = file.Open({.path = path, .inputs = runtime.inputs});
+//   if (!failure.empty()) return failure;
+//   std::fprintf(file.stream(), ...);
+//   return file.Commit();
+//
+// Whoever has all bytes calls WriteWholeFile. Results are empty, or the text of a failure: the path and the
+// reason.
+//
+// The new file has the mode and owner of the older one, or the mode that the user's mask gives. Other names
+// of the older file (hard links) keep its content. A device or pipe that the user named has no draft: it is
+// written to as it is.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "runtime/draft_file.h"
+#include "runtime/file_identity.h"
+#include "runtime/stream.h"
+
 namespace ozmo {
 
-// Writes `bytes` to the file at `path`. False when that can't be done whole: errno says why, and a part of a
-// plain file is taken away.
-[[nodiscard]] bool WriteWholeFile(const std::string& path, std::string_view bytes);
+enum class LinkRule {
+  // For a path that the user named: the file that a link leads to is written, and the link stays. A link
+  // that belongs to neither this user nor root may have been planted, and is refused.
+  FOLLOW,
+  // For a name that the program makes in some directory: whatever lies there under it is replaced, a link
+  // itself and not its target.
+  REPLACE
+};
+
+struct WholeFilePlace {
+  std::string path;
+  LinkRule links = LinkRule::FOLLOW;
+  std::span<const FileIdentity> inputs = {};  // what the run reads: none of these is written over
+  bool onDisk = false;  // Commit waits until the disk has the file, for one that can't be made again
+};
+
+class WholeFile {
+ public:
+  [[nodiscard]] std::string Open(const WholeFilePlace& place);
+  std::FILE* stream() const { return stream_.get(); }
+
+  // Without it the draft goes when this object does.
+  [[nodiscard]] std::string Commit();
+
+ private:
+  std::string Failure(int reason) const;
+  std::string FindTarget(LinkRule links);
+  std::string OpenDraft();
+  std::string OpenInPlace();
+
+  std::string path_;    // as the user knows it
+  std::string target_;  // what the draft becomes; empty: there is no draft
+  std::string draftPath_;
+  bool onDisk_ = false;
+  Stream stream_;
+  DraftFile draft_;
+};
+
+[[nodiscard]] std::string WriteWholeFile(const WholeFilePlace& place, std::string_view bytes);
 
 }  // namespace ozmo

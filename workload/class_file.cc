@@ -150,6 +150,7 @@ int WorkloadLoad(WorkloadClassList& list, const std::string& path) {
   const Stream file = TextFileOpen(path);
   std::string line;
   if (!file || !ReadLine(file.get(), line)) return 0;
+  list.file = IdentityOf(fileno(file.get()));
   const long version = VersionOf(line);
   if (!ReadLine(file.get(), line)) return 0;
   while (ReadLine(file.get(), line)) ApplyDefinition(list, line, version);

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/file_identity.h"
 #include "workload/pattern_list.h"
 
 namespace ozmo {
@@ -38,6 +39,7 @@ struct WorkloadClass {
 struct WorkloadClassList {
   std::vector<WorkloadClass> classes;   // in file order, which is the order of matching
   std::optional<size_t> catchAllClass;  // position of the class that takes what no class matches
+  std::optional<FileIdentity> file;     // that the classes were read from
   bool classesLoaded = false;           // by the builder: the list stays for the rest of the run
 };
 

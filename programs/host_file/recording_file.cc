@@ -2,17 +2,27 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
 
+#include "runtime/file_identity.h"
 #include "runtime/times.h"
 
 namespace ozmo::host_file {
 namespace {
 
-constexpr mode_t FILE_MODE = 0666;  // less what the umask takes
+// Less what the umask takes. The arguments of all processes are in a recording, and not for everybody.
+constexpr mode_t FILE_MODE = 0640;
+constexpr mode_t LOCK_MODE = 0600;  // who can open a lock can hold it
+
+bool IsOwnPlainFile(int file) {
+  struct stat status {};
+  return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
+         status.st_uid == geteuid();
+}
 
 }  // namespace
 
@@ -22,8 +32,13 @@ DirectoryLock::~DirectoryLock() {
 
 std::string DirectoryLock::Take(const std::string& directory, const std::string& node) {
   const std::string path = directory + "/.qtxl_" + node + ".lock";
-  file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, FILE_MODE);
+  // Others may have laid something else in its place. Without O_NONBLOCK a pipe could hold us up.
+  file_ = open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, LOCK_MODE);
+  if (file_ < 0 ? errno == ELOOP : !IsOwnPlainFile(file_)) {
+    return path + " is no plain file of this user alone, and can't be the lock";
+  }
   if (file_ < 0) return "can't write in " + directory + ": " + std::strerror(errno);
+  if (fchmod(file_, LOCK_MODE) != 0) return path + ": " + std::strerror(errno);
   if (flock(file_, LOCK_EX | LOCK_NB) == 0) return "";
   if (errno == EWOULDBLOCK) return directory + ": another recorder of " + node + " is writing here";
   return path + ": " + std::strerror(errno);
@@ -42,6 +57,7 @@ std::string RecordingFile::Create(const std::string& directory, const std::strin
     file_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, FILE_MODE);
     if (file_ < 0 && errno != EEXIST) return Failure();
   }
+  size_ = 0;
   return "";
 }
 
@@ -54,12 +70,30 @@ std::string RecordingFile::Append(std::string_view bytes) {
     if (written < 0) {
       std::string failure = Failure();
       // What stands half goes away again. If that fails too, readers stop at the piece.
+      size_ = end;
       if (ftruncate(file_, end) != 0) return failure + "; the last sample is cut off";
       return failure;
     }
     bytes.remove_prefix(static_cast<size_t>(written));
+    size_ += written;
   }
   return "";
+}
+
+std::string RecordingFile::GiveUpIfLost() {
+  struct stat status {};
+  std::string lost;
+  if (lstat(path_.c_str(), &status) != 0) {
+    lost = " was removed";
+  } else if (IdentityOf(status) != IdentityOf(file_)) {
+    lost = " was replaced";
+  } else if (status.st_size != size_) {
+    lost = status.st_size < size_ ? " was cut" : " was written to";
+  }
+  if (lost.empty()) return "";
+  close(file_);
+  file_ = -1;
+  return path_ + lost + " by another program";
 }
 
 std::string RecordingFile::Close() {

@@ -17,7 +17,7 @@ class DirectoryLock {
   DirectoryLock(const DirectoryLock&) = delete;
   DirectoryLock& operator=(const DirectoryLock&) = delete;
 
-  // Empty, or why not.
+  // Empty, or why not. Only this user can open the lock, so that no other can hold it.
   [[nodiscard]] std::string Take(const std::string& directory, const std::string& node);
 
  private:
@@ -33,11 +33,16 @@ class RecordingFile {
   RecordingFile& operator=(const RecordingFile&) = delete;
 
   // Makes the next file of the day of `time`, in local time: the first number that isn't taken, by a
-  // compressed file either. Nothing is overwritten.
+  // compressed file either. Nothing is overwritten. Its user and group can read it, less the mask.
   [[nodiscard]] std::string Create(const std::string& directory, const std::string& node, int64_t time);
 
   // Puts `bytes` behind what is in the file, whole or not at all.
   [[nodiscard]] std::string Append(std::string_view bytes);
+
+  // Empty as long as the file is what was written here. Otherwise says what became of it and closes it: what
+  // is written to a file without a name is lost, and a piece of a record is where readers stop. Another file
+  // may be created then.
+  [[nodiscard]] std::string GiveUpIfLost();
 
   // Has the file on the disk before it ends.
   [[nodiscard]] std::string Close();
@@ -53,6 +58,7 @@ class RecordingFile {
   std::string Failure() const;
 
   int file_ = -1;
+  int64_t size_ = 0;  // bytes that were written
   std::string path_;
   std::string date_;
 };

@@ -2,11 +2,10 @@
 
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "programs/import/import.h"
+#include "runtime/console.h"
 #include "runtime/identity.h"
 #include "runtime/terminal_text.h"
 #include "runtime/times.h"
@@ -17,9 +16,7 @@ using namespace ozmo::import;
 
 enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
 
-void Say(const std::string& text) {
-  std::fprintf(stderr, "ozmo_import: %s\n", ozmo::PrintableText(text).c_str());
-}
+void Say(const std::string& text) { ozmo::Complain("ozmo_import", text); }
 
 // Shows how far the import has come, on a terminal only.
 class Progress {
@@ -74,8 +71,6 @@ Status Run(const ParsedOptions& parsed) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Status status = Run(ParseOptions(argc, argv));
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-  Say(std::string("standard output: ") + std::strerror(errno));
-  return FAILED;
+  ozmo::OpenStandardStreams();
+  return ozmo::CloseOutput("ozmo_import", Run(ParseOptions(argc, argv)));
 }

@@ -1,10 +1,9 @@
 #include "programs/record/file_systems.h"
 
 #include <libmount/libmount.h>
-#include <sys/statvfs.h>
 
 #include <algorithm>
-#include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <set>
 #include <string_view>
@@ -33,23 +32,14 @@ std::string IdentityOf(libmnt_fs* mount) {
   return source.starts_with("/dev/") ? source : std::to_string(mnt_fs_get_devno(mount));
 }
 
-bool TakeFigures(const std::string& device, const std::string& mountPoint, Notices& notices,
-                 std::vector<host_file::FileSystemFigures>& fileSystems) {
-  struct statvfs figures {};
-  if (statvfs(mountPoint.c_str(), &figures) != 0) {
-    notices.SayOnce(mountPoint + ": " + std::strerror(errno) + "; the file system is not recorded");
-    return false;
-  }
-  if (figures.f_blocks == 0) return false;
-  fileSystems.push_back({device, mountPoint, figures.f_frsize, figures.f_blocks, figures.f_bfree,
-                         figures.f_bavail, figures.f_files, figures.f_ffree});
-  return true;
-}
+struct MountedFileSystem {
+  std::string device;
+  std::string mountPoint;
+  std::string identity;
+};
 
-}  // namespace
-
-std::vector<host_file::FileSystemFigures> ReadFileSystems(Notices& notices) {
-  std::vector<host_file::FileSystemFigures> fileSystems;
+std::vector<MountedFileSystem> FileSystemsOnDisks(Notices& notices) {
+  std::vector<MountedFileSystem> mounted;
   libmnt_table* table = mnt_new_table();
   libmnt_iter* iterator = mnt_new_iter(MNT_ITER_FORWARD);
   const int failure = mnt_table_parse_file(table, MOUNTS);
@@ -57,19 +47,45 @@ std::vector<host_file::FileSystemFigures> ReadFileSystems(Notices& notices) {
     notices.SayOnce(std::string(MOUNTS) + ": " + std::strerror(std::abs(failure)) +
                     "; no file systems are recorded");
   }
-  std::set<std::string> seen;
   libmnt_fs* mount = nullptr;
   while (failure == 0 && mnt_table_next_fs(table, iterator, &mount) == 0) {
     const std::string mountPoint = TextOf(mnt_fs_get_target(mount));
     if (!IsOnDisk(mount) && mountPoint != "/") continue;
-    const std::string identity = IdentityOf(mount);
-    if (seen.count(identity) != 0) continue;
-    if (TakeFigures(TextOf(mnt_fs_get_source(mount)), mountPoint, notices, fileSystems)) {
-      seen.insert(identity);
-    }
+    mounted.push_back({TextOf(mnt_fs_get_source(mount)), mountPoint, IdentityOf(mount)});
   }
   mnt_free_iter(iterator);
   mnt_unref_table(table);
+  return mounted;
+}
+
+// Empty for an answer that is given or has not been waited for.
+std::string ReasonOf(const FileSystemAnswer& answer) {
+  if (answer.state == FileSystemAnswer::FAILED) return std::strerror(answer.reason);
+  return answer.state == FileSystemAnswer::SILENT ? "doesn't answer" : "";
+}
+
+}  // namespace
+
+std::vector<host_file::FileSystemFigures> ReadFileSystems(FileSystemProbe& probe, Notices& notices) {
+  const std::vector<MountedFileSystem> mounted = FileSystemsOnDisks(notices);
+  std::vector<std::string> mountPoints;
+  for (const MountedFileSystem& mount : mounted) mountPoints.push_back(mount.mountPoint);
+  const std::vector<FileSystemAnswer> answers = probe.Ask(mountPoints);
+
+  std::vector<host_file::FileSystemFigures> fileSystems;
+  std::set<std::string> seen;
+  for (size_t i = 0; i < mounted.size(); ++i) {
+    const auto& [device, mountPoint, identity] = mounted[i];
+    if (seen.count(identity) != 0) continue;
+    if (const std::string reason = ReasonOf(answers[i]); !reason.empty()) {
+      notices.SayOnce(mountPoint + ": " + reason + "; the file system is not recorded");
+    }
+    const struct statvfs& figures = answers[i].figures;
+    if (answers[i].state != FileSystemAnswer::GIVEN || figures.f_blocks == 0) continue;
+    seen.insert(identity);
+    fileSystems.push_back({device, mountPoint, figures.f_frsize, figures.f_blocks, figures.f_bfree,
+                           figures.f_bavail, figures.f_files, figures.f_ffree});
+  }
   return fileSystems;
 }
 

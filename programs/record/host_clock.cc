@@ -1,6 +1,7 @@
 #include "programs/record/host_clock.h"
 
 #include <fcntl.h>
+#include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,7 +14,8 @@ namespace {
 int64_t Read(clockid_t clock) {
   timespec now{};
   clock_gettime(clock, &now);
-  return now.tv_sec * NANOSECONDS + now.tv_nsec;
+  // 64 bits of nanoseconds end in the year 2262.
+  return std::min<int64_t>(now.tv_sec, LAST_STAMP) * NANOSECONDS + now.tv_nsec;
 }
 
 // How far stamps are kept from the ends of readers' windows.
@@ -70,6 +72,14 @@ void HoldSignals() {
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   // A file that may not grow is a failed write, and no one need be left to read the paths.
   for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
+}
+
+int HeldSignalsFile() {
+  static const int FILE = [] {
+    const sigset_t signals = HeldSignals();
+    return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+  }();
+  return FILE;
 }
 
 Wake SleepUntil(int64_t steady) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 namespace ozmo::record {
 
@@ -16,7 +17,10 @@ struct Moment {
   int64_t Stamp() const { return (wall + NANOSECONDS / 2) / NANOSECONDS; }
 };
 
+// A clock that is set beyond the times of data files shows the last of them.
 Moment Now();
+
+constexpr int64_t LAST_STAMP = std::numeric_limits<int32_t>::max();  // of data files; in January 2038
 
 // The steady time at which a recording of that interval may begin or go on, not before `moment`.
 //
@@ -33,6 +37,9 @@ int64_t DueAfter(int64_t due, const Moment& last, int64_t intervalSeconds);
 // From now on the signals that a recorder minds are taken by SleepUntil alone, so that none is lost and none
 // comes in the middle of a write.
 void HoldSignals();
+
+// Can be read while a signal that SleepUntil takes is waiting: for poll().
+int HeldSignalsFile();
 
 enum class Wake {
   DUE,

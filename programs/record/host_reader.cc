@@ -164,7 +164,7 @@ bool HostReader::Read(host_file::HostFigures& host) {
   ReadDisks(host);
   host.hasProtocols = ReadProtocols(host.protocols, notices_);
   host.adapters = ReadAdapters(notices_);
-  host.fileSystems = ReadFileSystems(notices_);
+  host.fileSystems = ReadFileSystems(fileSystems_, notices_);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "programs/host_file/host_figures.h"
+#include "programs/record/file_system_probe.h"
 #include "programs/record/notices.h"
 
 namespace ozmo::record {
@@ -35,6 +36,7 @@ class HostReader {
   bool Fail(const char* source);
 
   Notices& notices_;
+  FileSystemProbe fileSystems_;
   std::unique_ptr<Libraries> libraries_;
   std::string failure_;
 };

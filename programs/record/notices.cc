@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "programs/record/service.h"
+#include "runtime/terminal_text.h"
 
 namespace ozmo::record {
 
@@ -12,7 +13,7 @@ namespace {
 void Print(const char* priority, const std::string& text) {
   static const bool IS_JOURNAL = LogsToJournal();
   std::fprintf(stderr, "%s%s%s\n", IS_JOURNAL ? priority : "",
-               IS_JOURNAL ? "" : "ozmo_record: ", text.c_str());
+               IS_JOURNAL ? "" : "ozmo_record: ", PrintableText(text).c_str());
 }
 
 }  // namespace

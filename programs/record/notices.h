@@ -1,4 +1,4 @@
-// What a recorder tells its user on standard error.
+// What a recorder says to its user on standard error: lines of printable text, whatever names stand in them.
 #pragma once
 
 #include <set>

@@ -19,6 +19,8 @@
 namespace ozmo::record {
 namespace {
 
+constexpr const char* LATE_CLOCK = "the clock is past the year 2037, and data files hold no later times";
+
 class Recorder {
  public:
   explicit Recorder(const RecorderOptions& options)
@@ -74,6 +76,7 @@ std::string Recorder::Walk() {
   if (begin == Wake::STOP) return "";
   moment_ = Now();
   stamp_ = moment_.Stamp();
+  if (stamp_ >= LAST_STAMP) return LATE_CLOCK;
   if (options_.until > 0 && options_.until < ClosingStamp()) {
     return "--until comes before the end of the first sample";
   }
@@ -115,11 +118,12 @@ std::string Recorder::BeginNextFile() {
 bool Recorder::ReachesLimit() const {
   if (options_.count > 0 && samples_ >= options_.count) return true;
   const int64_t nextWall = moment_.wall + due_ - moment_.steady;
-  return options_.until > 0 && nextWall > options_.until * NANOSECONDS;
+  return options_.until > 0 && nextWall > std::min(options_.until, LAST_STAMP) * NANOSECONDS;
 }
 
 std::string Recorder::TakeSample() {
   const Moment now = Now();
+  if (now.Stamp() >= LAST_STAMP) return LATE_CLOCK;
   host_file::HostFigures host;
   if (!reader_.Read(host)) return reader_.Failure();
 
@@ -145,7 +149,10 @@ std::string Recorder::TakeSample() {
 
 std::string Recorder::WriteSample(int64_t begin, int64_t stamp, const host_file::HostFigures& figures) {
   std::string bytes;
-  if (host_file::FileDate(stamp) != file_.Date()) {
+  if (const std::string lost = file_.GiveUpIfLost(); !lost.empty()) {
+    PrintWarning(lost + "; a new file is begun");
+    if (std::string failure = BeginFile(begin, stamp, false); !failure.empty()) return failure;
+  } else if (host_file::FileDate(stamp) != file_.Date()) {
     if (std::string failure = EndFile(std::max(stamp, ClosingStamp())); !failure.empty()) return failure;
     if (std::string failure = BeginFile(begin, stamp, begin == stamp_); !failure.empty()) return failure;
   } else if (begin != stamp_) {
@@ -182,6 +189,10 @@ std::string Recorder::BeginFile(int64_t begin, int64_t stamp, bool dayHasPassed)
 }
 
 std::string Recorder::EndFile(int64_t closingStamp) {
+  if (const std::string lost = file_.GiveUpIfLost(); !lost.empty()) {
+    PrintWarning(lost);
+    return "";
+  }
   if (samplesInFile_ == 0) {
     file_.Remove();
     return "";

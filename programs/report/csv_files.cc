@@ -1,15 +1,12 @@
 #include "programs/report/csv_files.h"
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <set>
 
 #include "output/export_csv.h"
-#include "output/output_file.h"
 #include "output/selection.h"
-#include "runtime/stream.h"
 #include "runtime/text.h"
+#include "runtime/whole_file.h"
 
 namespace ozmo::report {
 namespace {
@@ -42,20 +39,18 @@ GraphJob JobOf(const Item& item, const DataDay& day) {
   return job;
 }
 
-// Answers what went wrong.
-std::string WriteFile(const std::string& path, const GraphJob& job) {
-  Stream stream(std::fopen(path.c_str(), "w"));
-  if (stream) {
-    WriteCsv(stream.get(), job);
-    if (StreamIsSound(stream.get())) return "";
-  }
-  return path + ": " + std::strerror(errno);
+// Returns what went wrong.
+std::string WriteFile(const WholeFilePlace& place, const GraphJob& job) {
+  WholeFile file;
+  if (std::string failure = file.Open(place); !failure.empty()) return failure;
+  WriteCsv(file.stream(), job);
+  return file.Commit();
 }
 
 }  // namespace
 
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
-                        const std::vector<Section>& sections) {
+                        const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
   CsvResult result;
   std::error_code error;
   std::filesystem::create_directories(directory, error);
@@ -68,7 +63,7 @@ CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
   VisitItems(sections, [&](const Item& item) {
     const std::string& name = names[next++];
     if (!result.failure.empty()) return;
-    result.failure = WriteFile(directory + "/" + name, JobOf(item, day));
+    result.failure = WriteFile({directory + "/" + name, LinkRule::REPLACE, inputs}, JobOf(item, day));
     if (result.failure.empty()) ++result.files;
   });
   return result;

@@ -1,6 +1,7 @@
 // A CSV file for each item, as the tool writes it.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,10 @@ struct CsvResult {
   std::string failure;  // the first file that could not be written ends the work
 };
 
-// Writes into `directory`, which is made if it isn't there.
+// Writes into `directory`, which is made if it isn't there. Each file is complete or not there; a link of its
+// name is replaced and not followed, and none of the `inputs` is written over.
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
-                        const std::vector<Section>& sections);
+                        const std::vector<Section>& sections, std::span<const FileIdentity> inputs);
 
 // File names for the headings, in their order: letters and digits of ASCII in lower case, what lies between
 // them as

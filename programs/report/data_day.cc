@@ -58,6 +58,7 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   if (std::filesystem::file_size(request.dataFile, unknown) == 0) {
     return {std::nullopt, request.dataFile + ": the file is empty"};
   }
+  NoteInput(runtime, IdentityOf(DataFilePath(request.dataFile)));
   DataDay day;
   DataReader reader(WithDirectory(request.dataFile), runtime);
   day.system = PlatformOf(reader.kind()).system;

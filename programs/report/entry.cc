@@ -3,9 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "programs/report/baseline.h"
 #include "programs/report/csv_files.h"
@@ -16,6 +14,7 @@
 #include "programs/report/page.h"
 #include "programs/report/page_json.h"
 #include "readers/file_set.h"
+#include "runtime/console.h"
 #include "runtime/memory.h"
 #include "runtime/messages.h"
 #include "runtime/terminal_text.h"
@@ -28,9 +27,7 @@ constexpr int DONE_STATUS = 0;
 constexpr int FAILED_STATUS = 1;
 constexpr int USAGE_STATUS = 2;
 
-void Complain(const std::string& text) {
-  std::fprintf(stderr, "ozmo_report: %s\n", PrintableText(text).c_str());
-}
+constexpr const char* PROGRAM = "ozmo_report";
 
 std::string BaseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
@@ -84,23 +81,46 @@ class SilentOutput {
   int kept_;
 };
 
+// What readers report. A day of thousands of bad files must not fill a terminal or a page: the first few are
+// kept and said, at once, as the process ends after the message of a failed allocation; the others are
+// counted.
+class Problems {
+ public:
+  void Take(const ReadyMessage& message) {
+    if (++count_ > MOST && message.code != "NOALLOC") return;
+    Complain(PROGRAM, message.text);
+    texts_.push_back(message.text);
+  }
+  void Finish() {
+    if (count_ <= MOST) return;
+    texts_.push_back(std::to_string(count_ - MOST) + " more problems like these");
+    Complain(PROGRAM, texts_.back());
+  }
+  const std::vector<std::string>& texts() const { return texts_; }
+
+ private:
+  static constexpr int MOST = 10;
+  int count_ = 0;
+  std::vector<std::string> texts_;
+};
+
 struct ReadResult {
   DayResult result;
-  std::vector<std::string> problems;  // that readers reported
+  std::vector<std::string> problems;
 };
 
 ReadResult Read(const DayRequest& request, Runtime& runtime) {
-  ReadResult read;
+  Problems problems;
   const ScopedSink<MessageSink> sink(runtime.messageSink, [&](const ReadyMessage& message) {
     // A plain message says what is being read, and nothing of the data.
-    if (!message.isProblem || message.code == PLAIN_MESSAGE) return;
-    // At once: behind the message of a failed allocation the process ends.
-    Complain(message.text);
-    read.problems.push_back(message.text);
+    if (message.isProblem && message.code != PLAIN_MESSAGE) problems.Take(message);
   });
   const SilentOutput silent;
   const Progress progress(runtime);
+  ReadResult read;
   read.result = ReadDay(request, runtime);
+  problems.Finish();
+  read.problems = problems.texts();
   return read;
 }
 
@@ -126,7 +146,7 @@ Company CompanyOf(const Options& options, const DayRequest& request, const DataD
                   Runtime& runtime) {
   Company company;
   const auto fail = [&](const std::string& text) {
-    Complain(text);
+    Complain(PROGRAM, text);
     page.problems.push_back(text);
   };
   if (!options.baseline.empty()) {
@@ -142,19 +162,20 @@ Company CompanyOf(const Options& options, const DayRequest& request, const DataD
     MarksResult read = ReadMarks(options.marksFile);
     for (const std::string& wrong : read.wrong) fail(wrong);
     const size_t outside = DropOutside(read.marks, page);
-    if (outside > 0) Complain(CountText(static_cast<int>(outside), "mark") + " outside the span, left out");
+    if (outside > 0)
+      Complain(PROGRAM, CountText(static_cast<int>(outside), "mark") + " outside the span, left out");
     company.marks = std::move(read.marks);
   }
   return company;
 }
 
-std::string WritePage(const Options& options, const PageData& data, const Company& company) {
+std::string WritePage(const Options& options, const PageData& data, const Company& company,
+                      const Runtime& runtime) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
-  const std::optional<FileIdentity> dataFile = IdentityOf(DataFilePath(options.dataFile));
-  if (dataFile && dataFile == IdentityOf(path)) return path + ": is the data file";
   const std::string page = PageOf(data, JsonOf(data, company.baseline, company.marks),
                                   "ozmo_report " + ProductIdentityInit().versionText);
-  if (!WriteWholeFile(path, page)) return path + ": " + std::strerror(errno);
+  const WholeFilePlace place = {.path = path, .inputs = runtime.inputs, .onDisk = true};
+  if (std::string failure = WriteWholeFile(place, page); !failure.empty()) return failure;
   std::printf("%s: %s, %s\n", PrintableText(path).c_str(), CountText(data.graphs, "graph").c_str(),
               SizeText(page.size()).c_str());
   return "";
@@ -166,7 +187,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
                   Runtime& runtime) {
   if (options.list) PrintList(sections);
   if (!options.csvDirectory.empty()) {
-    const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections);
+    const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections, runtime.inputs);
     if (!csv.failure.empty()) return csv.failure;
     std::printf("%s: %d CSV files\n", PrintableText(options.csvDirectory).c_str(), csv.files);
   }
@@ -176,25 +197,28 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   data.problems = problems;
   const Company company = CompanyOf(options, request, day, data, runtime);
   problems = data.problems;
-  return WritePage(options, data, company);
+  return WritePage(options, data, company, runtime);
 }
 
 // Answers whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
   const DayRequest request{options.ReadPath(), options.begin, options.end, options.classFile};
+  for (const std::string& path : {options.dataFile, options.baseline, options.marksFile}) {
+    if (!path.empty()) NoteInput(runtime, IdentityOf(DataFilePath(path)));
+  }
   ReadResult read = Read(request, runtime);
   if (!read.result.day) {
-    if (read.problems.empty()) Complain(read.result.failure);
+    if (read.problems.empty()) Complain(PROGRAM, read.result.failure);
     return false;
   }
   const DataDay& day = *read.result.day;
   std::vector<Section> sections = SectionsOf(*day.catalog);
   if (const std::optional<std::string> missing = KeepItems(sections, options.items)) {
-    Complain("no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
+    Complain(PROGRAM, "no item \"" + *missing + "\" in " + options.dataFile + "; --list shows the items");
     return false;
   }
   const std::string failure = Write(options, request, day, sections, read.problems, runtime);
-  if (!failure.empty()) Complain(failure);
+  if (!failure.empty()) Complain(PROGRAM, failure);
   return failure.empty() && read.problems.empty();
 }
 
@@ -218,7 +242,7 @@ int ShowImported(const std::string& dataFile, void* context) {
 int ReportEntry(int argc, char* const argv[]) {
   ParsedOptions parsed = ParseOptions(argc, argv);
   if (!parsed.failure.empty()) {
-    Complain(parsed.failure);
+    Complain(PROGRAM, parsed.failure);
     std::fputs("ozmo_report --help says more\n", stderr);
     return USAGE_STATUS;
   }

@@ -11,7 +11,7 @@
 #include <filesystem>
 
 #include "programs/import/import.h"
-#include "runtime/terminal_text.h"
+#include "runtime/console.h"
 
 namespace ozmo::report {
 namespace {
@@ -36,9 +36,7 @@ void SetHandlers(void (*handler)(int)) {
   }
 }
 
-void Complain(const std::string& text) {
-  std::fprintf(stderr, "ozmo_report: %s\n", PrintableText(text).c_str());
-}
+void Say(const std::string& text) { Complain("ozmo_report", text); }
 
 int ImportAndShow(const std::string& recording, const std::string& directory,
                   int (*show)(const std::string& dataFile, void* context), void* context) {
@@ -46,9 +44,9 @@ int ImportAndShow(const std::string& recording, const std::string& directory,
   options.directory = directory;
   options.sources = {recording};
   const import::ImportResult result = import::ImportRecordings(options, nullptr);
-  for (const std::string& note : result.notes) Complain(note);
+  for (const std::string& note : result.notes) Say(note);
   if (!result.failure.empty() || result.files.empty()) {
-    Complain(result.failure.empty() ? recording + ": there is no sample in it" : result.failure);
+    Say(result.failure.empty() ? recording + ": there is no sample in it" : result.failure);
     return FAILED_STATUS;
   }
   return show(result.files.front(), context);
@@ -76,7 +74,7 @@ int ShowForeign(const std::string& recording, int (*show)(const std::string& dat
   for (const int signal : ENDING_SIGNALS) sigaddset(&ending, signal);
   sigprocmask(SIG_BLOCK, &ending, &before);  // none may come between the directory and its keeper
   if (error || mkdtemp(directory.data()) == nullptr) {
-    Complain(directory + ": " + (error ? error.message() : std::strerror(errno)));
+    Say(directory + ": " + (error ? error.message() : std::strerror(errno)));
     return FAILED_STATUS;
   }
   std::fflush(stdout);
@@ -88,7 +86,7 @@ int ShowForeign(const std::string& recording, int (*show)(const std::string& dat
   }
   int status = FAILED_STATUS << 8;
   if (worker < 0) {
-    Complain(std::string("can't start a process: ") + std::strerror(errno));
+    Say(std::string("can't start a process: ") + std::strerror(errno));
   } else {
     SetHandlers(PassOn);
     sigprocmask(SIG_SETMASK, &before, nullptr);

@@ -76,7 +76,9 @@ CollectorWriter& CollectorWriter::CutTail(size_t byteCount) {
   return *this;
 }
 
-bool CollectorWriter::WriteFile(const std::string& path) const { return WriteWholeFile(path, bytes_); }
+bool CollectorWriter::WriteFile(const std::string& path) const {
+  return WriteWholeFile({path}, bytes_).empty();
+}
 
 std::string CollectorWriter::NumberBytes(uint64_t value, int byteCount) const {
   std::string bytes;

@@ -67,7 +67,7 @@ class CollectorWriter {
   CollectorWriter& CutTail(size_t byteCount);
 
   const std::string& Bytes() const { return bytes_; }
-  // As WriteWholeFile in runtime/whole_file.h.
+  // False when the file can't be written whole.
   bool WriteFile(const std::string& path) const;
 
  private:

@@ -61,6 +61,16 @@ std::string MakeRoom(const SampleKind& kind, const SampleContext& context,
   if (error) return context.options.directory + ": " + error.message();
   for (const std::string& path : FilesInTheWay(kind, context, files)) {
     if (!context.options.replace) return path + ": " + std::strerror(EEXIST) + "; --force replaces it";
+  }
+  return "";
+}
+
+// Takes away what an older sample has more than the new one.
+std::string RemoveFurther(const SampleKind& kind, const SampleContext& context,
+                          const std::vector<DayFile>& files, const std::vector<std::string>& written) {
+  for (const std::string& path : FilesInTheWay(kind, context, files)) {
+    std::error_code error;
+    if (std::ranges::count(written, path) != 0) continue;
     if (!std::filesystem::remove(path, error)) return path + ": " + error.message();
   }
   return "";
@@ -115,11 +125,11 @@ SampleResult WriteSample(const SampleKind& kind, const SampleOptions& options) {
   for (const DayFile& file : files) {
     if (!result.error.empty()) break;
     const std::string path = PathOf(kind, context, file);
-    if (WriteWholeFile(path, kind.fileBytes(context, file))) {
-      result.files.push_back(path);
-    } else {
-      result.error = path + ": " + std::strerror(errno);
-    }
+    result.error = WriteWholeFile({path, LinkRule::REPLACE}, kind.fileBytes(context, file));
+    if (result.error.empty()) result.files.push_back(path);
+  }
+  if (result.error.empty() && options.replace) {
+    result.error = RemoveFurther(kind, context, files, result.files);
   }
   return result;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "programs/sample/kinds.h"
+#include "runtime/console.h"
 #include "runtime/identity.h"
 #include "runtime/option_words.h"
 
@@ -19,6 +20,8 @@ using ozmo::sample::SampleOptions;
 using ozmo::sample::SampleResult;
 
 enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
+
+constexpr const char* PROGRAM = "ozmo_sample";
 
 constexpr char HELP[] =
     "usage: ozmo_sample KIND DIRECTORY [option ...]\n"
@@ -160,7 +163,8 @@ std::string TakeOption(int letter, SampleOptions& options) {
 }
 
 int UsageError(const std::string& reason) {
-  std::fprintf(stderr, "ozmo_sample: %s\nozmo_sample --help says more.\n", reason.c_str());
+  ozmo::Complain(PROGRAM, reason);
+  std::fputs("ozmo_sample --help says more.\n", stderr);
   return USAGE;
 }
 
@@ -193,13 +197,11 @@ int Write(const std::string& kindName, const SampleOptions& options) {
   const SampleResult result = WriteSample(*kind, options);
   for (const std::string& file : result.files) std::printf("%s\n", file.c_str());
   if (result.error.empty()) return DONE;
-  std::fprintf(stderr, "ozmo_sample: %s\n", result.error.c_str());
+  ozmo::Complain(PROGRAM, result.error);
   return FAILED;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
   if (argc == 2 && std::string_view(argv[1]) == "--version") {
     std::printf("ozmo_sample %s\n", ozmo::ProductIdentityInit().versionText.c_str());
     return DONE;
@@ -220,4 +222,11 @@ int main(int argc, char** argv) {
   if (argc - optind != 2) return UsageError("a kind and a directory are wanted, and nothing else");
   options.directory = argv[optind + 1];
   return Write(argv[optind], options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ozmo::OpenStandardStreams();
+  return ozmo::CloseOutput(PROGRAM, Run(argc, argv));
 }

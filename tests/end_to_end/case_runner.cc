@@ -200,7 +200,7 @@ class CaseRunner {
 
   void WriteFile(const std::string& name, const std::string& bytes) {
     fs::create_directories(fs::path(PathOf(name)).parent_path());
-    EXPECT_TRUE(WriteWholeFile(PathOf(name), bytes)) << name;
+    EXPECT_EQ(WriteWholeFile({PathOf(name)}, bytes), "");
   }
 
   void TextFile(const Statement& statement) {

@@ -128,7 +128,7 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
   const auto expectInterval = [&](const std::vector<Statement>& script, const Case& test) {
     const CollectorBytes file = WriteCollectorFile(script, kind.order, NOON - 12 * 3600);
     EXPECT_EQ(file.error, "");
-    ASSERT_TRUE(WriteWholeFile(path, file.bytes));
+    ASSERT_EQ(WriteWholeFile({path}, file.bytes), "");
     Runtime runtime;
     CollectorReader reader(kind.format, runtime);
     VmrContext context;

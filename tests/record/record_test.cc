@@ -259,6 +259,25 @@ TEST(RecordTest, KeepsWholeSamplesOnAFullDiskAndLeavesOtherFilesAlone) {
   EXPECT_LT(kept.size(), all.size());
 }
 
+// A mount whose name forges a line and one that never answers, by a user who lets everybody read.
+TEST(RecordTest, RecordsOnWhereTheHostIsHostile) {
+  Story story(HalfBusy({{1329897630, 1000}, {1329897630, 1000}, {1329897690, 1060}, {1329897750, 1120}}) +
+              "file proc/self/mountinfo\n"
+              "| 31 27 8:17 / /a\\012ozmo_record:\\040forged rw - xfs /dev/sdb1 rw\n"
+              "| 32 27 8:33 / /dying rw - ext4 /dev/sdc1 rw\n"
+              "file statvfs\n"
+              "| /dying 0\n");
+  const ProcessResult result = story.Record({}, "umask 0");
+  EXPECT_EQ(result.exitStatus, 0);
+  EXPECT_THAT(
+      result.standardError,
+      ::testing::AllOf(::testing::HasSubstr("/dying: doesn't answer; the file system is not recorded\n"),
+                       ::testing::HasSubstr("/a?ozmo_record: forged: No such file or directory;")));
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(story.DataPath("qtxl_node_2012Feb22.dat_1")).permissions(), perms{0640});
+  EXPECT_EQ(std::filesystem::status(story.DataPath(".qtxl_node.lock")).permissions(), perms{0600});
+}
+
 struct Refusal {
   const char* setting;
   std::vector<std::string> options;
@@ -272,6 +291,16 @@ TEST(RecordTest, RefusesInOneLine) {
       {"rmdir data; touch data", {}, 1, "can't write in data: Not a directory"},
       {"true", {"--node", "a/b"}, 1, "node name a/b has a slash, which no file name can have"},
       {"exec 9> data/.qtxl_node.lock && flock -n 9", {}, 1, "data: another recorder of node is writing here"},
+      {"ln -s made data/.qtxl_node.lock",
+       {},
+       1,
+       "data/.qtxl_node.lock is no plain file of this user alone, and can't be the lock"},
+      {"true",
+       {"--node", "qtxs_x"},
+       1,
+       "data/qtxl_qtxs_x would be read as a file of another system, for one of \"qtxs_\", \"qtxsx_\", "
+       "\"qtxh_\" and \"qtxa_\" in its path"},
+      {"true", {"--node", "a\xc2\x9b"}, 1, "node name has a control character"},
       {"rm host/*/proc/stat", {}, 1, "/proc/stat: No such file or directory"},
       {"true", {"--interval", "0"}, 2, "--interval takes a whole number from 1 to 86400, and not \"0\""},
       {"true", {"--count"}, 2, "--count takes a value"},

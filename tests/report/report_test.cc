@@ -113,7 +113,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{data, "--begin", "1970-01-02", "--end", "2037-01-01"}, 1, "Cannot allocate"},
       {{data, "-o", "/dev/full"}, 1, "No space left on device"},
       {{data, "--item", "no such graph"}, 1, "no item \"no such graph\""},
-      {{data, "-o", data}, 1, "is the data file"},
+      {{data, "-o", data}, 1, "is read by this run"},
       {{data, "-o", "no_directory/page.html"}, 1, "No such file or directory"},
       {{data, "--classes", empty}, 1, "no workload class"},
       {{data, "-o", "noted.html", "--baseline", "1d"}, 1, "no baseline: "},

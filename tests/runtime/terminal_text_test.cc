@@ -18,7 +18,8 @@ TEST(PrintableText, ShowsControlCharactersOfAnyEncodingAsQuestionMarks) {
         Case{"\xc2\x9b"
              "2J \x9b"
              "2J",
-             "??2J ?2J"},  // the control sequence introducer
+             "??2J ?2J"},                              // the control sequence introducer
+        Case{"\xe2\x80\xae\xe2\x80\xa8.", "??????."},  // text from right to left, end of line
         Case{"\xc3\x80 \x80 \xe2\x82", "\xc3\x80 ? \xe2?"}}) {
     EXPECT_EQ(PrintableText(row.text), row.shown);
   }

@@ -4,8 +4,8 @@
 // The environment's REPLAYED_HOST names a directory with a directory for each moment, numbered from 0. Below
 // that stand the files of /proc and /sys, "clock" with the seconds of the wall clock and the steady clock,
 // and "statvfs" with a line for each file system: mount point, block size, and blocks, free, available,
-// files, free files, or the number of an error. Each sleep ends at the next moment, behind the last one comes
-// SIGTERM.
+// files, free files, or the number of an error, or 0 for one that never answers. Each sleep ends at the next
+// moment, behind the last one comes SIGTERM.
 //
 // The files of the present moment are copied to the directory "now", over those of the moment before: a
 // library may keep a file open and read it again.
@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
@@ -91,6 +92,7 @@ int statvfs(const char* path, struct statvfs* result) noexcept {
   while (lines >> mountPoint) {
     *result = {};
     lines >> result->f_frsize;
+    if (lines.peek() == '\n' && result->f_frsize == 0 && mountPoint == path) pause();
     if (lines.peek() == '\n') {
       errno = static_cast<int>(result->f_frsize);
       if (mountPoint == path) return -1;
