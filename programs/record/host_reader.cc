@@ -19,7 +19,6 @@
 #include "programs/record/network_files.h"
 
 namespace ozmo::record {
-namespace {
 
 // A handle of libproc2, taken when it is first used and given back in the end. Null, with errno set, where
 // the kernel hasn't got the file behind it.
@@ -47,6 +46,8 @@ class Handle {
  private:
   Info* info_ = nullptr;
 };
+
+namespace {
 
 // libproc2 gives the values in the order of the items asked for. It takes the lists as writable and leaves
 // them as they are.

@@ -16,7 +16,7 @@
 namespace ozmo::report {
 namespace {
 
-constexpr int FAILED_STATUS = 1;
+constexpr int NOT_SHOWN = 1;
 constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
 
 volatile sig_atomic_t worker = 0;  // the process that imports and shows
@@ -47,7 +47,7 @@ int ImportAndShow(const std::string& recording, const std::string& directory,
   for (const std::string& note : result.notes) Say(note);
   if (!result.failure.empty() || result.files.empty()) {
     Say(result.failure.empty() ? recording + ": there is no sample in it" : result.failure);
-    return FAILED_STATUS;
+    return NOT_SHOWN;
   }
   return show(result.files.front(), context);
 }
@@ -57,7 +57,7 @@ int StatusOf(int ending) {
   if (!WIFSIGNALED(ending)) return WEXITSTATUS(ending);
   std::signal(WTERMSIG(ending), SIG_DFL);
   std::raise(WTERMSIG(ending));
-  return FAILED_STATUS;
+  return NOT_SHOWN;
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ int ShowForeign(const std::string& recording, int (*show)(const std::string& dat
   sigprocmask(SIG_BLOCK, &ending, &before);  // none may come between the directory and its keeper
   if (error || mkdtemp(directory.data()) == nullptr) {
     Say(directory + ": " + (error ? error.message() : std::strerror(errno)));
-    return FAILED_STATUS;
+    return NOT_SHOWN;
   }
   std::fflush(stdout);
   worker = fork();
@@ -84,7 +84,7 @@ int ShowForeign(const std::string& recording, int (*show)(const std::string& dat
     const int status = ImportAndShow(recording, directory, show, context);
     std::exit(status);
   }
-  int status = FAILED_STATUS << 8;
+  int status = NOT_SHOWN << 8;
   if (worker < 0) {
     Say(std::string("can't start a process: ") + std::strerror(errno));
   } else {

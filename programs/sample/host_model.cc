@@ -9,7 +9,6 @@
 namespace ozmo::sample {
 namespace {
 
-constexpr int64_t SECONDS_OF_DAY = 86400;
 constexpr int WANDER_SECONDS = 600;
 
 // 0 ahead of `from`, 1 behind `from` + `width`, smooth between.

@@ -16,6 +16,8 @@
 
 namespace ozmo::sample {
 
+inline constexpr int64_t SECONDS_OF_DAY = 86400;
+
 // Work that people wait for, and work that is put off. Of both: programs, disks and adapters that serve
 // either.
 enum class Shift { BOTH, DAY, NIGHT };

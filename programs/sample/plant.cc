@@ -5,7 +5,6 @@
 namespace ozmo::sample {
 namespace {
 
-constexpr int64_t SECONDS_OF_DAY = 86400;
 constexpr double SECONDS_OF_HOUR = 3600;
 
 // A process on every other processor takes all that the processor has left.

@@ -7,8 +7,6 @@
 namespace ozmo {
 namespace {
 
-constexpr float MISSING = MISSING_POINT;
-
 // ---- Insertion ----
 
 struct InsertCase {
@@ -55,7 +53,7 @@ TEST(Weights, PlainSumTakesTheFirstPoints) {
 
 TEST(Weights, NormalizedSumScalesEachShareToOverallCpu) {
   const Series overall = {50, 50, 50, 50};
-  const Series shares = {100, 0, MISSING, 25};
+  const Series shares = {100, 0, MISSING_POINT, 25};
   const CpuScale scale{overall, shares, 4};
   EXPECT_FLOAT_EQ(NormalizedSum<float>({{0, 10}, {1, 10}, {2, 10}, {3, 5}, {4, 9}}, scale), 5.0F + 10.0F);
   EXPECT_FLOAT_EQ(NormalizedSum<float>({}, scale), 0.0F);
@@ -71,11 +69,11 @@ TEST(Weights, NormalizedSumKeepsItsSumInTheAskedPrecision) {
 }
 
 TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
-  const Series overall = {50, MISSING, 50, 50, 50};
+  const Series overall = {50, MISSING_POINT, 50, 50, 50};
   const Series shares = {100, 100, 0, 100, 100};
-  Series series = {10, 10, 10, MISSING, 20};
+  Series series = {10, 10, 10, MISSING_POINT, 20};
   NormalizeProcessSeries(series, {overall, shares, 4});
-  EXPECT_EQ(series, (Series{5, 10, 10, MISSING, 20})) << "the last point lies behind the count";
+  EXPECT_EQ(series, (Series{5, 10, 10, MISSING_POINT, 20})) << "the last point lies behind the count";
 }
 
 // ---- What is ranked: series by name ----

@@ -10,19 +10,19 @@ namespace {
 using enum MapStatus;
 using Row = std::vector<uint8_t>;
 
-struct Case {
+struct MapCase {
   std::string bytes;
   MapStatus head, rows;  // how reading them ends
   Row last = {};         // the last row
 };
 
 TEST(PortableMap, IsReadRowByRow) {
-  for (const Case& test : {
+  for (const MapCase& test : {
            // Colours and greys, raw and as text, with comments in the head.
-           Case{"P6\n# by # libplot\n2 1#\n# more\n255\n\x01\x02\x03\xFD#\xFF",
-                OK,
-                OK,
-                {1, 2, 3, 0xFD, '#', 0xFF}},
+           MapCase{"P6\n# by # libplot\n2 1#\n# more\n255\n\x01\x02\x03\xFD#\xFF",
+                   OK,
+                   OK,
+                   {1, 2, 3, 0xFD, '#', 0xFF}},
            {"P3 1 2 255\n1 2\t3\r\n4 # five\n5 6", OK, OK, {4, 5, 6}},
            // Samples are scaled by the largest value; raw ones of two bytes have the low byte first.
            {"P2 4 1 15\n0 7 8 15 ", OK, OK, {0, 119, 136, 255}},

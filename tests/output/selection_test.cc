@@ -8,9 +8,9 @@ namespace {
 constexpr int POINTS = 4;
 
 // A catalog with the graphs "Load" (two sets, as stacked) and "Disks" (three sets), and a group between.
-class Selection : public testing::Test {
+class SelectionTest : public ::testing::Test {
  protected:
-  Selection() {
+  SelectionTest() {
     load_ = Add("Load", {{9.0F, 5.0F, -1.0F, 3.0F}, {4.0F, 2.0F, 1.0F, 1.0F}}, {"User", "System"});
     disks_ = Add("Disks", {{6.0F, 6.0F, 8.0F, 6.0F}, {5.0F, 5.0F, 5.0F, 5.0F}, {3.0F, 3.0F, 3.0F, 2.0F}},
                  {"a b", "c", "d@e"});
@@ -55,13 +55,13 @@ TEST(GraphName, BlanksQuotesAndCaseDoNotCount) {
   }
 }
 
-TEST_F(Selection, FindsTitlesDepthFirstAndNoOtherTexts) {
+TEST_F(SelectionTest, FindsTitlesDepthFirstAndNoOtherTexts) {
   disks_->title = "Load";
   EXPECT_EQ(load_, FindGraphRecord(catalog_.itemTree, "LOAD"));
   for (const char* text : {"G2", "label", ""}) EXPECT_EQ(nullptr, FindGraphRecord(catalog_.itemTree, text));
 }
 
-TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
+TEST_F(SelectionTest, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
   const Overlay overlay = PrepareMainOverlay(*load_);
   EXPECT_DOUBLE_EQ(1.1 * 9.0, overlay.yMax);
   EXPECT_EQ(0.0, overlay.yMin);
@@ -73,7 +73,7 @@ TEST_F(Selection, MainGraphClosesEverySetAndCountsItsFirstPointAsPeak) {
   EXPECT_EQ("Load1", overlay.traces[1].colour);
 }
 
-TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
+TEST_F(SelectionTest, TopIsFixedOrFromThePeakOrOne) {
   load_->yMax = 100.0F;
   EXPECT_DOUBLE_EQ(1.1 * 100.0, PrepareMainOverlay(*load_).yMax);
   load_->yMax = 0.0F;
@@ -81,7 +81,7 @@ TEST_F(Selection, TopIsFixedOrFromThePeakOrOne) {
   EXPECT_EQ(1.0, PrepareMainOverlay(*load_).yMax);
 }
 
-TEST_F(Selection, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
+TEST_F(SelectionTest, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@A B");
   ASSERT_TRUE(selection.overlay);
   ASSERT_EQ(1U, selection.overlay->traces.size());
@@ -92,13 +92,13 @@ TEST_F(Selection, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
   EXPECT_EQ((Series{5.0F, 5.0F, 5.0F, 5.0F}), disks_->data.y[1]);
 }
 
-TEST_F(Selection, LastTraceOfTheStackStandsForItself) {
+TEST_F(SelectionTest, LastTraceOfTheStackStandsForItself) {
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@d@e");
   ASSERT_TRUE(selection.overlay) << "only the first @ cuts";
   EXPECT_EQ((Series{3.0F, 3.0F, 3.0F, 2.0F}), Points(selection.overlay->traces[0]));
 }
 
-TEST_F(Selection, MainGraphSaysWhetherTheOverlaysFixedTopCounts) {
+TEST_F(SelectionTest, MainGraphSaysWhetherTheOverlaysFixedTopCounts) {
   load_->yMax = 100.0F;
   EXPECT_EQ(0.0, SelectOverlay(catalog_, *load_, "Disks@c").overlay->yMax);
   disks_->yMax = 50.0F;
@@ -107,7 +107,7 @@ TEST_F(Selection, MainGraphSaysWhetherTheOverlaysFixedTopCounts) {
   EXPECT_DOUBLE_EQ(1.1 * 8.0, SelectOverlay(catalog_, *load_, "Disks@c").overlay->yMax);
 }
 
-TEST_F(Selection, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
+TEST_F(SelectionTest, OverlayOfTheMainGraphItselfStartsFromClosedSets) {
   PrepareMainOverlay(*load_);
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "load@user");
   ASSERT_TRUE(selection.overlay);

@@ -14,6 +14,7 @@
 #include "readers/formats.h"
 #include "runtime/runtime.h"
 #include "tests/support/environment.h"
+#include "tests/support/sample_day.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
@@ -46,8 +47,6 @@ void WriteSolarisTime(CollectorWriter& writer, int64_t seconds) { writer.Record(
 void WriteProcessor(CollectorWriter& writer, int64_t cpuId, int64_t user, int64_t idle = 0) {
   writer.Record(6, {Int32(cpuId), Int64(user), Int64(0), Int64(idle), Int64(0)});
 }
-
-constexpr Seconds NOON = 1329912000;  // 22-Feb-2012 12:00:00 UTC
 
 class CollectorReaderTest : public ::testing::Test {
  protected:

@@ -14,13 +14,13 @@
 #include "runtime/runtime.h"
 #include "tests/support/environment.h"
 #include "tests/support/interval_text.h"
+#include "tests/support/sample_day.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
 namespace {
 
-constexpr Seconds TEN = 1329904800;  // 22-Feb-2012 10:00:00 UTC
-constexpr Seconds NOON = TEN + 7200;
+constexpr Seconds TEN = NOON - 2 * 3600;
 
 std::string BytesOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);

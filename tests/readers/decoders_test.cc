@@ -18,12 +18,11 @@
 #include "tests/end_to_end/collector_script.h"
 #include "tests/support/environment.h"
 #include "tests/support/interval_text.h"
+#include "tests/support/sample_day.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
 namespace {
-
-constexpr Seconds NOON = 1329912000;  // 22-Feb-2012 12:00:00 UTC
 
 struct Kind {
   const CollectorFormat& format;
@@ -52,7 +51,7 @@ const std::map<std::string, Kind> KINDS = {
       "5 501=2048000 504=node", "505", "513"}},
 };
 
-struct Case {
+struct DecoderCase {
   int line = 0;
   std::vector<std::string> versions;  // none: the script is all of the file
   std::string every = "60";
@@ -65,8 +64,8 @@ std::vector<std::string> WordsOf(const std::string& text) {
   return {std::istream_iterator<std::string>(words), {}};
 }
 
-std::vector<Case> CasesOf(const std::string& path) {
-  std::vector<Case> cases;
+std::vector<DecoderCase> CasesOf(const std::string& path) {
+  std::vector<DecoderCase> cases;
   for (const Statement& statement : ReadCaseFile(path)) {
     std::string joined;
     for (const std::string& word : statement.words) joined += (joined.empty() ? "" : " ") + word;
@@ -91,8 +90,8 @@ std::vector<Case> CasesOf(const std::string& path) {
 }
 
 // A disk behind a record of each type that is known and comes to nothing: they don't end the interval.
-Case StepOver(std::initializer_list<int> types) {
-  Case test;
+DecoderCase StepOver(std::initializer_list<int> types) {
+  DecoderCase test;
   test.versions = {"P730"};
   test.gives = {"disk sda"};
   for (const int type : types) test.script.push_back({0, "record", {std::to_string(type)}, {}});
@@ -102,7 +101,7 @@ Case StepOver(std::initializer_list<int> types) {
 }
 
 // The case's file of a version: what all files of the kind begin and end with, around the case's own records.
-std::vector<Statement> ScriptOf(const Case& test, const Kind& kind, const std::string& version) {
+std::vector<Statement> ScriptOf(const DecoderCase& test, const Kind& kind, const std::string& version) {
   const std::string time = kind.timeRecord;
   std::vector<Statement> script = {
       {0, "order", WordsOf(time + (version.find("_64") != version.npos ? ":8" : "")), {}},
@@ -125,7 +124,7 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
   const TempDirectory directory;
   const Kind& kind = KINDS.at(GetParam());
   const std::string path = directory / kind.fileName;
-  const auto expectInterval = [&](const std::vector<Statement>& script, const Case& test) {
+  const auto expectInterval = [&](const std::vector<Statement>& script, const DecoderCase& test) {
     const CollectorBytes file = WriteCollectorFile(script, kind.order, NOON - 12 * 3600);
     EXPECT_EQ(file.error, "");
     ASSERT_EQ(WriteWholeFile({path}, file.bytes), "");
@@ -142,10 +141,10 @@ TEST_P(Decoders, LeaveWhatTheCasesSay) {
     EXPECT_EQ(reader.Next(context), ReaderResult::DONE);
     EXPECT_EQ(IntervalTexts(context, false), test.next);
   };
-  std::vector<Case> cases = CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case");
+  std::vector<DecoderCase> cases = CasesOf(OZMO_SOURCE_DIR "/tests/readers/decoders/" + GetParam() + ".case");
   cases.push_back(StepOver({16, 17, 18, 19, 21, 22, 23, 24, 25, 26}));
   if (GetParam() != "tru64") cases.push_back(StepOver({13, 29}));
-  for (const Case& test : cases) {
+  for (const DecoderCase& test : cases) {
     SCOPED_TRACE(GetParam() + ".case:" + std::to_string(test.line));
     if (test.versions.empty()) expectInterval(test.script, test);
     for (const std::string& version : test.versions) expectInterval(ScriptOf(test, kind, version), test);

@@ -18,14 +18,14 @@ namespace {
 
 constexpr Seconds ELEVEN = 1329908400;  // 22-Feb-2012 11:00:00 UTC, when every host is busy
 
-struct Case {
+struct SampleCase {
   const sample::SampleKind* kind;
   std::string version;
 };
 
 // Every version of every kind of binary files.
-std::vector<Case> Cases() {
-  std::vector<Case> cases;
+std::vector<SampleCase> SampleCases() {
+  std::vector<SampleCase> cases;
   for (const sample::SampleKind* kind : sample::SampleKinds()) {
     for (const sample::VersionLayout& version : kind->versions)
       cases.push_back({kind, std::string(version.text)});
@@ -33,7 +33,7 @@ std::vector<Case> Cases() {
   return cases;
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
+std::string NameOf(const ::testing::TestParamInfo<SampleCase>& info) {
   return std::string(info.param.kind->name) + "_" + info.param.version;
 }
 
@@ -100,7 +100,7 @@ void ExpectFileSystemsAndAdapters(const VmrContext& context, const std::string& 
   }
 }
 
-class SampleFilesTest : public ::testing::TestWithParam<Case> {};
+class SampleFilesTest : public ::testing::TestWithParam<SampleCase> {};
 
 TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   const sample::SampleKind& kind = *GetParam().kind;
@@ -139,7 +139,7 @@ TEST_P(SampleFilesTest, EveryIntervalIsBelievable) {
   EXPECT_GE(intervals, 9);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllVersions, SampleFilesTest, ::testing::ValuesIn(Cases()), NameOf);
+INSTANTIATE_TEST_SUITE_P(AllVersions, SampleFilesTest, ::testing::ValuesIn(SampleCases()), NameOf);
 
 }  // namespace
 }  // namespace ozmo::testing

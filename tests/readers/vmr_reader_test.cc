@@ -13,13 +13,11 @@
 #include "runtime/runtime.h"
 #include "tests/support/environment.h"
 #include "tests/support/interval_text.h"
+#include "tests/support/sample_day.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
 namespace {
-
-constexpr Seconds MIDNIGHT = 1329868800;  // 22-Feb-2012 00:00:00 UTC
-constexpr Seconds NOON = MIDNIGHT + 43200;
 
 // Node, an interval of 60 seconds with 12 samples, the date.
 const std::string HEADER = "<HEADER>~~~node~60~5000~~2012~2~22~12~0~0\n";
