@@ -42,12 +42,14 @@ void WalkDay(benchmark::State& state, ReaderKind kind) {
       benchmark::Counter(static_cast<double>(intervals) / static_cast<double>(state.iterations()));
 }
 
-BENCHMARK_CAPTURE(WalkDay, Solaris, ReaderKind::SOLARIS)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WalkDay, Linux, ReaderKind::LINUX)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WalkDay, Aix, ReaderKind::AIX)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WalkDay, Hpux, ReaderKind::HPUX)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WalkDay, Tru64, ReaderKind::TRU64)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WalkDay, Vmr, ReaderKind::VMR)->Unit(benchmark::kMillisecond);
+// A benchmark for each kind.
+const bool ARE_REGISTERED = [] {
+  for (const KindRow& row : ReaderKinds()) {
+    const std::string name = "WalkDay/" + std::string(row.word);
+    benchmark::RegisterBenchmark(name.c_str(), WalkDay, row.kind)->Unit(benchmark::kMillisecond);
+  }
+  return true;
+}();
 
 }  // namespace
 }  // namespace ozmo

@@ -25,12 +25,7 @@ class SampleDays {
     std::string name = (std::filesystem::temp_directory_path() / "ozmo_bench_XXXXXX").string();
     directory_ = mkdtemp(name.data());
     options.directory = directory_.string();
-    Write(ReaderKind::SOLARIS, "solaris", options);
-    Write(ReaderKind::LINUX, "linux", options);
-    Write(ReaderKind::AIX, "aix", options);
-    Write(ReaderKind::HPUX, "hpux", options);
-    Write(ReaderKind::TRU64, "tru64", options);
-    Write(ReaderKind::VMR, "vmr", options);
+    for (const KindRow& row : ReaderKinds()) Write(row.kind, row.word, options);
   }
   ~SampleDays() {
     std::error_code ignored;
@@ -42,7 +37,7 @@ class SampleDays {
   const SampleDay& Of(ReaderKind kind) const { return days_.at(kind); }
 
  private:
-  void Write(ReaderKind kind, const char* name, const sample::SampleOptions& options) {
+  void Write(ReaderKind kind, std::string_view name, const sample::SampleOptions& options) {
     const sample::SampleResult result = sample::WriteSample(*sample::FindSampleKind(name), options);
     SampleDay& day = days_[kind];
     if (result.files.empty()) return;

@@ -74,7 +74,6 @@ class NameSeries {
   }
   // MISSING_POINT where nothing was fed.
   float At(int number) const;
-  bool IsEmpty() const { return pages_.empty(); }
   // Puts the values that aren't missing into `samples`, in the order of their points.
   void Collect(const SampledPoints& points, Samples& samples) const;
 

@@ -91,7 +91,6 @@ struct ProcessSpec {
 };
 
 struct PlatformSpec {
-  Required<const char*> system;  // whose collector writes the files: "HP-UX"
   Required<std::span<const RecordText>> records;
   Required<std::span<const RowText>> tree;
 

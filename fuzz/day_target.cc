@@ -15,6 +15,7 @@
 #include "fuzz/harness.h"
 #include "fuzz/records.h"
 #include "output/selection.h"
+#include "readers/file_kind.h"
 #include "runtime/memory.h"
 
 namespace ozmo::fuzz {
@@ -22,28 +23,18 @@ namespace {
 
 constexpr Seconds DAY_START = 1329868800;  // 22-Feb-2012
 
-// "N" stands for the number of the file in its day.
-struct DayKind {
-  std::string_view name;
-  const char* path;
-  const char* secondPath;  // of files in the other order of bytes, or in capitals
-};
+const KindRow& Kind() { return *std::ranges::find(ReaderKinds(), DAY_KIND, &KindRow::word); }
 
-constexpr DayKind DAY_KINDS[] = {
-    {"solaris", "./qtxs_f_2012Feb22.dat_N", "./qtxsx_f_2012Feb22.dat_N"},
-    {"hpux", "./qtxh_f_2012Feb22.dat_N", "./QTXH_f_2012Feb22.dat_N"},
-    {"aix", "./qtxa_f_2012Feb22.dat_N", "./QTXA_f_2012Feb22.dat_N"},
-    {"linux", "./qtxl_f_2012Feb22.dat_N", "./QTXL_f_2012Feb22.dat_N"},
-    {"tru64", "./osf_f_2012Feb22.dat_N", "./other_f_2012Feb22.dat_N"},
-    {"vmr", "./qtx_f_2012Feb22_N.vmr", "./qtx_f_2012Feb22_N.VMR"},
-};
+bool IsText() { return Kind().kind == ReaderKind::VMR; }
 
-const DayKind& Kind() {
-  return *std::find_if(std::begin(DAY_KINDS), std::end(DAY_KINDS),
-                       [](const DayKind& row) { return row.name == DAY_KIND; });
+// "N" stands for the number of the file in its day. The second form is of files in the other order of bytes,
+// or in capitals.
+std::string PathFor(bool secondForm) {
+  if (IsText()) return secondForm ? "./qtx_f_2012Feb22_N.VMR" : "./qtx_f_2012Feb22_N.vmr";
+  const std::string_view prefix = Kind().prefixes[secondForm ? 1 : 0];
+  const std::string_view without = secondForm ? "other_" : "osf_";
+  return "./" + std::string(prefix.empty() ? without : prefix) + "f_2012Feb22.dat_N";
 }
-
-bool IsText() { return Kind().name == "vmr"; }
 
 std::string WithNumber(std::string path, char number) {
   path[path.rfind('N')] = number;
@@ -51,7 +42,7 @@ std::string WithNumber(std::string path, char number) {
 }
 
 std::string PathOf(const DayInput& input, char number) {
-  return WithNumber(input.secondForm ? Kind().secondPath : Kind().path, number);
+  return WithNumber(PathFor(input.secondForm), number);
 }
 
 // The second file is there if it has bytes.
@@ -114,7 +105,8 @@ void CompareCatalogs(const DayInput& input) {
 const std::vector<std::string>& Titles() {
   static const std::vector<std::string> titles = [] {
     for (const char number : {'1', '2'}) {
-      for (const char* path : {Kind().path, Kind().secondPath}) std::remove(WithNumber(path, number).c_str());
+      for (const bool secondForm : {false, true})
+        std::remove(WithNumber(PathFor(secondForm), number).c_str());
     }
     std::vector<std::string> found;
     const std::unique_ptr<GraphCatalog> catalog = CatalogOf(DayInput(), WantedTitles::All());

@@ -132,7 +132,6 @@ struct EntryFields {
 };
 
 struct CollectorFormat {
-  std::string_view name;
   ByteOrder (*byteOrderOf)(std::string_view path);
   int32_t timeRecord;
   int32_t timeField;

@@ -1,25 +1,35 @@
 #include "readers/file_kind.h"
 
-#include <string_view>
+#include <iterator>
 
 #include "readers/file_set.h"
 
 namespace ozmo {
 namespace {
 
-struct PrefixRule {
-  std::string_view prefix;  // anywhere in the path
-  ReaderKind kind;
+// Solaris has no upper-case form, and never had: QTXS_NODE.DAT is a file of no known prefix.
+constexpr KindRow KINDS[] = {
+    {ReaderKind::SOLARIS, "solaris", "Solaris", {"qtxs_", "qtxsx_"}},
+    {ReaderKind::HPUX, "hpux", "HP-UX", {"qtxh_", "QTXH_"}},
+    {ReaderKind::AIX, "aix", "AIX", {"qtxa_", "QTXA_"}},
+    {ReaderKind::LINUX, "linux", "Linux", {"qtxl_", "QTXL_"}},
+    {ReaderKind::VMR, "vmr", "Monitor"},
+    {ReaderKind::TRU64, "tru64", "Tru64"},
 };
 
-// Solaris has no upper-case form, and never had: QTXS_NODE.DAT is a file of no known prefix.
-constexpr PrefixRule PREFIX_RULES[] = {
-    {"qtxs_", ReaderKind::SOLARIS}, {"qtxsx_", ReaderKind::SOLARIS}, {"qtxh_", ReaderKind::HPUX},
-    {"QTXH_", ReaderKind::HPUX},    {"qtxa_", ReaderKind::AIX},      {"QTXA_", ReaderKind::AIX},
-    {"qtxl_", ReaderKind::LINUX},   {"QTXL_", ReaderKind::LINUX},
-};
+constexpr bool RowsAreInTheOrderOfKinds() {
+  for (size_t i = 0; i < std::size(KINDS); ++i) {
+    if (static_cast<size_t>(KINDS[i].kind) != i) return false;
+  }
+  return true;
+}
+static_assert(RowsAreInTheOrderOfKinds());
 
 }  // namespace
+
+std::span<const KindRow> ReaderKinds() { return KINDS; }
+
+const KindRow& RowOf(ReaderKind kind) { return KINDS[static_cast<size_t>(kind)]; }
 
 bool IsVmrName(const std::string& path) {
   std::string_view name = path;
@@ -29,8 +39,10 @@ bool IsVmrName(const std::string& path) {
 }
 
 ReaderKind ReaderKindOf(const std::string& path) {
-  for (const PrefixRule& rule : PREFIX_RULES) {
-    if (path.find(rule.prefix) != std::string::npos) return rule.kind;
+  for (const KindRow& row : KINDS) {
+    for (const std::string_view prefix : row.prefixes) {
+      if (!prefix.empty() && path.find(prefix) != std::string::npos) return row.kind;
+    }
   }
   return IsVmrName(path) ? ReaderKind::VMR : ReaderKind::TRU64;
 }

@@ -2,11 +2,27 @@
 // content disagree goes to the wrong reader.
 #pragma once
 
+#include <array>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace ozmo {
 
 enum class ReaderKind { SOLARIS, HPUX, AIX, LINUX, VMR, TRU64 };
+
+// The list of kinds: what each is called, and how its files are.
+struct KindRow {
+  ReaderKind kind;
+  std::string_view word;    // for programs and scripts: "hpux"
+  std::string_view system;  // for people: "HP-UX"
+  std::array<std::string_view, 2> prefixes =
+      {};  // somewhere in a path; none: known by its end, or by nothing
+};
+
+// In the order of the enumeration.
+std::span<const KindRow> ReaderKinds();
+const KindRow& RowOf(ReaderKind kind);
 
 // The first rule that holds wins; the directory part counts, so every file below "qtxa_archive/" is AIX.
 // A path that no rule knows is a Tru64 file.

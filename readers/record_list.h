@@ -46,8 +46,6 @@ class RecordList {
     if (!records_.empty()) records_.pop_back();
   }
 
-  void Erase(iterator record) { records_.erase(record); }
-
   // Empties the list and keeps its records for reuse, newest first.
   void Recycle() { spare_.splice(spare_.end(), records_); }
 

@@ -1,8 +1,9 @@
 // The records of one collection interval: what a reader delivers and a catalog builder reads.
 //
 // One struct a kind, shared by all formats; a format fills the members it has and the others stay at 0.
-// The unit of a value is that of the rule that fills it: a member named Rate is per second, one named
-// Time is in the collector's own unit (ticks, percent or a fraction; builders only use the proportions).
+// Members that no graph reads are there because the collectors bring them; rules lead to them by Detail. The
+// unit of a value is that of the rule that fills it: a member named Rate is per second, one named Time is in
+// the collector's own unit (ticks, percent or a fraction; builders only use the proportions).
 #pragma once
 
 #include <array>

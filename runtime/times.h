@@ -53,17 +53,17 @@ std::tm TimeLocal(Seconds seconds);
 // strftime in local time.
 std::string TimeFormat(Seconds seconds, const char* format);
 
-// -1, 0 or 1 as `first` is before, at or after `second`.
+// No option reaches this: -1, 0 or 1 as `first` is before, at or after `second`.
 int TimeCompare(const std::tm& first, const std::tm& second);
 
-// Seconds of `first` less seconds of `second`, in 32 bits.
+// No option reaches this: seconds of `first` less seconds of `second`, in 32 bits.
 int32_t TimeDifference(const std::tm& first, const std::tm& second);
 
 // The stamp of a file name, such as 2012Feb22_1430, in local time.
 std::string TimeStamp(Seconds seconds);
 
 // "<current directory>/<prefix>_<stamp><extension>"; without a prefix its "_" goes too. Absent for an absent
-// time.
+// time. No option reaches this.
 std::optional<std::string> TimeStampFileName(const std::string& prefix, const std::string& extension,
                                              const std::optional<std::tm>& time);
 
@@ -82,7 +82,8 @@ inline constexpr int DAY_LIST_LIMIT = 400'000;
 std::vector<std::string> DayFileNames(const std::string& stem, const std::string& extension, Seconds from,
                                       Seconds to);
 
-// The day names of the series that the file `path` belongs to. Absent if `path` isn't such a name.
+// The day names of the series that the file `path` belongs to. Absent if `path` isn't such a name. No option
+// reaches this: the readers have rules of their own for the parts of a name.
 std::optional<std::vector<std::string>> DayFileNamesFor(const std::string& path, Seconds from, Seconds to);
 
 // The offset of local standard time from UTC, the daylight part of `time` taken out; positive to the east.

@@ -38,7 +38,8 @@ enum class MatchMode {
 };
 
 // 1 if an item matches `text` or the list is empty, else 0. This is one list at a time; an index of the lists
-// of all classes (pattern_index.h) says the same of whole texts in their own case.
+// of all classes (pattern_index.h) says the same of whole texts in their own case, and is what a run asks. No
+// option reaches this function, nor its mode and case.
 //
 // The items are tried in order. A "*abc" item that meets a text no longer than "abc" gives 0 for the
 // whole list, and the items after it are not tried: short names fall through to a later class, and class

@@ -104,7 +104,6 @@ static_assert(EachGraphHasOneRecord(aix_texts::RECORDS));
 static_assert(RowsLeadToRecords(aix_texts::TREE, aix_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "AIX",
     .records = aix_texts::RECORDS,
     .tree = aix_texts::TREE,
     .pointCountRule = PointCountRule::OF_DIFFERENCE,

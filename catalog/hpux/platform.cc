@@ -43,7 +43,6 @@ static_assert(EachGraphHasOneRecord(hpux_texts::RECORDS));
 static_assert(RowsLeadToRecords(hpux_texts::TREE, hpux_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "HP-UX",
     .records = hpux_texts::RECORDS,
     .tree = hpux_texts::TREE,
     .gapExtra = 1,

@@ -84,7 +84,6 @@ static_assert(EachGraphHasOneRecord(linux_texts::RECORDS));
 static_assert(RowsLeadToRecords(linux_texts::TREE, linux_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "Linux",
     .records = linux_texts::RECORDS,
     .tree = linux_texts::TREE,
     .dropsBeyondEnd = true,

@@ -46,7 +46,6 @@ static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
 static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "Solaris",
     .records = solaris_texts::RECORDS,
     .tree = solaris_texts::TREE,
     .gapExtra = 1,

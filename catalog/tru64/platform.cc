@@ -46,7 +46,6 @@ static_assert(EachGraphHasOneRecord(tru64_texts::RECORDS));
 static_assert(RowsLeadToRecords(tru64_texts::TREE, tru64_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "Tru64",
     .records = tru64_texts::RECORDS,
     .tree = tru64_texts::TREE,
     .usesInterval = HasProcessors,

@@ -27,7 +27,6 @@ static_assert(EachGraphHasOneRecord(vmr_texts::RECORDS));
 static_assert(RowsLeadToRecords(vmr_texts::TREE, vmr_texts::RECORDS));
 
 constinit const PlatformSpec PLATFORM = {
-    .system = "Monitor",
     .records = vmr_texts::RECORDS,
     .tree = vmr_texts::TREE,
     .pointRule = PointRule::NEAREST_MINUTE,

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "catalog/build_catalog.h"
+#include "catalog/platforms.h"
 #include "output/selection.h"
 #include "programs/items/descriptions.h"
 #include "programs/sample/kinds.h"
@@ -36,10 +37,13 @@ constexpr std::string_view NO_LONG_DETAIL =
     "A span of more than two days has no items of single disks and no Top 10 lists of disks and file "
     "systems.";
 
-const Platform PLATFORMS[] = {
-    {"solaris", "Solaris", ""},        {"linux", "Linux", ""}, {"aix", "AIX", ""},
-    {"hpux", "HP-UX", NO_LONG_DETAIL}, {"tru64", "Tru64", ""}, {"vmr", "Monitor text files", ""},
-};
+// The kind of that word.
+Platform PlatformOfWord(std::string_view word) {
+  const auto row = std::ranges::find(ReaderKinds(), word, &KindRow::word);
+  const bool isLimited = PlatformOf(row->kind).detailLimit > 0;
+  return {word, row->kind == ReaderKind::VMR ? "Monitor text files" : row->system,
+          isLimited ? NO_LONG_DETAIL : std::string_view()};
+}
 
 constexpr std::string_view INTRODUCTION = R"(# Items
 
@@ -236,7 +240,8 @@ void WriteLists(const std::filesystem::path& directory) {
   std::ofstream titles(directory / "items.txt");
   document << INTRODUCTION;
   UsedDescriptions used;
-  for (const Platform& platform : PLATFORMS) {
+  for (const sample::SampleKind* kind : sample::SampleKinds()) {
+    const Platform platform = PlatformOfWord(kind->name);
     const std::unique_ptr<GraphCatalog> catalog = CatalogOf(platform, samples);
     const ItemList list(*catalog);
     WritePlatform(document, platform, list.items(), used);

@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "catalog/build_catalog.h"
-#include "catalog/platforms.h"
 #include "readers/data_reader.h"
 #include "readers/file_set.h"
 #include "runtime/times.h"
@@ -61,7 +60,7 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   NoteInput(runtime, IdentityOf(DataFilePath(request.dataFile)));
   DataDay day;
   DataReader reader(WithDirectory(request.dataFile), runtime);
-  day.system = PlatformOf(reader.kind()).system;
+  day.system = RowOf(reader.kind()).system;
   const std::optional<FileHead>& head = reader.Head();
   if (!head) {
     return {std::nullopt,

@@ -277,7 +277,6 @@ constexpr DecoderRow DECODERS[] = {
 };
 
 constexpr CollectorFormat FORMAT{
-    .name = "AIX",
     .byteOrderOf = ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,

@@ -260,7 +260,6 @@ constexpr DecoderRow DECODERS[] = {
 };
 
 constexpr CollectorFormat FORMAT{
-    .name = "HP-UX",
     .byteOrderOf = ByteOrderOf,
     .timeRecord = 6,
     .timeField = 601,

@@ -249,7 +249,6 @@ constexpr DecoderRow DECODERS[] = {
 };
 
 constexpr CollectorFormat FORMAT{
-    .name = "Linux",
     .byteOrderOf = ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,

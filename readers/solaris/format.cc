@@ -295,7 +295,6 @@ constexpr DecoderRow DECODERS[] = {
 };
 
 constexpr CollectorFormat FORMAT{
-    .name = "Solaris",
     .byteOrderOf = ByteOrderOf,
     .timeRecord = 7,
     .timeField = 701,

@@ -278,7 +278,6 @@ constexpr DecoderRow DECODERS[] = {
 };
 
 constexpr CollectorFormat FORMAT{
-    .name = "Tru64",
     .byteOrderOf = ByteOrderOf,
     .timeRecord = 9,
     .timeField = 901,

@@ -76,11 +76,11 @@ std::string LayoutTable(const CollectorFormat& format) {
 TEST(FormatsPageTest, HasTheLayoutsOfAllFormats) {
   std::ifstream file(OZMO_SOURCE_DIR "/docs/formats.md");
   const std::string page{std::istreambuf_iterator<char>(file), {}};
-  for (const ReaderKind kind :
-       {ReaderKind::LINUX, ReaderKind::SOLARIS, ReaderKind::AIX, ReaderKind::HPUX, ReaderKind::TRU64}) {
-    const CollectorFormat& format = *FormatOf(kind);
+  for (const KindRow& row : ReaderKinds()) {
+    const CollectorFormat* format = FormatOf(row.kind);
+    if (format == nullptr) continue;
     const std::string block =
-        "### Layouts of " + std::string(format.name) + " files\n\n" + LayoutTable(format) + "\n";
+        "### Layouts of " + std::string(row.system) + " files\n\n" + LayoutTable(*format) + "\n";
     EXPECT_NE(page.find(block), std::string::npos) << "docs/formats.md should have\n" << block;
   }
 }
