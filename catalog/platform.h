@@ -84,7 +84,7 @@ struct ShareBasis {
 struct ProcessSpec {
   // Percent of the machine that a process took in the interval.
   double (*share)(const ProcessRecord& process, const ShareBasis& basis) = nullptr;
-  const char* passedOver = nullptr;  // the process of this name has no share
+  std::string_view passedOver = {};  // the process of this name has no share; empty: all have
   bool restIsNamed = false;          // what the shares leave of overall CPU goes to "<NoProc>"
   bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0
   bool classesAreRescaled = true;    // the class series by NormalizeProcessSeries

@@ -117,7 +117,7 @@ void ProcessPass::Run(const Minute& minute, VmrContext& interval, const Processo
   if (!detail_.IsWanted()) return;
   const ShareBasis basis{interval, processors, minute.catalog.spanStart};
   for (ProcessRecord& process : interval.processes.primary) {
-    if (spec_.passedOver != nullptr && process.name == spec_.passedOver) continue;
+    if (!spec_.passedOver.empty() && process.name == spec_.passedOver) continue;
     FeedShare(minute, process, detail_.shares ? spec_.share(process, basis) : 0.0);
     if (detail_.NamesUsers()) CutBlanks(process.userName);
   }

@@ -197,11 +197,13 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
     {.field = 420, .to = To<&ProcessRecord::name>()},
 };
 
+constexpr std::string_view IDLE_PROCESS = "wait";  // the kernel's
+
 void DecodeProcess(Decoding& decoding) {
   VmrContext& context = decoding.context;
   ProcessRecord& process = ContextPushProcess(context, decoding.isTwin);
   const bool counts = ApplyRules<PROCESS_RULES>(process, decoding);
-  if (process.name == "wait") {  // the kernel's idle process consumes nothing
+  if (process.name == IDLE_PROCESS) {  // it consumes nothing
     process.userCpuSeconds = 0.0F;
     process.systemCpuSeconds = 0.0F;
   }

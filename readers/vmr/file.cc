@@ -13,11 +13,14 @@ namespace {
 // Printable in the C locale, whatever the locale of the run.
 bool IsPrintable(char c) { return c >= ' ' && c <= '~'; }
 
+void CopyPrintable(std::string_view text, std::string& printable) {
+  printable = text;
+  for (char& c : printable) c = IsPrintable(c) ? c : ' ';
+}
+
 std::string Printable(std::string_view text) {
-  std::string printable(text);
-  for (char& c : printable) {
-    if (!IsPrintable(c)) c = ' ';
-  }
+  std::string printable;
+  CopyPrintable(text, printable);
   return printable;
 }
 
@@ -45,7 +48,9 @@ bool VmrLine::Assign(std::string_view text) {
 bool VmrLine::CutNext() {
   const size_t start = ends_.empty() ? 0 : ends_.back() + 1;
   if (start > text_.size()) return false;
-  ends_.push_back(std::min(text_.find(SEPARATOR, start), text_.size()));
+  size_t end = start;  // fields are short: a loop is cheaper than a call for each
+  while (end < text_.size() && text_[end] != SEPARATOR) ++end;
+  ends_.push_back(end);
   return true;
 }
 
@@ -64,6 +69,8 @@ std::string_view VmrLine::Field(size_t index) {
 }
 
 std::string VmrLine::Text(size_t index) { return Printable(Field(index)); }
+
+void VmrLine::CopyText(size_t index, std::string& text) { CopyPrintable(Field(index), text); }
 
 int32_t VmrLine::Integer(size_t index) {
   const std::string_view text = Field(index);

@@ -33,6 +33,8 @@ class VmrLine {
   size_t FieldCount();
   // A field behind the last is an empty text.
   std::string Text(size_t index);
+  // The same into a text that is there already, and whose room is used again.
+  void CopyText(size_t index, std::string& text);
   int32_t Integer(size_t index);
   float Number(size_t index);
 

@@ -194,7 +194,7 @@ void VmrReader::ActOnRow(VmrContext& context) {
   if (line.Is("6")) {
     VmrStoreRow(context, rows_, line);
   } else if (line.Is("4")) {
-    rows_.instanceName = line.Text(1);
+    line.CopyText(1, rows_.instanceName);
     rows_.instanceSamples = line.Integer(2);
   } else if (line.Is("5")) {
     rows_.isPlanned = false;
