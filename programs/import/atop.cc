@@ -393,6 +393,7 @@ const Source ATOP = {.name = "atop",
                      .isText = IsAtopText,
                      .command = AtopCommand,
                      .readText = ReadAtopText,
+                     .readRecording = nullptr,
                      .lacks = "file systems"};
 
 }  // namespace ozmo::import

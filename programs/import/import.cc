@@ -78,8 +78,9 @@ std::string Import::Read(const std::string& path) {
   if (std::string failure = Open(path, lines, source); !failure.empty()) return failure;
   sources_.insert(source);
   samples_ = 0;
-  std::string failure =
-      source->readText(lines, users_, [this](const Sample& sample) { return Take(sample); });
+  const SampleSink sink = [this](const Sample& sample) { return Take(sample); };
+  std::string failure = source->readRecording != nullptr ? source->readRecording(path, sink)
+                                                         : source->readText(lines, users_, sink);
   // A program that couldn't read its recording has said why; what it printed until then is no day.
   const std::string ending = failure.empty() ? lines.Finish() : "";
   if (failure.empty()) failure = ending;
@@ -98,10 +99,15 @@ std::string Import::Open(const std::string& path, LineSource& lines, const Sourc
     const Source* recorder = SourceOfRecording(head);
     if (recorder != nullptr && (source == nullptr || source == recorder)) {
       source = recorder;
+      if (source->readRecording != nullptr) return "";
       const std::string failure = lines.OpenProgram(source->command(path), std::string(source->package));
       return failure.empty() ? "" : path + ": " + failure;
     }
     if (std::string failure = lines.OpenFile(path); !failure.empty()) return failure;
+  }
+  if (source != nullptr && source->readText == nullptr) {
+    return (path == STANDARD_INPUT ? "standard input" : path) + ": no recording of " +
+           std::string(source->name);
   }
   std::string line;
   if (!lines.Peek(line)) return "standard input is empty";
@@ -130,6 +136,7 @@ void Import::AddNotes() {
                             " samples left out, since the clock had gone back");
   }
   for (const Source* source : sources_) {
+    if (source->lacks.empty()) continue;
     result_.notes.push_back(std::string(source->name) + " has no " + std::string(source->lacks) +
                             ": these graphs are empty");
   }

@@ -94,13 +94,17 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
 }
 
 std::string HelpText() {
+  std::string names;
+  for (const Source* source : Sources()) names += (names.empty() ? "" : ", ") + std::string(source->name);
   return "usage: ozmo_import [option ...] RECORDING...\n"
-         "Makes Linux data files of what atop or sysstat recorded: a file a host and day, and prints their "
+         "Makes Linux data files of what other programs recorded: a file a host and day, and prints their "
          "names.\n"
          "A RECORDING is a file of one of these programs, or the text that it prints; - is standard input.\n"
          "\n"
          "  -o, --directory DIR  where the files go; it is made if it isn't there (the working directory)\n"
-         "      --from SOURCE    atop or sysstat (what the content says)\n"
+         "      --from SOURCE    one of " +
+         names +
+         " (what the content says)\n"
          "      --node NAME      name of the host (the one in the recording)\n"
          "      --passwd FILE    names of users, as /etc/passwd has them (this host's, for its own "
          "recordings)\n"

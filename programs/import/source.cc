@@ -1,12 +1,19 @@
 #include "programs/import/source.h"
 
 #include "programs/import/atop.h"
+#ifdef OZMO_HAS_PCP
+#include "programs/import/pcp.h"
+#endif
 #include "programs/import/sysstat.h"
 
 namespace ozmo::import {
 namespace {
 
-const Source* const SOURCES[] = {&ATOP, &SYSSTAT};
+const Source* const SOURCES[] = {&ATOP, &SYSSTAT,
+#ifdef OZMO_HAS_PCP
+                                 &PCP
+#endif
+};
 
 template <class Fits>
 const Source* FindIf(Fits fits) {
@@ -25,7 +32,7 @@ const Source* SourceOfRecording(std::string_view head) {
 }
 
 const Source* SourceOfText(std::string_view line) {
-  return FindIf([&](const Source& source) { return source.isText(line); });
+  return FindIf([&](const Source& source) { return source.isText != nullptr && source.isText(line); });
 }
 
 const Source* FindSource(std::string_view name) {

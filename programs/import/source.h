@@ -22,11 +22,15 @@ struct Source {
   bool (*isRecording)(std::string_view head);
   // Whether this is the first line of the program's text.
   bool (*isText)(std::string_view line);
+  // A recording is read as text that the program prints, or else by a library.
   // The command that prints a recording as text.
   std::vector<std::string> (*command)(const std::string& path);
   // Reads the text, and hands each interval on. Returns what went wrong, or nothing.
   std::string (*readText)(LineSource& lines, UserNames& users, const SampleSink& sink);
-  std::string_view lacks;  // the groups of graphs that it has nothing for
+  // Reads a recording by a library, and hands each interval on; null where it is read as text.
+  std::string (*readRecording)(const std::string& path, const SampleSink& sink);
+  std::string_view
+      lacks;  // the groups of graphs that it has nothing for; empty where it has something for all
 };
 
 std::span<const Source* const> Sources();

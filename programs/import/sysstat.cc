@@ -345,6 +345,7 @@ const Source SYSSTAT = {.name = "sysstat",
                         .isText = IsSysstatText,
                         .command = SysstatCommand,
                         .readText = ReadSysstatText,
+                        .readRecording = nullptr,
                         .lacks = "processes (no images, users and workload classes)"};
 
 }  // namespace ozmo::import
