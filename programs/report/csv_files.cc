@@ -12,7 +12,6 @@ namespace ozmo::report {
 namespace {
 
 constexpr size_t LONGEST_NAME = 120;
-constexpr std::string_view EXTENSION = ".csv";
 
 bool IsPlain(char c) { return (c >= 'a' && c <= 'z') || IsDigit(c); }
 
@@ -31,14 +30,6 @@ std::string PlainName(const std::string& heading) {
   return name.empty() ? "graph" : name;
 }
 
-GraphJob JobOf(const Item& item, const DataDay& day) {
-  GraphJob job;
-  job.mainOverlay = PrepareMainOverlay(*item.record);
-  job.SetSpan(day.begin, item.record->data.npoints);
-  job.hostName = day.node;
-  return job;
-}
-
 // Returns what went wrong.
 std::string WriteFile(const WholeFilePlace& place, const GraphJob& job) {
   WholeFile file;
@@ -49,6 +40,14 @@ std::string WriteFile(const WholeFilePlace& place, const GraphJob& job) {
 
 }  // namespace
 
+GraphJob JobOf(const Item& item, const DataDay& day) {
+  GraphJob job;
+  job.mainOverlay = PrepareMainOverlay(*item.record);
+  job.SetSpan(day.begin, item.record->data.npoints);
+  job.hostName = day.node;
+  return job;
+}
+
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
                         const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
   CsvResult result;
@@ -56,9 +55,7 @@ CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
   std::filesystem::create_directories(directory, error);
   if (error) return {0, directory + ": " + error.message()};
 
-  std::vector<std::string> headings;
-  VisitItems(sections, [&](const Item& item) { headings.push_back(item.heading); });
-  const std::vector<std::string> names = CsvNames(headings);
+  const std::vector<std::string> names = FileNames(sections, ".csv");
   size_t next = 0;
   VisitItems(sections, [&](const Item& item) {
     const std::string& name = names[next++];
@@ -69,15 +66,15 @@ CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
   return result;
 }
 
-std::vector<std::string> CsvNames(const std::vector<std::string>& headings) {
+std::vector<std::string> FileNames(const std::vector<Section>& sections, const std::string& ending) {
   std::vector<std::string> names;
   std::set<std::string> taken;
-  for (const std::string& heading : headings) {
-    const std::string plain = PlainName(heading);
+  VisitItems(sections, [&](const Item& item) {
+    const std::string plain = PlainName(item.heading);
     std::string name = plain;
     for (int number = 2; !taken.insert(name).second; ++number) name = plain + '_' + std::to_string(number);
-    names.push_back(name + std::string(EXTENSION));
-  }
+    names.push_back(name + ending);
+  });
   return names;
 }
 

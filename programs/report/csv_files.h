@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "output/graph_job.h"
 #include "programs/report/data_day.h"
 #include "programs/report/items.h"
 
@@ -20,10 +21,12 @@ struct CsvResult {
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
                         const std::vector<Section>& sections, std::span<const FileIdentity> inputs);
 
-// File names for the headings, in their order: letters and digits of ASCII in lower case, what lies between
-// them as
-// "_", cut at a length that every file system takes, with a number behind the name where it would be there
-// twice.
-std::vector<std::string> CsvNames(const std::vector<std::string>& headings);
+// The graph of an item, as the tool would be asked for it; type, size and file are left open.
+GraphJob JobOf(const Item& item, const DataDay& day);
+
+// Names of files for the items, in their order: letters and digits of the heading in ASCII and lower case,
+// what is between them as "_", cut at a length that every file system takes, with a number after a name that
+// is there already, and the ending.
+std::vector<std::string> FileNames(const std::vector<Section>& sections, const std::string& ending);
 
 }  // namespace ozmo::report

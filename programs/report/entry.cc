@@ -191,6 +191,15 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
     if (!csv.failure.empty()) return csv.failure;
     std::printf("%s: %d CSV files\n", PrintableText(options.csvDirectory).c_str(), csv.files);
   }
+  if (!options.pictureDirectory.empty()) {
+    const PicturesResult pictures = WritePictures(options.pictureDirectory, options.picture, day, sections);
+    for (const std::string& failure : pictures.failures) {
+      Complain(PROGRAM, failure);
+      problems.push_back(failure);
+    }
+    std::printf("%s: %s\n", PrintableText(options.pictureDirectory).c_str(),
+                CountText(pictures.files, "picture").c_str());
+  }
   if (!options.WritesPage()) return "";
   PageData data = PageDataOf(day, sections);
   data.file = BaseName(options.dataFile);

@@ -12,7 +12,7 @@ namespace {
 constexpr int END_OF_OPTIONS = -1;
 
 // A value of its own for each option without a letter.
-enum LongOption { BEGIN = 256, END, ITEM, CLASSES, BASELINE, MARKS, LIST, CSV, VERSION };
+enum LongOption { BEGIN = 256, END, ITEM, CLASSES, BASELINE, MARKS, GRAPHS, TYPE, SIZE, LIST, CSV, VERSION };
 
 constexpr option LONG_OPTIONS[] = {{"begin", required_argument, nullptr, BEGIN},
                                    {"end", required_argument, nullptr, END},
@@ -20,6 +20,9 @@ constexpr option LONG_OPTIONS[] = {{"begin", required_argument, nullptr, BEGIN},
                                    {"classes", required_argument, nullptr, CLASSES},
                                    {"baseline", required_argument, nullptr, BASELINE},
                                    {"marks", required_argument, nullptr, MARKS},
+                                   {"graphs", required_argument, nullptr, GRAPHS},
+                                   {"type", required_argument, nullptr, TYPE},
+                                   {"size", required_argument, nullptr, SIZE},
                                    {"list", no_argument, nullptr, LIST},
                                    {"csv", required_argument, nullptr, CSV},
                                    {"output", required_argument, nullptr, 'o'},
@@ -39,6 +42,13 @@ std::string TakeText(std::string& target, const char* option, const char* text) 
   return target.empty() ? std::string(option) + " takes a name" : "";
 }
 
+std::string TakeType(PictureForm& form, const char* word) {
+  const std::optional<GraphType> type = PictureTypeOf(word);
+  if (!type) return std::string("--type takes gif, ps or jpeg, and not \"") + word + "\"";
+  form.type = *type;
+  return "";
+}
+
 // Takes one option; returns what is wrong with it.
 std::string TakeOption(Options& options, int number, const char* value) {
   switch (number) {
@@ -55,6 +65,13 @@ std::string TakeOption(Options& options, int number, const char* value) {
       return TakeText(options.baseline, "--baseline", value);
     case MARKS:
       return TakeText(options.marksFile, "--marks", value);
+    case GRAPHS:
+      return TakeText(options.pictureDirectory, "--graphs", value);
+    case TYPE:
+      return TakeType(options.picture, value);
+    case SIZE:
+      if (TakeSize(value, options.picture)) return "";
+      return std::string("--size takes width and height in dots as 720x556, and not \"") + value + "\"";
     case CSV:
       return TakeText(options.csvDirectory, "--csv", value);
     case 'o':
@@ -117,6 +134,9 @@ std::string HelpText() {
          "\n"
          "  -o, --output PAGE.html  the page (the data file's name with .html, in the working directory)\n"
          "      --csv DIR           a CSV file for each item, into the directory DIR\n"
+         "      --graphs DIR        a picture of each item, as ozmo_graph draws it, into the directory DIR\n"
+         "      --type TYPE         of the pictures: gif (also without it), ps or jpeg\n"
+         "      --size WxH          of the pictures, in dots (the page of ozmo_graph, 11 by 8.5 inches)\n"
          "      --list              the items of the file with their traces, on standard output\n"
          "      --begin TIME        first minute of the span (the first day of the file)\n"
          "      --end TIME          last minute of the span (the end of the day of the begin)\n"
@@ -127,7 +147,8 @@ std::string HelpText() {
          "  -h, --help\n"
          "      --version\n"
          "\n"
-         "With --list or --csv a page is written only if -o names it. A TIME is local: 2012-02-22T08:00,\n"
+         "With --list, --csv or --graphs a page is written only if -o names it. A TIME is local: "
+         "2012-02-22T08:00,\n"
          "2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a failure, 2 usage.\n";
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "programs/report/graph_files.h"
 #include "runtime/times.h"
 
 namespace ozmo::report {
@@ -22,10 +23,14 @@ struct Options {
   std::string baseline;            // a data file or a time back; empty: none
   std::string marksFile;           // empty: none
   bool list = false;
-  std::string csvDirectory;  // empty: no CSV files
-  std::string pageFile;      // empty: see WritesPage
+  std::string csvDirectory;      // empty: no CSV files
+  std::string pictureDirectory;  // empty: no pictures
+  PictureForm picture;
+  std::string pageFile;  // empty: see WritesPage
   const std::string& ReadPath() const { return importedFile.empty() ? dataFile : importedFile; }
-  bool WritesPage() const { return !pageFile.empty() || (!list && csvDirectory.empty()); }
+  bool WritesPage() const {
+    return !pageFile.empty() || (!list && csvDirectory.empty() && pictureDirectory.empty());
+  }
 };
 
 struct ParsedOptions {

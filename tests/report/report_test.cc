@@ -76,6 +76,18 @@ TEST_P(ReportCsv, FilesHoldTheBytesThatTheToolWrites) {
   // Adapters have three graphs of one title, of which the tool finds the first.
   std::set<std::string> titles = Titles(listed.standardOutput);
   ASSERT_GT(titles.size(), 40U);
+  const ProcessResult drawn =
+      Run({data, "--graphs", "pictures", "--type", "jpeg", "--size", "360x280", "--item", *titles.begin(),
+           "--end", "2012-02-22T08:50", "--begin", "2012-02-22T08:00"});
+  ASSERT_EQ(drawn.exitStatus, 0) << drawn.standardError;
+  Run({"-vmrunix", data, "-begin", "22-Feb-2012:08:00:00", "-end", "22-Feb-2012:08:50:00", "-item",
+       *titles.begin(), "-graph_file", "graph.jpg", "-type", "jpg", "-width", "360pix", "-height", "280pix"},
+      TOOL);
+  std::set<std::string> pictures;
+  for (const fs::directory_entry& file : fs::directory_iterator(Path("pictures"))) {
+    pictures.insert(ReadWholeFile(file.path()));
+  }
+  EXPECT_EQ(pictures.count(ReadWholeFile(Path("graph.jpg"))), 1U) << *titles.begin();
   std::map<std::string, std::set<std::string>> tables;
   for (const fs::directory_entry& file : fs::directory_iterator(Path("csv"))) {
     const std::string csv = ReadWholeFile(file.path());
@@ -121,6 +133,8 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{data, "-o", "noted.html", "--marks", data}, 1, ": no mark: "},
       {{data, "-o", "noted.html", "--marks", "missing"}, 1, "missing: No such file"},
       {{data, "--classes", "nofile"}, 1, "nofile: No such file or directory"},
+      {{data, "--graphs", "pictures", "--type", "png"}, 2, "--type takes gif, ps or jpeg"},
+      {{data, "--graphs", "pictures", "--size", "720"}, 2, "--size takes width and height"},
       {{}, 2, "no data file"},
       {{data, "--begin", "22.2.2012"}, 2, "--begin takes a time"},
       {{data, "--begin", "2012-02-30"}, 2, "--begin takes a time"},
