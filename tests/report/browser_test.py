@@ -194,6 +194,12 @@ PLANTED = {"runaway": ("Top 10 Images", "runaway"), "slow-disk": ("Disks", "sda"
            "system-time": ("By Mode", "User"), "leak": ("Memory Allocation", "Applications")}
 
 
+def means_of_hit(browser):
+    """The means of both days in the row that is marked, in the table of the chart that has the focus."""
+    cells = browser.switch_to.active_element.find_elements(By.XPATH, "ancestor::article//tr[@class='hit']/td")
+    return [cells[1].text, cells[-1].text] if len(cells) > 1 else []
+
+
 def check_planted(browser, run, build, directory):
     """What was planted comes first, with the means of both days' tables, and a click leads there."""
     for change, words in PLANTED.items():
@@ -207,8 +213,8 @@ def check_planted(browser, run, build, directory):
             return rows.length > 1 && [...rows[0].children].map((cell) => cell.textContent)"""), change)
         assert all(word in cell for word, cell in zip(words, first)), (change, first)
         browser.find_element(By.CSS_SELECTOR, "#differs .lead").click()
-        cells = browser.switch_to.active_element.find_elements(By.XPATH, "ancestor::article//tr[@class='hit']/td")
-        assert cells[1].text == first[3] and cells[-1].text == first[4], (first, [cell.text for cell in cells])
+        # The chart that it leads to, and its table, are drawn once they are in view.
+        wait_for(lambda: means_of_hit(browser) == [first[3], first[4]], change, first)
 
 
 def check_happened(browser):
