@@ -87,12 +87,8 @@ std::string DayFile::Add(const Sample& sample) {
   const int64_t stamp = sample.time + shift_;
   std::string bytes;
   // After a gap the sample gets a begin of its own. Clocks are read to a second.
-  int64_t begin = stamp - sample.seconds;
-  if (begin <= stamp_ + 1) {
-    begin = stamp_;
-  } else {
-    bytes = host_file::TimeRecord(begin);
-  }
+  const int64_t begin = stamp - sample.seconds;
+  if (begin > stamp_ + 1) bytes = host_file::TimeRecord(begin);
   stamp_ = stamp;
   seconds_ = sample.seconds;
   return Write(bytes + host_file::SampleRecords(stamp, ConfigurationOf(sample, stamp), sample.figures));
