@@ -28,7 +28,7 @@ struct DiskFigures {
   float usedGb = 0.0F;
 };
 
-// A trace and a graph of a disk. A %s stands for the disk's name; legends are used as they are.
+// A trace and a graph of a disk. A %s is the disk's name; legends are used as they are.
 struct DiskTrace {
   const char* labelFormat;
   const char* colour;

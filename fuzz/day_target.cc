@@ -27,7 +27,7 @@ const KindRow& Kind() { return *std::ranges::find(ReaderKinds(), DAY_KIND, &Kind
 
 bool IsText() { return Kind().kind == ReaderKind::VMR; }
 
-// "N" stands for the number of the file in its day. The second form is of files in the other order of bytes,
+// "N" is the number of the file in its day. The second form is of files in the other order of bytes,
 // or in capitals.
 std::string PathFor(bool secondForm) {
   if (IsText()) return secondForm ? "./qtx_f_2012Feb22_N.VMR" : "./qtx_f_2012Feb22_N.vmr";

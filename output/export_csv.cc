@@ -38,7 +38,7 @@ void WriteColumnHeads(std::FILE* stream, const GraphJob& job) {
   std::fprintf(stream, "\n");
 }
 
-// As printf's "%6.2f" writes it, at a fifth of the cost: a table is mostly values.
+// As printf's "%6.2f" writes it, and faster: a table is mostly values.
 void WriteValue(std::FILE* stream, float value) {
   constexpr std::string_view SEPARATOR = ",  ";
   constexpr size_t WIDTH = 6;

@@ -2,7 +2,7 @@
 //
 // `zstd -d` gives the plain file back. Readers can begin in the middle, since the file ends in a seek table
 // in the seekable format of zstd's contrib/seekable_format; and they find an hour without opening the hours
-// before it, since ahead of that table there is an index:
+// before it, since an index comes before that table:
 //
 //   frames of 256 kB of the recording | a skippable frame of type 0 with the index | the seek table
 //
