@@ -1,4 +1,4 @@
-// The class file. Behind a NUL stand users and commands to be classified, one a line.
+// The class file. After a NUL come users and commands to be classified, one a line.
 #include "fuzz/harness.h"
 #include "workload/classifier.h"
 

@@ -5,7 +5,7 @@
 //   480 540 0 81920                          begin and end, minutes of the day; 1: the second form of the
 //   file's
 //                                            name; size of the day's first file
-//   (bytes)                                  of the file; what lies behind its size is the day's second file
+//   (bytes)                                  of the file; what lies beyond its size is the day's second file
 #pragma once
 
 #include <string>

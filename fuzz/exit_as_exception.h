@@ -1,4 +1,4 @@
-// Read ahead of every source of the tool in a fuzz build: where the tool ends its process, it throws instead,
+// Included before every source of the tool in a fuzz build: where the tool ends its process, it throws instead,
 // so that a fuzz target goes on with its next input and whatever the run held is given back on the way.
 #pragma once
 
@@ -10,7 +10,7 @@ struct ExitCall {
   int status;
 };
 
-// What has to happen while the run's objects still stand.
+// What has to happen while the run's objects still exist.
 inline void (*beforeExit)() = nullptr;
 
 [[noreturn]] inline void ThrowExit(int status) {

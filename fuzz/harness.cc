@@ -76,7 +76,7 @@ std::vector<char*> ArgumentsOf(std::vector<std::string>& words) {
 
 }  // namespace ozmo::fuzz
 
-// Called by libFuzzer ahead of everything else. Paths among the arguments stay good in the new directory.
+// Called by libFuzzer before everything else. Paths among the arguments stay good in the new directory.
 extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
   static std::vector<std::string> words(*arguments, *arguments + *count);
   for (size_t i = 1; i < words.size(); ++i) {

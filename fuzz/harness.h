@@ -26,10 +26,10 @@ void AsRun(Work work) {
 // Writes a file into the working directory, which is a scratch directory of the process's own in memory.
 void WriteScratch(const std::string& name, std::string_view bytes);
 
-// Cuts off and answers the text up to `mark`, the mark left out; all of it where there is no mark.
+// Cuts off and returns the text up to `mark`, the mark left out; all of it where there is no mark.
 std::string_view CutUpTo(std::string_view& text, char mark);
 
-// Words as main takes them, with a null behind the last.
+// Words as main takes them, with a null after the last.
 std::vector<char*> ArgumentsOf(std::vector<std::string>& words);
 
 inline std::string_view TextOf(const uint8_t* data, size_t size) {

@@ -61,7 +61,7 @@ void StoreNumber(std::string& bytes, size_t offset, uint32_t number, Framing fra
 }
 
 std::string& AnyRecord(RecordRow& row, Random& random) {
-  // Half of them at the head, where lists and configuration stand.
+  // Half of them at the head, where lists and configuration are.
   const size_t count = random() % 2 == 0 ? row.records.size() : std::min<size_t>(row.records.size(), 40);
   return row.records[Below(random, count)];
 }
@@ -70,7 +70,7 @@ bool HasHead(const RecordRow& row, const std::string& record) {
   return row.framing != Framing::LINES && record.size() >= HEAD_SIZE;
 }
 
-// Lets the record's length tell the truth again.
+// Makes the record's length right again.
 void SettleLength(const RecordRow& row, std::string& record) {
   if (HasHead(row, record)) StoreNumber(record, 0, static_cast<uint32_t>(record.size()), row.framing);
 }

@@ -15,7 +15,7 @@ enum class Framing {
   LINES    // of text
 };
 
-// A record has its head, or its line feed. What can't be cut is the last one. The order of bytes is told by
+// A record has its head, or its line feed. What can't be cut is the last one. The order of bytes is given by
 // which makes the first record the shorter one.
 struct RecordRow {
   Framing framing = Framing::LINES;

@@ -26,7 +26,7 @@ void WriteHead(std::FILE* stream, const GraphJob& job) {
                job.additionalOverlay ? job.additionalOverlay->title.c_str() : "(null)");
 }
 
-// A column always has a head: "(null)" stands for a trace without a label.
+// A column always has a head: "(null)" means a trace without a label.
 void WriteColumnHead(std::FILE* stream, const OverlayTrace& trace) {
   std::fprintf(stream, ",  %s", trace.label ? trace.label->c_str() : "(null)");
 }

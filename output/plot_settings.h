@@ -23,7 +23,7 @@ inline constexpr int STYLE_ROWS = 7;
 // Libplot colour names by row; a row without a name leaves the colour as it is.
 using ColourTable = std::array<std::optional<std::string>, STYLE_ROWS>;
 
-// Whatever colour the catalog gives its trace, an overlay has to stand out from the areas below it.
+// Whatever colour the catalog gives its trace, an overlay has to differ from the areas below it.
 inline constexpr const char* OVERLAY_COLOUR = "orange";
 
 struct PlotSettings {

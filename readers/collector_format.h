@@ -20,7 +20,7 @@ namespace ozmo {
 struct FieldSpec {
   int32_t fieldId;
   FieldSize size;
-  int32_t fixedDivisor = NOT_FOUND_ID;  // stands whatever the file's divisor list says
+  int32_t fixedDivisor = NOT_FOUND_ID;  // holds whatever the file's divisor list says
 };
 
 // One data record type of a version. Its slots are in table order, which is the order decoders see.

@@ -128,7 +128,7 @@ constexpr bool EachTypeHasOneLayout(std::span<const RecordLayout> rows) {
   return true;
 }
 
-constexpr bool EachFieldStandsOnce(std::span<const RecordLayout> rows) {
+constexpr bool HasEachFieldOnce(std::span<const RecordLayout> rows) {
   for (const RecordLayout& row : rows) {
     for (size_t i = 0; i < row.fields.size(); ++i) {
       for (size_t j = 0; j < i; ++j) {
@@ -153,7 +153,7 @@ template <const auto& Layouts, uint32_t Version, FieldSize CounterSize = NARROW_
 constexpr RecordTable TableOf(std::string_view name) {
   constexpr auto& ROWS = VERSION_ROWS<Layouts, Version, CounterSize>;
   static_assert(EachTypeHasOneLayout(ROWS), "a record type has two layouts in one version");
-  static_assert(EachFieldStandsOnce(ROWS), "a field stands twice in a record");
+  static_assert(HasEachFieldOnce(ROWS), "a field is twice in a record");
   return {.name = name, .rows = ROWS, .counters = CounterSize};
 }
 

@@ -26,7 +26,7 @@ void Complain(std::string_view program, std::string_view text) {
 int CloseOutput(std::string_view program, int status) {
   errno = EIO;  // for what an earlier call has met
   bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-  // Some file systems tell only at the end that there was no room.
+  // Some file systems say only at the end that there was no room.
   if (close(STDOUT_FILENO) != 0) isWritten = false;
   if (isWritten || errno == EPIPE) return status;
   Complain(program, std::string("standard output: ") + std::strerror(errno));

@@ -18,7 +18,7 @@ namespace ozmo {
 // and what is printed would land in it.
 void OpenStandardStreams();
 
-// "PROGRAM: TEXT" as one line on standard error, printable whatever names stand in the text.
+// "PROGRAM: TEXT" as one line on standard error, printable whatever names are in the text.
 void Complain(std::string_view program, std::string_view text);
 
 // Has all that was printed leave the program. Returns `status`; when it is 0 and something could not be

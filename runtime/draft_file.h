@@ -17,7 +17,7 @@ class DraftFile {
   DraftFile& operator=(const DraftFile&) = delete;
 
   // Takes `path`, which is open as `file`, for a draft from now on. Only a plain file is one: nobody wants a
-  // device or a pipe taken away. A link stands for the file that it leads to. A process has room for a few
+  // device or a pipe taken away. Of a link it is the file that it leads to. A process has room for a few
   // drafts at a time; one beyond them is simply not taken care of.
   void Watch(const std::string& path, int file);
 

@@ -1,4 +1,4 @@
-// Which file a path or descriptor stands for, whatever it is called.
+// Which file a path or descriptor leads to, whatever it is called.
 #pragma once
 
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 // The text files that the tool reads beside the data: messages, resources, workload classes.
 //
 // Whoever runs the tool doesn't always choose them, as they lie in a working or a library directory. So a
-// name that stands for something else than a plain file (a pipe, a device, a directory), or for one of more
+// name that leads to something else than a plain file (a pipe, a device, a directory), or for one of more
 // than 64 MiB, counts as a missing file, and a line has a greatest length: no file can make the tool wait or
 // hold more than it has use for.
 #pragma once

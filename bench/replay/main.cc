@@ -11,7 +11,7 @@
 
 namespace {
 
-// At the library's defaults, as `output` leaves it: a raw portable map behind three numbers.
+// At the library's defaults, as `output` leaves it: a raw portable map after three numbers.
 void Compress(std::FILE* map, std::FILE* target) {
   jpeg_compress_struct compressor;
   jpeg_error_mgr errors;

@@ -29,7 +29,7 @@ ProcessorSums AddAixProcessors(ProcessorPass& pass, const Minute& minute, const 
   return sums;
 }
 
-// The machine-wide record stands for the processors where an interval brings no more.
+// The machine-wide record is used for the processors where an interval brings no more.
 bool HasProcessorsOrMachine(const VmrContext& interval) {
   return HasProcessors(interval) || !interval.overallCpu.primary.empty();
 }

@@ -60,8 +60,8 @@ struct Time {
 };
 constexpr FieldRun<Time> TIME_FIELDS[] = {{901, 901, INT8, NUMBER<&Time::seconds>}};
 
-// The memory stands in kilobytes if a signed word holds them, up to 2 TB, and in megabytes beyond. The
-// divisor tells which.
+// The memory is in kilobytes if a signed word holds them, up to 2 TB, and in megabytes beyond. The
+// divisor says which.
 constexpr bool HasKilobytes(const Configuration& configuration) {
   return configuration.memoryKilobytes <= std::numeric_limits<int32_t>::max();
 }
@@ -96,7 +96,7 @@ constexpr FieldRun<ProcessorFigures> PROCESSOR_FIELDS[] = {
     {807, 807, INT8, NUMBER<&ProcessorFigures::wait>},
 };
 
-// Field 206 and those behind it are the kernel's own figures.
+// Field 206 and those after it are the kernel's own figures.
 constexpr FieldRun<DiskFigures> DISK_FIELDS[] = {
     Text<DiskFigures>(201, TEXT_OF<&DiskFigures::name>),
     {206, 216, INT8, ELEMENT<&DiskFigures::figures>},
@@ -190,7 +190,7 @@ void PutData(std::string& bytes, RecordType type, std::span<const FieldRun<Sourc
   });
 }
 
-// Readers put each record of a list ahead of the ones before, so the last one leads their graphs.
+// Readers put each record of a list in front of the list, so the last one leads their graphs.
 template <class Source>
 void PutList(std::string& bytes, RecordType type, std::span<const FieldRun<Source>> runs,
              const std::vector<Source>& list) {

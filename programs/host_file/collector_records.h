@@ -1,8 +1,8 @@
 // The records of a Linux collector file, of collector version P730_64: little-endian, wide counters.
 //
-// A record is its length, its type and its fields, one behind the other. Which fields a record has is told
-// ahead of the data, in a list of their ids (type R * 100) and a list of their divisors (type R * 10), which
-// are all 1 here but for that of a large memory. A time record stands ahead of the records of each sample and
+// A record is its length, its type and its fields, one after the other. Which fields a record has is given
+// before the data, by a list of their ids (type R * 100) and a list of their divisors (type R * 10), which
+// are all 1 here but for that of a large memory. A time record comes before the records of each sample and
 // gives the end of their interval; the interval is what lies between it and the time record before.
 #pragma once
 

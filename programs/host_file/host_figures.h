@@ -1,8 +1,8 @@
-// What the kernel tells of a host.
+// What the kernel publishes of a host.
 //
 // One shape serves twice. As HostReader fills it, a counter is what was counted since boot; as DifferenceOf
 // (in difference.h) makes it, a counter is what was counted in an interval. A level is the figure of the
-// moment in both. Lists stand in the kernel's order.
+// moment in both. Lists are in the kernel's order.
 #pragma once
 
 #include <array>

@@ -69,7 +69,7 @@ std::string RecordingFile::Append(std::string_view bytes) {
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) {
       std::string failure = Failure();
-      // What stands half goes away again. If that fails too, readers stop at the piece.
+      // What was written in part is cut off again. If that fails too, readers stop at the piece.
       size_ = end;
       if (ftruncate(file_, end) != 0) return failure + "; the last sample is cut off";
       return failure;

@@ -36,7 +36,7 @@ class RecordingFile {
   // compressed file either. Nothing is overwritten. Its user and group can read it, less the mask.
   [[nodiscard]] std::string Create(const std::string& directory, const std::string& node, int64_t time);
 
-  // Puts `bytes` behind what is in the file, whole or not at all.
+  // Appends `bytes` to the file, whole or not at all.
   [[nodiscard]] std::string Append(std::string_view bytes);
 
   // Empty as long as the file is what was written here. Otherwise says what became of it and closes it: what

@@ -250,16 +250,16 @@ constexpr Description DESCRIPTIONS[] = {
 
     // Adapters
     {.title = "Overall LAN Packet Rates by Adapter",
-     .source = "packets received and sent; values behind an adapter's first interval are 1.0 lower than in "
+     .source = "packets received and sent; values after an adapter's first interval are 1.0 lower than in "
                "the file",
      .traces = EACH_ADAPTER},
     {.title = "Overall LAN Data Rates by Adapter",
-     .source = "data received and sent, Kbytes of 1000 bytes; values behind an adapter's first interval are "
+     .source = "data received and sent, Kbytes of 1000 bytes; values after an adapter's first interval are "
                "1.0 lower "
                "than in the file",
      .traces = EACH_ADAPTER},
     {.title = "ADAPTER",
-     .source = "packets received and sent; values behind an adapter's first interval are 1.0 lower than in "
+     .source = "packets received and sent; values after an adapter's first interval are 1.0 lower than in "
                "the file"},
 
     // Partitions

@@ -6,11 +6,11 @@
 
 namespace ozmo::items {
 
-// Traces of a Top list: its ranks, and what stands behind them.
+// Traces of a Top list: its ranks, and what follows them.
 inline constexpr std::string_view RANKED = "ranked";
 
 struct Description {
-  std::string_view title;        // of the item, a run of blanks as one; DISK, ADAPTER, CPU-N stand for names
+  std::string_view title;        // of the item, a run of blanks as one; DISK, ADAPTER, CPU-N in place of names
   std::string_view source;       // what the item is computed from
   std::string_view traces = {};  // of an item whose traces come at run time; empty: as in the catalog
   std::string_view platforms =

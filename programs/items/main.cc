@@ -53,10 +53,10 @@ letters, blanks and quotes don't count in a title or trace.
 - *Unit* is the title of the y axis.
 - *Top* is a fixed top of the y axis, which ends a tenth above it. Without one the axis follows the highest
   value.
-- *Traces* stand in the order of the CSV columns and from the top of the plot down. They are stacked, so the
+- *Traces* are in the order of the CSV columns and from the top of the plot down. They are stacked, so the
   height of a plot is their sum. An overlay is one trace of another item by its own value:
   `-overlay "ITEM@TRACE"`.
-- `DISK`, `ADAPTER` and `CPU-N` stand for names in the data file, `NAME` for what a list ranks.
+- `DISK`, `ADAPTER` and `CPU-N` take the place of names in the data file, `NAME` for what a list ranks.
 
 Any trace may be laid over an item without a top; it is drawn to a scale of its own. Over an item with a top go
 the traces of items that have one too: any other has no scale there and is of no use.
@@ -103,11 +103,11 @@ struct Item {
   std::string unit;
   float top = 0.0F;                 // 0: none
   std::vector<std::string> labels;  // of its traces
-  bool isStatic = true;             // no name of the data file stands in its title
-  bool isReached = true;            // by its title: no other of the same title stands ahead
+  bool isStatic = true;             // no name of the data file is in its title
+  bool isReached = true;            // by its title: no other of the same title comes before it
 };
 
-// Lists the graphs of a catalog. Of the rows that come at run time, one for each name, the first stand for
+// Lists the graphs of a catalog. Of the rows that come at run time, one for each name, the first takes the place of
 // all.
 class ItemList {
  public:
@@ -171,7 +171,7 @@ std::string Joined(const std::vector<std::string>& labels) {
   return text;
 }
 
-// "#0 NAME to #9 NAME" for labels that begin with a rank, and what stands behind the ranks.
+// "#0 NAME to #9 NAME" for labels that begin with a rank, and what follows the ranks.
 std::string RankedTraces(const std::vector<std::string>& labels) {
   const std::string& first = labels.front();
   const size_t digit = first.find_first_of("01");
@@ -179,11 +179,11 @@ std::string RankedTraces(const std::vector<std::string>& labels) {
   for (const std::string& label : labels) {
     if (label == "Others" || label == "DPC+Interrupt") others.push_back(label);
   }
-  const std::string ahead = first.substr(0, digit);
-  const std::string behind = first.substr(digit + 1, OneBlank(first).find(' ') - digit - 1) + " NAME";
+  const std::string before = first.substr(0, digit);
+  const std::string after = first.substr(digit + 1, OneBlank(first).find(' ') - digit - 1) + " NAME";
   const int rank = first[digit] - '0';
-  const std::string range = "`" + ahead + std::to_string(rank) + behind + "` to `" + ahead +
-                            std::to_string(rank + 9) + behind + "`";
+  const std::string range = "`" + before + std::to_string(rank) + after + "` to `" + before +
+                            std::to_string(rank + 9) + after + "`";
   return others.empty() ? range : range + ", " + Joined(others);
 }
 
@@ -206,7 +206,7 @@ void WriteItem(std::ostream& out, const Item& item, const Platform& platform, Us
   if (item.labels.empty()) {
     source = "never found: these files have no such data";
   } else if (!item.isReached) {
-    source = "not reached: an item ahead has the same title";
+    source = "not reached: an earlier item has the same title";
   } else {
     description = FindDescription(item.title, platform.word);
     if (description == nullptr) Fail("no description of \"" + item.title + "\"");
@@ -233,7 +233,7 @@ void WritePlatform(std::ostream& out, const Platform& platform, const std::vecto
 }
 
 // The document, and the titles for the completion of the shell: platform, title and those traces whose labels
-// don't come from the data file, behind tabs.
+// don't come from the data file, each after a tab.
 void WriteLists(const std::filesystem::path& directory) {
   const std::filesystem::path samples = directory / "item_samples";
   std::ofstream document(directory / "items.md");
@@ -271,7 +271,7 @@ int main(int argc, char* argv[]) {
     std::cerr << "usage: ozmo_items DIRECTORY\n";
     return EXIT_FAILURE;
   }
-  if (std::freopen("/dev/null", "w", stdout) == nullptr) return EXIT_FAILURE;  // what the readers tell
+  if (std::freopen("/dev/null", "w", stdout) == nullptr) return EXIT_FAILURE;  // what the readers report
   ozmo::items::WriteLists(argv[1]);
   return EXIT_SUCCESS;
 }

@@ -1,4 +1,4 @@
-// The figures of file systems, none of which may hold up the recorder: a dying disk or a server behind a
+// The figures of file systems, none of which may hold up the recorder: a dying disk or a server of a
 // mount can keep whoever asks it waiting for ever, out of reach of signals.
 #pragma once
 
@@ -17,12 +17,12 @@ struct FileSystemAnswer {
   struct statvfs figures {};  // of GIVEN
 };
 
-// A process of its own asks the file systems one after the other, as only a process can be left behind while
-// it hangs. One that hasn't had its answer in two seconds is left behind; its file system isn't asked again
+// A process of its own asks the file systems one after the other, as only a process can be given up while
+// it hangs. One that hasn't had its reply in two seconds is given up; its file system isn't asked again
 // before that process has ended, which it does once it is answered.
 class FileSystemProbe {
  public:
-  // An answer for each mount point, in their order. A signal that SleepUntil takes ends the wait.
+  // A reply for each mount point, in their order. A signal that SleepUntil takes ends the wait.
   std::vector<FileSystemAnswer> Ask(const std::vector<std::string>& mountPoints);
 
  private:

@@ -26,7 +26,7 @@ bool IsOnDisk(libmnt_fs* mount) {
   return !isImage && (type == "zfs" || TextOf(mnt_fs_get_source(mount)).starts_with("/dev/"));
 }
 
-// What tells a file system from others. A device may be mounted in parts that have numbers of their own.
+// What distinguishes a file system from others. A device may be mounted in parts that have numbers of their own.
 std::string IdentityOf(libmnt_fs* mount) {
   const std::string source = TextOf(mnt_fs_get_source(mount));
   return source.starts_with("/dev/") ? source : std::to_string(mnt_fs_get_devno(mount));
@@ -58,10 +58,10 @@ std::vector<MountedFileSystem> FileSystemsOnDisks(Notices& notices) {
   return mounted;
 }
 
-// Empty for an answer that is given or has not been waited for.
+// Empty for a reply that is given or has not been waited for.
 std::string ReasonOf(const FileSystemAnswer& answer) {
   if (answer.state == FileSystemAnswer::FAILED) return std::strerror(answer.reason);
-  return answer.state == FileSystemAnswer::SILENT ? "doesn't answer" : "";
+  return answer.state == FileSystemAnswer::SILENT ? "doesn't respond" : "";
 }
 
 }  // namespace

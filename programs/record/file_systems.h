@@ -10,9 +10,9 @@
 namespace ozmo::record {
 
 // The file systems on this host's disks, each once, at its first mount point, and whatever is mounted at "/".
-// Left out are those in memory and on other hosts, where a server that doesn't answer would hold up the
+// Left out are those in memory and on other hosts, where a server that doesn't respond would hold up the
 // recorder, and images that can't be written and so are always full.
-// One that doesn't answer is left out as well, with a notice.
+// One that doesn't respond is left out as well, with a notice.
 std::vector<host_file::FileSystemFigures> ReadFileSystems(FileSystemProbe& probe, Notices& notices);
 
 }  // namespace ozmo::record

@@ -8,7 +8,7 @@ namespace ozmo::record {
 
 constexpr int64_t NANOSECONDS = 1'000'000'000;  // of a second
 
-// One moment on both clocks. Intervals are taken from the steady clock, which no one sets and which stands
+// One moment on both clocks. Intervals are taken from the steady clock, which no one sets and which stops
 // still while the host is suspended; files are stamped by the wall clock.
 struct Moment {
   int64_t wall = 0;    // nanoseconds since 1970
@@ -29,8 +29,8 @@ constexpr int64_t LAST_STAMP = std::numeric_limits<int32_t>::max();  // of data 
 // interval away from the ends, or 15 seconds if that is less. The wait is half a minute at most.
 int64_t BeginOf(const Moment& moment, int64_t intervalSeconds);
 
-// The steady time at which the sample behind the one of `last` is due, which was due at `due`. Samples are
-// due an interval apart. A host that was too busy has missed some, and the one behind a late sample is missed
+// The steady time at which the sample after the one of `last` is due, which was due at `due`. Samples are
+// due an interval apart. A host that was too busy has missed some, and the one after a late sample is missed
 // on purpose where it would come so soon that readers took both for one.
 int64_t DueAfter(int64_t due, const Moment& last, int64_t intervalSeconds);
 

@@ -21,7 +21,7 @@
 namespace ozmo::record {
 
 // A handle of libproc2, taken when it is first used and given back in the end. Null, with errno set, where
-// the kernel hasn't got the file behind it.
+// the kernel hasn't got its file.
 template <class Info, int (*Release)(Info**)>
 class Handle {
  public:
@@ -103,7 +103,7 @@ uint64_t UptimeTicks() {
 
 uint64_t PageBytes() { return static_cast<uint64_t>(sysconf(_SC_PAGESIZE)); }
 
-// A whole disk has a device behind it. Partitions are parts of one, and volumes, arrays, loop and memory
+// A whole disk has a device in sysfs. Partitions are parts of one, and volumes, arrays, loop and memory
 // devices lie on others: what goes through them would count twice.
 bool IsWholeDisk(std::string name) {
   std::replace(name.begin(), name.end(), '/', '!');  // as the kernel names directories
@@ -111,7 +111,7 @@ bool IsWholeDisk(std::string name) {
 }
 
 // The command as it is recorded. The image of a process is the last part of the path in the first word, so a
-// thread of the kernel loses what stands behind a slash: "kworker/0:1" is one of the workers.
+// thread of the kernel loses what follows a slash: "kworker/0:1" is one of the workers.
 std::string CommandOf(const pids_result* values) {
   constexpr unsigned long KERNEL_THREAD = 0x00200000;
   const std::string_view name = values[process::NAME].result.str;

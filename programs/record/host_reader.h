@@ -21,7 +21,7 @@ class HostReader {
   HostReader& operator=(const HostReader&) = delete;
 
   // Fills `host` with the present figures. What this host or this user can't read is left out, with a notice.
-  // False without processors, memory or processes, as nothing can be recorded then; Failure tells why.
+  // False without processors, memory or processes, as nothing can be recorded then; Failure says why.
   [[nodiscard]] bool Read(host_file::HostFigures& host);
   const std::string& Failure() const { return failure_; }
 

@@ -55,7 +55,7 @@ std::vector<std::string_view> WordsOf(std::string_view line) {
   }
 }
 
-// What isn't a number, or is below 0, counts as 0: "no limit" is told as -1.
+// What isn't a number, or is below 0, counts as 0: "no limit" is -1 there.
 uint64_t NumberOf(std::string_view word) {
   uint64_t number = 0;
   std::from_chars(word.data(), word.data() + word.size(), number);

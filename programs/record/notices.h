@@ -1,4 +1,4 @@
-// What a recorder says to its user on standard error: lines of printable text, whatever names stand in them.
+// What a recorder says to its user on standard error: lines of printable text, whatever names are in them.
 #pragma once
 
 #include <set>

@@ -15,7 +15,7 @@ struct ParsedOptions {
   std::string failure;  // what is wrong with the command line; empty when nothing is
 };
 
-// Takes the words behind the program's name. Options and the directory may stand in any order.
+// Takes the words after the program's name. Options and the directory may come in any order.
 ParsedOptions ParseOptions(int argc, char* const argv[]);
 
 // The text of --help.

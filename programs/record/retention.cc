@@ -37,7 +37,7 @@ bool TakeEnd(std::string_view& text, std::string_view end) {
   return true;
 }
 
-// Noon of the day that a file's name tells, as 2012Feb22.
+// Noon of the day that a file's name gives, as 2012Feb22.
 std::optional<Seconds> DayOf(std::string_view date) {
   constexpr size_t YEAR_SIZE = 4;
   constexpr size_t DATE_SIZE = 9;

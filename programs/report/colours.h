@@ -11,7 +11,7 @@ namespace ozmo::report {
 std::string ColourOf(std::string_view name);
 
 // The colour of a trace that has none of its own: a plot leaves the one before it in force, which a page
-// can't tell apart, so the palette goes round.
+// can't distinguish, so the palette goes round.
 std::string ColourOfSet(int set);
 
 }  // namespace ozmo::report

@@ -16,7 +16,7 @@
 namespace ozmo::report {
 namespace {
 
-// The readers find the files of a day set by their directory, which a bare name doesn't tell.
+// The readers find the files of a day set by their directory, which a bare name doesn't give.
 std::string WithDirectory(const std::string& path) {
   return path.find('/') == std::string::npos ? "./" + path : path;
 }
@@ -64,7 +64,7 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   const std::optional<FileHead>& head = reader.Head();
   if (!head) {
     return {std::nullopt,
-            request.dataFile + ": not a " + day.system + " data file (the name tells the kind)"};
+            request.dataFile + ": not a " + day.system + " data file (the name gives the kind)"};
   }
   day.node = head->nodeName;
   const Span span = SpanOf(request, head->firstRecordTime);

@@ -57,7 +57,7 @@ class Progress {
   Seconds last_ = 0;
 };
 
-// While it lives, standard output goes nowhere: readers tell there which file they read, and the output of
+// While it lives, standard output goes nowhere: readers report there which file they read, and the output of
 // this program is its own.
 class SilentOutput {
  public:
@@ -181,7 +181,7 @@ std::string WritePage(const Options& options, const PageData& data, const Compan
   return "";
 }
 
-// Writes what was asked for; answers what went wrong.
+// Writes what was asked for; returns what went wrong.
 std::string Write(const Options& options, const DayRequest& request, const DataDay& day,
                   const std::vector<Section>& sections, std::vector<std::string>& problems,
                   Runtime& runtime) {

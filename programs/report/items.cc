@@ -28,7 +28,7 @@ void AddSections(std::vector<Section>& sections, std::vector<GraphMenuEntry>& ta
 // Sections without items stay while one below them has some.
 void DropEmptySections(std::vector<Section>& sections) {
   std::vector<Section> kept;
-  int keptLevel = 0;  // of the section behind the one looked at
+  int keptLevel = 0;  // of the section that the one looked at is in
   for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
     if (section->items.empty() && section->level >= keptLevel) continue;
     keptLevel = section->level;

@@ -38,7 +38,7 @@ struct ParsedOptions {
   std::string failure;  // what is wrong with the command line; empty when nothing is
 };
 
-// Takes the words behind the program's name. Options and the file may stand in any order.
+// Takes the words after the program's name. Options and the file may come in any order.
 ParsedOptions ParseOptions(int argc, char* const argv[]);
 
 // What a time without a clock means.

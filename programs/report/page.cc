@@ -106,7 +106,7 @@ std::string PageOf(const PageData& data, const std::string& json, const std::str
   };
   std::string page;
   std::string_view rest = PageTemplate();
-  for (const Slot& slot : slots) {  // they stand in this order
+  for (const Slot& slot : slots) {  // they are in this order
     const size_t place = rest.find(slot.mark);
     page += rest.substr(0, place);
     page += slot.text;

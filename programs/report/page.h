@@ -7,7 +7,7 @@
 
 namespace ozmo::report {
 
-// The whole file. What comes from the data stands in it as escaped text or in a block of JSON that no script
+// The whole file. What comes from the data is in it as escaped text or in a block of JSON that no script
 // element runs. `json` is what the scripts show of it (page_json.h).
 std::string PageOf(const PageData& data, const std::string& json, const std::string& versionText);
 
@@ -20,7 +20,7 @@ std::string CountText(int count, const char* thing);
 // "1.4 MB", in units of 1000.
 std::string SizeText(size_t bytes);
 
-// The page's frame with its style and scripts, made when the program is built. Words between "%%" stand for
+// The page's frame with its style and scripts, made when the program is built. Words between "%%" are places for
 // what a report puts there; each is there once.
 std::string_view PageTemplate();
 

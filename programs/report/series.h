@@ -29,7 +29,7 @@ TraceFigures FiguresOf(std::span<const int64_t> hundredths, int first, int last)
 
 // A text for JSON: each value as its difference from the one before, in digits of five bits, the lowest
 // first, a sixth bit saying that more follow, sign in the lowest bit; each digit a letter of the base64
-// alphabet. Behind a difference of 0 stands how many more of them follow. "!" stands for a point without a
+// alphabet. After a difference of 0 comes how many more of them follow. "!" is a point without a
 // value. A minute of a trace takes two letters or so, an idle day takes four.
 std::string EncodeSeries(std::span<const int64_t> hundredths);
 

@@ -82,7 +82,7 @@ constexpr RecordLayout RECORDS[] = {
 
 constexpr int PAGE_BYTES = 4096;
 
-// The database of a bank: counters and machines by day with a rush ahead of closing time, postings from eight
+// The database of a bank: counters and machines by day with a rush before closing time, postings from eight
 // in the evening to after midnight, and a reorganisation at weekends. Two of the logical processors stay
 // folded.
 constexpr int PHYSICAL_PROCESSORS = 4;
@@ -282,7 +282,7 @@ void WriteProcesses(const HostSample& sample, CollectorFile& file) {
 }
 
 // Fields 701 to 723 are elements 0 to 22, from 724 the field number is the element's plus 700, and
-// from 774 one less. Element 31 stands in two fields. Element 23 has no field.
+// from 774 one less. Element 31 is in two fields. Element 23 has no field.
 void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
   FieldValues counters;
   for (const BsdCounter& counter : BsdCounters()) {

@@ -27,7 +27,7 @@ constexpr BsdCounter COUNTERS[] = {
     {23, [](Network n) { return n.tcpAcksOut * 0.18; }},
     {24, [](Network n) { return n.tcpControlOut; }},
     // TCP received: all, in sequence, its bytes, bad checksum, bad offset, short, duplicate, partly
-    // duplicate, its bytes, out of order, its bytes, behind the window, its bytes, after close,
+    // duplicate, its bytes, out of order, its bytes, beyond the window, its bytes, after close,
     // window probes, window updates.
     {25, [](Network n) { return n.tcpSegmentsIn; }},
     {26, [](Network n) { return n.tcpInOrderIn; }},

@@ -42,7 +42,7 @@ class CollectorFile {
   void WriteTag(std::string_view text) { writer_.Tag(text); }
   // Starts a sample: the time record.
   void BeginSample(uint32_t timeRecord, int32_t timeField, int64_t time);
-  // Writes the record, and behind it its twin if this is the first such record of the sample.
+  // Writes the record, and after it its twin if this is the first such record of the sample.
   void Write(uint32_t recordType, const FieldValues& values);
 
   const std::string& Bytes() const { return writer_.Bytes(); }

@@ -49,7 +49,7 @@ CollectorWriter& CollectorWriter::DivisorList(uint32_t recordType, const std::ve
 CollectorWriter& CollectorWriter::Record(uint32_t recordType, const std::vector<EncodedField>& fields) {
   const size_t start = bytes_.size();
   RecordWithLength(0, recordType, fields);
-  // The length stands ahead of a payload whose size is only known now.
+  // The length comes before a payload whose size is only known now.
   bytes_.replace(start, 4, NumberBytes(bytes_.size() - start, 4));
   return *this;
 }

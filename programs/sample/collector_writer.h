@@ -1,11 +1,11 @@
 // Writes collector files, byte by byte.
 //
 // A collector file is a chain of records without any header: a length that counts itself, a type
-// number, and the payload. What the fields of a data record are is told by two lists that stand
-// ahead of the data: the record R * 100 holds the field ids of record R in file order, the record
+// number, and the payload. What the fields of a data record are is given by two lists that come
+// before the data: the record R * 100 holds the field ids of record R in file order, the record
 // R * 10 the divisors of these fields, position by position. Record 99 is a mark with a text.
 //
-// The writer knows nothing else of any platform: which records and fields there are is told by
+// The writer knows nothing else of any platform: which records and fields there are is given by
 // whoever writes (a kind of sample files by its layouts, a test for its own case). It shares no code with
 // the readers, so that a slip on one side does not hide one on the other.
 //
@@ -42,14 +42,14 @@ EncodedField Int32(int64_t value);
 EncodedField Int64(int64_t value);
 // A length byte and the bytes; a text of more than 255 bytes is cut there.
 EncodedField Text(std::string_view text);
-// Bytes that stand in the payload as they are.
+// Bytes that are in the payload as they are.
 EncodedField Raw(std::string_view bytes);
 
 class CollectorWriter {
  public:
   explicit CollectorWriter(ByteOrder order) : order_(order) {}
 
-  // A text block ahead of the first record, between its two marker lines.
+  // A text block before the first record, between its two marker lines.
   CollectorWriter& LeadingBlock(std::string_view lines);
 
   // The definition records of data record `recordType`: types recordType * 100 and * 10.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int WANDER_SECONDS = 600;
 
-// 0 ahead of `from`, 1 behind `from` + `width`, smooth between.
+// 0 before `from`, 1 after `from` + `width`, smooth between.
 double Rise(double value, double from, double width) {
   const double share = std::clamp((value - from) / width, 0.0, 1.0);
   return share * share * (3 - 2 * share);

@@ -1,7 +1,7 @@
 // The simulated days of one host, free of any platform.
 //
 // A host is described by constant tables: when it works, programs, disks, file systems, adapters.
-// SampleHost() tells what that host did in the interval that ends at a given second. There is no state: every
+// SampleHost() gives what that host did in the interval that ends at a given second. There is no state: every
 // figure is worked out from the description, the seed and the time, so any part of a day can be made by
 // itself and the same seed gives the same day.
 //

@@ -65,7 +65,7 @@ constexpr RecordLayout RECORDS[] = {
 constexpr int PAGE_BYTES = 4096;
 constexpr int TICKS_PER_SECOND = 100;
 
-// The planning system of a factory that works in two shifts: a step at each change, a planning run behind the
+// The planning system of a factory that works in two shifts: a step at each change, a planning run after the
 // late one, and half a shift at weekends.
 constexpr Work WORKS[] = {
     {Shift::DAY, Days::WORKDAYS, 5.8, 13.7, 0.5, 0.5},

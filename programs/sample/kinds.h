@@ -17,8 +17,8 @@ struct SampleContext {
   const SampleOptions& options;
   HostDescription host;
   std::string node;
-  std::string versionText;  // as it stands in the file
-  uint32_t versionBit;      // the layout that it stands for; 0: a kind without versions
+  std::string versionText;  // as it is in the file
+  uint32_t versionBit;      // the layout that it selects; 0: a kind without versions
 };
 
 struct SampleKind {
@@ -27,7 +27,7 @@ struct SampleKind {
   std::span<const VersionLayout> versions;  // the host's own first; none: a text file
   std::string_view filePrefix;              // with its "_"
   std::string_view numberMark = ".dat_";    // between the date and the number of the file
-  std::string_view suffix{};                // behind the number
+  std::string_view suffix{};                // after the number
   std::string_view littleEndianPrefix{};    // of files in the other byte order; empty: there are none
   std::string (*fileBytes)(const SampleContext& context, const DayFile& file);
 };

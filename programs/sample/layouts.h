@@ -1,9 +1,9 @@
 // Record layouts of the collectors, as the sample files use them: a table in the file of each kind.
 //
 // A layout is a table, one row a record. The fields of a row are written as text, in file order:
-// single ids or ranges, the size behind the colon ("t" a text, "4" or "8" bytes). Behind a "*" may
-// stand the unit, how many of what the field counts make one of the model's figure (a second is
-// 1000000000 nanoseconds), and behind a "/" the divisor that the divisor list names. Both are 1
+// single ids or ranges, the size after the colon ("t" a text, "4" or "8" bytes). After a "*" may
+// come the unit, how many of what the field counts make one of the model's figure (a second is
+// 1000000000 nanoseconds), and after a "/" the divisor that the divisor list names. Both are 1
 // otherwise; the file holds the figure times both. A unit of 0 is a field that the version leaves at 0.
 //
 //   {6, 0, ALL, "601-602:4 603-604:t 605-613:8/100 614:4"}

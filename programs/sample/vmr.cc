@@ -1,4 +1,4 @@
-// A Windows host's monitor file: text rows of performance objects and counters, told by their title
+// A Windows host's monitor file: text rows of performance objects and counters, known by their title
 // numbers. A value is the sum over the samples of an interval; the reader divides by their number.
 
 #include <algorithm>
@@ -14,7 +14,7 @@
 namespace ozmo::sample::vmr_sample {
 namespace {
 
-// The server of an office: mail from nine on, a lull at lunch, a virus scan behind it, and backups late in
+// The server of an office: mail from nine on, a lull at lunch, a virus scan after it, and backups late in
 // the evening, longer ones at weekends.
 constexpr Work WORKS[] = {
     {Shift::DAY, Days::WORKDAYS, 8.4, 11.9, 0.8, 0.5},

@@ -94,7 +94,7 @@ void FinishDisk(const DiskFields& figures, double interval, DiskRecord& disk) {
 void DecodeDisk(Decoding& decoding) {
   DiskFields figures;
   if (!ApplyRules<DISK_RULES>(figures, decoding)) return;
-  // A virtual SCSI device stands for disks that have records of their own.
+  // A virtual SCSI device presents disks that have records of their own.
   if (figures.name.find("vscsi") != figures.name.npos) return;
   DiskRecord& disk = decoding.context.disks.Of(decoding.isTwin).Push();
   FinishDisk(figures, decoding.state.intervalSeconds, disk);

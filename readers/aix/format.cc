@@ -41,7 +41,7 @@ constexpr FieldRule<ProcessorRecord> OVERALL_RULES[] = {
 
 constexpr int32_t CPU_ID_FIELD = 801;
 
-// The field that tells the processor; null unless it stands ahead of the record's other fields, which are
+// The field that gives the processor; null unless it comes before the record's other fields, which are
 // lost without it.
 const FieldValue* FindCpuId(std::span<const FieldValue> fields) {
   const auto id = std::find_if(fields.begin(), fields.end(), [](const FieldValue& field) {
@@ -108,7 +108,7 @@ void DecodeCpu(Decoding& decoding) {
 // --- Memory, types 3 and 19; further figures, type 12 ---
 
 // Two figures that share one place in the collector's memory structure, in which the base record keeps the
-// one and the record of further figures the other: what comes last tells both.
+// one and the record of further figures the other: what comes last counts for both.
 void StoreZeroFillsOrProcesses(MemoryRecord& memory, const Source& from) {
   memory.zeroFillFaultRate = Convert<float>(from);
   memory.processMb = memory.zeroFillFaultRate;

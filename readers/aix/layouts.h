@@ -39,7 +39,7 @@ inline constexpr FieldRun FILE_SYSTEM[] = {Text(901, 902), Int4(903, 909)};
 inline constexpr FieldRun MORE_MEMORY[] = {Int8(1, 26)};
 inline constexpr FieldRun PARTITION[] = {Text(1), Int4(2, 7), Int8(8, 50)};
 
-// Disks stand in table order, whatever their list says; their twins go by the list. A twin shares the
+// Disks are in table order, whatever their list says; their twins go by the list. A twin shares the
 // definition lists of its base, so the list that arrived last serves both.
 inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 1, .versions = UNTIL_P720, .fields = OVERALL_P300},

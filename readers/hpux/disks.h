@@ -1,4 +1,4 @@
-// Disk records of HP-UX files: rates as the file tells them, times worked out from them.
+// Disk records of HP-UX files: rates as the file gives them, times worked out from them.
 #pragma once
 
 #include "readers/collector_format.h"

@@ -114,7 +114,7 @@ constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
 
 // --- Processes, types 4 and 21 ---
 
-// Pages, by the page size that a memory record has told.
+// Pages, by the page size that a memory record has given.
 void StoreResidentSize(ProcessRecord& process, const Source& from) {
   const auto pages = static_cast<uint64_t>(Convert<int64_t>(from));
   process.sizeResident = static_cast<int64_t>(pages * PageSizeOf(from.decoding.context));
@@ -179,7 +179,7 @@ constexpr FieldRule<ProtocolCounters> FIRST_PART_RULES[] = {
     {.field = 755, .last = 764, .to = Counters<IP_RECEIVED>(), .as = NARROW_RATE},
 };
 
-// The second part stands in the place of the BSD counters from the delivered IP packets on, where the graphs
+// The second part replaces the BSD counters from the delivered IP packets on, where the graphs
 // read it.
 constexpr FieldRule<ProtocolCounters> SECOND_PART_RULES[] = {
     {.field = 1001, .to = Counters<IP_DELIVERED>(), .as = NARROW_RATE},
@@ -200,7 +200,7 @@ constexpr FieldRule<ProtocolCounters> SECOND_PART_RULES[] = {
     {.field = 1099, .last = 1100, .to = Counters<170>(), .as = NARROW_RATE},
 };
 
-// Each part makes a record of its own: the part that comes last in an interval is what stands.
+// Each part makes a record of its own: the part that comes last in an interval is what counts.
 void DecodeFirstPart(Decoding& decoding) {
   std::optional<ProtocolCounters>& slot = decoding.context.protocolCounters.primary;
   slot.reset();

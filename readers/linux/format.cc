@@ -90,7 +90,7 @@ constexpr FieldRule<ProcessorRecord> OLD_CPU_RULES[] = {
 };
 
 void DivideTimes(ProcessorRecord& cpu, double divisor) {
-  // Field 806 tells ticks per second, but the figures are taken at 100 whatever it brings.
+  // Field 806 gives ticks per second, but the figures are taken at 100 whatever it brings.
   cpu.clockTicks = TICKS_PER_SECOND;
   cpu.userTime /= divisor;
   cpu.niceTime /= divisor;
@@ -134,7 +134,7 @@ constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
 
 // --- Processes, types 4 and 21 ---
 
-// A size as it stands in the file: unsigned where counters are wide, else not below 0.
+// A size as it is in the file: unsigned where counters are wide, else not below 0.
 uint64_t SizeOf(const Source& from) {
   if (from.decoding.state.wideCounters) return from.field.Uint64();
   return static_cast<uint64_t>(std::max(from.field.Int32(), 0));
@@ -208,7 +208,7 @@ void DecodeConfig(Decoding& decoding) {
 
 using namespace linux_counters;
 
-// A few are settings and stay as they stand. The number of established connections is a level too, and is
+// A few are settings and stay as they are. The number of established connections is a level too, and is
 // divided by the interval all the same.
 constexpr FieldRule<ProtocolCounters> COUNTER_RULES[] = {
     {.field = 1101, .last = 1102, .to = To<&ProtocolCounters::counters, IP_FORWARDING>(), .as = LEVEL},

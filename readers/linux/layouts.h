@@ -48,7 +48,7 @@ inline constexpr FieldRun PROCESS_TWIN[] = {Int4(401, 410), Text(412),      Int4
 inline constexpr FieldRun NET_STATS_TWIN[] = {Int4(1101, 1161)};
 inline constexpr FieldRun FILE_SYSTEM_TWIN[] = {Text(1401, 1402), Int4(1403, 1409)};
 
-// Disks stand in table order, whatever their list says; their twins go by the list. A twin shares the
+// Disks are in table order, whatever their list says; their twins go by the list. A twin shares the
 // definition lists of its base, so the list that arrived last serves both.
 inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 1, .versions = ANY_P300, .fields = OVERALL_P300},

@@ -1,5 +1,5 @@
 // The protocol counters of Solaris files: the statistics of the kernel's modules tcp, ip, icmp and udp, one
-// module behind the other, each in the order in which the kernel publishes them. Elements of
+// module after the other, each in the order in which the kernel publishes them. Elements of
 // ProtocolCounters::counters; settings and levels are marked, all others are rates.
 #pragma once
 

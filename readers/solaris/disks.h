@@ -1,4 +1,4 @@
-// Disk records of Solaris files: rates as the file tells them, times worked out from nanoseconds.
+// Disk records of Solaris files: rates as the file gives them, times worked out from nanoseconds.
 #pragma once
 
 #include "readers/collector_format.h"

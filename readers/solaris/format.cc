@@ -62,7 +62,7 @@ constexpr FieldRule<MemoryRecord> MEMORY_RULES[] = {
     {.field = 341, .to = To<&MemoryRecord::freePages>(), .as = LEVEL},
 };
 
-// Both types fill the base's record: a twin ahead of its base has nowhere to go.
+// Both types fill the base's record: a twin that comes before its base has nowhere to go.
 void DecodeMemory(Decoding& decoding) {
   auto& memory = decoding.context.memory;
   if (!decoding.isTwin) {
@@ -169,7 +169,7 @@ using namespace solaris_counters;
 
 static_assert(COUNTER_COUNT <= std::tuple_size_v<decltype(ProtocolCounters::counters)>);
 
-// Settings and levels stand as they are; all others are rates.
+// Settings and levels stay as they are; all others are rates.
 bool IsLevel(size_t element) {
   constexpr Element LEVELS[] = {TCP_RTO_ALGORITHM, TCP_RTO_MIN,   TCP_RTO_MAX,   TCP_MAX_CONN,
                                 TCP_CURR_ESTAB,    IP_FORWARDING, IP_DEFAULT_TTL};
@@ -215,7 +215,7 @@ constexpr FieldRule<FileSystemRecord> FILE_SYSTEM_RULES[] = {
     {.field = 1209, .to = To<StoreBlocks<&FileSystemRecord::lastField>>()},
 };
 
-// A twin's numbers go to the newest record of the base list: a base record must stand ahead of it.
+// A twin's numbers go to the newest record of the base list: a base record must come before it.
 void DecodeFileSystem(Decoding& decoding) {
   auto& lists = decoding.context.fileSystems;
   auto& list = lists.Of(decoding.isTwin);

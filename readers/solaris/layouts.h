@@ -32,7 +32,7 @@ inline constexpr FieldRun TIME[] = {Int4(701)};
 inline constexpr FieldRun KERNEL[] = {Int4(801, 920)};
 inline constexpr FieldRun FILE_SYSTEM[] = {Text(1201, 1202), Int8(1203, 1209)};
 
-// Each type has definition lists of its own, twins too. Disks stand in table order, whatever their list says.
+// Each type has definition lists of its own, twins too. Disks are in table order, whatever their list says.
 inline constexpr LayoutRow LAYOUTS[] = {
     {.type = 1, .versions = UNTIL_P720, .fields = OVERALL_OLD},
     {.type = 1, .versions = P730, .fields = OVERALL},

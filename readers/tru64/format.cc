@@ -201,7 +201,7 @@ constexpr FieldRule<ProcessorRecord> CPU_RULES[] = {
     {.field = 809, .to = To<&ProcessorRecord::clockTicks>()},
 };
 
-// Without its ticks per second a processor can't be told and is dropped.
+// Without its ticks per second a processor's times can't be known, and it is dropped.
 void DecodeCpu(Decoding& decoding) {
   RecordList<ProcessorRecord>& list = decoding.context.processors.Of(decoding.isTwin);
   ProcessorRecord& cpu = list.Push();

@@ -20,7 +20,7 @@ enum Version : uint32_t {
 inline constexpr FieldRun OVERALL[] = {Int4(101, 108)};
 inline constexpr FieldRun DISK[] = {Text(201), Int8(202, 207)};
 inline constexpr FieldRun MEMORY[] = {Int4(301, 302), Int8(303, 330), Int4(331, 332), Int8(333, 334)};
-// Old collectors count processor time in hundredths of a second, whatever divisor their list tells.
+// Old collectors count processor time in hundredths of a second, whatever divisor their list gives.
 inline constexpr FieldRun PROCESS_OLD[] = {Int4(401, 406), {407, 408, RunSize::INT8, 100},
                                            Int8(409, 410), Int8(412, 417),
                                            Text(411),      Text(418),

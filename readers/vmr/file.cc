@@ -37,7 +37,7 @@ std::optional<Number> PlainNumber(std::string_view text) {
 }  // namespace
 
 bool VmrLine::Assign(std::string_view text) {
-  // Whatever was read last stands for the line end: a file's last line needs one like all others.
+  // Whatever was read last is taken for the line end: a file's last line needs one like all others.
   text.remove_suffix(std::min<size_t>(text.size(), 1));
   if (text.ends_with('\r')) text.remove_suffix(1);
   text_ = text;

@@ -13,7 +13,7 @@
 
 namespace ozmo {
 
-// One line, as it stands in the block that it was read with: valid until the next is read. It is cut into
+// One line, as it is in the block that it was read with: valid until the next is read. It is cut into
 // fields no further than it was asked for, since of most lines only the first few fields are read.
 //
 // What can't be printed counts as a blank, in texts and numbers alike.
@@ -31,7 +31,7 @@ class VmrLine {
   }
   // A line without a separator is one field; two separators in a row hold an empty field between them.
   size_t FieldCount();
-  // A field behind the last is an empty text.
+  // A field after the last is an empty text.
   std::string Text(size_t index);
   // The same into a text that is there already, and whose room is used again.
   void CopyText(size_t index, std::string& text);
@@ -45,7 +45,7 @@ class VmrLine {
   bool CutNext();
 
   std::string_view text_;
-  std::vector<size_t> ends_;  // of the fields found so far; a separator or the end of the line stands there
+  std::vector<size_t> ends_;  // of the fields found so far; a separator or the end of the line is there
 };
 
 // A decimal integer; out of range goes to the nearest end.

@@ -127,7 +127,7 @@ void StoreQueueLength(DiskRecord& disk, const CounterValue& value) {
   disk.queueLength = static_cast<float>(value.Mean() / 1e7);
 }
 
-// The counter tells the idle part.
+// The counter gives the idle part.
 void StoreBusyFraction(DiskRecord& disk, const CounterValue& value) {
   disk.busyFraction = static_cast<float>(1.0 - value.Mean() / 100.0);
 }
@@ -192,7 +192,7 @@ void VmrStoreProcess(VmrContext& context, VmrRows& rows, VmrLine& line) {
 
 // --- Memory, object 4 ---
 
-// Worked out by ourselves where the host doesn't tell it.
+// Worked out by ourselves where the host doesn't give it.
 void StoreCommittedPercent(MemoryRecord& memory, const CounterValue& value) {
   memory.committedPercent = value.Mean();
   if (memory.committedPercent == 0.0F && memory.commitLimitPages > 0.0F) {

@@ -24,7 +24,7 @@ struct PlannedCounter {
   size_t rule;  // in the table of the object in effect
 };
 
-// What the head of the file and the rows ahead of a data row say of it. Rows stay in effect until replaced.
+// What the head of the file and the rows before a data row say of it. Rows stay in effect until replaced.
 struct VmrRows {
   int32_t intervalSeconds = 0;
   int32_t samplesPerInterval = 0;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view EXTENSION = ".vmr";
 
 // Names to be found in a path without trying each. They are kept backwards and in order, without those that
-// end in another: then the only one that can stand at the end of a path is the last that isn't behind the
+// end in another: then the only one that can be at the end of a path is the last that isn't after the
 // path.
 class NamesInPath {
  public:
@@ -28,8 +28,8 @@ class NamesInPath {
 
   bool StandAtEndOf(std::string_view path) const {
     const std::string backwards(path.rbegin(), path.rend());
-    const auto behind = std::upper_bound(names_.begin(), names_.end(), backwards);
-    return behind != names_.begin() && backwards.starts_with(*std::prev(behind));
+    const auto next = std::upper_bound(names_.begin(), names_.end(), backwards);
+    return next != names_.begin() && backwards.starts_with(*std::prev(next));
   }
 
   bool StandIn(std::string_view path) const {
@@ -66,7 +66,7 @@ std::vector<std::string> VmrNodeFiles(const std::string& dataPath, const std::st
     for (size_t n = 1; n <= mostOfADay; ++n) {
       std::string path = series;
       path.append(day).append("_").append(std::to_string(n)).append(EXTENSION);
-      // Names end in the extension, and behind the series that stands at the end of the path only.
+      // Names end in the extension, and after the series that is at the end of the path only.
       if (!holdsAll && !names.StandAtEndOf(path)) break;
       files.push_back(DataFilePath(path));
     }

@@ -13,7 +13,7 @@ namespace ozmo {
 // first number whose path the directory of `dataPath` doesn't hold. Empty where `dataPath` names no
 // directory.
 //
-// The directory holds a path if one of its names stands anywhere in it: as a rule at its end, but a name that
+// The directory holds a path if one of its names is anywhere in it: as a rule at its end, but a name that
 // is part of the directory's or the node's name makes it hold all of them. Then a day has as many paths as
 // the directory has names.
 std::vector<std::string> VmrNodeFiles(const std::string& dataPath, const std::string& nodeName, Seconds start,

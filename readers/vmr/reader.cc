@@ -40,7 +40,7 @@ int VmrReader::Open(VmrContext& context) {
     opened_ = true;
     context.nodeName = header_.nodeName;
     context.dataPath = header_.filePath;
-    context.utcOffset = DEFAULT_UTC_OFFSET;  // these files tell none, and their times are local
+    context.utcOffset = DEFAULT_UTC_OFFSET;  // these files give none, and their times are local
     context.dstFlag = header_.dstFlag;
     file_.Close();
     rows_.previousConnections = {};

@@ -98,7 +98,7 @@ TEST(TakeInterval, SamplesOutsideTheSpanAreStoredNowhere) {
   }
   BuildFixture fixture(linux_catalog::PLATFORM);
   fixture.TakeBusy(300, 10);
-  EXPECT_FALSE(fixture.TakeBusy(3600 + 7200, 20)) << "which drops what lies behind";
+  EXPECT_FALSE(fixture.TakeBusy(3600 + 7200, 20)) << "which drops what lies beyond";
   EXPECT_TRUE(fixture.TakeBusy(360, 20)) << "and goes on";
 }
 

@@ -81,8 +81,8 @@ struct Operations {
 
 TEST(DiskFigures, OperationsReadsAndWritesStandInForOneAnother) {
   for (const Operations& test : {
-           Operations{"the sum stands in for the total", 3, 4, 0, 0, 0, 7, 3, 4},
-           {"known ones stand, even if they don't add up", 3, 4, 9, 0, 0, 9, 3, 4},
+           Operations{"the sum takes the place of the total", 3, 4, 0, 0, 0, 7, 3, 4},
+           {"known ones stay, even if they don't add up", 3, 4, 9, 0, 0, 9, 3, 4},
            {"unknown ones follow the data", 0, 0, 10, 3, 1, 10, 7.5F, 2.5F},
            {"without data there are neither", 0, 0, 10, 0, 0, 10, 0, 0},
        }) {
@@ -114,7 +114,7 @@ TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
            {"and isn't negative", false, 10, 0.5F, 0.75F, 0, 0, 50, 75, 0},
            {"the response is never below the service", false, 10, 0.5F, 0.1F, 0, 0, 50, 50, 0},
            {"an idle disk has none", false, 0, 0.5F, 4, 0, 0, 0, 0, 0},
-           {"measured ones stand", true, 10, 0.5F, 0, 8, 30, 8, 30, 14},
+           {"measured ones stay", true, 10, 0.5F, 0, 8, 30, 8, 30, 14},
            {"but for a response below the service", true, 10, 0.5F, 0, 8, 3, 8, 8, 0},
        }) {
     DiskRecord disk = Disk("d", test.ioRate);

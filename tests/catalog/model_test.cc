@@ -41,7 +41,7 @@ TEST(GraphBridgeGaps, DrawsAStraightLineThroughAHoleBelowTheLimit) {
        {1, MISSING, MISSING, MISSING, 5, 5}},
       {"and one less goes", 9, 4, {1, MISSING, MISSING, MISSING, 5, 5}, {1, 2, 3, 4, 5, 5}},
       {"the last maxGap points can't end a hole", 6, 2, {0, 0, 0, 1, MISSING, 3}, {0, 0, 0, 1, MISSING, 3}},
-      {"those ahead of them can", 8, 2, {0, 0, 0, 1, MISSING, 3}, {0, 0, 0, 1, 2, 3}},
+      {"those before them can", 8, 2, {0, 0, 0, 1, MISSING, 3}, {0, 0, 0, 1, 2, 3}},
       {"no gap", 5, 0, {1, MISSING, 3, 3, 3}, {1, MISSING, 3, 3, 3}},
       {"a negative gap", 5, -7, {1, MISSING, 3, 3, 3}, {1, MISSING, 3, 3, 3}},
       {"a gap beyond all points", 3, MOST / 2, {1, MISSING, 3}, {1, MISSING, 3}},
@@ -76,7 +76,7 @@ TEST(GraphStackTraces, EachSetBecomesTheSumOfItselfAndTheSetsBehindIt) {
   undefined.record.data.npoints = 1;
   GraphStackTraces(undefined.table);
   EXPECT_TRUE(std::isnan(undefined.record.data.y[0][0]));
-  EXPECT_EQ(undefined.record.data.y[0][1], MISSING) << "points behind the count stay as they are";
+  EXPECT_EQ(undefined.record.data.y[0][1], MISSING) << "points after the count stay as they are";
   EXPECT_EQ(undefined.record.data.y[2][0], 2.0F);
 }
 

@@ -88,7 +88,7 @@ TEST(ProcessShare, FollowsThePlatform) {
   EXPECT_FLOAT_EQ(shareOn(solaris_catalog::PLATFORM), 2.5F);
   EXPECT_FLOAT_EQ(shareOn(linux_catalog::PLATFORM), 2.5F);
   EXPECT_FLOAT_EQ(shareOn(hpux_catalog::PLATFORM), 1.5F) << "of the processors' time counters";
-  EXPECT_FLOAT_EQ(shareOn(tru64_catalog::PLATFORM), 3.0F) << "as it stands";
+  EXPECT_FLOAT_EQ(shareOn(tru64_catalog::PLATFORM), 3.0F) << "as it is";
   EXPECT_FLOAT_EQ(shareOn(aix_catalog::PLATFORM), 1.25F) << "of the time since the start of the span";
 }
 
@@ -126,7 +126,7 @@ TEST(ImageOfCommand, IsTheLastPathComponentOfTheFirstWordWithoutOneDash) {
       {" -ksh", " -ksh"},
       {"", "<unknown>"},
       {" \t ", "<unknown>"},
-      {std::string(300, 'a'), std::string(255, 'a')},  // a command is cut ahead of all else
+      {std::string(300, 'a'), std::string(255, 'a')},  // a command is cut first of all
       {std::string(253, 'a') + "/bc", "b"},
       {std::string(255, ' ') + "x", "<unknown>"},
   };
@@ -266,7 +266,7 @@ struct AdapterFixture : BuildFixture {
     TakeBusy(60 * ++point, 10);
   }
   std::vector<float> Last(const char* title) { return Values(title, point); }
-  // The rows of adapters, behind the summary.
+  // The rows of adapters, after the summary.
   std::vector<std::string> Adapters() {
     std::vector<std::string> names;
     for (const GraphMenuEntry& row : catalog.RuntimeRow(RowKind::ADAPTERS)->subTable) {

@@ -73,7 +73,7 @@ TEST(NormalizeProcessSeries, ScalesOnlyWhereBothFiguresAreKnown) {
   const Series shares = {100, 100, 0, 100, 100};
   Series series = {10, 10, 10, MISSING_POINT, 20};
   NormalizeProcessSeries(series, {overall, shares, 4});
-  EXPECT_EQ(series, (Series{5, 10, 10, MISSING_POINT, 20})) << "the last point lies behind the count";
+  EXPECT_EQ(series, (Series{5, 10, 10, MISSING_POINT, 20})) << "the last point lies after the count";
 }
 
 // ---- What is ranked: series by name ----

@@ -39,7 +39,7 @@ TEST(VmrProcessors, AListOfOneHasNoProcessors) {
 
 TEST(VmrProcessors, ANumberBeyondTheFirstListsCountHasNoSet) {
   Monitor monitor;
-  monitor.Take(-600);  // where one file of a set ends ahead of the span: decides nothing
+  monitor.Take(-600);  // where one file of a set ends before the span: decides nothing
   for (const int cpuId : {7, -1, 1, 0}) monitor.AddLine(cpuId, 10, 0);
   monitor.Take(60);
   EXPECT_EQ(monitor.Labels(Graph::CPU_BY_PROCESSOR), (Texts{"(none)", "CPU-1", "(none)"}));

@@ -117,7 +117,7 @@ TEST(Sizes, FillWidthHeightAndTheOneUnit) {
       {{"-width", "8in", "-height", "6"}, 6, 0, SizeUnit::INCHES},
       {{"-width", "800pix", "-height", "6in"}, 800, 6, SizeUnit::INCHES},
       {{"-width", "8PIX", "-height", "6"}, 6, 0, SizeUnit::INCHES},
-      // As many characters as the unit has go from the end, wherever the unit stood.
+      // As many characters as the unit has go from the end, wherever the unit was.
       {{"-width", "12in345"}, 12, 0, SizeUnit::INCHES},
       {{"-width", "pix"}, 0, 0, SizeUnit::PIXELS},
       {{"-height", "cm75"}, 0, 0, SizeUnit::CENTIMETRES},

@@ -1,4 +1,4 @@
-// The lines of a case: a text file that tells which files there are, what is run and what comes of it.
+// The lines of a case: a text file that says which files there are, what is run and what comes of it.
 // tests/cases/README.md documents the statements.
 #pragma once
 

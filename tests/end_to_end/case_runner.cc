@@ -35,7 +35,7 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
   }
 }
 
-// The bytes of "hex:ffd8"; any other word as it stands.
+// The bytes of "hex:ffd8"; any other word as it is.
 std::string Unhex(const std::string& word) {
   if (!word.starts_with("hex:")) return word;
   std::string bytes;
@@ -78,7 +78,7 @@ class NamedWords {
   std::map<std::string, std::string> values_;
 };
 
-// The first of `wanted` that doesn't follow the ones ahead of it in `text`, other lines between them allowed.
+// The first of `wanted` that doesn't follow the ones before it in `text`, other lines between them allowed.
 std::optional<std::string> FirstMissing(const std::string& text, const std::vector<std::string>& wanted) {
   size_t position = 0;
   for (const std::string& line : wanted) {
@@ -91,7 +91,7 @@ std::optional<std::string> FirstMissing(const std::string& text, const std::vect
 
 class CaseRunner {
  public:
-  // `directory` is made anew and removed in the end; the case's files stand below it.
+  // `directory` is made anew and removed in the end; the case's files are below it.
   CaseRunner(std::string path, std::string directory)
       : path_(std::move(path)), directory_(std::move(directory)), files_(directory_ + "/files") {
     fs::remove_all(directory_);
@@ -137,7 +137,7 @@ class CaseRunner {
   }
 
  private:
-  // A statement of the case itself; those of a collector file, and what is expected of a run, stand
+  // A statement of the case itself; those of a collector file, and what is expected of a run, are
   // elsewhere.
   struct Action {
     std::string_view keyword;
@@ -226,7 +226,7 @@ class CaseRunner {
     OpenFile(statement, statement.words[0], statement.words[1]);
   }
 
-  // A copy takes statements of its own behind the ones it copies.
+  // A copy takes statements of its own after the ones it copies.
   void Copy(const Statement& statement) {
     const auto source = scripts_.find(statement.words[0]);
     if (source == scripts_.end()) return Fail(statement, "no such file to copy");
@@ -239,7 +239,7 @@ class CaseRunner {
     openScript_->clear();
   }
 
-  // Adds a statement to the open file. An "include" stands for all that have its name, of the case or of a
+  // Adds a statement to the open file. An "include" adds all that have its name, of the case or of a
   // file beside it.
   void AddRecord(const Statement& statement) {
     if (statement.keyword != "include") return openScript_->push_back(statement);
@@ -341,7 +341,7 @@ class CaseRunner {
     }
   }
 
-  // A run an item, which finds no graph; the text tells another message than the usual one.
+  // A run an item, which finds no graph; the text gives another message than the usual one.
   void NoGraph(const Statement& statement) {
     if (span_.size() < 2) return Fail(statement, "no span");
     Statement expected = {statement.line, "stdout-holds", {}, statement.text};

@@ -5,7 +5,7 @@
 
 namespace ozmo {
 
-// `directory` is made anew and removed in the end; the case's files stand below it.
+// `directory` is made anew and removed in the end; the case's files are below it.
 void RunCase(const std::string& path, const std::string& directory);
 
 }  // namespace ozmo

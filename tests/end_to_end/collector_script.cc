@@ -28,7 +28,7 @@ FieldWord ReadFieldWord(const std::string& word) {
   return field;
 }
 
-// Each "\0" of a text stands for a NUL byte.
+// Each "\0" of a text is a NUL byte.
 std::string WithNulBytes(std::string text) {
   for (size_t at = text.find("\\0"); at != std::string::npos; at = text.find("\\0", at)) {
     text.replace(at, 2, 1, '\0');
@@ -113,7 +113,7 @@ class ScriptWriter {
     writer_.DivisorList(static_cast<uint32_t>(Number(words.at(0))), divisors);
   }
 
-  // The values of a record in the order that was told for its type; a field that isn't named is 0 or empty. A
+  // The values of a record in the order that was given for its type; a field that isn't named is 0 or empty. A
   // record of a type without an order names its fields with their sizes and in place.
   std::vector<EncodedField> Fields(uint32_t type, const std::vector<std::string>& words) {
     std::vector<EncodedField> fields;

@@ -10,7 +10,7 @@
 
 namespace ozmo {
 
-// Whether the statement tells a part of a collector file.
+// Whether the statement describes a part of a collector file.
 bool IsCollectorStatement(const Statement& statement);
 
 struct CollectorBytes {
@@ -18,7 +18,7 @@ struct CollectorBytes {
   std::string error;  // what is wrong with the statements; empty when nothing is
 };
 
-// The file that the statements tell. `midnight` is the day that times such as @08:05 stand on.
+// The file that the statements describe. `midnight` is the day that times such as @08:05 are of.
 CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::ByteOrder order,
                                   int64_t midnight);
 

@@ -16,7 +16,7 @@ std::string TimeText(int64_t time, const char* format) {
   return text;
 }
 
-// A value as it stands in its column, with what separates it from the one ahead.
+// A value as it is in its column, with what separates it from the one before.
 std::string Cell(const std::string& value) {
   return ",  " + std::string(value.size() < 6 ? 6 - value.size() : 0, ' ') + value;
 }

@@ -1,4 +1,4 @@
-// The whole CSV file that a case expects, from the few lines that it tells of it.
+// The whole CSV file that a case expects, from the few lines that it gives of it.
 #pragma once
 
 #include <cstdint>
@@ -25,10 +25,10 @@ struct CsvText {
   std::string error;  // what is wrong with the rows; empty when nothing is
 };
 
-// Times are in UTC. A minute is told as "08:05", or with the day of the month ahead: "23:08:05".
+// Times are in UTC. A minute is written as "08:05", or with the day of the month first: "23:08:05".
 CsvText WriteCsv(const CsvExpectation& expectation);
 
-// The csv statement that a line "ITEM = LABEL VALUE ..., LABEL VALUE ..." stands for, with a value a minute.
+// The csv statement that a line "ITEM = LABEL VALUE ..., LABEL VALUE ..." is short for, with a value a minute.
 Statement CsvOfGraphLine(const std::string& line, const std::vector<std::string>& minutes);
 
 }  // namespace ozmo

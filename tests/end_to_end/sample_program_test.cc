@@ -1,4 +1,4 @@
-// What ozmo_sample says and how it ends: each wrong argument is told with the reason and what would be right,
+// What ozmo_sample says and how it ends: each wrong argument is reported with the reason and what would be right,
 // and no file is written over unasked.
 #include <gtest/gtest.h>
 

@@ -29,11 +29,11 @@ struct Case {
 TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
   constexpr uint64_t SINCE = 1000;
   const Case cases[] = {
-      {"the parent tells what its child used after it was last seen",
+      {"the parent has what its child used after it was last seen",
        {Process(1, 0, 0, 0), Process(5, 1, 10, 100), Process(6, 5, 70, 0)},
        {Process(1, 0, 0, 0), Process(5, 1, 11, 190)},
        {{1, 0}, {5, 21}}},
-      {"an ancestor tells of child and grandchild that ended both",
+      {"an ancestor has what child and grandchild that ended both",
        {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 20), Process(7, 6, 30, 0)},
        {Process(1, 0, 0, 0), Process(5, 1, 0, 65)},
        {{1, 0}, {5, 5}}},
@@ -41,7 +41,7 @@ TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
        {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 0), Process(7, 6, 500, 0)},
        {Process(1, 0, 0, 505), Process(5, 1, 0, 12)},
        {{1, 7}, {5, 0}}},
-      {"a parent that doesn't wait has nothing to tell, and no one else pays",
+      {"a parent that doesn't wait has nothing, and no one else pays",
        {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 400, 0)},
        {Process(1, 0, 0, 30), Process(5, 1, 0, 0)},
        {{1, 30}, {5, 0}}},

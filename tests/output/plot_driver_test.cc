@@ -46,7 +46,7 @@ class PlotDriver : public ::testing::Test {
     return graph;
   }
 
-  // Labels that stand below the frame: those of the time axis.
+  // Labels below the frame: those of the time axis.
   static Calls TimeLabels() {
     Calls labels;
     for (const std::string& call : Recording().Named("alabel")) {

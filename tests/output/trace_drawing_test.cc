@@ -28,7 +28,7 @@ class TraceDrawing : public ::testing::Test {
     RecordingStart();
   }
 
-  // Draws the points as one trace and answers the moves and continuations.
+  // Draws the points as one trace and returns the moves and continuations.
   Calls Draw(const std::vector<std::pair<double, double>>& points) {
     PointArray array;
     for (const auto& [x, y] : points) {
@@ -85,7 +85,7 @@ TEST_F(TraceDrawing, ALineThatLeavesAndComesBackIsCutAtTheFrame) {
   EXPECT_THAT(Draw({{0, 0}, {2, 20}, {4, 20}, {6, 0}, {7, 3}}),
               ElementsAre("fmove 0 0", "fcont 100 1000", "fmove 400 2000", "fmove 500 1000", "fcont 600 0",
                           "fcont 700 300"));
-  // An error bar, of no length, behind each point but not behind an end that was moved.
+  // An error bar, of no length, after each point but not after an end that was moved.
   EXPECT_EQ(Recording().Named("savestate").size(), 3U);
 }
 

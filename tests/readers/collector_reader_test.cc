@@ -186,7 +186,7 @@ TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
 TEST_F(CollectorReaderTest, FirstDifferenceInAFollowingFileSpansTheGap) {
   Write(Samples({NOON - 60, NOON, NOON + 60}), 1);
   CollectorWriter second = Samples({NOON + 600}, {.interval = 0});
-  second.Record(77, {Int32(0)});  // ends the pass behind the only sample
+  second.Record(77, {Int32(0)});  // ends the pass after the only sample
   Write(second, 2);
   ASSERT_EQ(Open(directory_ / "qtxs_node_2012Feb22.dat_1", NOON, NOON + 3600), 2);
   EXPECT_EQ(NextUserTimes(), (Times{1}));

@@ -4,7 +4,7 @@
 // "interval VERSION", with "every=SECONDS" for another configured interval than 60, begins a case: a file of
 // that version with time stamps at 11:59 and 12:00, the records that follow, written as in tests/cases, and a
 // stamp at 12:10. Without a version the records are all of the file. "gives" is a record of the first
-// interval delivered; "next" is one of the second. The configuration is compared where a "gives" tells it.
+// interval delivered; "next" is one of the second. The configuration is compared where a "gives" names it.
 #include <gtest/gtest.h>
 
 #include <iterator>
@@ -89,7 +89,7 @@ std::vector<DecoderCase> CasesOf(const std::string& path) {
   return cases;
 }
 
-// A disk behind a record of each type that is known and comes to nothing: they don't end the interval.
+// A disk after a record of each type that is known and comes to nothing: they don't end the interval.
 DecoderCase StepOver(std::initializer_list<int> types) {
   DecoderCase test;
   test.versions = {"P730"};

@@ -25,10 +25,10 @@ const std::string HEADER = "<HEADER>~~~node~60~5000~~2012~2~22~12~0~0\n";
 // A time row of today's noon and some minutes.
 std::string TimeRow(int minute) { return "1~x~12~" + std::to_string(minute) + "~0\n"; }
 
-// A processor sample that tells itself by its user time.
+// A processor sample that is known by its user time.
 std::string Processor(int user) { return "2~238~1\n5~142\n4~0~1\n6~" + std::to_string(user) + "\n3\n"; }
 
-// Samples of minutes behind noon.
+// Samples of minutes after noon.
 std::string Samples(int first, int last) {
   std::string text = HEADER;
   for (int minute = first; minute <= last; ++minute) text += TimeRow(minute) + Processor(minute);
@@ -152,7 +152,7 @@ TEST_F(VmrReaderTest, RowsBelongToTheTimeRowAheadOfThem) {
   }
 }
 
-// The first sample is the one whose interval starts at the span's minute or behind it; what is ahead of it
+// The first sample is the one whose interval starts at the span's minute or after it; what is before it
 // isn't looked at. The last is the first beyond the span.
 TEST_F(VmrReaderTest, WalkGoesFromTheSpansMinuteToTheFirstSampleBeyond) {
   const std::string skipped = HEADER + TimeRow(0) + "junk\n";
@@ -275,7 +275,7 @@ TEST_F(VmrReaderTest, RowsFillTheirRecords) {
       {"2~4~1\n5~26~30~1406\n6~4096~16384~0\n", {"memory committedPercent 25"}},
       {"2~4~1\n5~26~30~1406\n6~4096~16384~40\n", {"memory committedPercent 40"}},
       {"2~4~1\n5~26~30~1406\n6~4096~0~0\n", {"memory"}},
-      // The protocols share one record and some numbers; a counter row stays in effect for the objects behind
+      // The protocols share one record and some numbers; a counter row stays in effect for the objects after
       // it.
       {"6~9\n2~546~1\n5~438~446~640\n6~1~2~3\n3\n6~9\n2~658~1\n6~4~5\n2~777~1\n6~9\n2~546~1\n6~6~7\n2~638~1\n"
        "6~8~9~10\n",

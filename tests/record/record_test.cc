@@ -180,8 +180,8 @@ TEST(RecordTest, TwoSamplesGiveTheRecordsOfTheirIntervals) {
 )");
 }
 
-// One processor that is half busy at all times, on a host without much of /proc, told at these seconds of the
-// clocks.
+// One processor that is half busy at all times, on a host without much of /proc, described at these seconds
+// of the clocks.
 std::string HalfBusy(const std::vector<std::pair<int64_t, int64_t>>& moments) {
   std::string text;
   for (const auto& [wall, steady] : moments) {
@@ -211,7 +211,7 @@ TEST(RecordTest, ClocksDaysAndDelaysLeaveTheFiguresRight) {
                         {1329958933, 1300},  // too near to the minute's end for a sample
                         {1329958935, 1302},
                         {1329959133, 1500},     // kept from running
-                        {1329959175, 1542},     // too soon behind it for a sample
+                        {1329959175, 1542},     // too soon after it for a sample
                         {1329959235, 1602}}));  // and then comes SIGTERM
   const ProcessResult result = story.Record({});
   EXPECT_EQ(result.exitStatus, 0);
@@ -225,7 +225,7 @@ ozmo_record: /proc/net/snmp: No such file or directory; no protocols are recorde
 ozmo_record: /proc/net/dev: No such file or directory; no adapters are recorded
 ozmo_record: /proc/self/mountinfo: No such file or directory; no file systems are recorded
 )");
-  // The minute that came twice is told once.
+  // The minute that came twice is recorded once.
   const std::string busy =
       "  host 1 2048\n  processor userTime 0.5 idleTime 0.5\n  memory\n  process busy me processId 2\n";
   EXPECT_EQ(story.Delivered("qtxl_node_2012Feb22.dat_1", "22-Feb-2012:23:00:00", "23-Feb-2012:02:00:00"),
@@ -234,7 +234,7 @@ ozmo_record: /proc/self/mountinfo: No such file or directory; no file systems ar
                 busy + "23 01:08:00 of 102 s\n" + busy);
 }
 
-// A file that may not grow stands for a full disk.
+// A file that may not grow is like a full disk.
 TEST(RecordTest, KeepsWholeSamplesOnAFullDiskAndLeavesOtherFilesAlone) {
   std::vector<std::pair<int64_t, int64_t>> moments = {{1329897630, 1000}};  // 22-Feb-2012:08:00:30
   for (int minute = 0; minute < 20; ++minute)
@@ -259,7 +259,7 @@ TEST(RecordTest, KeepsWholeSamplesOnAFullDiskAndLeavesOtherFilesAlone) {
   EXPECT_LT(kept.size(), all.size());
 }
 
-// A mount whose name forges a line and one that never answers, by a user who lets everybody read.
+// A mount whose name forges a line and one that never responds, by a user who lets everybody read.
 TEST(RecordTest, RecordsOnWhereTheHostIsHostile) {
   Story story(HalfBusy({{1329897630, 1000}, {1329897630, 1000}, {1329897690, 1060}, {1329897750, 1120}}) +
               "file proc/self/mountinfo\n"
@@ -271,7 +271,7 @@ TEST(RecordTest, RecordsOnWhereTheHostIsHostile) {
   EXPECT_EQ(result.exitStatus, 0);
   EXPECT_THAT(
       result.standardError,
-      ::testing::AllOf(::testing::HasSubstr("/dying: doesn't answer; the file system is not recorded\n"),
+      ::testing::AllOf(::testing::HasSubstr("/dying: doesn't respond; the file system is not recorded\n"),
                        ::testing::HasSubstr("/a?ozmo_record: forged: No such file or directory;")));
   using std::filesystem::perms;
   EXPECT_EQ(std::filesystem::status(story.DataPath("qtxl_node_2012Feb22.dat_1")).permissions(), perms{0640});

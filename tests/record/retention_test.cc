@@ -77,7 +77,7 @@ TEST_F(RetentionTest, RemovesTheOldestDaysAboveASize) {
 }
 
 TEST_F(RetentionTest, LeavesEverythingElseAlone) {
-  Write("qtxl_a_b_2012Feb20.dat_1", "other");  // renamed: its head tells
+  Write("qtxl_a_b_2012Feb20.dat_1", "other");  // renamed: its head counts
   Write("qtxl_other_2012Feb20.dat_1", "other");
   Write("qtxl_a_b_2012Feb21.dat_1x");
   Write("qtxl_a_b_2012Feb31.dat_1");

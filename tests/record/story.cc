@@ -110,7 +110,7 @@ std::string ThisUser() {
   return user == nullptr ? std::to_string(geteuid()) : user->pw_name;
 }
 
-// "me" for this user, so that a test can tell the texts.
+// "me" for this user, so that a test knows the texts.
 void PrintInterval(const VmrContext& context, std::ostream& out) {
   out << TimeFormat(context.periodEnd, "%d %H:%M:%S") << " of " << context.config.value().intervalSeconds
       << " s\n";

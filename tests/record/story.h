@@ -11,10 +11,10 @@
 
 namespace ozmo::testing {
 
-// A host told moment by moment. A statement stands on a line of its own:
+// A host described moment by moment. A statement is on a line of its own:
 //
 //   at WALL STEADY        begins a moment: seconds of both clocks; the files of the moment before stay
-//   file PATH             its lines follow, each behind a bar
+//   file PATH             its lines follow, each after a bar
 //   process ID NAME=...   a process of this moment, of this user: the names of /proc/ID/stat, and last cmd=
 //   with
 //                         the whole command
@@ -26,7 +26,7 @@ class Story {
 
   // Records the host into files of node "node", below the story's directory in "data".
   ProcessResult Record(const std::vector<std::string>& options, const std::string& limits = "true");
-  // What the readers deliver from a file of "data" and those behind it, for times as ozmo_graph takes them: a
+  // What the readers deliver from a file of "data" and those after it, for times as ozmo_graph takes them: a
   // line for each interval and each of its records, in the recorder's order.
   std::string Delivered(const std::string& name, const std::string& begin, const std::string& end) const;
   std::string DataPath(const std::string& name) const { return directory_ / ("data/" + name); }

@@ -9,7 +9,7 @@
 #include "runtime/runtime.h"
 #include "tests/support/environment.h"
 
-// The address sanitizer would otherwise end the process itself where malloc answers null.
+// The address sanitizer would otherwise end the process itself where malloc returns null.
 extern "C" const char* __asan_default_options() { return "allocator_may_return_null=1"; }
 
 namespace ozmo {

@@ -45,7 +45,7 @@ TEST_F(MessageEmitTest, TellsTheTextOfTheFirstLineOfTheCode) {
     bool toOutput;
   };
   for (const Case& row : {
-           // The product and the severity stand ahead, but for a severity that nobody knows.
+           // The product and the severity come first, but for a severity that nobody knows.
            Case{"A ERROR \"broken\"\n", "VELTRIX-ERROR  broken\n", false},
            {"A WARNING \"odd\"\n", "VELTRIX-WARNING  odd\n", false},
            {"A INFO \"told\"\n", "VELTRIX-INFO  told\n", true},

@@ -1,4 +1,4 @@
-// The writer's bytes against bytes written out by hand: all other tests stand on them.
+// The writer's bytes against bytes written out by hand: all other tests rely on them.
 #include "programs/sample/collector_writer.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Settings of the process that a test changes and that are back as they were behind it.
+// Settings of the process that a test changes and that are back as they were after it.
 #pragma once
 
 #include <cstdlib>

@@ -8,7 +8,7 @@
 namespace ozmo::testing {
 namespace {
 
-// The kind, what isn't empty of the texts, and the figures that aren't 0 behind their names.
+// The kind, what isn't empty of the texts, and the figures that aren't 0 after their names.
 std::string Line(std::string text, const std::vector<std::string>& texts, const std::string& names,
                  std::initializer_list<double> figures) {
   for (const std::string& word : texts) text += word.empty() ? "" : " " + word;
@@ -49,7 +49,7 @@ std::string Text(const MemoryRecord& r) {
        r.zeroFillFaultRate, r.kernelPages, r.committedPercent});
 }
 
-// A life of the whole interval is the usual one, and not told.
+// A life of the whole interval is the usual one, and not written.
 std::string Text(const ProcessRecord& r, float interval) {
   return Line(
       "process", {r.name, r.userName},

@@ -17,14 +17,14 @@ class ClassFile : public ::testing::Test {
     std::ofstream(path_, std::ios::binary) << text;
     return WorkloadLoad(list_, path_);
   }
-  // The names of the classes, each with a comma behind it.
+  // The names of the classes, each with a comma after it.
   std::string NamesIn(const std::string& text) {
     Load(text);
     std::string names;
     for (const WorkloadClass& each : list_.classes) names += each.name + ",";
     return names;
   }
-  // The definitions of `text` behind the two lines that a version 1 file opens with.
+  // The definitions of `text` after the two lines that a version 1 file opens with.
   int LoadVersion1(const std::string& text) { return Load("QTX_MEMORY_VERSION 1\nsize\n" + text); }
 
   std::string ClassOf(std::string_view user, std::string_view command) const {
@@ -106,7 +106,7 @@ TEST_F(ClassFile, FirstClassThatMatchesBothWinsAndTheLastCatchAllTakesTheRest) {
   EXPECT_EQ(ClassOf("root", "ls"), "b");
   EXPECT_EQ(ClassOf("guest", "sh -c"), "c");
   ASSERT_EQ(1, LoadVersion1("class_name 1 \"all\"\n" + classes));
-  EXPECT_EQ(ClassOf("root", "sh -c"), "all") << "a class without lists swallows what comes behind";
+  EXPECT_EQ(ClassOf("root", "sh -c"), "all") << "a class without lists swallows what comes after";
 }
 
 TEST_F(ClassFile, DefaultsTakeDaemonsBeforeRootAndOthersLast) {

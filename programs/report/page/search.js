@@ -1,6 +1,6 @@
 // ---- Search: words in titles, sections and names of traces ----
 
-// A search that few sections have answers to unfolds them.
+// A search that is found in few sections unfolds them.
 const MOST_UNFOLDED_BY_SEARCH = 12;
 const nothing = make('p', 'nothing', 'No graph has these words in its title or its traces.');
 nothing.hidden = true;

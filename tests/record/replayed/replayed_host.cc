@@ -1,11 +1,11 @@
-// A stand-in for the host, linked into ozmo_record ahead of the C library: the recorder and its libraries
+// A made-up host, linked into ozmo_record before the C library: the recorder and its libraries
 // read the files of a recorded host, and its clocks go as recorded.
 //
 // The environment's REPLAYED_HOST names a directory with a directory for each moment, numbered from 0. Below
-// that stand the files of /proc and /sys, "clock" with the seconds of the wall clock and the steady clock,
+// that are the files of /proc and /sys, "clock" with the seconds of the wall clock and the steady clock,
 // and "statvfs" with a line for each file system: mount point, block size, and blocks, free, available,
-// files, free files, or the number of an error, or 0 for one that never answers. Each sleep ends at the next
-// moment, behind the last one comes SIGTERM.
+// files, free files, or the number of an error, or 0 for one that never responds. Each sleep ends at the next
+// moment, after the last one comes SIGTERM.
 //
 // The files of the present moment are copied to the directory "now", over those of the moment before: a
 // library may keep a file open and read it again.
@@ -39,7 +39,7 @@ Function* Real(Function* /*standIn*/, const char* name) {
 const fs::path HOST = getenv("REPLAYED_HOST");
 const fs::path NOW = HOST / "now";
 
-// False behind the last moment.
+// False after the last moment.
 bool NextMoment() {
   static int moment = 0;
   const fs::path files = HOST / std::to_string(moment++);
