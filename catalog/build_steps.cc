@@ -50,6 +50,12 @@ void NoteInterval(WalkExtent& extent, int point) {
   extent.lastPoint = first ? point : std::max(extent.lastPoint, point);
 }
 
+Series HeldPoints(const SampledPoints& points, int pointCount) {
+  Series held(static_cast<size_t>(pointCount) + 1, MISSING_POINT);
+  for (int number = 0; number < points.count(); ++number) PointStore(held, points.PointOf(number), 1.0F);
+  return held;
+}
+
 // Scales the class series to overall CPU.
 void RescaleClasses(GraphCatalog& catalog, const Series& shareSum) {
   GraphRecord* record = catalog.FindNeeded(Graph::CLASS_CPU);
@@ -117,7 +123,11 @@ void BuildSteps::FinishGraphs() {
 }
 
 void BuildSteps::FinishSeries() {
-  GraphBridgeGaps(catalog_.itemTree, catalog_.pointCount, length_.minutes + platform_.gapExtra);
+  WalkExtent& extent = catalog_.extent;
+  extent.maxGap = length_.minutes + platform_.gapExtra;
+  extent.held = HeldPoints(points_, catalog_.pointCount);
+  SeriesBridgeGaps(extent.held, catalog_.pointCount, extent.maxGap);
+  GraphBridgeGaps(catalog_.itemTree, catalog_.pointCount, extent.maxGap);
   GraphStackTraces(catalog_.itemTree);
 }
 

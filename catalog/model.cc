@@ -26,23 +26,6 @@ const std::optional<std::string>& TextOf(const std::vector<std::optional<std::st
   return set >= 0 && static_cast<size_t>(set) < texts.size() ? texts[static_cast<size_t>(set)] : NONE;
 }
 
-// A straight line through the holes of one series; the last `maxGap` points can't be a right end.
-void BridgeSeries(Series& series, int points, int maxGap) {
-  const int limit = std::min(points - maxGap, static_cast<int>(series.size()));
-  int last = -1;
-  for (int i = 0; i < limit; ++i) {
-    const float value = series[static_cast<size_t>(i)];
-    if (!(value > MISSING_POINT)) continue;
-    if (last >= 0 && i - last <= maxGap) {
-      const float step = (value - series[static_cast<size_t>(last)]) / static_cast<float>(i - last);
-      for (int j = last + 1; j < i; ++j) {
-        series[static_cast<size_t>(j)] = series[static_cast<size_t>(j - 1)] + step;
-      }
-    }
-    last = i;
-  }
-}
-
 void ClearNegatives(Series& series, size_t points) {
   for (size_t p = 0; p < points; ++p) {
     if (series[p] < 0.0F) series[p] = 0.0F;
@@ -122,10 +105,26 @@ int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record) {
   return record.data.nsets() - 1;
 }
 
-void GraphBridgeGaps(std::vector<GraphMenuEntry>& table, int points, int maxGap) {
+void SeriesBridgeGaps(Series& series, int points, int maxGap) {
   if (maxGap <= 0) return;
+  const int limit = std::min(points - maxGap, static_cast<int>(series.size()));
+  int last = -1;
+  for (int i = 0; i < limit; ++i) {
+    const float value = series[static_cast<size_t>(i)];
+    if (!(value > MISSING_POINT)) continue;
+    if (last >= 0 && i - last <= maxGap) {
+      const float step = (value - series[static_cast<size_t>(last)]) / static_cast<float>(i - last);
+      for (int j = last + 1; j < i; ++j) {
+        series[static_cast<size_t>(j)] = series[static_cast<size_t>(j - 1)] + step;
+      }
+    }
+    last = i;
+  }
+}
+
+void GraphBridgeGaps(std::vector<GraphMenuEntry>& table, int points, int maxGap) {
   VisitGraphs(table, [=](GraphRecord& record) {
-    for (Series& series : record.data.y) BridgeSeries(series, points, maxGap);
+    for (Series& series : record.data.y) SeriesBridgeGaps(series, points, maxGap);
   });
 }
 

@@ -66,11 +66,14 @@ std::span<const char* const> Palette();
 // Sets that a record has room for where processors make them.
 inline constexpr int MAX_SETS = 128;
 
-// What a walk found in a span: it sets an idle host apart from a file without data.
+// What a walk found in a span: it sets an idle host apart from a file without data, and an idle minute from
+// one without a sample.
 struct WalkExtent {
   int intervals = 0;   // used
   int firstPoint = 0;  // the lowest that an interval fell on
   int lastPoint = 0;   // the highest
+  int maxGap = 0;      // points at most so far apart had the hole between them bridged
+  Series held;         // 1 at points with a value, of an interval or of a bridge; MISSING_POINT at others
 };
 
 // The storage of a catalog's series. A request for more than one can reasonably have, such as a span without
@@ -146,8 +149,11 @@ void XrtSeriesCreate(GraphCatalog& catalog, GraphRecord& record, int nsets);
 // One more missing series; returns its set number.
 int XrtSeriesAdd(GraphCatalog& catalog, GraphRecord& record);
 
-// For each graph row of the tree: fills holes of at most `maxGap` - 1 missing points by a straight line. The
-// last `maxGap` points can't act as right ends.
+// Fills holes of at most `maxGap` - 1 missing points by a straight line. The last `maxGap` points can't act
+// as right ends.
+void SeriesBridgeGaps(Series& series, int points, int maxGap);
+
+// The same for all series of each graph row of the tree.
 void GraphBridgeGaps(std::vector<GraphMenuEntry>& table, int points, int maxGap);
 
 // For each graph row of the tree: negatives become 0 and each set becomes the sum of itself and all sets

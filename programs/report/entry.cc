@@ -13,6 +13,7 @@
 #include "programs/report/options.h"
 #include "programs/report/page.h"
 #include "programs/report/page_json.h"
+#include "programs/report/summary_text.h"
 #include "readers/file_set.h"
 #include "runtime/console.h"
 #include "runtime/memory.h"
@@ -181,11 +182,26 @@ std::string WritePage(const Options& options, const PageData& data, const Compan
   return "";
 }
 
+// The day's summary, into its file or on standard output; returns what went wrong.
+std::string WriteSummary(const Options& options, const DataDay& day, const Runtime& runtime) {
+  const Summary summary = SummaryOf(day);
+  if (summary.lines.empty()) return options.dataFile + ": it has none of the figures of a summary";
+  const std::string text = SummaryText(summary);
+  if (options.summaryFile.empty()) {
+    std::fputs(text.c_str(), stdout);
+    return "";
+  }
+  return WriteWholeFile({.path = options.summaryFile, .inputs = runtime.inputs}, text);
+}
+
 // Writes what was asked for; returns what went wrong.
 std::string Write(const Options& options, const DayRequest& request, const DataDay& day,
                   const std::vector<Section>& sections, std::vector<std::string>& problems,
                   Runtime& runtime) {
   if (options.list) PrintList(sections);
+  if (options.summary) {  // before anything is drawn: that changes the ends of the series
+    if (std::string failure = WriteSummary(options, day, runtime); !failure.empty()) return failure;
+  }
   if (!options.csvDirectory.empty()) {
     const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections, runtime.inputs);
     if (!csv.failure.empty()) return csv.failure;

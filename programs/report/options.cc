@@ -12,23 +12,31 @@ namespace {
 constexpr int END_OF_OPTIONS = -1;
 
 // A value of its own for each option without a letter.
-enum LongOption { BEGIN = 256, END, ITEM, CLASSES, BASELINE, MARKS, GRAPHS, TYPE, SIZE, LIST, CSV, VERSION };
+enum LongOption {
+  BEGIN = 256,
+  END,
+  ITEM,
+  CLASSES,
+  BASELINE,
+  MARKS,
+  GRAPHS,
+  TYPE,
+  SIZE,
+  LIST,
+  SUMMARY,
+  CSV,
+  VERSION
+};
 
-constexpr option LONG_OPTIONS[] = {{"begin", required_argument, nullptr, BEGIN},
-                                   {"end", required_argument, nullptr, END},
-                                   {"item", required_argument, nullptr, ITEM},
-                                   {"classes", required_argument, nullptr, CLASSES},
-                                   {"baseline", required_argument, nullptr, BASELINE},
-                                   {"marks", required_argument, nullptr, MARKS},
-                                   {"graphs", required_argument, nullptr, GRAPHS},
-                                   {"type", required_argument, nullptr, TYPE},
-                                   {"size", required_argument, nullptr, SIZE},
-                                   {"list", no_argument, nullptr, LIST},
-                                   {"csv", required_argument, nullptr, CSV},
-                                   {"output", required_argument, nullptr, 'o'},
-                                   {"help", no_argument, nullptr, 'h'},
-                                   {"version", no_argument, nullptr, VERSION},
-                                   {nullptr, 0, nullptr, 0}};
+constexpr option LONG_OPTIONS[] = {
+    {"begin", required_argument, nullptr, BEGIN},       {"end", required_argument, nullptr, END},
+    {"item", required_argument, nullptr, ITEM},         {"classes", required_argument, nullptr, CLASSES},
+    {"baseline", required_argument, nullptr, BASELINE}, {"marks", required_argument, nullptr, MARKS},
+    {"graphs", required_argument, nullptr, GRAPHS},     {"type", required_argument, nullptr, TYPE},
+    {"size", required_argument, nullptr, SIZE},         {"list", no_argument, nullptr, LIST},
+    {"summary", optional_argument, nullptr, SUMMARY},   {"csv", required_argument, nullptr, CSV},
+    {"output", required_argument, nullptr, 'o'},        {"help", no_argument, nullptr, 'h'},
+    {"version", no_argument, nullptr, VERSION},         {nullptr, 0, nullptr, 0}};
 
 std::string TakeTime(std::optional<Seconds>& time, const char* option, const char* text, DayEdge edge) {
   time = TimeOf(text, edge);
@@ -79,6 +87,9 @@ std::string TakeOption(Options& options, int number, const char* value) {
     case LIST:
       options.list = true;
       return "";
+    case SUMMARY:
+      options.summary = true;
+      return value == nullptr ? "" : TakeText(options.summaryFile, "--summary=", value);
     case 'h':
       options.action = Action::HELP;
       return "";
@@ -138,6 +149,8 @@ std::string HelpText() {
          "      --type TYPE         of the pictures: gif (also without it), ps or jpeg\n"
          "      --size WxH          of the pictures, in dots (the page of ozmo_graph, 11 by 8.5 inches)\n"
          "      --list              the items of the file with their traces, on standard output\n"
+         "      --summary[=FILE]    the figures by which hosts are compared, on standard output or into "
+         "FILE\n"
          "      --begin TIME        first minute of the span (the first day of the file)\n"
          "      --end TIME          last minute of the span (the end of the day of the begin)\n"
          "      --item TITLE        only this item; may be given more than once\n"
@@ -147,9 +160,9 @@ std::string HelpText() {
          "  -h, --help\n"
          "      --version\n"
          "\n"
-         "With --list, --csv or --graphs a page is written only if -o names it. A TIME is local: "
-         "2012-02-22T08:00,\n"
-         "2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a failure, 2 usage.\n";
+         "With --list, --summary, --csv or --graphs a page is written only if -o names it. A TIME is local:\n"
+         "2012-02-22T08:00, 2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a "
+         "failure, 2 usage.\n";
 }
 
 }  // namespace ozmo::report

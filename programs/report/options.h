@@ -23,13 +23,15 @@ struct Options {
   std::string baseline;            // a data file or a time back; empty: none
   std::string marksFile;           // empty: none
   bool list = false;
+  bool summary = false;
+  std::string summaryFile;       // empty: standard output
   std::string csvDirectory;      // empty: no CSV files
   std::string pictureDirectory;  // empty: no pictures
   PictureForm picture;
   std::string pageFile;  // empty: see WritesPage
   const std::string& ReadPath() const { return importedFile.empty() ? dataFile : importedFile; }
   bool WritesPage() const {
-    return !pageFile.empty() || (!list && csvDirectory.empty() && pictureDirectory.empty());
+    return !pageFile.empty() || (!list && !summary && csvDirectory.empty() && pictureDirectory.empty());
   }
 };
 
