@@ -74,16 +74,7 @@ struct ProcessorSpec {
   bool setsFromConfiguration = false;   // the first interval makes one set for each configured processor
 };
 
-// What a process's share is worked out from, besides its record.
-struct ShareBasis {
-  const VmrContext& interval;
-  const ProcessorSums& processors;
-  Seconds spanStart;
-};
-
 struct ProcessSpec {
-  // Percent of the machine that a process took in the interval.
-  double (*share)(const ProcessRecord& process, const ShareBasis& basis) = nullptr;
   std::string_view passedOver = {};  // the process of this name has no share; empty: all have
   bool restIsNamed = false;          // what the shares leave of overall CPU goes to "<NoProc>"
   bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0

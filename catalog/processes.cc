@@ -112,21 +112,17 @@ void ProcessPass::FeedRest(const Minute& minute, double overallCpu) {
   PointStore(shareSum_, minute.point, static_cast<float>(sum + rest));
 }
 
-void ProcessPass::Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors) {
+void ProcessPass::Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors,
+                      ShareRule share) {
   minute.Store(Graph::PROCESS_COUNT, 0, static_cast<float>(interval.processes.primary.size()));
   if (!detail_.IsWanted()) return;
   const ShareBasis basis{interval, processors, minute.catalog.spanStart};
   for (ProcessRecord& process : interval.processes.primary) {
     if (!spec_.passedOver.empty() && process.name == spec_.passedOver) continue;
-    FeedShare(minute, process, detail_.shares ? spec_.share(process, basis) : 0.0);
+    FeedShare(minute, process, detail_.shares ? share(process, basis) : 0.0);
     if (detail_.NamesUsers()) CutBlanks(process.userName);
   }
   if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);
-}
-
-void AddProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
-                  const ProcessorSums& processors, const CollectionInterval& /*length*/) {
-  pass.Run(minute, interval, processors);
 }
 
 }  // namespace ozmo

@@ -57,17 +57,27 @@ struct ProcessKeyEqual {
   }
 };
 
+// What a process's share is worked out from, besides its record.
+struct ShareBasis {
+  const VmrContext& interval;
+  const ProcessorSums& processors;
+  Seconds spanStart;
+};
+
+// Percent of the machine that a process took in the interval.
+using ShareRule = double (*)(const ProcessRecord& process, const ShareBasis& basis);
+
 // The images and users seen so far, and the sum of the shares.
 class ProcessPass {
  public:
   ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail, const WorkloadClassList& classes,
               GraphCatalog& catalog);
 
-  // Shares of all processes by the platform's rule, and "Process Count".
+  // Shares of all processes by the platform's `share`, and "Process Count".
   // Where there is a graph of users, each process that is worked in is left with its user's name cut of
   // blanks at both ends. That matters: its record serves a process of a later interval and keeps what that
   // one's record in the file hasn't got.
-  void Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors);
+  void Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors, ShareRule share);
 
   // One process's share, and one in the process count of its class.
   void FeedShare(const Minute& minute, const ProcessRecord& process, double share);
@@ -110,8 +120,11 @@ class ProcessPass {
   Series shareSum_;
 };
 
-// The pass of a platform that has nothing of its own.
+// The pass of a platform that has nothing of its own but the share.
+template <ShareRule Share>
 void AddProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
-                  const ProcessorSums& processors, const CollectionInterval& length);
+                  const ProcessorSums& processors, const CollectionInterval& /*length*/) {
+  pass.Run(minute, interval, processors, Share);
+}
 
 }  // namespace ozmo

@@ -1,5 +1,6 @@
-// Included before every source of the tool in a fuzz build: where the tool ends its process, it throws instead,
-// so that a fuzz target goes on with its next input and whatever the run held is given back on the way.
+// Included before every source of the tool in a fuzz build: where the tool ends its process, it throws
+// instead, so that a fuzz target goes on with its next input and whatever the run held is given back on the
+// way.
 #pragma once
 
 #include <cstdlib>

@@ -86,6 +86,8 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   return {};  // no graph splits the disk operations here
 }
 
+}  // namespace
+
 // A processor count that the partition's online processors limit. The seconds are those since the start of
 // the span and not of the interval: only the proportions count once the shares are scaled.
 double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
@@ -97,8 +99,6 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   }
   return 100.0 * CpuSecondsOf(process) / seconds / processors;
 }
-
-}  // namespace
 
 static_assert(EachGraphHasOneRecord(aix_texts::RECORDS));
 static_assert(RowsLeadToRecords(aix_texts::TREE, aix_texts::RECORDS));
@@ -113,11 +113,11 @@ constinit const PlatformSpec PLATFORM = {
     .usesInterval = HasProcessorsOrMachine,
     .processors = AddAixProcessors,
     .memory = AddMemory,
-    .processes = AddProcesses,
+    .processes = AddProcesses<ShareOf>,
     .protocols = AddBsdProtocols,
     .partition = AddPartition,
     .processorSpec = {.namePrefix = "cpu", .countsNice = false},
-    .processSpec = {.share = ShareOf, .passedOver = "wait"},
+    .processSpec = {.passedOver = "wait"},
     .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,

@@ -33,11 +33,11 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   return operations;
 }
 
+}  // namespace
+
 double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   return 100.0 * CpuSecondsOf(process) / basis.processors.time;
 }
-
-}  // namespace
 
 static_assert(EachGraphHasOneRecord(hpux_texts::RECORDS));
 static_assert(RowsLeadToRecords(hpux_texts::TREE, hpux_texts::RECORDS));
@@ -50,10 +50,9 @@ constinit const PlatformSpec PLATFORM = {
     .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
-    .processes = AddProcesses,
+    .processes = AddProcesses<ShareOf>,
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES},
-    .processSpec = {.share = ShareOf},
     .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::SUMMED},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,

@@ -63,15 +63,15 @@ void AddPageFaults(const Minute& minute, const VmrContext& interval) {
   minute.Store(Graph::PAGEFAULT_RATE, {(major + minor) / seconds});
 }
 
-void AddLinuxProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
-                       const ProcessorSums& processors, const CollectionInterval& /*length*/) {
-  pass.Run(minute, interval, processors);
-  if (minute.catalog.FindNeeded(Graph::PROCESS_PAGEFAULTS) != nullptr) AddPageFaults(minute, interval);
-}
-
 double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   const double seconds = static_cast<double>(ConfigOf(basis.interval).intervalSeconds);
   return CpuSecondsOf(process) * 100.0 / seconds / basis.processors.seen;
+}
+
+void AddLinuxProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interval,
+                       const ProcessorSums& processors, const CollectionInterval& /*length*/) {
+  pass.Run(minute, interval, processors, ShareOf);
+  if (minute.catalog.FindNeeded(Graph::PROCESS_PAGEFAULTS) != nullptr) AddPageFaults(minute, interval);
 }
 
 bool HasProcessorsAndConfiguration(const VmrContext& interval) {
@@ -94,7 +94,7 @@ constinit const PlatformSpec PLATFORM = {
     .processes = AddLinuxProcesses,
     .protocols = AddLinuxProtocols,
     .processorSpec = {.modes = MODES, .stopsAtConfigured = true},
-    .processSpec = {.share = ShareOf, .restIsNamed = true, .sumStartsMissing = true},
+    .processSpec = {.restIsNamed = true, .sumStartsMissing = true},
     .diskSpec = {.name = DiskName, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .hasAdapterGraphs = IsNamedAdapter,

@@ -35,12 +35,12 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   return operations;
 }
 
+}  // namespace
+
 double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   const double seconds = static_cast<double>(basis.interval.periodEnd - basis.interval.periodStart);
   return CpuSecondsOf(process) * 100.0 / basis.processors.seen / seconds;
 }
-
-}  // namespace
 
 static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
 static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
@@ -52,10 +52,10 @@ constinit const PlatformSpec PLATFORM = {
     .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
-    .processes = AddProcesses,
+    .processes = AddProcesses<ShareOf>,
     .protocols = AddSolarisProtocols,
     .processorSpec = {.modes = MODES},
-    .processSpec = {.share = ShareOf, .sumStartsMissing = true},
+    .processSpec = {.sumStartsMissing = true},
     .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .hasAdapterGraphs = EndsInDigit,  // "hme0"; not "lo" and the like

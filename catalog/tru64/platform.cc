@@ -38,9 +38,9 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   return operations;
 }
 
-double ShareOf(const ProcessRecord& process, const ShareBasis& /*basis*/) { return CpuSecondsOf(process); }
-
 }  // namespace
+
+double ShareOf(const ProcessRecord& process, const ShareBasis& /*basis*/) { return CpuSecondsOf(process); }
 
 static_assert(EachGraphHasOneRecord(tru64_texts::RECORDS));
 static_assert(RowsLeadToRecords(tru64_texts::TREE, tru64_texts::RECORDS));
@@ -51,10 +51,10 @@ constinit const PlatformSpec PLATFORM = {
     .usesInterval = HasProcessors,
     .processors = AddProcessors,
     .memory = AddMemory,
-    .processes = AddProcesses,
+    .processes = AddProcesses<ShareOf>,
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES, .setsFromConfiguration = true},
-    .processSpec = {.share = ShareOf, .restIsNamed = true},
+    .processSpec = {.restIsNamed = true},
     .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL, .isRescaled = true},

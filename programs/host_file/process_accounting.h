@@ -13,8 +13,8 @@ namespace ozmo::host_file {
 //
 // Most processes of a build live for less than an interval and are seen in no reading, or seen once with half
 // of what they use. What they used comes to light in their parent, which counts the use of the children it
-// has waited for. The growth of that count is taken as the parent's own use, less what the ended children were
-// seen with, as that was counted in earlier intervals.
+// has waited for. The growth of that count is taken as the parent's own use, less what the ended children
+// were seen with, as that was counted in earlier intervals.
 //
 // A process that came in sight without having started since counts nothing in its first interval. Not seen is
 // the use of ended processes whose parent doesn't wait for them because it ignores their end.

@@ -10,8 +10,8 @@ namespace ozmo::items {
 inline constexpr std::string_view RANKED = "ranked";
 
 struct Description {
-  std::string_view title;        // of the item, a run of blanks as one; DISK, ADAPTER, CPU-N in place of names
-  std::string_view source;       // what the item is computed from
+  std::string_view title;   // of the item, a run of blanks as one; DISK, ADAPTER, CPU-N in place of names
+  std::string_view source;  // what the item is computed from
   std::string_view traces = {};  // of an item whose traces come at run time; empty: as in the catalog
   std::string_view platforms =
       {};                     // words of the platforms that it holds for; empty: all that no other row names

@@ -107,8 +107,8 @@ struct Item {
   bool isReached = true;            // by its title: no other of the same title comes before it
 };
 
-// Lists the graphs of a catalog. Of the rows that come at run time, one for each name, the first takes the place of
-// all.
+// Lists the graphs of a catalog. Of the rows that come at run time, one for each name, the first takes the
+// place of all.
 class ItemList {
  public:
   explicit ItemList(GraphCatalog& catalog) : catalog_(catalog) {

@@ -26,7 +26,8 @@ bool IsOnDisk(libmnt_fs* mount) {
   return !isImage && (type == "zfs" || TextOf(mnt_fs_get_source(mount)).starts_with("/dev/"));
 }
 
-// What distinguishes a file system from others. A device may be mounted in parts that have numbers of their own.
+// What distinguishes a file system from others. A device may be mounted in parts that have numbers of their
+// own.
 std::string IdentityOf(libmnt_fs* mount) {
   const std::string source = TextOf(mnt_fs_get_source(mount));
   return source.starts_with("/dev/") ? source : std::to_string(mnt_fs_get_devno(mount));

@@ -20,8 +20,8 @@ std::string CountText(int count, const char* thing);
 // "1.4 MB", in units of 1000.
 std::string SizeText(size_t bytes);
 
-// The page's frame with its style and scripts, made when the program is built. Words between "%%" are places for
-// what a report puts there; each is there once.
+// The page's frame with its style and scripts, made when the program is built. Words between "%%" are places
+// for what a report puts there; each is there once.
 std::string_view PageTemplate();
 
 }  // namespace ozmo::report

@@ -2,7 +2,7 @@
 // part of its entitlement away.
 
 #include "programs/sample/bsd_counters.h"
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 namespace ozmo::sample::aix_sample {
 namespace {
@@ -32,7 +32,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processor time counts in ticks, a hundredth of a second each. The configuration record begins
 // with the version: the width of its field 503 hangs on it.
-constexpr RecordLayout RECORDS[] = {
+constexpr LayoutRow RECORDS[] = {
     {1, 0, P300 | P720, "101-104:4*100 105-109:4"},
     {1, 0, P300_64 | P720_64, "101-104:8*100 105-109:8"},
     {1, 0, FROM_P730, "101-104:8*100 105-109:8 110-111:8*100 112-114:8*65536 115-117:8"},
@@ -175,7 +175,7 @@ constexpr HostDescription HOST{.name = "granite",
                                .fileSystems = FILE_SYSTEMS,
                                .adapters = ADAPTERS};
 
-void WriteHead(const SampleContext& context, CollectorFile& file) {
+void WriteHead(const SampleContext& context, SampleFile& file) {
   file.Write(5, {{501, context.versionText},
                  {502, "PowerPC_SAMPLE"},
                  {503, int64_t{context.host.memoryMb} * 1024},
@@ -191,7 +191,7 @@ void WriteHead(const SampleContext& context, CollectorFile& file) {
                  {515, context.options.intervalSeconds * 1000}});
 }
 
-void WriteProcessors(const HostSample& sample, CollectorFile& file) {
+void WriteProcessors(const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   const double busy = (all.user + all.nice + all.system) / sample.intervalSeconds;
   file.Write(1, {{101, all.user + all.nice},
@@ -211,7 +211,7 @@ void WriteProcessors(const HostSample& sample, CollectorFile& file) {
 
 double Pages(double kilobytes) { return kilobytes * 1024 / PAGE_BYTES; }
 
-void WriteMemory(const SampleContext& context, const HostSample& sample, CollectorFile& file) {
+void WriteMemory(const SampleContext& context, const HostSample& sample, SampleFile& file) {
   const MemorySample& memory = sample.memory;
   const double processKb = memory.activeKb + memory.inactiveKb;
   file.Write(3, {{301, Pages(memory.freeKb)},
@@ -236,7 +236,7 @@ void WriteMemory(const SampleContext& context, const HostSample& sample, Collect
                   {23, 2097152}});
 }
 
-void WriteDisks(const HostSample& sample, CollectorFile& file) {
+void WriteDisks(const HostSample& sample, SampleFile& file) {
   constexpr int BLOCK_BYTES = 512;
   for (const DiskSample& disk : sample.disks) {
     file.Write(2, {{201, disk.name},
@@ -259,7 +259,7 @@ void WriteDisks(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProcesses(const HostSample& sample, CollectorFile& file) {
+void WriteProcesses(const HostSample& sample, SampleFile& file) {
   const double idleEach = sample.AllProcessors().idle / LOGICAL_PROCESSORS;
   for (const ProcessSample& process : sample.processes) {
     const bool idle = process.image == IDLE_PROCESS;
@@ -283,8 +283,8 @@ void WriteProcesses(const HostSample& sample, CollectorFile& file) {
 
 // Fields 701 to 723 are elements 0 to 22, from 724 the field number is the element's plus 700, and
 // from 774 one less. Element 31 is in two fields. Element 23 has no field.
-void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
-  FieldValues counters;
+void WriteProtocolCounters(const HostSample& sample, SampleFile& file) {
+  FieldFigures counters;
   for (const BsdCounter& counter : BsdCounters()) {
     const double value = counter.value(sample.network);
     const int element = counter.element;
@@ -301,7 +301,7 @@ void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
 }
 
 // A capped partition with dedicated processors that donates what it doesn't use.
-void WritePartition(const SampleContext& context, const HostSample& sample, CollectorFile& file) {
+void WritePartition(const SampleContext& context, const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   const double physical = static_cast<double>(PHYSICAL_PROCESSORS) / LOGICAL_PROCESSORS;
   const double donated = all.idle * physical * 0.6;
@@ -327,7 +327,7 @@ void WritePartition(const SampleContext& context, const HostSample& sample, Coll
                   {50, sample.intervalSeconds}});
 }
 
-void WriteSample(const SampleContext& context, const HostSample& sample, CollectorFile& file) {
+void WriteSample(const SampleContext& context, const HostSample& sample, SampleFile& file) {
   WriteProcessors(sample, file);
   WriteMemory(context, sample, file);
   WriteDisks(sample, file);
@@ -338,9 +338,9 @@ void WriteSample(const SampleContext& context, const HostSample& sample, Collect
   WriteAdaptersAndSummary(sample, file);
 }
 
-constexpr CollectorFormat FORMAT{ByteOrder::BIG, RECORDS, 6, 601, WriteHead, WriteSample};
+constexpr SampleFormat FORMAT{WrittenOrder::BIG, RECORDS, 6, 601, WriteHead, WriteSample};
 
-std::string FileBytes(const SampleContext& context, const DayFile& file) {
+std::string FileBytes(const SampleContext& context, const FileOfDay& file) {
   return CollectorBytes(FORMAT, context, file);
 }
 

@@ -83,7 +83,7 @@ bool CollectorWriter::WriteFile(const std::string& path) const {
 std::string CollectorWriter::NumberBytes(uint64_t value, int byteCount) const {
   std::string bytes;
   for (int i = 0; i < byteCount; ++i) {
-    const int byte = order_ == ByteOrder::LITTLE ? i : byteCount - 1 - i;
+    const int byte = order_ == WrittenOrder::LITTLE ? i : byteCount - 1 - i;
     bytes += static_cast<char>((value >> (8 * byte)) & 0xFF);
   }
   return bytes;

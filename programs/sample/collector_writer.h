@@ -9,7 +9,7 @@
 // whoever writes (a kind of sample files by its layouts, a test for its own case). It shares no code with
 // the readers, so that a slip on one side does not hide one on the other.
 //
-//   CollectorWriter writer(ByteOrder::BIG);
+//   CollectorWriter writer(WrittenOrder::BIG);
 //   writer.OrderList(7, {701}).DivisorList(7, {1});
 //   writer.Record(7, {Int32(1329897600)});
 //   writer.WriteFile("/tmp/qtxs_node_2012Feb22.dat_1");
@@ -26,7 +26,7 @@
 
 namespace ozmo::sample {
 
-enum class ByteOrder { LITTLE, BIG };
+enum class WrittenOrder { LITTLE, BIG };
 
 enum class Encoding { TEXT, INT32, INT64, RAW };
 
@@ -47,7 +47,7 @@ EncodedField Raw(std::string_view bytes);
 
 class CollectorWriter {
  public:
-  explicit CollectorWriter(ByteOrder order) : order_(order) {}
+  explicit CollectorWriter(WrittenOrder order) : order_(order) {}
 
   // A text block before the first record, between its two marker lines.
   CollectorWriter& LeadingBlock(std::string_view lines);
@@ -74,7 +74,7 @@ class CollectorWriter {
   std::string NumberBytes(uint64_t value, int byteCount) const;
   void PutField(const EncodedField& field);
 
-  ByteOrder order_;
+  WrittenOrder order_;
   std::string bytes_;
 };
 

@@ -17,7 +17,7 @@ int64_t StartOfDay(const std::chrono::year_month_day& date) {
 
 // Adds the files of one day: the samples in as many parts of nearly one size, none of them empty.
 void CutDay(const std::chrono::year_month_day& date, const std::vector<int64_t>& times, int fileCount,
-            std::vector<DayFile>& files) {
+            std::vector<FileOfDay>& files) {
   const size_t parts = std::min(static_cast<size_t>(fileCount), times.size());
   for (size_t part = 0; part < parts; ++part) {
     const auto from = static_cast<std::ptrdiff_t>(times.size() * part / parts);
@@ -28,14 +28,14 @@ void CutDay(const std::chrono::year_month_day& date, const std::vector<int64_t>&
 
 }  // namespace
 
-std::vector<DayFile> CutIntoFiles(const SampleOptions& options, int second) {
+std::vector<FileOfDay> CutIntoFiles(const SampleOptions& options, int second) {
   const int64_t start = StartOfDay(options.date) + int64_t{options.startHour} * 3600;
   const int64_t end = start + int64_t{options.hours} * 3600;
   std::map<int64_t, std::vector<int64_t>> timesOfDays;
   for (int64_t time = start + second % options.intervalSeconds; time < end; time += options.intervalSeconds) {
     timesOfDays[time / DAY_SECONDS].push_back(time);
   }
-  std::vector<DayFile> files;
+  std::vector<FileOfDay> files;
   for (const auto& [day, times] : timesOfDays) {
     CutDay(std::chrono::sys_days{std::chrono::days{day}}, times, options.filesPerDay, files);
   }

@@ -29,7 +29,7 @@ struct SampleOptions {
 };
 
 // One file of a day: its number from 1 and the times of its samples, on the host's wall clock.
-struct DayFile {
+struct FileOfDay {
   std::chrono::year_month_day date;
   int number = 1;
   std::vector<int64_t> times;
@@ -38,7 +38,7 @@ struct DayFile {
 // Cuts the span into days and the samples of each day into filesPerDay files. No file is empty. The samples
 // are taken `second` seconds past the full minute or the like: on it, a reader would find two of them in the
 // first interval.
-std::vector<DayFile> CutIntoFiles(const SampleOptions& options, int second);
+std::vector<FileOfDay> CutIntoFiles(const SampleOptions& options, int second);
 
 // "2012Feb22".
 std::string FileDate(const std::chrono::year_month_day& date);

@@ -40,7 +40,7 @@ double WorkAt(const HostDescription& host, Shift shift, int64_t time) {
 }
 
 // What all figures of one interval are made from.
-struct Moment {
+struct HostMoment {
   const HostDescription& host;
   uint64_t seed;
   int64_t time;
@@ -61,7 +61,7 @@ struct Moment {
   }
 };
 
-std::vector<CpuSample> SampleProcessors(const Moment& moment) {
+std::vector<CpuSample> SampleProcessors(const HostMoment& moment) {
   const HostDescription& host = moment.host;
   const double niceShare = 0.3 * std::min(1.0, WorkAt(host, Shift::NIGHT, moment.time));
   std::vector<CpuSample> processors;
@@ -95,7 +95,7 @@ double ShiftShare(const HostDescription& host, Shift shift, int64_t time) {
   return shift == Shift::BOTH ? 0.8 : std::min(1.0, 0.03 + 1.5 * WorkAt(host, shift, time));
 }
 
-Life LifeOfSlot(const ProgramDescription& program, uint64_t stream, const Moment& moment) {
+Life LifeOfSlot(const ProgramDescription& program, uint64_t stream, const HostMoment& moment) {
   if (program.lifeMinutes == 0) return {0, static_cast<double>(moment.interval)};
   const int64_t period = int64_t{program.lifeMinutes} * 60;
   const int64_t shifted =
@@ -110,7 +110,7 @@ Life LifeOfSlot(const ProgramDescription& program, uint64_t stream, const Moment
 }
 
 ProcessSample MakeProcess(const ProgramDescription& program, uint64_t stream, const Life& life,
-                          const Moment& moment) {
+                          const HostMoment& moment) {
   ProcessSample process;
   process.image = program.image;
   process.user = program.user;
@@ -142,7 +142,7 @@ void ShareProcessorTime(std::vector<ProcessSample>& processes, double busySecond
   }
 }
 
-std::vector<ProcessSample> SampleProcesses(const Moment& moment, double busySeconds) {
+std::vector<ProcessSample> SampleProcesses(const HostMoment& moment, double busySeconds) {
   std::vector<ProcessSample> processes;
   for (const ProgramDescription& program : moment.host.programs) {
     for (int slot = 0; slot < program.count * moment.host.scale; ++slot) {
@@ -156,7 +156,7 @@ std::vector<ProcessSample> SampleProcesses(const Moment& moment, double busySeco
   return processes;
 }
 
-DiskSample SampleDisk(const DiskDescription& description, const Moment& moment) {
+DiskSample SampleDisk(const DiskDescription& description, const HostMoment& moment) {
   const double level = moment.Level(description.shift, 0.05) * (0.4 + 1.2 * moment.Wander(description.name)) *
                        moment.Around(description.name, 0.15, 1);
   const double ops = std::floor(description.opsPerSecond * level * moment.interval);
@@ -180,7 +180,7 @@ DiskSample SampleDisk(const DiskDescription& description, const Moment& moment) 
   return disk;
 }
 
-FileSystemSample SampleFileSystem(const FileSystemDescription& description, const Moment& moment) {
+FileSystemSample SampleFileSystem(const FileSystemDescription& description, const HostMoment& moment) {
   const auto cycle = static_cast<int64_t>(description.cycleHours * 3600);
   const uint64_t stream = StreamOf(moment.seed, description.mount);
   const int64_t phase = static_cast<int64_t>(NoiseAt(stream, -1) * static_cast<double>(cycle));
@@ -199,7 +199,7 @@ FileSystemSample SampleFileSystem(const FileSystemDescription& description, cons
   return fileSystem;
 }
 
-AdapterSample SampleAdapter(const AdapterDescription& description, const Moment& moment) {
+AdapterSample SampleAdapter(const AdapterDescription& description, const HostMoment& moment) {
   const double level = moment.Level(description.shift, 0.03) * (0.5 + moment.Wander(description.name));
   const double bytes = 1024 * description.kbPerSecond * level * moment.interval;
   const double errors = description.errorsPerHour * level * moment.interval / 3600;
@@ -221,7 +221,7 @@ AdapterSample SampleAdapter(const AdapterDescription& description, const Moment&
 }
 
 // The processes take what they hold, the kernel a tenth, and files a share of what is left.
-MemorySample SampleMemory(const std::vector<ProcessSample>& processes, const Moment& moment) {
+MemorySample SampleMemory(const std::vector<ProcessSample>& processes, const HostMoment& moment) {
   const double totalKb = 1024.0 * moment.host.memoryMb;
   const double residentKb =
       std::accumulate(processes.begin(), processes.end(), 0.0,
@@ -252,7 +252,7 @@ MemorySample SampleMemory(const std::vector<ProcessSample>& processes, const Mom
   return memory;
 }
 
-void SampleTcp(NetworkSample& network, const Moment& moment, double packetsIn, double packetsOut) {
+void SampleTcp(NetworkSample& network, const HostMoment& moment, double packetsIn, double packetsOut) {
   const double opens =
       moment.host.opensPerSecond * moment.load * moment.interval * (0.6 + 0.8 * moment.Wander("connections"));
   network.tcpActiveOpens = std::floor(0.25 * opens * moment.Around("active opens", 0.3));
@@ -281,7 +281,7 @@ void SampleTcp(NetworkSample& network, const Moment& moment, double packetsIn, d
   network.tcpDuplicateIn = std::floor(0.01 * network.tcpSegmentsIn * moment.Wander("duplicate"));
 }
 
-NetworkSample SampleNetwork(const std::vector<AdapterSample>& adapters, const Moment& moment) {
+NetworkSample SampleNetwork(const std::vector<AdapterSample>& adapters, const HostMoment& moment) {
   double packetsIn = 0;
   double packetsOut = 0;
   for (const AdapterSample& adapter : adapters) {
@@ -324,7 +324,7 @@ CpuSample HostSample::AllProcessors() const {
 
 HostSample SampleHost(const HostDescription& host, uint64_t seed, int64_t wallTime, int intervalSeconds) {
   const uint64_t hostSeed = StreamOf(seed, host.name);
-  const Moment moment{host, hostSeed, wallTime, intervalSeconds, LoadAt(host, hostSeed, wallTime)};
+  const HostMoment moment{host, hostSeed, wallTime, intervalSeconds, LoadAt(host, hostSeed, wallTime)};
   HostSample sample;
   sample.wallTime = wallTime;
   sample.intervalSeconds = intervalSeconds;

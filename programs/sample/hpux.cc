@@ -1,7 +1,7 @@
 // HP-UX: big-endian.
 
 #include "programs/sample/bsd_counters.h"
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 namespace ozmo::sample::hpux_sample {
 namespace {
@@ -32,7 +32,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processor time counts in ticks, a hundredth of a second each; disk times in microseconds, disk
 // data in blocks of 64 bytes.
-constexpr RecordLayout RECORDS[] = {
+constexpr LayoutRow RECORDS[] = {
     {1, 0, ALL, "101-105:4*100 106-113:4 114-116:4*100"},
     {2, 0, NARROW, "201:t 202:4 203:4*16 204:4 205-206:8*1000000 207:4*1000 208:4*100"},
     {2, 0, WIDE, "201:t 202:8 203:8*16 204:8 205-206:8*1000000 207:8*1000 208:8*100"},
@@ -148,7 +148,7 @@ constexpr HostDescription HOST{.name = "harbor",
 
 double Pages(double kilobytes) { return kilobytes * 1024 / PAGE_BYTES; }
 
-void WriteHead(const SampleContext& context, CollectorFile& file) {
+void WriteHead(const SampleContext& context, SampleFile& file) {
   file.Write(5, {{501, context.versionText},
                  {502, "9000/800"},
                  {503, int64_t{context.host.memoryMb} * 1024},
@@ -164,7 +164,7 @@ void WriteHead(const SampleContext& context, CollectorFile& file) {
                  {515, context.options.intervalSeconds * 1000}});
 }
 
-void WriteProcessors(const HostSample& sample, CollectorFile& file) {
+void WriteProcessors(const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   const double busy = (all.user + all.nice + all.system) / sample.intervalSeconds;
   file.Write(1, {{101, all.user},
@@ -187,7 +187,7 @@ void WriteProcessors(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteMemory(const HostSample& sample, CollectorFile& file) {
+void WriteMemory(const HostSample& sample, SampleFile& file) {
   const MemorySample& memory = sample.memory;
   file.Write(3, {{301, Pages(memory.freeKb)},
                  {303, Pages(memory.activeKb)},
@@ -204,7 +204,7 @@ void WriteMemory(const HostSample& sample, CollectorFile& file) {
                  {327, memory.zeroFillFaults}});
 }
 
-void WriteDisks(const HostSample& sample, CollectorFile& file) {
+void WriteDisks(const HostSample& sample, SampleFile& file) {
   for (const DiskSample& disk : sample.disks) {
     file.Write(2, {{201, disk.name},
                    {202, disk.Operations()},
@@ -217,7 +217,7 @@ void WriteDisks(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProcesses(const HostSample& sample, CollectorFile& file) {
+void WriteProcesses(const HostSample& sample, SampleFile& file) {
   for (const ProcessSample& process : sample.processes) {
     file.Write(4, {{402, process.processId},
                    {403, process.parentId},
@@ -242,9 +242,9 @@ void WriteProcesses(const HostSample& sample, CollectorFile& file) {
 // part, record 11, those from 67: UDP and the rest of IP. A reader holds the part that comes last. By day
 // that is the first, and at night, when files are moved over UDP, the second, so that a whole day shows
 // either.
-void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
-  FieldValues first;
-  FieldValues second;
+void WriteProtocolCounters(const HostSample& sample, SampleFile& file) {
+  FieldFigures first;
+  FieldFigures second;
   for (const BsdCounter& counter : BsdCounters()) {
     const int element = counter.element;
     const double value = counter.value(sample.network);
@@ -263,7 +263,7 @@ void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
   if (!isNight) file.Write(7, first);
 }
 
-void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& file) {
+void WriteSample(const SampleContext&, const HostSample& sample, SampleFile& file) {
   WriteProcessors(sample, file);
   WriteMemory(sample, file);
   WriteDisks(sample, file);
@@ -273,9 +273,9 @@ void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& 
   WriteAdaptersAndSummary(sample, file);
 }
 
-constexpr CollectorFormat FORMAT{ByteOrder::BIG, RECORDS, 6, 601, WriteHead, WriteSample};
+constexpr SampleFormat FORMAT{WrittenOrder::BIG, RECORDS, 6, 601, WriteHead, WriteSample};
 
-std::string FileBytes(const SampleContext& context, const DayFile& file) {
+std::string FileBytes(const SampleContext& context, const FileOfDay& file) {
   return CollectorBytes(FORMAT, context, file);
 }
 

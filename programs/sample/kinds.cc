@@ -26,7 +26,7 @@ SampleContext ContextOf(const SampleKind& kind, const SampleOptions& options) {
   return context;
 }
 
-std::string PathOf(const SampleKind& kind, const SampleContext& context, const DayFile& file) {
+std::string PathOf(const SampleKind& kind, const SampleContext& context, const FileOfDay& file) {
   std::string name(context.options.littleEndian ? kind.littleEndianPrefix : kind.filePrefix);
   name += context.node + "_" + FileDate(file.date);
   name.append(kind.numberMark).append(std::to_string(file.number)).append(kind.suffix);
@@ -35,9 +35,9 @@ std::string PathOf(const SampleKind& kind, const SampleContext& context, const D
 
 // Files of the days of `files` that are there already, those with higher numbers last.
 std::vector<std::string> FilesInTheWay(const SampleKind& kind, const SampleContext& context,
-                                       const std::vector<DayFile>& files) {
+                                       const std::vector<FileOfDay>& files) {
   std::vector<std::string> found;
-  const auto look = [&](const DayFile& file) {
+  const auto look = [&](const FileOfDay& file) {
     std::error_code ignored;
     const std::string path = PathOf(kind, context, file);
     const bool isThere = std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
@@ -47,7 +47,7 @@ std::vector<std::string> FilesInTheWay(const SampleKind& kind, const SampleConte
   for (size_t i = 0; i < files.size(); ++i) {
     look(files[i]);
     if (i + 1 < files.size() && files[i + 1].date == files[i].date) continue;
-    DayFile further = files[i];
+    FileOfDay further = files[i];
     while (++further.number, look(further)) {
     }
   }
@@ -55,7 +55,7 @@ std::vector<std::string> FilesInTheWay(const SampleKind& kind, const SampleConte
 }
 
 std::string MakeRoom(const SampleKind& kind, const SampleContext& context,
-                     const std::vector<DayFile>& files) {
+                     const std::vector<FileOfDay>& files) {
   std::error_code error;
   std::filesystem::create_directories(context.options.directory, error);
   if (error) return context.options.directory + ": " + error.message();
@@ -67,7 +67,7 @@ std::string MakeRoom(const SampleKind& kind, const SampleContext& context,
 
 // Takes away what an older sample has more than the new one.
 std::string RemoveFurther(const SampleKind& kind, const SampleContext& context,
-                          const std::vector<DayFile>& files, const std::vector<std::string>& written) {
+                          const std::vector<FileOfDay>& files, const std::vector<std::string>& written) {
   for (const std::string& path : FilesInTheWay(kind, context, files)) {
     std::error_code error;
     if (std::ranges::count(written, path) != 0) continue;
@@ -120,9 +120,9 @@ SampleResult WriteSample(const SampleKind& kind, const SampleOptions& options) {
   result.error = CheckOptions(kind, options);
   if (!result.error.empty()) return result;
   const SampleContext context = ContextOf(kind, options);
-  const std::vector<DayFile> files = CutIntoFiles(options, kind.host.second);
+  const std::vector<FileOfDay> files = CutIntoFiles(options, kind.host.second);
   result.error = MakeRoom(kind, context, files);
-  for (const DayFile& file : files) {
+  for (const FileOfDay& file : files) {
     if (!result.error.empty()) break;
     const std::string path = PathOf(kind, context, file);
     result.error = WriteWholeFile({path, LinkRule::REPLACE}, kind.fileBytes(context, file));

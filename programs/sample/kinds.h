@@ -29,7 +29,7 @@ struct SampleKind {
   std::string_view numberMark = ".dat_";    // between the date and the number of the file
   std::string_view suffix{};                // after the number
   std::string_view littleEndianPrefix{};    // of files in the other byte order; empty: there are none
-  std::string (*fileBytes)(const SampleContext& context, const DayFile& file);
+  std::string (*fileBytes)(const SampleContext& context, const FileOfDay& file);
 };
 
 // Each is described in the file of its name.

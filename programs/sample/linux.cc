@@ -1,6 +1,6 @@
 // Linux: little-endian. The disk list has partitions beside the disks.
 
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 namespace ozmo::sample::linux_sample {
 namespace {
@@ -30,7 +30,7 @@ constexpr std::string_view NARROW_PROCESS =
     "401-406:4 407-408:4*100 409-410:4 412:t 414-417:4 411:4 419-428:4 413:t";
 
 // Processor time counts in ticks, a hundredth of a second each.
-constexpr RecordLayout RECORDS[] = {
+constexpr LayoutRow RECORDS[] = {
     {1, 0, P300, "101-104:4*100"},
     {1, 0, P300_64, "101-104:8*100"},
     {1, 0, ANY_P720, "101-105:8*100 106-112:8"},
@@ -185,7 +185,7 @@ constexpr ProtocolCounter PROTOCOL_COUNTERS[] = {
     {60, &NetworkSample::udpOut},
 };
 
-void WriteHead(const SampleContext& context, CollectorFile& file) {
+void WriteHead(const SampleContext& context, SampleFile& file) {
   file.WriteTag(context.versionText);
   file.Write(5, {{501, int64_t{context.host.memoryMb} * 1024},
                  {503, context.host.processors},
@@ -201,7 +201,7 @@ void WriteHead(const SampleContext& context, CollectorFile& file) {
                  {515, context.options.intervalSeconds * 1000}});
 }
 
-void WriteProcessors(const HostSample& sample, CollectorFile& file) {
+void WriteProcessors(const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   file.Write(1, {{101, all.user},
                  {102, all.nice},
@@ -223,7 +223,7 @@ void WriteProcessors(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteMemory(const HostSample& sample, CollectorFile& file) {
+void WriteMemory(const HostSample& sample, SampleFile& file) {
   const MemorySample& memory = sample.memory;
   file.Write(3, {{302, memory.freeKb},
                  {303, memory.sharedKb},
@@ -237,7 +237,7 @@ void WriteMemory(const HostSample& sample, CollectorFile& file) {
                  {311, memory.swapsOut}});
 }
 
-void WriteDisks(const HostSample& sample, CollectorFile& file) {
+void WriteDisks(const HostSample& sample, SampleFile& file) {
   constexpr int SECTORS_PER_KB = 2;
   for (const DiskSample& disk : sample.disks) {
     file.Write(2, {{201, disk.name},
@@ -260,7 +260,7 @@ void WriteDisks(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProcesses(const HostSample& sample, CollectorFile& file) {
+void WriteProcesses(const HostSample& sample, SampleFile& file) {
   for (const ProcessSample& process : sample.processes) {
     file.Write(4, {{402, process.processId},
                    {405, process.parentId},
@@ -275,8 +275,8 @@ void WriteProcesses(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
-  FieldValues counters{{1101, 1}, {1102, 64}};  // forwarding on, and the default time to live
+void WriteProtocolCounters(const HostSample& sample, SampleFile& file) {
+  FieldFigures counters{{1101, 1}, {1102, 64}};  // forwarding on, and the default time to live
   for (const ProtocolCounter& row : PROTOCOL_COUNTERS) {
     counters.emplace_back(1101 + row.place, sample.network.*row.counter);
   }
@@ -285,7 +285,7 @@ void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
   file.Write(11, counters);
 }
 
-void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& file) {
+void WriteSample(const SampleContext&, const HostSample& sample, SampleFile& file) {
   WriteProcessors(sample, file);
   WriteMemory(sample, file);
   WriteDisks(sample, file);
@@ -296,9 +296,9 @@ void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& 
   WriteAdaptersAndSummary(sample, file);
 }
 
-constexpr CollectorFormat FORMAT{ByteOrder::LITTLE, RECORDS, 9, 901, WriteHead, WriteSample};
+constexpr SampleFormat FORMAT{WrittenOrder::LITTLE, RECORDS, 9, 901, WriteHead, WriteSample};
 
-std::string FileBytes(const SampleContext& context, const DayFile& file) {
+std::string FileBytes(const SampleContext& context, const FileOfDay& file) {
   return CollectorBytes(FORMAT, context, file);
 }
 

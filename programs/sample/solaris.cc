@@ -1,6 +1,6 @@
 // Solaris: big-endian, or little-endian under the other file prefix.
 
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 namespace ozmo::sample::solaris_sample {
 namespace {
@@ -9,7 +9,7 @@ enum : uint32_t { P300 = 1, P720 = 2, P730 = 4, FROM_P720 = P720 | P730, ALL = P
 
 constexpr VersionLayout VERSIONS[] = {{"P730", P730}, {"P720", P720}, {"P300", P300}};
 
-constexpr RecordLayout RECORDS[] = {
+constexpr LayoutRow RECORDS[] = {
     {1, 0, P730, "101-114:8"},
     {1, 0, P300 | P720, "101-109:8"},
     {2, 0, ALL, "201:t 202-203:8 204-205:4 206-211:8*1000000000 212-213:4"},
@@ -158,7 +158,7 @@ constexpr KernelStatistic KERNEL_STATISTICS[] = {
     {118, &NetworkSample::udpOut},
 };
 
-void WriteHead(const SampleContext& context, CollectorFile& file) {
+void WriteHead(const SampleContext& context, SampleFile& file) {
   file.Write(5, {{501, context.versionText},
                  {502, "Sample-Fire"},
                  {503, int64_t{context.host.memoryMb} * 1024},
@@ -174,7 +174,7 @@ void WriteHead(const SampleContext& context, CollectorFile& file) {
                  {515, context.options.intervalSeconds * 1000}});
 }
 
-void WriteProcessors(const HostSample& sample, CollectorFile& file) {
+void WriteProcessors(const HostSample& sample, SampleFile& file) {
   for (const CpuSample& cpu : sample.processors) {
     const double percent = 100.0 / sample.intervalSeconds;
     file.Write(6, {{601, cpu.id},
@@ -187,7 +187,7 @@ void WriteProcessors(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteMemory(const HostSample& sample, CollectorFile& file) {
+void WriteMemory(const HostSample& sample, SampleFile& file) {
   const MemorySample& memory = sample.memory;
   const double pageKb = PAGE_BYTES / 1024.0;
   file.Write(3, {{303, PAGE_BYTES},
@@ -206,7 +206,7 @@ void WriteMemory(const HostSample& sample, CollectorFile& file) {
                  {341, memory.freeKb / pageKb}});
 }
 
-void WriteDisks(const HostSample& sample, CollectorFile& file) {
+void WriteDisks(const HostSample& sample, SampleFile& file) {
   for (const DiskSample& disk : sample.disks) {
     file.Write(2, {{201, disk.name},
                    {202, disk.readKb * 1024},
@@ -221,7 +221,7 @@ void WriteDisks(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProcesses(const HostSample& sample, CollectorFile& file) {
+void WriteProcesses(const HostSample& sample, SampleFile& file) {
   for (const ProcessSample& process : sample.processes) {
     file.Write(4, {{402, process.processId},
                    {404, process.parentId},
@@ -243,15 +243,15 @@ void WriteProcesses(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteKernelCounters(const HostSample& sample, CollectorFile& file) {
-  FieldValues counters;
+void WriteKernelCounters(const HostSample& sample, SampleFile& file) {
+  FieldFigures counters;
   for (const KernelStatistic& statistic : KERNEL_STATISTICS) {
     counters.emplace_back(801 + statistic.slot, sample.network.*statistic.counter);
   }
   file.Write(8, counters);
 }
 
-void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& file) {
+void WriteSample(const SampleContext&, const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   file.Write(1, {{101, all.user * 100},
                  {102, all.system * 100},
@@ -267,9 +267,9 @@ void WriteSample(const SampleContext&, const HostSample& sample, CollectorFile& 
   WriteAdaptersAndSummary(sample, file);
 }
 
-constexpr CollectorFormat FORMAT{ByteOrder::BIG, RECORDS, 7, 701, WriteHead, WriteSample};
+constexpr SampleFormat FORMAT{WrittenOrder::BIG, RECORDS, 7, 701, WriteHead, WriteSample};
 
-std::string FileBytes(const SampleContext& context, const DayFile& file) {
+std::string FileBytes(const SampleContext& context, const FileOfDay& file) {
   return CollectorBytes(FORMAT, context, file);
 }
 

@@ -1,7 +1,7 @@
 // Tru64: little-endian. The files have a prefix that no reader claims.
 
 #include "programs/sample/bsd_counters.h"
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 namespace ozmo::sample::tru64_sample {
 namespace {
@@ -23,7 +23,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processors count 1024 ticks a second. What a process used of the machine counts in millionths of
 // a percent, before P720 in hundredths.
-constexpr RecordLayout RECORDS[] = {
+constexpr LayoutRow RECORDS[] = {
     {1, 0, ALL, "101-108:4"},
     {2, 0, ALL, "201:t 202-203:8 204-207:8/100"},
     {3, 0, ALL, "301-302:4 303-330:8 331-332:4 333-334:8"},
@@ -132,7 +132,7 @@ constexpr HostDescription HOST{.name = "quasar",
 
 double Pages(double kilobytes) { return kilobytes * 1024 / PAGE_BYTES; }
 
-void WriteHead(const SampleContext& context, CollectorFile& file) {
+void WriteHead(const SampleContext& context, SampleFile& file) {
   file.Write(5, {// Thousands of bytes: this collector's megabyte has 1000 of them.
                  {501, int64_t{context.host.memoryMb} * 1000},
                  {502, "AlphaServer Sample"},
@@ -150,7 +150,7 @@ void WriteHead(const SampleContext& context, CollectorFile& file) {
   file.Write(7, {{701, "dsk10"}, {702, "archive"}, {703, "RZ1CB"}});
 }
 
-void WriteProcessors(const HostSample& sample, CollectorFile& file) {
+void WriteProcessors(const HostSample& sample, SampleFile& file) {
   const CpuSample all = sample.AllProcessors();
   file.Write(1, {{104, all.system * 900},
                  {105, all.system * 1500},
@@ -167,7 +167,7 @@ void WriteProcessors(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteMemory(const HostSample& sample, CollectorFile& file) {
+void WriteMemory(const HostSample& sample, SampleFile& file) {
   const MemorySample& memory = sample.memory;
   file.Write(3, {{309, PAGE_BYTES},
                  {310, Pages(memory.freeKb)},
@@ -186,7 +186,7 @@ void WriteMemory(const HostSample& sample, CollectorFile& file) {
 }
 
 // Queue and times are means over the interval's operations.
-void WriteDisks(const HostSample& sample, CollectorFile& file) {
+void WriteDisks(const HostSample& sample, SampleFile& file) {
   for (const DiskSample& disk : sample.disks) {
     const double perOperation = disk.Operations() > 0 ? 1000 / disk.Operations() : 0;
     file.Write(2, {{201, disk.name},
@@ -199,7 +199,7 @@ void WriteDisks(const HostSample& sample, CollectorFile& file) {
   }
 }
 
-void WriteProcesses(const SampleContext& context, const HostSample& sample, CollectorFile& file) {
+void WriteProcesses(const SampleContext& context, const HostSample& sample, SampleFile& file) {
   // Shares of the whole machine.
   const double percent = 100.0 / sample.intervalSeconds / context.host.processors;
   for (const ProcessSample& process : sample.processes) {
@@ -222,8 +222,8 @@ void WriteProcesses(const SampleContext& context, const HostSample& sample, Coll
   }
 }
 
-void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
-  FieldValues counters;
+void WriteProtocolCounters(const HostSample& sample, SampleFile& file) {
+  FieldFigures counters;
   for (const BsdCounter& counter : BsdCounters()) {
     if (counter.element <= LAST_COUNTER_ELEMENT) {
       counters.emplace_back(1101 + counter.element, counter.value(sample.network));
@@ -232,7 +232,7 @@ void WriteProtocolCounters(const HostSample& sample, CollectorFile& file) {
   file.Write(11, counters);
 }
 
-void WriteSample(const SampleContext& context, const HostSample& sample, CollectorFile& file) {
+void WriteSample(const SampleContext& context, const HostSample& sample, SampleFile& file) {
   WriteProcessors(sample, file);
   WriteMemory(sample, file);
   WriteDisks(sample, file);
@@ -242,9 +242,9 @@ void WriteSample(const SampleContext& context, const HostSample& sample, Collect
   WriteAdaptersAndSummary(sample, file);
 }
 
-constexpr CollectorFormat FORMAT{ByteOrder::LITTLE, RECORDS, 9, 901, WriteHead, WriteSample};
+constexpr SampleFormat FORMAT{WrittenOrder::LITTLE, RECORDS, 9, 901, WriteHead, WriteSample};
 
-std::string FileBytes(const SampleContext& context, const DayFile& file) {
+std::string FileBytes(const SampleContext& context, const FileOfDay& file) {
   return CollectorBytes(FORMAT, context, file);
 }
 

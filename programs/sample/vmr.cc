@@ -72,7 +72,7 @@ constexpr HostDescription HOST{.name = "OFFICE",
                                .adapters = ADAPTERS};
 
 // What an object or one of its instances shows at a sample: counter title number and mean.
-struct CounterValue {
+struct CounterFigure {
   int counter;
   double mean;
 };
@@ -80,7 +80,7 @@ struct CounterValue {
 struct Instance {
   std::string name;
   int sampleCount;
-  std::vector<CounterValue> values;
+  std::vector<CounterFigure> values;
 };
 
 // Sampling periods are whole seconds.
@@ -96,23 +96,23 @@ std::string NumberText(double number) {
   return text.data();
 }
 
-void AppendCounterRow(std::string& out, const std::vector<CounterValue>& values) {
+void AppendCounterRow(std::string& out, const std::vector<CounterFigure>& values) {
   out += "5";
-  for (const CounterValue& value : values) {
+  for (const CounterFigure& value : values) {
     out += "~" + std::to_string(value.counter);
   }
   out += "\n";
 }
 
-void AppendDataRow(std::string& out, const std::vector<CounterValue>& values, int sampleCount) {
+void AppendDataRow(std::string& out, const std::vector<CounterFigure>& values, int sampleCount) {
   out += "6";
-  for (const CounterValue& value : values) {
+  for (const CounterFigure& value : values) {
     out += "~" + NumberText(value.mean * sampleCount);
   }
   out += "\n";
 }
 
-void AppendObject(std::string& out, int object, int sampleCount, const std::vector<CounterValue>& values) {
+void AppendObject(std::string& out, int object, int sampleCount, const std::vector<CounterFigure>& values) {
   out += "2~" + std::to_string(object) + "~" + std::to_string(sampleCount) + "\n";
   AppendCounterRow(out, values);
   AppendDataRow(out, values, sampleCount);
@@ -275,7 +275,7 @@ void AppendNetwork(std::string& out, const HostSample& sample, int sampleCount, 
 int SecondOfDay(int64_t time) { return static_cast<int>(time % 86400); }
 
 // The head: who measured what since when, and the configuration with its system line.
-std::string Head(const SampleContext& context, const DayFile& dayFile) {
+std::string Head(const SampleContext& context, const FileOfDay& dayFile) {
   const SampleOptions& options = context.options;
   const int period = 1000 * (options.intervalSeconds / SamplesPerInterval(options));
   const int start = SecondOfDay(dayFile.times.front());
@@ -288,7 +288,7 @@ std::string Head(const SampleContext& context, const DayFile& dayFile) {
          std::to_string(HOST.memoryMb) + "\n<ENDCONFIG>\n";
 }
 
-std::string FileText(const SampleContext& context, const DayFile& dayFile) {
+std::string FileText(const SampleContext& context, const FileOfDay& dayFile) {
   const SampleOptions& options = context.options;
   const int sampleCount = SamplesPerInterval(options);
   ConnectionTotals totals;

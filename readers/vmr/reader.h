@@ -1,9 +1,9 @@
 // The reader of monitor text files, which hold samples of performance objects as lines of text.
 //
-// A file begins with a head: the header line with node, interval and date, blocks that describe the machine. The
-// head ends with the first time row. A sample is a time row and the rows after it, up to the next time row:
-// for each object an object row, a counter row, and a data row, for objects with instances one instance row
-// and one data row each.
+// A file begins with a head: the header line with node, interval and date, blocks that describe the machine.
+// The head ends with the first time row. A sample is a time row and the rows after it, up to the next time
+// row: for each object an object row, a counter row, and a data row, for objects with instances one instance
+// row and one data row each.
 #pragma once
 
 #include <ctime>

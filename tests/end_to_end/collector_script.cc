@@ -38,7 +38,7 @@ std::string WithNulBytes(std::string text) {
 
 class ScriptWriter {
  public:
-  ScriptWriter(sample::ByteOrder order, int64_t midnight) : writer_(order), midnight_(midnight) {}
+  ScriptWriter(sample::WrittenOrder order, int64_t midnight) : writer_(order), midnight_(midnight) {}
 
   CollectorBytes Result() const { return {writer_.Bytes(), error_}; }
 
@@ -113,8 +113,8 @@ class ScriptWriter {
     writer_.DivisorList(static_cast<uint32_t>(Number(words.at(0))), divisors);
   }
 
-  // The values of a record in the order that was given for its type; a field that isn't named is 0 or empty. A
-  // record of a type without an order names its fields with their sizes and in place.
+  // The values of a record in the order that was given for its type; a field that isn't named is 0 or empty.
+  // A record of a type without an order names its fields with their sizes and in place.
   std::vector<EncodedField> Fields(uint32_t type, const std::vector<std::string>& words) {
     std::vector<EncodedField> fields;
     std::map<std::string, std::string> values;
@@ -170,7 +170,7 @@ bool IsCollectorStatement(const Statement& statement) {
   return false;
 }
 
-CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::ByteOrder order,
+CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::WrittenOrder order,
                                   int64_t midnight) {
   ScriptWriter writer(order, midnight);
   for (const Statement& statement : statements) writer.Apply(statement);

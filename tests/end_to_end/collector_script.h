@@ -19,7 +19,7 @@ struct CollectorBytes {
 };
 
 // The file that the statements describe. `midnight` is the day that times such as @08:05 are of.
-CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::ByteOrder order,
+CollectorBytes WriteCollectorFile(const std::vector<Statement>& statements, sample::WrittenOrder order,
                                   int64_t midnight);
 
 }  // namespace ozmo

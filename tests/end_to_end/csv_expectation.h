@@ -28,7 +28,8 @@ struct CsvText {
 // Times are in UTC. A minute is written as "08:05", or with the day of the month first: "23:08:05".
 CsvText WriteCsv(const CsvExpectation& expectation);
 
-// The csv statement that a line "ITEM = LABEL VALUE ..., LABEL VALUE ..." is short for, with a value a minute.
+// The csv statement that a line "ITEM = LABEL VALUE ..., LABEL VALUE ..." is short for, with a value a
+// minute.
 Statement CsvOfGraphLine(const std::string& line, const std::vector<std::string>& minutes);
 
 }  // namespace ozmo

@@ -1,5 +1,5 @@
-// What ozmo_sample says and how it ends: each wrong argument is reported with the reason and what would be right,
-// and no file is written over unasked.
+// What ozmo_sample says and how it ends: each wrong argument is reported with the reason and what would be
+// right, and no file is written over unasked.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -83,7 +83,7 @@ class CollectorReaderTest : public ::testing::Test {
 using Times = std::vector<double>;
 
 CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config = {}) {
-  CollectorWriter writer(sample::ByteOrder::BIG);
+  CollectorWriter writer(sample::WrittenOrder::BIG);
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer, config);
   for (size_t i = 0; i < times.size(); ++i) {
@@ -95,7 +95,7 @@ CollectorWriter Samples(const std::vector<Seconds>& times, SolarisConfig config 
 
 // Ready for the records of noon.
 CollectorWriter Beginning() {
-  CollectorWriter writer(sample::ByteOrder::BIG);
+  CollectorWriter writer(sample::WrittenOrder::BIG);
   WriteSolarisLists(writer);
   WriteSolarisConfig(writer);
   WriteSolarisTime(writer, NOON - 60);
@@ -132,10 +132,10 @@ TEST_F(CollectorReaderTest, LongRecordsCostNoMemory) {
     end += length;
   };
   for (const uint32_t type : {6U, 60U, 600U, 4U, 77U}) {
-    CollectorWriter record(sample::ByteOrder::BIG);
+    CollectorWriter record(sample::WrittenOrder::BIG);
     append(record.RecordWithLength(LENGTH, type, {Int32(601), Int32(605), Int32(7)}), LENGTH);
   }
-  CollectorWriter last(sample::ByteOrder::BIG);
+  CollectorWriter last(sample::WrittenOrder::BIG);
   last.Record(6, {Int32(3), Int64(8)});
   append(last, static_cast<std::streamoff>(last.Bytes().size()));
 

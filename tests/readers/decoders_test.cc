@@ -26,13 +26,13 @@ namespace {
 
 struct Kind {
   const CollectorFormat& format;
-  sample::ByteOrder order;
+  sample::WrittenOrder order;
   const char* fileName;
   const char* timeRecord;  // type and field
   const char *configOrder, *config, *versionField, *intervalField;
 };
-constexpr auto BIG = sample::ByteOrder::BIG;
-constexpr auto LITTLE = sample::ByteOrder::LITTLE;
+constexpr auto BIG = sample::WrittenOrder::BIG;
+constexpr auto LITTLE = sample::WrittenOrder::LITTLE;
 const std::map<std::string, Kind> KINDS = {
     {"aix",
      {aix_files::FORMAT, BIG, "qtxa_node_2012Feb22.dat_1", "6 601", "5 501:text 507:text 508 514",

@@ -15,25 +15,25 @@ std::string Bytes(std::initializer_list<int> values) {
 }
 
 TEST(CollectorWriterTest, RecordsCountTheirHeadAndListsStandUnderMultiplesOfTheirRecord) {
-  CollectorWriter big(ByteOrder::BIG);
+  CollectorWriter big(WrittenOrder::BIG);
   big.Record(6, {Int32(-2), Int64(0x0102030405060708), Text("ab")}).OrderList(7, {701}).DivisorList(7, {2});
   EXPECT_EQ(big.Bytes(),
             Bytes({0, 0, 0, 23, 0, 0, 0, 6, 255, 255, 255, 254, 1, 2, 3, 4, 5, 6, 7, 8, 2, 'a', 'b'}) +
                 Bytes({0, 0, 0, 12, 0, 0, 2, 188, 0, 0, 2, 189}) +
                 Bytes({0, 0, 0, 12, 0, 0, 0, 70, 0, 0, 0, 2}));
-  CollectorWriter little(ByteOrder::LITTLE);
+  CollectorWriter little(WrittenOrder::LITTLE);
   little.Record(258, {Int32(3)});
   EXPECT_EQ(little.Bytes(), Bytes({12, 0, 0, 0, 2, 1, 0, 0, 3, 0, 0, 0}));
 }
 
 TEST(CollectorWriterTest, TextIsCutWhereItsLengthByteEnds) {
-  CollectorWriter writer(ByteOrder::BIG);
+  CollectorWriter writer(WrittenOrder::BIG);
   writer.Record(2, {Text(std::string(300, 'x'))});
   EXPECT_EQ(writer.Bytes().substr(8), '\xFF' + std::string(255, 'x'));
 }
 
 TEST(CollectorWriterTest, DefectsAreWrittenAsNamed) {
-  CollectorWriter writer(ByteOrder::BIG);
+  CollectorWriter writer(WrittenOrder::BIG);
   writer.RecordWithLength(7, 5, {Raw("abc")}).RawBytes("de").CutTail(1);
   EXPECT_EQ(writer.Bytes(), Bytes({0, 0, 0, 7, 0, 0, 0, 5, 'a', 'b', 'c', 'd'}));
   EXPECT_EQ(writer.CutTail(100).Bytes(), "");

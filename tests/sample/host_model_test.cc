@@ -9,7 +9,7 @@
 namespace ozmo::sample {
 namespace {
 
-std::vector<DayFile> HourlySamples(int startHour, int hours, int filesPerDay) {
+std::vector<FileOfDay> HourlySamples(int startHour, int hours, int filesPerDay) {
   SampleOptions options;
   options.startHour = startHour;
   options.hours = hours;
@@ -21,7 +21,7 @@ std::vector<DayFile> HourlySamples(int startHour, int hours, int filesPerDay) {
 TEST(DayFilesTest, EachDayHasFilesOfItsOwnAndNoSampleIsLost) {
   std::string names;
   std::vector<int64_t> times;
-  for (const DayFile& file : HourlySamples(20, 11, 2)) {
+  for (const FileOfDay& file : HourlySamples(20, 11, 2)) {
     names += FileDate(file.date) + "_" + std::to_string(file.number) + " ";
     times.insert(times.end(), file.times.begin(), file.times.end());
   }

@@ -1,14 +1,14 @@
-#include "programs/sample/collector_format.h"
+#include "programs/sample/sample_format.h"
 
 #include "programs/sample/plant.h"
 
 namespace ozmo::sample {
 
-std::string CollectorBytes(const CollectorFormat& format, const SampleContext& context,
-                           const DayFile& dayFile) {
+std::string CollectorBytes(const SampleFormat& format, const SampleContext& context,
+                           const FileOfDay& dayFile) {
   const SampleOptions& options = context.options;
-  CollectorFile file(options.littleEndian ? ByteOrder::LITTLE : format.byteOrder,
-                     ExpandLayout(format.records, context.versionBit));
+  SampleFile file(options.littleEndian ? WrittenOrder::LITTLE : format.byteOrder,
+                  ExpandLayout(format.records, context.versionBit));
   file.WriteDefinitions();
   format.writeHead(context, file);
   for (const int64_t time : dayFile.times) {
@@ -18,7 +18,7 @@ std::string CollectorBytes(const CollectorFormat& format, const SampleContext& c
   return file.Bytes();
 }
 
-void WriteFileSystems(const FileSystemRecord& form, const HostSample& sample, CollectorFile& file) {
+void WriteFileSystems(const FileSystemForm& form, const HostSample& sample, SampleFile& file) {
   const int32_t first = form.firstField;
   for (const FileSystemSample& row : sample.fileSystems) {
     file.Write(form.recordType, {{first, form.deviceFirst ? row.device : row.mount},
@@ -30,7 +30,7 @@ void WriteFileSystems(const FileSystemRecord& form, const HostSample& sample, Co
   }
 }
 
-void WriteAdaptersAndSummary(const HostSample& sample, CollectorFile& file) {
+void WriteAdaptersAndSummary(const HostSample& sample, SampleFile& file) {
   for (const AdapterSample& adapter : sample.adapters) {
     file.Write(15, {{1501, adapter.name},
                     {1502, adapter.packetsIn},

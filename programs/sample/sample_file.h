@@ -19,22 +19,22 @@ namespace ozmo::sample {
 
 // A number is a figure of the model: the layout knows the unit that the file counts in. A text has to outlive
 // the call that it is for.
-struct FieldValue {
+struct FieldFigure {
   template <typename Number>
-  requires std::is_arithmetic_v<Number> FieldValue(int32_t id, Number figure)
+  requires std::is_arithmetic_v<Number> FieldFigure(int32_t id, Number figure)
       : fieldId(id), number(static_cast<double>(figure)) {}
-  FieldValue(int32_t id, std::string_view words) : fieldId(id), text(words) {}
+  FieldFigure(int32_t id, std::string_view words) : fieldId(id), text(words) {}
 
   int32_t fieldId;
   double number = 0;
   std::string_view text;
 };
 
-using FieldValues = std::vector<FieldValue>;
+using FieldFigures = std::vector<FieldFigure>;
 
-class CollectorFile {
+class SampleFile {
  public:
-  CollectorFile(ByteOrder order, std::vector<ExpandedRecord> records);
+  SampleFile(WrittenOrder order, std::vector<ExpandedRecord> records);
 
   // All order lists, then all divisor lists.
   void WriteDefinitions();
@@ -43,12 +43,12 @@ class CollectorFile {
   // Starts a sample: the time record.
   void BeginSample(uint32_t timeRecord, int32_t timeField, int64_t time);
   // Writes the record, and after it its twin if this is the first such record of the sample.
-  void Write(uint32_t recordType, const FieldValues& values);
+  void Write(uint32_t recordType, const FieldFigures& values);
 
   const std::string& Bytes() const { return writer_.Bytes(); }
 
  private:
-  void WriteRow(const ExpandedRecord& row, const FieldValues& values);
+  void WriteRow(const ExpandedRecord& row, const FieldFigures& values);
 
   CollectorWriter writer_;
   std::vector<ExpandedRecord> records_;

@@ -1,4 +1,4 @@
-#include "programs/sample/collector_file.h"
+#include "programs/sample/sample_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,8 +6,8 @@
 namespace ozmo::sample {
 namespace {
 
-EncodedField Encode(const FieldLayout& field, const FieldValues& values) {
-  const auto found = std::ranges::find(values, field.fieldId, &FieldValue::fieldId);
+EncodedField Encode(const FieldLayout& field, const FieldFigures& values) {
+  const auto found = std::ranges::find(values, field.fieldId, &FieldFigure::fieldId);
   if (field.encoding == Encoding::TEXT) return Text(found == values.end() ? "" : found->text);
   const double figure = found == values.end() ? 0 : found->number;
   // Whole, in the field's unit.
@@ -17,10 +17,10 @@ EncodedField Encode(const FieldLayout& field, const FieldValues& values) {
 
 }  // namespace
 
-CollectorFile::CollectorFile(ByteOrder order, std::vector<ExpandedRecord> records)
+SampleFile::SampleFile(WrittenOrder order, std::vector<ExpandedRecord> records)
     : writer_(order), records_(std::move(records)) {}
 
-void CollectorFile::WriteDefinitions() {
+void SampleFile::WriteDefinitions() {
   std::vector<int32_t> numbers;
   for (const ExpandedRecord& row : records_) {
     numbers.resize(row.fields.size());
@@ -34,12 +34,12 @@ void CollectorFile::WriteDefinitions() {
   }
 }
 
-void CollectorFile::BeginSample(uint32_t timeRecord, int32_t timeField, int64_t time) {
+void SampleFile::BeginSample(uint32_t timeRecord, int32_t timeField, int64_t time) {
   twinnedTypes_.clear();
   Write(timeRecord, {{timeField, time}});
 }
 
-void CollectorFile::Write(uint32_t recordType, const FieldValues& values) {
+void SampleFile::Write(uint32_t recordType, const FieldFigures& values) {
   const bool twinWritten = std::ranges::count(twinnedTypes_, recordType) > 0;
   for (const ExpandedRecord& row : records_) {
     if (row.recordType == recordType || (row.twinOf == recordType && !twinWritten)) WriteRow(row, values);
@@ -47,7 +47,7 @@ void CollectorFile::Write(uint32_t recordType, const FieldValues& values) {
   if (!twinWritten) twinnedTypes_.push_back(recordType);
 }
 
-void CollectorFile::WriteRow(const ExpandedRecord& row, const FieldValues& values) {
+void SampleFile::WriteRow(const ExpandedRecord& row, const FieldFigures& values) {
   std::vector<EncodedField> fields;
   fields.reserve(row.fields.size());
   for (const FieldLayout& field : row.fields) fields.push_back(Encode(field, values));
