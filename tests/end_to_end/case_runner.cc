@@ -214,7 +214,7 @@ class CaseRunner {
     lastFile_ = name;
     openScript_ = &scripts_[name];
     closeScript_ = [this, statement, name, order] {
-      const auto byteOrder = order == "big" ? sample::WrittenOrder::BIG : sample::ByteOrder::LITTLE;
+      const auto byteOrder = order == "big" ? sample::WrittenOrder::BIG : sample::WrittenOrder::LITTLE;
       const CollectorBytes file = WriteCollectorFile(scripts_[name], byteOrder, midnight_);
       if (!file.error.empty()) Fail(statement, file.error);
       WriteFile(name, file.bytes);

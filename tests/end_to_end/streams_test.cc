@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/end_to_end/process.h"
 #include "tests/support/temp_directory.h"
 
@@ -30,6 +32,31 @@ TEST(Streams, KeepTheOrderOfTheirLinesWhereTheyAreOne) {
       {"/bin/sh", "-c", OZMO_BINARY_DIR "/ozmo_graph -vmrunix none -item I -graph_file F -type csv 2>&1"},
       {{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
   EXPECT_THAT(result.standardOutput, ::testing::StartsWith("ozmo_graph V10.0-001\nVELTRIX-ERROR  "));
+}
+
+// Whatever is built; ozmo_graph's own status is a fixed one.
+TEST(Streams, AFullStandardOutputIsAFailure) {
+  const testing::TempDirectory directory;
+  for (const std::string program : {"sample", "report", "import", "record", "export", "fleet"}) {
+    const std::string path = OZMO_BINARY_DIR "/ozmo_" + program;
+    if (!std::filesystem::exists(path)) continue;
+    const ProcessResult result =
+        RunProcess({"/bin/sh", "-c", path + " --help > /dev/full"}, {}, directory.path(), directory.path());
+    EXPECT_EQ(result.exitStatus, 1) << program;
+    EXPECT_THAT(result.standardError, ::testing::EndsWith(": No space left on device\n"));
+  }
+}
+
+// Status 124 is that the signal ended it, 137 that it had to be killed.
+TEST(Streams, ASignalEndsARunThatDrawsIntoAPipeWithoutAReader) {
+  const testing::TempDirectory directory;
+  const std::string command = OZMO_BINARY_DIR
+      "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
+      "-item 'Overall CPU Utilization' -type gif -graph_file pipe";
+  const ProcessResult result =
+      RunProcess({"/bin/sh", "-c", "mkfifo pipe; timeout -k 5 1 " + command},
+                 {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+  EXPECT_EQ(result.exitStatus, 124);
 }
 
 }  // namespace

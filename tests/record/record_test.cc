@@ -278,6 +278,14 @@ TEST(RecordTest, RecordsOnWhereTheHostIsHostile) {
   EXPECT_EQ(std::filesystem::status(story.DataPath(".qtxl_node.lock")).permissions(), perms{0600});
 }
 
+// Nanoseconds since 1970 would not fit into 64 bits, nor the time into a file's 32.
+TEST(RecordTest, EndsWhereTheClockIsTooLate) {
+  Story story(HalfBusy({{10000000000, 1000}, {10000000000, 1000}, {10000000060, 1060}}));
+  const ProcessResult result = story.Record({});
+  EXPECT_EQ(result.exitStatus, 1);
+  EXPECT_THAT(result.standardError, ::testing::HasSubstr("the clock is past the year 2037"));
+}
+
 struct Refusal {
   const char* setting;
   std::vector<std::string> options;

@@ -2,8 +2,10 @@
 // texts.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
@@ -155,6 +157,36 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
   EXPECT_EQ(ReadWholeFile(Path("sums.tsv")), Run({data, "--summary"}).standardOutput);
   EXPECT_EQ(ReadWholeFile(Path("page.html")).find("role=\"note\""), std::string::npos);
   EXPECT_NE(ReadWholeFile(Path("noted.html")).find("role=\"note\">missing: No such"), std::string::npos);
+}
+
+// All files of the set, the class file and what a link in the directory of tables leads to.
+TEST_F(Report, WhatIsReadOrLinkedIsNeverWrittenOver) {
+  const std::string data = Sample(*sample::SampleKinds().front());
+  const std::string second = data.substr(0, data.size() - 1) + "2";
+  fs::copy_file(data, second);
+  const std::string link = Path("csv") + "/overall_cpu_utilization.csv";
+  ASSERT_TRUE(fs::create_directory(Path("csv")));
+  fs::create_symlink(data, link);
+  std::ofstream(Path("classes")) << "QTX_MEMORY_VERSION 1\n100\nclass_name 1 \"all\"\nclass_catch_all 1 1\n";
+  for (const std::string& output : {second, Path("classes")}) {
+    const std::string before = ReadWholeFile(output);
+    EXPECT_EQ(Run({data, "--classes", "classes", "-o", output}).exitStatus, 1) << output;
+    EXPECT_EQ(ReadWholeFile(output), before) << output;
+  }
+  const std::string before = ReadWholeFile(data);
+  EXPECT_EQ(Run({data, "--item", "overall cpu utilization", "--csv", "csv"}).exitStatus, 0);
+  EXPECT_EQ(ReadWholeFile(data), before);
+  EXPECT_FALSE(fs::is_symlink(link));
+}
+
+TEST_F(Report, ManyBrokenFilesOfADayGiveAFewLines) {
+  const std::string data = Sample(*sample::SampleKinds().front());
+  const std::string stem = data.substr(0, data.size() - 1);
+  for (int number = 2; number < 60; ++number)
+    std::fclose(std::fopen((stem + std::to_string(number)).c_str(), "w"));
+  const ProcessResult result = Run({data, "-o", "page.html"});
+  EXPECT_LE(std::count(result.standardError.begin(), result.standardError.end(), '\n'), 12);
+  EXPECT_NE(result.standardError.find("more problems like these"), std::string::npos) << result.standardError;
 }
 
 TEST(ReportText, NothingOfANameIsMarkupOrScript) {
