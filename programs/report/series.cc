@@ -25,7 +25,7 @@ uint64_t ZigZag(int64_t number) {
 }
 
 // A float times 100 is exact in a double, so rounding it to even is what printf does with the float.
-int64_t HundredthsOf(float value) {
+int64_t RoundedHundredths(float value) {
   if (!std::isfinite(value)) return NO_VALUE;
   const double hundredths = std::nearbyint(static_cast<double>(value) * 100.0);
   return static_cast<int64_t>(std::clamp(hundredths, -LARGEST_HUNDREDTHS, LARGEST_HUNDREDTHS));
@@ -36,7 +36,7 @@ int64_t HundredthsOf(float value) {
 std::vector<int64_t> HundredthsOf(std::span<const float> values) {
   std::vector<int64_t> hundredths(values.size());
   std::transform(values.begin(), values.end(), hundredths.begin(),
-                 [](float value) { return HundredthsOf(value); });
+                 [](float value) { return RoundedHundredths(value); });
   return hundredths;
 }
 

@@ -15,7 +15,7 @@
 namespace ozmo::report {
 namespace {
 
-constexpr std::string_view VERSION = "1";
+constexpr std::string_view FORMAT_VERSION = "1";
 constexpr std::string_view END_MARK = "# end ";
 constexpr std::string_view HEAD =
     "host\tsystem\tfigure\tname\tmean\tp95\tpeak\tpeak_time\tbusiest_"
@@ -32,8 +32,8 @@ enum Column {
   BUSIEST_HOUR,
   MISSING,
   PROCESSORS,
-  BEGIN,
-  END,
+  BEGIN_TIME,
+  END_TIME,
   HOURS,
   COLUMNS
 };
@@ -45,7 +45,7 @@ constexpr const char* MINUTE = "%Y-%m-%dT%H:%M";
 constexpr int MOST_MINUTES = 366 * 24 * 60 * 100;
 constexpr double LARGEST_FIGURE = 1e13;
 
-std::string FigureText(double value) { return NumberText(value, 2); }
+std::string ValueText(double value) { return NumberText(value, 2); }
 
 // Cuts `text` at the first `separator`, and takes that off it too.
 std::string_view TakeUpTo(char separator, std::string_view& text) {
@@ -79,7 +79,7 @@ class LineReader {
     return Wrong("no count", fields_[column]), 0;
   }
   Seconds Time(Column column) {
-    const std::optional<Seconds> time = TimeOf(std::string(fields_[column]));
+    const std::optional<Seconds> time = ozmo::TimeOf(std::string(fields_[column]));
     if (time) return *time;
     return Wrong("no time", fields_[column]), 0;
   }
@@ -118,8 +118,8 @@ std::string TakeLine(Summary& summary, std::string_view text) {
   const Summary host{.host = UnescapedName(fields[HOST]),
                      .system = UnescapedName(fields[SYSTEM]),
                      .processors = read.Count(PROCESSORS),
-                     .begin = read.Time(BEGIN),
-                     .end = read.Time(END),
+                     .begin = read.Time(BEGIN_TIME),
+                     .end = read.Time(END_TIME),
                      .missing = read.Count(MISSING)};
   SummaryLine line{.figure = read.Kind(),
                    .name = UnescapedName(fields[NAME]),
@@ -177,8 +177,8 @@ class TextReader {
     if (IsOpen()) Wrong("the summary before has no end: it was cut");
     summary_ = {};
     state_ = State::AT_HEAD;
-    if (version != VERSION)
-      Wrong("a summary of version \"" + std::string(version) + "\", and not " + std::string(VERSION));
+    if (version != FORMAT_VERSION)
+      Wrong("a summary of version \"" + std::string(version) + "\", and not " + std::string(FORMAT_VERSION));
   }
   void End(std::string_view count) {
     if (state_ == State::STEPPED_OVER) return;
@@ -205,19 +205,20 @@ bool IsEscaped(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7
 }  // namespace
 
 std::string SummaryText(const Summary& summary) {
-  std::string text = std::string(SUMMARY_MARK) + std::string(VERSION) + '\n' + std::string(HEAD) + '\n';
+  std::string text =
+      std::string(SUMMARY_MARK) + std::string(FORMAT_VERSION) + '\n' + std::string(HEAD) + '\n';
   const std::string host = EscapedName(summary.host) + '\t' + EscapedName(summary.system) + '\t';
   const std::string span = '\t' + std::to_string(summary.missing) + '\t' +
                            std::to_string(summary.processors) + '\t' + TimeFormat(summary.begin, SECOND) +
                            '\t' + TimeFormat(summary.end, SECOND) + '\t';
   for (const SummaryLine& line : summary.lines) {
     text += host + std::string(RowOf(line.figure).word) + '\t' + EscapedName(line.name);
-    for (const double figure : {line.mean, line.p95, line.peak}) text += '\t' + FigureText(figure);
+    for (const double figure : {line.mean, line.p95, line.peak}) text += '\t' + ValueText(figure);
     for (const Seconds time : {line.peakTime, line.busiestHour}) text += '\t' + TimeFormat(time, MINUTE);
     text += span;
     const char* comma = "";
     for (const double hour : line.hours) {
-      text += comma + (std::isnan(hour) ? "" : FigureText(hour));
+      text += comma + (std::isnan(hour) ? "" : ValueText(hour));
       comma = ",";
     }
     text += '\n';

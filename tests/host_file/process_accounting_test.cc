@@ -19,7 +19,7 @@ ProcessFigures Process(int32_t id, int32_t parent, uint64_t own, uint64_t childr
   return process;
 }
 
-struct Case {
+struct AccountingCase {
   const char* what;
   std::vector<ProcessFigures> earlier;
   std::vector<ProcessFigures> later;
@@ -28,7 +28,7 @@ struct Case {
 
 TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
   constexpr uint64_t SINCE = 1000;
-  const Case cases[] = {
+  const AccountingCase cases[] = {
       {"the parent has what its child used after it was last seen",
        {Process(1, 0, 0, 0), Process(5, 1, 10, 100), Process(6, 5, 70, 0)},
        {Process(1, 0, 0, 0), Process(5, 1, 11, 190)},
@@ -58,7 +58,7 @@ TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
        {Process(9, 0, 0, 0)},
        {{9, 0}}},
   };
-  for (const Case& row : cases) {
+  for (const AccountingCase& row : cases) {
     SCOPED_TRACE(row.what);
     std::map<int32_t, uint64_t> used;
     for (const ProcessFigures& process : ProcessesSince(row.earlier, SINCE, row.later)) {
