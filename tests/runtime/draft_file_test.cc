@@ -10,6 +10,7 @@
 #include <fstream>
 #include <functional>
 
+#include "tests/support/signals.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo {
@@ -21,10 +22,7 @@ using ::testing::KilledBySignal;
 
 class DraftFileTest : public ::testing::Test {
  protected:
-  // Whoever started the tests may have had signals ignored, as nohup does.
-  DraftFileTest() {
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
-  }
+  DraftFileTest() { testing::TakeSignalsAgain(); }
 
   // Makes the file and has it watched, in a process that then ends as `end` does.
   template <typename End>

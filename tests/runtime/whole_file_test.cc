@@ -10,6 +10,7 @@
 #include <functional>
 
 #include "tests/end_to_end/process.h"
+#include "tests/support/signals.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo {
@@ -19,13 +20,8 @@ namespace fs = std::filesystem;
 
 class WholeFileTest : public ::testing::Test {
  protected:
-  // Whoever started the tests may have had signals ignored, as nohup does.
   WholeFileTest() {
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGXFSZ}) {
-      struct sigaction action = {};
-      if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
-        std::signal(signal, SIG_DFL);
-    }
+    testing::TakeSignalsAgain();
     EXPECT_EQ(WriteWholeFile({Path("file")}, "older"), "");
     fs::create_symlink(Path("file"), Path("link"));
   }
