@@ -13,7 +13,6 @@
 namespace ozmo {
 namespace {
 
-constexpr mode_t NEW_FILE_MODE = 0666;  // less the user's mask
 constexpr mode_t MODE_BITS = 0777;
 
 mode_t UserMask() {
@@ -24,10 +23,10 @@ mode_t UserMask() {
 
 // Gives the draft the rights of the file that it is to replace, or those of a new one. What can't be given
 // away stays with this user.
-bool TakeRights(int draft, const std::string& target) {
+bool TakeRights(int draft, const std::string& target, mode_t newFileMode) {
   struct stat older = {};
   if (lstat(target.c_str(), &older) != 0 || !S_ISREG(older.st_mode)) {
-    return fchmod(draft, NEW_FILE_MODE & ~UserMask()) == 0;
+    return fchmod(draft, newFileMode & ~UserMask()) == 0;
   }
   if (fchown(draft, older.st_uid, older.st_gid) != 0 && errno != EPERM) return false;
   return fchmod(draft, older.st_mode & MODE_BITS) == 0;
@@ -42,9 +41,12 @@ std::string WholeFile::Failure(int reason) const { return path_ + ": " + std::st
 std::string WholeFile::Open(const WholeFilePlace& place) {
   path_ = place.path;
   onDisk_ = place.onDisk;
-  if (std::string failure = FindTarget(place.links); !failure.empty()) return failure;
+  links_ = place.links;
+  mode_ = place.mode;
+  if (std::string failure = FindTarget(); !failure.empty()) return failure;
   struct stat older = {};
   const bool isThere = lstat(target_.c_str(), &older) == 0;
+  if (isThere && links_ == LinkRule::NEW) return Failure(EEXIST);
   if (isThere) {
     const std::optional<FileIdentity> identity = IdentityOf(older);
     if (identity && std::ranges::count(place.inputs, *identity) != 0) {
@@ -53,13 +55,13 @@ std::string WholeFile::Open(const WholeFilePlace& place) {
   }
   if (!isThere || S_ISREG(older.st_mode)) return OpenDraft();
   if (S_ISDIR(older.st_mode)) return Failure(EISDIR);
-  return place.links == LinkRule::REPLACE ? OpenDraft() : OpenInPlace();
+  return links_ == LinkRule::REPLACE ? OpenDraft() : OpenInPlace();
 }
 
-std::string WholeFile::FindTarget(LinkRule links) {
+std::string WholeFile::FindTarget() {
   target_ = path_;
   struct stat link = {};
-  if (links == LinkRule::REPLACE || lstat(path_.c_str(), &link) != 0 || !S_ISLNK(link.st_mode)) return "";
+  if (links_ != LinkRule::FOLLOW || lstat(path_.c_str(), &link) != 0 || !S_ISLNK(link.st_mode)) return "";
   if (IsLinkOfOthers(link)) return path_ + " is a link of another user, which isn't followed";
   struct stat status = {};
   if (stat(path_.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) return "";  // written in place
@@ -80,7 +82,7 @@ std::string WholeFile::OpenDraft() {
   const int file = mkostemp(draftPath_.data(), O_CLOEXEC);
   if (file < 0) return Failure(errno);
   draft_.Watch(draftPath_, file);
-  if (!TakeRights(file, target_)) {
+  if (!TakeRights(file, target_, mode_)) {
     std::string failure = Failure(errno);
     close(file);
     draft_.Remove();
@@ -104,6 +106,12 @@ std::string WholeFile::Commit() {
   if (!target_.empty() && onDisk_ && fsync(fileno(stream_.get())) != 0) return Failure(errno);
   if (std::fclose(stream_.release()) != 0) return Failure(errno);
   if (target_.empty()) return "";
+  if (links_ == LinkRule::NEW) {
+    // Another name for the draft, since that never replaces anything; the draft's own then goes.
+    if (link(draftPath_.c_str(), target_.c_str()) != 0) return Failure(errno);
+    draft_.Remove();
+    return "";
+  }
   if (std::rename(draftPath_.c_str(), target_.c_str()) != 0) return Failure(errno);
   draft_.Finish();
   return "";

@@ -18,6 +18,8 @@
 // written to as it is.
 #pragma once
 
+#include <sys/types.h>
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,13 +36,17 @@ enum class LinkRule {
   FOLLOW,
   // For a name that the program makes in some directory: whatever lies there under it is replaced, a link
   // itself and not its target.
-  REPLACE
+  REPLACE,
+  // For a name that has to be free: a file, a link or anything else that lies there under it stays, and Open
+  // fails, or Commit where it came meanwhile.
+  NEW
 };
 
 struct WholeFilePlace {
   std::string path;
   LinkRule links = LinkRule::FOLLOW;
   std::span<const FileIdentity> inputs = {};  // what the run reads: none of these is written over
+  mode_t mode = 0666;                         // of a new file, less the user's mask
   bool onDisk = false;  // Commit waits until the disk has the file, for one that can't be made again
 };
 
@@ -54,13 +60,15 @@ class WholeFile {
 
  private:
   std::string Failure(int reason) const;
-  std::string FindTarget(LinkRule links);
+  std::string FindTarget();
   std::string OpenDraft();
   std::string OpenInPlace();
 
   std::string path_;    // as the user knows it
   std::string target_;  // what the draft becomes; empty: there is no draft
   std::string draftPath_;
+  LinkRule links_ = LinkRule::FOLLOW;
+  mode_t mode_ = 0;
   bool onDisk_ = false;
   Stream stream_;
   DraftFile draft_;

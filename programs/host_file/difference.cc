@@ -16,10 +16,7 @@ void Subtract(std::span<const uint64_t> earlier, std::span<uint64_t> counters) {
 }
 
 void Subtract(const ProcessorFigures& earlier, ProcessorFigures& processor) {
-  for (const auto mode : {&ProcessorFigures::user, &ProcessorFigures::nice, &ProcessorFigures::system,
-                          &ProcessorFigures::idle, &ProcessorFigures::wait}) {
-    Subtract(earlier.*mode, processor.*mode);
-  }
+  for (const auto mode : PROCESSOR_COUNTERS) Subtract(earlier.*mode, processor.*mode);
 }
 
 void Subtract(const DiskFigures& earlier, DiskFigures& disk) {
@@ -33,15 +30,8 @@ void Subtract(const AdapterFigures& earlier, AdapterFigures& adapter) {
 }
 
 void Subtract(const PagingFigures& earlier, PagingFigures& paging) {
-  for (const auto counter : {&PagingFigures::pagedIn, &PagingFigures::pagedOut, &PagingFigures::swappedIn,
-                             &PagingFigures::swappedOut}) {
-    Subtract(earlier.*counter, paging.*counter);
-  }
+  for (const auto counter : PAGING_COUNTERS) Subtract(earlier.*counter, paging.*counter);
 }
-
-// Levels among the protocol counters: forwarding and time to live of IP; of TCP the kind of its time-out, the
-// shortest, the longest, the limit of connections, and the connections that are established.
-constexpr size_t PROTOCOL_LEVELS[] = {0, 1, 45, 46, 47, 48, 53};
 
 void Subtract(const ProtocolFigures& earlier, ProtocolFigures& protocols) {
   const ProtocolFigures now = protocols;

@@ -7,10 +7,7 @@ namespace ozmo::host_file {
 namespace {
 
 void Add(const ProcessUse& use, ProcessUse& sum) {
-  for (const auto member : {&ProcessUse::userTicks, &ProcessUse::systemTicks, &ProcessUse::minorFaults,
-                            &ProcessUse::majorFaults}) {
-    sum.*member += use.*member;
-  }
+  for (const auto member : USE_COUNTERS) sum.*member += use.*member;
 }
 
 }  // namespace

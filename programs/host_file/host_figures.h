@@ -25,6 +25,9 @@ struct ProcessorFigures {
   uint64_t idle = 0;
   uint64_t wait = 0;  // idle, with a read or write under way
 };
+inline constexpr uint64_t ProcessorFigures::*PROCESSOR_COUNTERS[] = {
+    &ProcessorFigures::user, &ProcessorFigures::nice, &ProcessorFigures::system, &ProcessorFigures::idle,
+    &ProcessorFigures::wait};
 
 // Levels, in kilobytes.
 struct MemoryFigures {
@@ -42,6 +45,8 @@ struct PagingFigures {
   uint64_t swappedIn = 0;
   uint64_t swappedOut = 0;
 };
+inline constexpr uint64_t PagingFigures::*PAGING_COUNTERS[] = {
+    &PagingFigures::pagedIn, &PagingFigures::pagedOut, &PagingFigures::swappedIn, &PagingFigures::swappedOut};
 
 // The figures of a disk, in the kernel's order: reads, reads merged, sectors read, milliseconds of reads, the
 // same four of writes, requests under way, busy milliseconds, milliseconds of all requests. All are counters
@@ -59,6 +64,8 @@ struct ProcessUse {
   uint64_t minorFaults = 0;
   uint64_t majorFaults = 0;
 };
+inline constexpr uint64_t ProcessUse::*USE_COUNTERS[] = {&ProcessUse::userTicks, &ProcessUse::systemTicks,
+                                                         &ProcessUse::minorFaults, &ProcessUse::majorFaults};
 
 struct ProcessFigures {
   int32_t id = 0;
@@ -74,6 +81,9 @@ struct ProcessFigures {
 
 // The protocol counters of the kernel in its own order: 19 of IP, 26 of ICMP, 12 of TCP, 4 of UDP.
 using ProtocolFigures = std::array<uint64_t, 61>;
+// The levels among them: forwarding and time to live of IP; of TCP the kind of its time-out, the shortest,
+// the longest, the limit of connections, and the connections that are established.
+inline constexpr size_t PROTOCOL_LEVELS[] = {0, 1, 45, 46, 47, 48, 53};
 
 // Levels. Sizes are in blocks.
 struct FileSystemFigures {

@@ -6,26 +6,23 @@
 namespace ozmo::host_file {
 namespace {
 
-constexpr uint64_t ProcessUse::*MEMBERS[] = {&ProcessUse::userTicks, &ProcessUse::systemTicks,
-                                             &ProcessUse::minorFaults, &ProcessUse::majorFaults};
-
 using Processes = std::vector<ProcessFigures>;
 
 ProcessUse Sum(ProcessUse first, const ProcessUse& second) {
-  for (const auto member : MEMBERS) first.*member += second.*member;
+  for (const auto member : USE_COUNTERS) first.*member += second.*member;
   return first;
 }
 
 // A count that has gone back gives 0.
 ProcessUse Growth(const ProcessUse& from, const ProcessUse& to) {
   ProcessUse growth;
-  for (const auto member : MEMBERS) growth.*member = to.*member - std::min(to.*member, from.*member);
+  for (const auto member : USE_COUNTERS) growth.*member = to.*member - std::min(to.*member, from.*member);
   return growth;
 }
 
 // Takes out of both what they have in common.
 void Settle(ProcessUse& debt, ProcessUse& credit) {
-  for (const auto member : MEMBERS) {
+  for (const auto member : USE_COUNTERS) {
     const uint64_t paid = std::min(debt.*member, credit.*member);
     debt.*member -= paid;
     credit.*member -= paid;

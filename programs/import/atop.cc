@@ -173,15 +173,17 @@ struct Task {
   bool isProcess = false;
   bool hasEnded = false;
   std::string name;
-  std::string effectiveUser;
+  std::string user;
   host_file::ProcessFigures figures;
 };
 
-constexpr size_t STATE = 0;  // the first word after a name
+// Words after a name.
+constexpr size_t STATE = 0;
+constexpr size_t REAL_USER = 1;
 
 // Whether `words` are what follows the command: eleven numbers and the mark of a process.
 constexpr size_t PARENT = 0;
-constexpr size_t USER = 4;
+constexpr size_t EFFECTIVE_USER = 4;
 constexpr size_t IS_PROCESS = 11;
 bool AreAfterCommand(const Words& words) {
   uint64_t number = 0;
@@ -189,6 +191,15 @@ bool AreAfterCommand(const Words& words) {
     if (place >= words.size() || !IsCount(words[place], number)) return false;
   }
   return words.size() > IS_PROCESS && (words[IS_PROCESS] == "y" || words[IS_PROCESS] == "n");
+}
+
+// The user that a process works for. Of one that began and ended between two samples atop knows what the
+// kernel's accounting has, which is the real user; its effective user is then 0.
+std::string UserOf(const Task& task, std::string_view beforeCommand, std::string_view effectiveUser) {
+  Words words;
+  SplitWords(beforeCommand, ' ', words);
+  const bool isUnknown = task.hasEnded && effectiveUser == "0" && words.size() > REAL_USER;
+  return std::string(isUnknown ? words[REAL_USER] : effectiveUser);
 }
 
 // The command may hold anything, so its end is looked for from the end of the line.
@@ -201,7 +212,7 @@ bool TakeGeneral(const ProcessLine& line, Words& words, Task& task) {
     task.isProcess = words[IS_PROCESS] == "y";
     task.hasEnded = line.rest.starts_with('E');
     task.name = line.name;
-    task.effectiveUser = words[USER];
+    task.user = UserOf(task, line.rest.substr(0, open), words[EFFECTIVE_USER]);
     task.figures.id = static_cast<int32_t>(CountOf(line.id));
     task.figures.parent = static_cast<int32_t>(CountOf(words[PARENT]));
     task.figures.command = line.rest.substr(open + 2, close - open - 2);
@@ -329,7 +340,7 @@ void Reader::AddProcesses() {
   std::vector<host_file::ProcessFigures>& living = sample_.figures.processes;
   for (Task& task : tasks_) {
     if (!task.isProcess) continue;
-    std::string user = users_.NameOf(task.effectiveUser, sample_.node);
+    std::string user = users_.NameOf(task.user, sample_.node);
     if (task.hasEnded) {
       ended.push_back({task.figures.id, task.figures.parent, task.name, std::move(user), task.figures.own});
       continue;
@@ -362,8 +373,8 @@ std::string Reader::End() {
   return failure;
 }
 
-std::string ReadAtopText(LineSource& lines, UserNames& users, const SampleSink& sink) {
-  return Reader(users, sink).Read(lines);
+std::string ReadAtopText(Texts& texts, UserNames& users, const SampleSink& sink) {
+  return Reader(users, sink).Read(texts.front());
 }
 
 // The mark that a recording begins with, in the byte order of the host that wrote it.
@@ -380,9 +391,9 @@ bool IsAtopText(std::string_view line) {
          words[3][4] == '/' && words[4].size() == 8 && IsCount(words[INTERVAL], number);
 }
 
-std::vector<std::string> AtopCommand(const std::string& path) {
+std::vector<std::vector<std::string>> AtopCommands(const std::string& path) {
   // A bare name may be a date to atop.
-  return {"atop", "-r", std::filesystem::absolute(path), "-P", "CPU,cpu,MEM,PAG,DSK,NET,PRG,PRC,PRM"};
+  return {{"atop", "-r", std::filesystem::absolute(path), "-P", "CPU,cpu,MEM,PAG,DSK,NET,PRG,PRC,PRM"}};
 }
 
 }  // namespace
@@ -391,7 +402,7 @@ const Source ATOP = {.name = "atop",
                      .package = "atop",
                      .isRecording = IsAtopRecording,
                      .isText = IsAtopText,
-                     .command = AtopCommand,
+                     .commands = AtopCommands,
                      .readText = ReadAtopText,
                      .readRecording = nullptr,
                      .lacks = "file systems"};

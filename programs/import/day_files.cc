@@ -1,30 +1,30 @@
 #include "programs/import/day_files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
 #include "programs/host_file/collector_records.h"
 #include "programs/host_file/recording_file.h"
-#include "runtime/draft_file.h"
-#include "runtime/stream.h"
+#include "programs/import/minutes.h"
 #include "runtime/times.h"
+#include "runtime/whole_file.h"
 
 namespace ozmo::import {
 namespace {
 
-host_file::Configuration ConfigurationOf(const Sample& sample, int64_t stamp) {
+constexpr mode_t MODE = 0640;  // it holds the arguments of every process
+
+host_file::Configuration ConfigurationOf(const Sample& sample, int64_t stamp, int64_t seconds) {
   host_file::Configuration configuration;
   configuration.node = sample.node;
   configuration.utcOffset = static_cast<int32_t>(StandardOffset(stamp));
   configuration.daylightTime = TimeLocal(stamp).tm_isdst > 0;
-  configuration.intervalSeconds = static_cast<int32_t>(sample.seconds);
+  configuration.intervalSeconds = static_cast<int32_t>(seconds);
   configuration.memoryKilobytes = sample.figures.memory.total;
   configuration.processors = sample.figures.processors.size();
   configuration.system = "Linux";
@@ -44,67 +44,67 @@ int64_t ShiftOf(int64_t time, int64_t seconds) {
 
 class DayFile {
  public:
-  std::string Open(const std::string& path, const Sample& sample);
-  std::string Add(const Sample& sample);
-  std::string Finish();
+  explicit DayFile(std::string path) : path_(std::move(path)) {}
+  [[nodiscard]] std::string Add(const Sample& sample);
+  [[nodiscard]] std::string Finish();
   const std::string& path() const { return path_; }
-  bool IsAfter(const Sample& sample) const { return sample.time + shift_ <= stamp_; }
+  bool IsAfter(const Sample& sample) const { return sample.time <= last_; }
 
  private:
-  std::string Write(const std::string& bytes);
+  Minutes::Sink Writer() {
+    return [this](const Sample& sample, int64_t interval, int64_t late) {
+      if (stamp_ != 0) return Write(sample, sample.time + shift_);
+      std::string failure = Open(sample, interval, late);
+      stamp_ = sample.time + shift_;
+      return failure;
+    };
+  }
+  std::string Open(const Sample& sample, int64_t interval, int64_t late);
+  std::string Write(const Sample& sample, int64_t stamp);
+  void Put(const std::string& bytes) { std::fwrite(bytes.data(), 1, bytes.size(), file_.stream()); }
 
   std::string path_;
-  std::string draftPath_;
-  Stream stream_;
-  DraftFile draft_;
+  WholeFile file_;
+  Minutes minutes_;
+  int64_t last_ = 0;  // time of the last sample
   int64_t shift_ = 0;
-  int64_t stamp_ = 0;    // of the last sample
+  int64_t stamp_ = 0;    // of the last sample in the file; 0: it isn't open
   int64_t seconds_ = 0;  // its length
 };
 
-std::string DayFile::Open(const std::string& path, const Sample& sample) {
-  path_ = path;
-  draftPath_ = path.substr(0, path.rfind('/') + 1) + ".ozmo-XXXXXX";
-  {
-    const SignalsHeld held;
-    const int file = mkostemp(draftPath_.data(), O_CLOEXEC);
-    if (file < 0) return path + ": " + std::strerror(errno);
-    draft_.Watch(draftPath_, file);
-    stream_ = StreamOf(file, "w");
-  }
-  if (!stream_) return path + ": " + std::strerror(errno);
-  shift_ = ShiftOf(sample.time, sample.seconds);
-  stamp_ = sample.time + shift_ - sample.seconds;
-  return Write(host_file::HeadRecords(ConfigurationOf(sample, sample.time)) + host_file::TimeRecord(stamp_));
-}
-
-std::string DayFile::Write(const std::string& bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), stream_.get()) == bytes.size()) return "";
-  return path_ + ": " + std::strerror(errno);
-}
-
 std::string DayFile::Add(const Sample& sample) {
-  const int64_t stamp = sample.time + shift_;
-  std::string bytes;
+  last_ = sample.time;
+  return minutes_.Add(sample, Writer());
+}
+
+// Readers' windows keep the distance from the stamps that the first one has from the first stamp. With the
+// stamp of its due time, no sample of the file lies before its place; the second interval is longer by as
+// much.
+std::string DayFile::Open(const Sample& sample, int64_t interval, int64_t late) {
+  std::string failure = file_.Open({.path = path_, .links = LinkRule::NEW, .mode = MODE, .onDisk = true});
+  if (!failure.empty()) return failure;
+  shift_ = ShiftOf(sample.time - late, interval);
+  const int64_t stamp = sample.time - late + shift_;
+  stamp_ = stamp - sample.seconds;
+  Put(host_file::HeadRecords(ConfigurationOf(sample, stamp, interval)) + host_file::TimeRecord(stamp_));
+  return Write(sample, stamp);
+}
+
+std::string DayFile::Write(const Sample& sample, int64_t stamp) {
   // After a gap the sample gets a begin of its own. Clocks are read to a second.
   const int64_t begin = stamp - sample.seconds;
-  if (begin > stamp_ + 1) bytes = host_file::TimeRecord(begin);
+  if (begin > stamp_ + 1) Put(host_file::TimeRecord(begin));
   stamp_ = stamp;
   seconds_ = sample.seconds;
-  return Write(bytes + host_file::SampleRecords(stamp, ConfigurationOf(sample, stamp), sample.figures));
+  Put(host_file::SampleRecords(stamp, ConfigurationOf(sample, stamp, sample.seconds), sample.figures));
+  return std::ferror(file_.stream()) != 0 ? path_ + ": " + std::strerror(errno) : "";
 }
 
 // Readers take a sample as finished when they meet a later time, so the file ends with one.
 std::string DayFile::Finish() {
-  if (std::string failure = Write(host_file::TimeRecord(stamp_ + seconds_)); !failure.empty()) return failure;
-  if (std::fflush(stream_.get()) != 0 || fsync(fileno(stream_.get())) != 0)
-    return path_ + ": " + std::strerror(errno);
-  constexpr mode_t MODE = 0640;  // it holds the arguments of every process
-  fchmod(fileno(stream_.get()), MODE);
-  // A link never replaces a file that somebody has made meanwhile.
-  if (link(draftPath_.c_str(), path_.c_str()) != 0) return path_ + ": " + std::strerror(errno);
-  draft_.Remove();
-  return "";
+  if (std::string failure = minutes_.Finish(Writer()); !failure.empty()) return failure;
+  Put(host_file::TimeRecord(stamp_ + seconds_));
+  return file_.Commit();
 }
 
 DayFiles::DayFiles(std::string directory) : directory_(std::move(directory)) {}
@@ -122,8 +122,7 @@ std::string DayFiles::Add(const Sample& sample) {
       leftAsTheyWere_.push_back(path);
       return "";
     }
-    file = std::make_unique<DayFile>();
-    if (std::string failure = file->Open(path, sample); !failure.empty()) return failure;
+    file = std::make_unique<DayFile>(path);
   }
   if (!file) return "";
   if (file->IsAfter(sample)) {

@@ -43,7 +43,7 @@ class Import {
 
  private:
   std::string Read(const std::string& path);
-  std::string Open(const std::string& path, LineSource& lines, const Source*& source);
+  std::string Open(const std::string& path, Texts& texts, const Source*& source);
   std::string Take(const Sample& sample);
   void AddNotes();
 
@@ -73,26 +73,39 @@ ImportResult Import::Run() {
 }
 
 std::string Import::Read(const std::string& path) {
-  LineSource lines;
+  Texts texts;
   const Source* source = nullptr;
-  if (std::string failure = Open(path, lines, source); !failure.empty()) return failure;
+  if (std::string failure = Open(path, texts, source); !failure.empty()) return failure;
   sources_.insert(source);
   samples_ = 0;
   const SampleSink sink = [this](const Sample& sample) { return Take(sample); };
   std::string failure = source->readRecording != nullptr ? source->readRecording(path, sink)
-                                                         : source->readText(lines, users_, sink);
+                                                         : source->readText(texts, users_, sink);
   // A program that couldn't read its recording has said why; what it printed until then is no day.
-  const std::string ending = failure.empty() ? lines.Finish() : "";
-  if (failure.empty()) failure = ending;
+  if (failure.empty() && !texts.empty()) failure = texts.front().Finish();
   if (failure.empty() && samples_ == 0) failure = "there is no sample in it";
   return failure.empty() ? "" : (path == STANDARD_INPUT ? "standard input" : path) + ": " + failure;
 }
 
-std::string Import::Open(const std::string& path, LineSource& lines, const Source*& source) {
+// Runs the commands that print a recording. Those after the first start when that has printed something, so
+// that a message comes once.
+std::string OpenPrograms(const Source& source, const std::string& path, Texts& texts) {
+  for (const std::vector<std::string>& command : source.commands(path)) {
+    const bool isFirst = texts.empty();
+    const auto messages = isFirst ? LineSource::Messages::SHOWN : LineSource::Messages::DROPPED;
+    std::string failure = texts.emplace_back().OpenProgram(command, std::string(source.package), messages);
+    if (!failure.empty()) return failure;
+    std::string line;
+    if (isFirst && !texts.front().Peek(line)) break;
+  }
+  return "";
+}
+
+std::string Import::Open(const std::string& path, Texts& texts, const Source*& source) {
   source = FindSource(options_.from);
   const std::string unknown = ": nothing that ozmo_import knows; --help lists what it reads";
   if (path == STANDARD_INPUT) {
-    lines.OpenStandardInput();
+    texts.emplace_back().OpenStandardInput();
   } else {
     std::string head;
     if (std::string failure = ReadHead(path, head); !failure.empty()) return failure;
@@ -100,17 +113,17 @@ std::string Import::Open(const std::string& path, LineSource& lines, const Sourc
     if (recorder != nullptr && (source == nullptr || source == recorder)) {
       source = recorder;
       if (source->readRecording != nullptr) return "";
-      const std::string failure = lines.OpenProgram(source->command(path), std::string(source->package));
+      const std::string failure = OpenPrograms(*source, path, texts);
       return failure.empty() ? "" : path + ": " + failure;
     }
-    if (std::string failure = lines.OpenFile(path); !failure.empty()) return failure;
+    if (std::string failure = texts.emplace_back().OpenFile(path); !failure.empty()) return failure;
   }
   if (source != nullptr && source->readText == nullptr) {
     return (path == STANDARD_INPUT ? "standard input" : path) + ": no recording of " +
            std::string(source->name);
   }
   std::string line;
-  if (!lines.Peek(line)) return "standard input is empty";
+  if (!texts.front().Peek(line)) return "standard input is empty";
   if (source == nullptr) source = SourceOfText(line);
   return source == nullptr ? (path == STANDARD_INPUT ? "standard input" : path) + unknown : "";
 }

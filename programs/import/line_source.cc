@@ -30,7 +30,8 @@ std::string LineSource::OpenFile(const std::string& path) {
 
 void LineSource::OpenStandardInput() { name_ = "standard input"; }
 
-std::string LineSource::OpenProgram(const std::vector<std::string>& words, const std::string& package) {
+std::string LineSource::OpenProgram(const std::vector<std::string>& words, const std::string& package,
+                                    Messages messages) {
   name_ = words[0];
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return name_ + ": " + std::strerror(errno);
@@ -38,8 +39,12 @@ std::string LineSource::OpenProgram(const std::vector<std::string>& words, const
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  if (messages == Messages::DROPPED) {
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  }
   std::vector<std::string> copies = words;
   std::vector<char*> arguments;
+  arguments.reserve(copies.size() + 1);
   for (std::string& word : copies) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   const int error = posix_spawnp(&program_, arguments[0], &actions, nullptr, arguments.data(), environ);

@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,9 +25,11 @@ class LineSource {
   // Results are empty, or the text of a failure.
   [[nodiscard]] std::string OpenFile(const std::string& path);
   void OpenStandardInput();
-  // Runs a program, without a shell; its messages go to standard error. `package` is named where it is
-  // missing.
-  [[nodiscard]] std::string OpenProgram(const std::vector<std::string>& words, const std::string& package);
+  // Runs a program, without a shell; its messages go to standard error, or nowhere. `package` is named where
+  // it is missing.
+  enum class Messages { SHOWN, DROPPED };
+  [[nodiscard]] std::string OpenProgram(const std::vector<std::string>& words, const std::string& package,
+                                        Messages messages = Messages::SHOWN);
 
   // The next line, without its line feed; false at the end.
   bool Next(std::string& line);
@@ -45,5 +48,8 @@ class LineSource {
   bool hasPeeked_ = false;
   std::string peeked_;
 };
+
+// Texts of one recording, which don't move.
+using Texts = std::deque<LineSource>;
 
 }  // namespace ozmo::import

@@ -334,7 +334,7 @@ const Source PCP = {.name = "pcp",
                     .package = "pcp",
                     .isRecording = IsArchive,
                     .isText = nullptr,
-                    .command = nullptr,
+                    .commands = nullptr,
                     .readText = nullptr,
                     .readRecording = ReadArchive,
                     .lacks = ""};

@@ -23,10 +23,12 @@ struct Source {
   // Whether this is the first line of the program's text.
   bool (*isText)(std::string_view line);
   // A recording is read as text that the program prints, or else by a library.
-  // The command that prints a recording as text.
-  std::vector<std::string> (*command)(const std::string& path);
-  // Reads the text, and hands each interval on. Returns what went wrong, or nothing.
-  std::string (*readText)(LineSource& lines, UserNames& users, const SampleSink& sink);
+  // The commands that print a recording as text. The first one's messages and status are those of all: where
+  // there are more, each prints a part of the figures, and fails if that wasn't recorded.
+  std::vector<std::vector<std::string>> (*commands)(const std::string& path);
+  // Reads what the commands print, or the one text that somebody has printed, and hands each interval on.
+  // Returns what went wrong, or nothing.
+  std::string (*readText)(Texts& texts, UserNames& users, const SampleSink& sink);
   // Reads a recording by a library, and hands each interval on; null where it is read as text.
   std::string (*readRecording)(const std::string& path, const SampleSink& sink);
   std::string_view

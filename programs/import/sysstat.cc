@@ -7,6 +7,7 @@
 #include <map>
 #include <utility>
 
+#include "programs/import/sysstat_fields.h"
 #include "programs/import/words.h"
 
 namespace ozmo::import {
@@ -15,133 +16,17 @@ namespace {
 using host_file::HostFigures;
 using Words = std::vector<std::string_view>;
 
-// What a device of sadf's is, by the fields that it has.
-enum class Kind { HOST, PROCESSOR, DISK, ADAPTER, FILE_SYSTEM };
-
-// The fields that are of use, each at its place in the values of a device.
-struct Field {
-  Kind kind;
-  std::string_view name;
-};
-enum FieldPlace : size_t {
-  USER,
-  NICE,
-  SYSTEM,
-  WAIT,
-  IRQ,
-  SOFT,
-  GUEST,
-  GUEST_NICE,
-  IDLE,  // processors
-  MEMORY_FREE,
-  MEMORY_USED,
-  BUFFERS,
-  CACHED,
-  SLAB,
-  PAGED_IN,
-  PAGED_OUT,
-  SWAPPED_IN,
-  SWAPPED_OUT,  // host
-  IP_RECEIVED,
-  IP_SENT,
-  IP_DELIVERED,
-  IP_FORWARDED,
-  TCP_ACTIVE,
-  TCP_PASSIVE,
-  TCP_RECEIVED,
-  TCP_SENT,  // host
-  TCP_FAILED,
-  TCP_RESETS,
-  TCP_RETRANSMITTED,
-  TCP_SOCKETS,
-  UDP_RECEIVED,
-  UDP_SENT,
-  UDP_NO_PORT,
-  UDP_ERRORS,
-  OPERATIONS,
-  READ_KB,
-  WRITTEN_KB,
-  QUEUE,
-  WAIT_MS,
-  BUSY,  // disks
-  PACKETS_IN,
-  PACKETS_OUT,
-  KB_IN,
-  KB_OUT,
-  ERRORS_IN,
-  ERRORS_OUT,
-  COLLISIONS,  // adapters
-  MB_FREE,
-  MB_USED,
-  USED_PERCENT,
-  FILES_FREE,
-  FILES_USED,  // file systems
-  FIELD_COUNT
-};
-constexpr Field FIELDS[] = {
-    {Kind::PROCESSOR, "%usr"},
-    {Kind::PROCESSOR, "%nice"},
-    {Kind::PROCESSOR, "%sys"},
-    {Kind::PROCESSOR, "%iowait"},
-    {Kind::PROCESSOR, "%irq"},
-    {Kind::PROCESSOR, "%soft"},
-    {Kind::PROCESSOR, "%guest"},
-    {Kind::PROCESSOR, "%gnice"},
-    {Kind::PROCESSOR, "%idle"},
-    {Kind::HOST, "kbmemfree"},
-    {Kind::HOST, "kbmemused"},
-    {Kind::HOST, "kbbuffers"},
-    {Kind::HOST, "kbcached"},
-    {Kind::HOST, "kbslab"},
-    {Kind::HOST, "pgpgin/s"},
-    {Kind::HOST, "pgpgout/s"},
-    {Kind::HOST, "pswpin/s"},
-    {Kind::HOST, "pswpout/s"},
-    {Kind::HOST, "irec/s"},
-    {Kind::HOST, "orq/s"},
-    {Kind::HOST, "idel/s"},
-    {Kind::HOST, "fwddgm/s"},
-    {Kind::HOST, "active/s"},
-    {Kind::HOST, "passive/s"},
-    {Kind::HOST, "iseg/s"},
-    {Kind::HOST, "oseg/s"},
-    {Kind::HOST, "atmptf/s"},
-    {Kind::HOST, "estres/s"},
-    {Kind::HOST, "retrans/s"},
-    {Kind::HOST, "tcpsck"},
-    {Kind::HOST, "idgm/s"},
-    {Kind::HOST, "odgm/s"},
-    {Kind::HOST, "noport/s"},
-    {Kind::HOST, "idgmerr/s"},
-    {Kind::DISK, "tps"},
-    {Kind::DISK, "rkB/s"},
-    {Kind::DISK, "wkB/s"},
-    {Kind::DISK, "aqu-sz"},
-    {Kind::DISK, "await"},
-    {Kind::DISK, "%util"},
-    {Kind::ADAPTER, "rxpck/s"},
-    {Kind::ADAPTER, "txpck/s"},
-    {Kind::ADAPTER, "rxkB/s"},
-    {Kind::ADAPTER, "txkB/s"},
-    {Kind::ADAPTER, "rxerr/s"},
-    {Kind::ADAPTER, "txerr/s"},
-    {Kind::ADAPTER, "coll/s"},
-    {Kind::FILE_SYSTEM, "MBfsfree"},
-    {Kind::FILE_SYSTEM, "MBfsused"},
-    {Kind::FILE_SYSTEM, "%ufsused"},
-    {Kind::FILE_SYSTEM, "Ifree"},
-    {Kind::FILE_SYSTEM, "Iused"},
-};
-static_assert(std::size(FIELDS) == FIELD_COUNT);
-
 using Values = std::map<size_t, double>;  // by the place of the field
 using Devices = std::map<std::pair<Kind, std::string>, Values>;
 
 struct Moment {
   int64_t seconds = 0;
   Devices devices;
+  // In sadf's order, which is one.
+  std::vector<std::string> fileSystems;
+  std::vector<std::string> mountPoints;
 };
-using Moments = std::map<std::pair<std::string, int64_t>, Moment>;  // by host and time
+using Moments = std::map<std::pair<int64_t, std::string>, Moment>;  // by time and host
 
 double ValueOf(const Values& values, size_t place) {
   const auto found = values.find(place);
@@ -173,13 +58,6 @@ void AddProcessor(const std::string& name, const Values& values, double seconds,
        .wait = ticks({WAIT})});
 }
 
-// Places in the kernel's list of protocol counters.
-constexpr std::pair<size_t, FieldPlace> PROTOCOLS[] = {
-    {2, IP_RECEIVED},        {9, IP_SENT},       {8, IP_DELIVERED}, {5, IP_FORWARDED},  {49, TCP_ACTIVE},
-    {50, TCP_PASSIVE},       {51, TCP_FAILED},   {52, TCP_RESETS},  {54, TCP_RECEIVED}, {55, TCP_SENT},
-    {56, TCP_RETRANSMITTED}, {57, UDP_RECEIVED}, {58, UDP_NO_PORT}, {59, UDP_ERRORS},   {60, UDP_SENT}};
-constexpr size_t ESTABLISHED = 53;
-
 void AddHost(const std::string& /*name*/, const Values& values, double seconds, HostFigures& host) {
   const auto level = [&](FieldPlace place) { return Count(ValueOf(values, place)); };
   const auto counted = [&](FieldPlace place) { return Count(ValueOf(values, place) * seconds); };
@@ -195,9 +73,12 @@ void AddHost(const std::string& /*name*/, const Values& values, double seconds, 
                  .pagedOut = Count(ValueOf(values, PAGED_OUT) * seconds / PAGE_KILOBYTES),
                  .swappedIn = counted(SWAPPED_IN),
                  .swappedOut = counted(SWAPPED_OUT)};
-  host.hasProtocols = values.contains(IP_RECEIVED);
-  for (const auto& [kernel, place] : PROTOCOLS) host.protocols[kernel] = counted(place);
-  host.protocols[ESTABLISHED] = level(TCP_SOCKETS);
+  const auto protocol = [&](size_t kernel) { return ValueOf(values, FIELD_COUNT + kernel); };
+  host.hasProtocols = values.contains(FIELD_COUNT + IP_RECEIVED);
+  for (const ProtocolField& field : PROTOCOL_FIELDS) {
+    host.protocols[field.kernel] = Count(protocol(field.kernel) * seconds);
+  }
+  host.protocols[ESTABLISHED] = Count(protocol(ESTABLISHED));
 }
 
 // Operations are not split in sadf's figures; they are given to reads and writes by their data, as only the
@@ -266,23 +147,41 @@ bool CarriedNothing(const host_file::AdapterFigures& adapter) {
   return std::ranges::all_of(adapter.figures, [](uint64_t count) { return count == 0; });
 }
 
-// Hands the samples on in the order of time, host by host.
-std::string Deliver(const Moments& moments, const SampleSink& sink) {
-  for (const auto& [key, moment] : moments) {
-    Sample sample{.node = key.first, .time = key.second, .seconds = moment.seconds, .figures = {}};
-    for (const auto& [device, values] : moment.devices) {
-      const auto* group = std::ranges::find(GROUPS, device.first, &Group::kind);
-      group->add(device.second, values, static_cast<double>(moment.seconds), sample.figures);
-    }
-    std::ranges::sort(sample.figures.processors, {}, &host_file::ProcessorFigures::id);
-    std::erase_if(sample.figures.adapters, CarriedNothing);
-    if (std::string failure = sink(sample); !failure.empty()) return failure;
+// Where a file system is mounted; sadf has either its device or that.
+std::string MountPointOf(const Moment& moment, const std::string& device) {
+  const auto found = std::ranges::find(moment.fileSystems, device);
+  const auto place = static_cast<size_t>(found - moment.fileSystems.begin());
+  const bool isKnown =
+      moment.fileSystems.size() == moment.mountPoints.size() && place < moment.mountPoints.size();
+  return isKnown ? moment.mountPoints[place] : device;
+}
+
+Sample SampleOf(const std::string& node, int64_t time, const Moment& moment) {
+  Sample sample{.node = node, .time = time, .seconds = moment.seconds, .figures = {}};
+  for (const auto& [device, values] : moment.devices) {
+    const auto* group = std::ranges::find(GROUPS, device.first, &Group::kind);
+    group->add(device.second, values, static_cast<double>(moment.seconds), sample.figures);
+  }
+  std::ranges::sort(sample.figures.processors, {}, &host_file::ProcessorFigures::id);
+  std::erase_if(sample.figures.adapters, CarriedNothing);
+  for (host_file::FileSystemFigures& fileSystem : sample.figures.fileSystems) {
+    fileSystem.mountPoint = MountPointOf(moment, fileSystem.device);
+  }
+  return sample;
+}
+
+// Hands on the samples up to a time, and forgets them.
+std::string Deliver(Moments& moments, int64_t end, const SampleSink& sink) {
+  while (!moments.empty() && moments.begin()->first.first < end) {
+    const auto& [key, moment] = *moments.begin();
+    if (std::string failure = sink(SampleOf(key.second, key.first, moment)); !failure.empty()) return failure;
+    moments.erase(moments.begin());
   }
   return "";
 }
 
 // Words of a line.
-enum Place : size_t { NODE, INTERVAL, TIME, DEVICE, FIELD, VALUE, WORDS };
+enum Word : size_t { NODE, INTERVAL, TIME, DEVICE, FIELD, VALUE, WORDS };
 
 // The times of a line, which is of an interval and no mark of a restart or a comment.
 bool TakeTimes(const Words& words, int64_t& time, int64_t& seconds) {
@@ -297,25 +196,72 @@ bool TakeTimes(const Words& words, int64_t& time, int64_t& seconds) {
   return true;
 }
 
-std::string ReadSysstatText(LineSource& lines, UserNames& /*users*/, const SampleSink& sink) {
-  Moments moments;
-  std::string line;
-  Words words;
-  for (size_t number = 1; lines.Next(line); ++number) {
-    SplitWords(line, '\t', words);
-    int64_t time = 0;
-    int64_t seconds = 0;
-    if (words.size() < DEVICE) return "line " + std::to_string(number) + " isn't one of sadf's";
-    if (!TakeTimes(words, time, seconds)) continue;
-    const auto* field = std::ranges::find(FIELDS, words[FIELD], &Field::name);
-    if (field == std::end(FIELDS)) continue;
-    double value = 0.0;
-    std::from_chars(words[VALUE].data(), words[VALUE].data() + words[VALUE].size(), value);
-    Moment& moment = moments[{std::string(words[NODE]), time}];
-    moment.seconds = seconds;
-    moment.devices[{field->kind, std::string(words[DEVICE])}][static_cast<size_t>(field - FIELDS)] = value;
+void TakeValue(const Words& words, int64_t seconds, bool namesMounts, Moment& moment) {
+  size_t place = 0;
+  Kind kind{};
+  if (!FindField(words[FIELD], place, kind)) return;
+  moment.seconds = seconds;
+  const std::string device(words[DEVICE]);
+  if (place == MB_FREE) (namesMounts ? moment.mountPoints : moment.fileSystems).push_back(device);
+  if (kind == Kind::FILE_SYSTEM && namesMounts) return;
+  double value = 0.0;
+  std::from_chars(words[VALUE].data(), words[VALUE].data() + words[VALUE].size(), value);
+  moment.devices[{kind, device}][place] = value;
+}
+
+// One text has the times once for each activity. Texts of an activity each are read side by side, the one
+// that is furthest back in time first, and a sample is complete when all are past it.
+class Reader {
+ public:
+  Reader(Texts& texts, const SampleSink& sink) : texts_(texts), sink_(sink), places_(texts.size()) {}
+
+  std::string Read() {
+    while (!places_.empty()) {
+      const auto last = std::ranges::min_element(places_, {}, &Place::time);
+      if (last->time == END) break;
+      const size_t number = static_cast<size_t>(last - places_.begin());
+      if (std::string failure = ReadOn(number); !failure.empty()) return failure;
+      if (places_.size() == 1) continue;
+      const int64_t reached = std::ranges::min_element(places_, {}, &Place::time)->time;
+      if (std::string failure = Deliver(moments_, reached, sink_); !failure.empty()) return failure;
+    }
+    return Deliver(moments_, END, sink_);
   }
-  return Deliver(moments, sink);
+
+ private:
+  static constexpr int64_t END = INT64_MAX;
+  struct Place {
+    int64_t time = 0;
+    size_t line = 0;
+  };
+
+  // Reads a text up to its next time.
+  std::string ReadOn(size_t number) {
+    Place& place = places_[number];
+    const bool namesMounts = number > 0 && number + 1 == places_.size();
+    for (std::string line; texts_[number].Next(line);) {
+      ++place.line;
+      SplitWords(line, '\t', words_);
+      int64_t time = 0;
+      int64_t seconds = 0;
+      if (words_.size() < DEVICE) return "line " + std::to_string(place.line) + " isn't one of sadf's";
+      if (!TakeTimes(words_, time, seconds)) continue;
+      TakeValue(words_, seconds, namesMounts, moments_[{time, std::string(words_[NODE])}]);
+      if (time != std::exchange(place.time, time)) return "";
+    }
+    place.time = END;
+    return "";
+  }
+
+  Texts& texts_;
+  const SampleSink& sink_;
+  std::vector<Place> places_;
+  Moments moments_;
+  Words words_;
+};
+
+std::string ReadSysstatText(Texts& texts, UserNames& /*users*/, const SampleSink& sink) {
+  return Reader(texts, sink).Read();
 }
 
 // The mark that a daily file begins with, in the byte order of the host that wrote it.
@@ -331,10 +277,34 @@ bool IsSysstatText(std::string_view line) {
          (IsCount(words[INTERVAL], number) || words[INTERVAL] == "-1");
 }
 
-std::vector<std::string> SysstatCommand(const std::string& path) {
-  return {
-      "sadf", "-p", "-U", std::filesystem::absolute(path), "--", "-u", "ALL", "-P", "ALL", "-r", "ALL", "-B",
-      "-W",   "-d", "-n", "DEV,EDEV,IP,TCP,ETCP,UDP,SOCK", "-F"};
+// A command an activity: one for all prints the whole day for each activity in turn, so that the first sample
+// is complete only at the end. The first is there in every recording, and the last has file systems by mount
+// point.
+std::vector<std::vector<std::string>> SysstatCommands(const std::string& path) {
+  const std::vector<std::vector<std::string>> activities = {{"-u", "ALL", "-P", "ALL"},
+                                                            {"-r", "ALL"},
+                                                            {"-B"},
+                                                            {"-W"},
+                                                            {"-d"},
+                                                            {"-n", "DEV"},
+                                                            {"-n", "EDEV"},
+                                                            {"-n", "IP"},
+                                                            {"-n", "EIP"},
+                                                            {"-n", "ICMP"},
+                                                            {"-n", "EICMP"},
+                                                            {"-n", "TCP"},
+                                                            {"-n", "ETCP"},
+                                                            {"-n", "SOCK"},
+                                                            {"-n", "UDP"},
+                                                            {"-F"},
+                                                            {"-F", "MOUNT"}};
+  std::vector<std::vector<std::string>> commands;
+  for (const std::vector<std::string>& activity : activities) {
+    std::vector<std::string>& command = commands.emplace_back();
+    command = {"sadf", "-p", "-U", std::filesystem::absolute(path), "--"};
+    command.insert(command.end(), activity.begin(), activity.end());
+  }
+  return commands;
 }
 
 }  // namespace
@@ -343,7 +313,7 @@ const Source SYSSTAT = {.name = "sysstat",
                         .package = "sysstat",
                         .isRecording = IsSysstatRecording,
                         .isText = IsSysstatText,
-                        .command = SysstatCommand,
+                        .commands = SysstatCommands,
                         .readText = ReadSysstatText,
                         .readRecording = nullptr,
                         .lacks = "processes (no images, users and workload classes)"};

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "programs/import/minutes.h"
 #include "programs/import/source.h"
 #include "tests/support/temp_directory.h"
 
@@ -34,7 +35,7 @@ const std::string ATOP_SAMPLE =
     "0 y 0 0 - N (/a)\n"
     "PRG @ 71 (thread) S 0 0 70 1 0 1329890000 () 12 1 0 0 33 0 0 0 0 0 0 n 0 0 - N ()\n"
     "PRG @ 72 (kworker/0:1) I 0 0 72 1 0 1329890000 () 2 0 0 1 0 0 0 0 0 0 0 y 0 0 - N ()\n"
-    "PRG @ 73 (cc1) E 0 0 73 0 0 1329890000 () 12 0 0 0 33 0 0 0 0 0 5 y\n"
+    "PRG @ 73 (cc1) E 33 33 73 0 0 1329890000 () 12 0 0 0 0 0 0 0 0 0 5 y\n"
     "PRC @ 70 (x) S 1 (y) S 1000 50 60 0 120 0 0 1 0 70 y 0 () 0\n"
     "PRC @ 71 (thread) S 1000 900 900 0 120 0 0 1 0 70 n 0 () 0\n"
     "PRC @ 72 (kworker/0:1) I 1000 0 70 0 120 0 0 1 0 72 y 0 () 0\n"
@@ -55,12 +56,12 @@ class ImportTest : public ::testing::Test {
 
   // The samples of a text, and the failure that ended it.
   std::vector<Sample> SamplesOf(const Source& source, const std::string& text) {
-    LineSource lines;
-    EXPECT_EQ(lines.OpenFile(Write("text", text)), "");
+    Texts texts;
+    EXPECT_EQ(texts.emplace_back().OpenFile(Write("text", text)), "");
     UserNames users;
     EXPECT_EQ(users.Load(Write("passwd", "www:x:33:33::/:/bin/sh\n")), "");
     std::vector<Sample> samples;
-    failure_ = source.readText(lines, users, [&](const Sample& sample) {
+    failure_ = source.readText(texts, users, [&](const Sample& sample) {
       samples.push_back(sample);
       return "";
     });
@@ -166,6 +167,40 @@ TEST_F(ImportTest, SysstatRatesBecomeCounts) {
             (std::array<uint64_t, 11>{180, 0, 360, 900, 60, 0, 120, 300, 0, 30000, 0}));
   EXPECT_EQ(host.adapters[0].figures[1], 122880U);
   EXPECT_EQ(host.fileSystems[0].availableBlocks, 20U);
+}
+
+// Each sample as its end, its length, and what it is late by, with the ticks of a processor that has one a
+// second.
+TEST(MinutesTest, ShortSamplesBecomeMinutes) {
+  struct Case {
+    std::vector<std::pair<int64_t, int64_t>> samples;  // end and length
+    const char* minutes;
+  };
+  const Case cases[] = {
+      {{{600, 600}, {660, 60}, {691, 31}}, "600/600+2=600 660/60+2=60 691/31+2=31 "},  // long enough
+      {{{625, 20}, {645, 20}, {665, 20}, {685, 20}, {705, 20}, {725, 20}, {745, 20}, {765, 20}, {770, 5}},
+       "645/40+15=40 705/60+15=60 770/65+15=65 "},  // what is left at the end counts with the last
+      {{{640, 10}, {650, 10}}, "650/20+0=20 "},
+      {{{690, 30}, {720, 30}, {900, 30}, {1500, 600}, {1510, 10}, {1505, 5}},
+       "720/60+0=60 900/30+0=30 1500/600+2=600 1510/10+0=10 1505/5+0=5 "},  // a gap, a long one, an older one
+  };
+  for (const Case& one : cases) {
+    std::string text;
+    const Minutes::Sink sink = [&](const Sample& sample, int64_t interval, int64_t late) {
+      text += std::to_string(sample.time) + "/" + std::to_string(sample.seconds) + "+" +
+              std::to_string(late) + "=" + std::to_string(sample.figures.processors[0].user) + " ";
+      EXPECT_GE(interval, std::min<int64_t>(sample.seconds, 60));
+      return "";
+    };
+    Minutes minutes;
+    for (const auto& [time, seconds] : one.samples) {
+      Sample sample{.node = "web", .time = time, .seconds = seconds, .figures = {}};
+      sample.figures.processors.push_back({.id = 0, .user = static_cast<uint64_t>(seconds)});
+      EXPECT_EQ(minutes.Add(sample, sink), "");
+    }
+    EXPECT_EQ(minutes.Finish(sink), "");
+    EXPECT_EQ(text, one.minutes);
+  }
 }
 
 TEST_F(ImportTest, ADayIsWholeOrNotThere) {
