@@ -32,7 +32,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processor time counts in ticks, a hundredth of a second each. The configuration record begins
 // with the version: the width of its field 503 hangs on it.
-constexpr LayoutRow RECORDS[] = {
+constexpr SampleLayout RECORDS[] = {
     {1, 0, P300 | P720, "101-104:4*100 105-109:4"},
     {1, 0, P300_64 | P720_64, "101-104:8*100 105-109:8"},
     {1, 0, FROM_P730, "101-104:8*100 105-109:8 110-111:8*100 112-114:8*65536 115-117:8"},

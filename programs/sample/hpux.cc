@@ -32,7 +32,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processor time counts in ticks, a hundredth of a second each; disk times in microseconds, disk
 // data in blocks of 64 bytes.
-constexpr LayoutRow RECORDS[] = {
+constexpr SampleLayout RECORDS[] = {
     {1, 0, ALL, "101-105:4*100 106-113:4 114-116:4*100"},
     {2, 0, NARROW, "201:t 202:4 203:4*16 204:4 205-206:8*1000000 207:4*1000 208:4*100"},
     {2, 0, WIDE, "201:t 202:8 203:8*16 204:8 205-206:8*1000000 207:8*1000 208:8*100"},

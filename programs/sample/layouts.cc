@@ -47,10 +47,10 @@ std::vector<FieldLayout> ExpandFields(std::string_view fields) {
   return expanded;
 }
 
-std::vector<ExpandedRecord> ExpandLayout(std::span<const LayoutRow> layout, uint32_t versionBit) {
+std::vector<ExpandedRecord> ExpandLayout(std::span<const SampleLayout> layout, uint32_t versionBit) {
   std::vector<ExpandedRecord> bases;
   std::vector<ExpandedRecord> twins;
-  for (const LayoutRow& row : layout) {
+  for (const SampleLayout& row : layout) {
     if ((row.versions & versionBit) != 0) {
       std::vector<ExpandedRecord>& list = row.twinOf == 0 ? bases : twins;
       list.push_back({row.recordType, row.twinOf, ExpandFields(row.fields)});

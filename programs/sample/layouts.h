@@ -22,7 +22,7 @@
 
 namespace ozmo::sample {
 
-struct LayoutRow {
+struct SampleLayout {
   uint32_t recordType;
   uint32_t twinOf;  // 0: a base record
   uint32_t versions;
@@ -52,7 +52,7 @@ std::vector<FieldLayout> ExpandFields(std::string_view fields);
 
 // The records of one version: the base records first, then the twins. That order matters to files
 // in which a twin shares the definition lists of its base with other fields.
-std::vector<ExpandedRecord> ExpandLayout(std::span<const LayoutRow> layout, uint32_t versionBit);
+std::vector<ExpandedRecord> ExpandLayout(std::span<const SampleLayout> layout, uint32_t versionBit);
 
 // The version that a text asks for: the equal one, else the first one the text holds. Null for an
 // unknown text.

@@ -30,7 +30,7 @@ constexpr std::string_view NARROW_PROCESS =
     "401-406:4 407-408:4*100 409-410:4 412:t 414-417:4 411:4 419-428:4 413:t";
 
 // Processor time counts in ticks, a hundredth of a second each.
-constexpr LayoutRow RECORDS[] = {
+constexpr SampleLayout RECORDS[] = {
     {1, 0, P300, "101-104:4*100"},
     {1, 0, P300_64, "101-104:8*100"},
     {1, 0, ANY_P720, "101-105:8*100 106-112:8"},

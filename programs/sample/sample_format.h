@@ -8,7 +8,7 @@ namespace ozmo::sample {
 
 struct SampleFormat {
   WrittenOrder byteOrder;
-  std::span<const LayoutRow> records;
+  std::span<const SampleLayout> records;
   uint32_t timeRecord;
   int32_t timeField;
   void (*writeHead)(const SampleContext& context, SampleFile& file);

@@ -9,7 +9,7 @@ enum : uint32_t { P300 = 1, P720 = 2, P730 = 4, FROM_P720 = P720 | P730, ALL = P
 
 constexpr VersionLayout VERSIONS[] = {{"P730", P730}, {"P720", P720}, {"P300", P300}};
 
-constexpr LayoutRow RECORDS[] = {
+constexpr SampleLayout RECORDS[] = {
     {1, 0, P730, "101-114:8"},
     {1, 0, P300 | P720, "101-109:8"},
     {2, 0, ALL, "201:t 202-203:8 204-205:4 206-211:8*1000000000 212-213:4"},

@@ -23,7 +23,7 @@ constexpr VersionLayout VERSIONS[] = {
 
 // Processors count 1024 ticks a second. What a process used of the machine counts in millionths of
 // a percent, before P720 in hundredths.
-constexpr LayoutRow RECORDS[] = {
+constexpr SampleLayout RECORDS[] = {
     {1, 0, ALL, "101-108:4"},
     {2, 0, ALL, "201:t 202-203:8 204-207:8/100"},
     {3, 0, ALL, "301-302:4 303-330:8 331-332:4 333-334:8"},

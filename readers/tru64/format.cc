@@ -142,7 +142,7 @@ void DecodeProcess(Decoding& decoding) {
 
 void StoreSystemRelease(SystemConfig& config, const Source& from) {
   config.configText[1] = from.field.Text();
-  if (config.configText[0] == "OSF1" && from.field.Text().starts_with("V5.0")) config.isOsf1V5 = true;
+  if (tru64_layouts::IsOsf1V5(config.configText[0], config.configText[1])) config.isOsf1V5 = true;
 }
 
 constexpr FieldRule<SystemConfig> CONFIG_RULES[] = {

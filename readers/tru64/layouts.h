@@ -91,4 +91,9 @@ inline constexpr VersionRule VERSIONS[] = {
     {.text = "V505", .table = &V520_TABLE},
 };
 
+// Whether system and release of the configuration are those that mark a host as OSF1 V5.
+constexpr bool IsOsf1V5(std::string_view system, std::string_view release) {
+  return system == "OSF1" && release.starts_with("V5.0");
+}
+
 }  // namespace ozmo::tru64_layouts
