@@ -2,7 +2,8 @@
 # policy of the page names their hashes, so that a browser runs these and nothing else.
 #
 # cmake -DSOURCE=<folder of page.html> -DSCRIPTS=<names of the page's scripts, in their order, with commas>
-#       -DDYGRAPHS=<folder of the library> -DOUTPUT=<file.cc> -P embed.cmake
+#       -DSTYLES=<style sheets, in their order, with commas> -DPROGRAM=<folder in programs/, which names the namespace>
+#       [-DDYGRAPHS=<folder of the library>] -DOUTPUT=<file.cc> -P embed.cmake
 
 # policy_hash(RESULT TEXT): 'sha256-...' of TEXT, in base64.
 function(policy_hash result text)
@@ -23,18 +24,25 @@ function(policy_hash result text)
   set(${result} "'sha256-${base64}='" PARENT_SCOPE)
 endfunction()
 
-file(READ ${DYGRAPHS}/dygraph.min.js LIBRARY_SCRIPT)
-file(READ ${DYGRAPHS}/dygraph.min.css LIBRARY_STYLE)
-file(READ ${SOURCE}/page.css PAGE_STYLE)
+set(LIBRARY_SCRIPT "")
+string(REPLACE "," ";" styles "${STYLES}")
+if(DYGRAPHS)
+  file(READ ${DYGRAPHS}/dygraph.min.js LIBRARY_SCRIPT)
+  list(PREPEND styles ${DYGRAPHS}/dygraph.min.css)
+endif()
 # One function around all scripts: they see each other, and the document sees none of their names.
-set(PAGE_SCRIPT "// The page of a report. All texts of the data reach the document by textContent.\n'use strict';\n(() => {\n")
+set(PAGE_SCRIPT "// All texts of the data reach the document by textContent.\n'use strict';\n(() => {\n")
 string(REPLACE "," ";" scripts "${SCRIPTS}")
 foreach(script IN LISTS scripts)
   file(READ ${SOURCE}/${script}.js text)
   string(APPEND PAGE_SCRIPT "\n${text}")
 endforeach()
 string(APPEND PAGE_SCRIPT "})();\n")
-set(STYLE "${LIBRARY_STYLE}\n${PAGE_STYLE}")
+set(STYLE "")
+foreach(style IN LISTS styles)
+  file(READ ${style} text)
+  string(APPEND STYLE "${text}\n")
+endforeach()
 foreach(part LIBRARY_SCRIPT PAGE_SCRIPT STYLE)
   if("${${part}}" MATCHES "</(script|style)")
     message(FATAL_ERROR "${part} would end its own element")
@@ -46,9 +54,9 @@ configure_file(${SOURCE}/page.html ${OUTPUT}.html @ONLY NEWLINE_STYLE UNIX)
 file(READ ${OUTPUT}.html hex HEX)
 string(REGEX REPLACE "(................................)" "\\1\n" hex "${hex}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")
-file(WRITE ${OUTPUT} "#include \"programs/report/page.h\"
+file(WRITE ${OUTPUT} "#include \"programs/${PROGRAM}/page.h\"
 
-namespace ozmo::report {
+namespace ozmo::${PROGRAM} {
 namespace {
 constexpr unsigned char BYTES[] = {
 ${bytes}};
@@ -56,5 +64,5 @@ ${bytes}};
 
 std::string_view PageTemplate() { return {reinterpret_cast<const char*>(BYTES), sizeof BYTES}; }
 
-}  // namespace ozmo::report
+}  // namespace ozmo::${PROGRAM}
 ")

@@ -170,6 +170,11 @@ Company CompanyOf(const Options& options, const DayRequest& request, const DataD
   return company;
 }
 
+// What lies at `path` now; not said where standard output is a summary.
+void SayWritten(const Options& options, const std::string& path, const std::string& what) {
+  if (!options.PrintsSummary()) std::printf("%s: %s\n", PrintableText(path).c_str(), what.c_str());
+}
+
 std::string WritePage(const Options& options, const PageData& data, const Company& company,
                       const Runtime& runtime) {
   const std::string path = options.pageFile.empty() ? BaseName(options.dataFile) + ".html" : options.pageFile;
@@ -177,8 +182,7 @@ std::string WritePage(const Options& options, const PageData& data, const Compan
                                   "ozmo_report " + ProductIdentityInit().versionText);
   const WholeFilePlace place = {.path = path, .inputs = runtime.inputs, .onDisk = true};
   if (std::string failure = WriteWholeFile(place, page); !failure.empty()) return failure;
-  std::printf("%s: %s, %s\n", PrintableText(path).c_str(), CountText(data.graphs, "graph").c_str(),
-              SizeText(page.size()).c_str());
+  SayWritten(options, path, CountText(data.graphs, "graph") + ", " + SizeText(page.size()));
   return "";
 }
 
@@ -187,7 +191,7 @@ std::string WriteSummary(const Options& options, const DataDay& day, const Runti
   const Summary summary = SummaryOf(day);
   if (summary.lines.empty()) return options.dataFile + ": it has none of the figures of a summary";
   const std::string text = SummaryText(summary);
-  if (options.summaryFile.empty()) {
+  if (options.PrintsSummary()) {
     std::fputs(text.c_str(), stdout);
     return "";
   }
@@ -205,7 +209,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   if (!options.csvDirectory.empty()) {
     const CsvResult csv = WriteCsvFiles(options.csvDirectory, day, sections, runtime.inputs);
     if (!csv.failure.empty()) return csv.failure;
-    std::printf("%s: %d CSV files\n", PrintableText(options.csvDirectory).c_str(), csv.files);
+    SayWritten(options, options.csvDirectory, CountText(csv.files, "CSV file"));
   }
   if (!options.pictureDirectory.empty()) {
     const PicturesResult pictures = WritePictures(options.pictureDirectory, options.picture, day, sections);
@@ -213,8 +217,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
       Complain(PROGRAM, failure);
       problems.push_back(failure);
     }
-    std::printf("%s: %s\n", PrintableText(options.pictureDirectory).c_str(),
-                CountText(pictures.files, "picture").c_str());
+    SayWritten(options, options.pictureDirectory, CountText(pictures.files, "picture"));
   }
   if (!options.WritesPage()) return "";
   PageData data = PageDataOf(day, sections);

@@ -30,6 +30,8 @@ struct Options {
   PictureForm picture;
   std::string pageFile;  // empty: see WritesPage
   const std::string& ReadPath() const { return importedFile.empty() ? dataFile : importedFile; }
+  // Standard output is a summary, and nothing else is said there.
+  bool PrintsSummary() const { return summary && summaryFile.empty(); }
   bool WritesPage() const {
     return !pageFile.empty() || (!list && !summary && csvDirectory.empty() && pictureDirectory.empty());
   }

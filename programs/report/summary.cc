@@ -96,18 +96,18 @@ std::vector<int> HeldPoints(const GraphCatalog& catalog) {
   return points;
 }
 
-// Minutes in holes that are longer than a bridge, those at the ends of the span included.
+// Minutes in holes that are longer than a bridge, those at the ends of the span included: the sample at its
+// last point is the next day's.
 int MissingMinutes(std::span<const int> held, const GraphCatalog& catalog) {
   const int longest = std::max(catalog.extent.maxGap, 1);
+  const int end = catalog.pointCount - 1;
   int missing = 0;
   int last = 0;
-  const auto reach = [&](int point) {
+  for (const int point : held) {
     if (point - last > longest) missing += point - last - 1;
     last = point;
-  };
-  for (const int point : held) reach(point);
-  reach(catalog.pointCount);
-  return missing;
+  }
+  return missing + (end - last > longest ? end - last : 0);
 }
 
 struct NamedSets {

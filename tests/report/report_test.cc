@@ -122,7 +122,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{"--version"}, 0, "ozmo_report V"},
       {{data, "-o", "page.html", "--item", "overall cpu utilization"}, 0, "page.html: 1 graph, "},
       {{data, "--summary"}, 0, "\n# end "},
-      {{"--summary=sums.tsv", data}, 0, ""},
+      {{"--summary=sums.tsv", "-o", "page.html", data}, 0, "page.html: "},
       {{"--summary=" + data, data}, 1, "is read by this run"},
       {{"./missing.vmr"}, 1, "No such file or directory"},
       {{empty}, 1, "qtxs_empty.dat_1: the file is empty"},
@@ -154,7 +154,7 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
     EXPECT_EQ(result.exitStatus, test.status) << test.said << text;
     EXPECT_NE(text.find(test.said), std::string::npos) << text;
   }
-  EXPECT_EQ(ReadWholeFile(Path("sums.tsv")), Run({data, "--summary"}).standardOutput);
+  EXPECT_EQ(ReadWholeFile(Path("sums.tsv")), Run({data, "--summary", "-o", "page.html"}).standardOutput);
   EXPECT_EQ(ReadWholeFile(Path("page.html")).find("role=\"note\""), std::string::npos);
   EXPECT_NE(ReadWholeFile(Path("noted.html")).find("role=\"note\">missing: No such"), std::string::npos);
 }

@@ -1,0 +1,165 @@
+#include "programs/fleet/entry.h"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <thread>
+
+#include "programs/fleet/gather.h"
+#include "programs/fleet/kept.h"
+#include "programs/fleet/options.h"
+#include "programs/fleet/page.h"
+#include "programs/report/page.h"
+#include "runtime/console.h"
+#include "runtime/identity.h"
+#include "runtime/terminal_text.h"
+#include "runtime/whole_file.h"
+
+namespace ozmo::fleet {
+namespace {
+
+enum Status { DONE = 0, FAILED = 1, USAGE = 2, OVER_LIMIT = 3 };
+
+void Say(const std::string& text) { Complain("ozmo_fleet", text); }
+
+// Shows how far the work has come and how long the rest will take, on a terminal only.
+class Progress {
+ public:
+  ~Progress() {
+    if (isBegun_) std::fputs("\r\033[K", stderr);
+  }
+  void Show(size_t done, size_t all) {
+    if (isatty(STDERR_FILENO) != 1) return;
+    isBegun_ = true;
+    std::fprintf(stderr, "\r\033[K%zu of %zu data files%s ", done, all, Left(done, all).c_str());
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  std::string Left(size_t done, size_t all) const {
+    if (done == 0 || done == all) return "";
+    const std::chrono::duration<double> passed = Clock::now() - start_;
+    const double seconds = passed.count() / static_cast<double>(done) * static_cast<double>(all - done);
+    char text[64];
+    std::snprintf(text, sizeof text, ", %.0f %s left", seconds < 100 ? seconds : seconds / 60,
+                  seconds < 100 ? "s" : "min");
+    return text;
+  }
+
+  Clock::time_point start_ = Clock::now();
+  bool isBegun_ = false;
+};
+
+// Directories that the run needs; returns what went wrong.
+std::string MakeDirectories(const GatherRequest& request) {
+  for (const std::string& directory : {request.keptDirectory, request.pagesDirectory}) {
+    std::error_code error;
+    if (!directory.empty()) std::filesystem::create_directories(directory, error);
+    if (error) return directory + ": " + error.message();
+  }
+  return "";
+}
+
+Fleet GatherAll(const Inputs& inputs, GatherRequest request) {
+  Progress progress;
+  request.progress = [&](size_t done, size_t all) { progress.Show(done, all); };
+  return Gather(inputs, request);
+}
+
+// Beside a page that is a device or a pipe nothing is kept.
+std::string KeptDirectory(const std::string& pageFile) {
+  std::error_code unknown;
+  const std::filesystem::path page = pageFile;
+  if (std::filesystem::exists(page, unknown) && !std::filesystem::is_regular_file(page, unknown)) return "";
+  return std::filesystem::path(page).replace_extension(KEPT_ENDING).string();
+}
+
+// Writes the page, and the table where it is asked for; returns what went wrong.
+std::string WriteFiles(const Options& options, const Inputs& inputs, const Fleet& fleet) {
+  std::vector<FileIdentity> read;
+  const auto note = [&](const std::string& path) {
+    if (const std::optional<FileIdentity> file = IdentityOf(path)) read.push_back(*file);
+  };
+  for (const DataFiles& data : inputs.data) std::ranges::for_each(data.files, note);
+  std::ranges::for_each(inputs.summaries, note);
+  if (!options.tableFile.empty()) {
+    std::string failure = WriteWholeFile({.path = options.tableFile, .inputs = read}, TableText(fleet.hosts));
+    if (!failure.empty()) return failure;
+  }
+  const std::string page = PageOf(fleet.hosts, fleet.problems, options.pageFile,
+                                  "ozmo_fleet " + ProductIdentityInit().versionText);
+  std::string failure = WriteWholeFile({.path = options.pageFile, .inputs = read}, page);
+  if (!failure.empty()) return failure;
+  std::printf("%s: %zu hosts and days, %zu of %zu data files were new, %s\n",
+              PrintableText(options.pageFile).c_str(), fleet.hosts.size(), fleet.workedOut,
+              fleet.workedOut + fleet.kept, report::SizeText(page.size()).c_str());
+  return "";
+}
+
+// Returns whether nobody is over a limit.
+bool HoldLimits(const std::vector<Limit>& limits, const std::vector<Host>& hosts) {
+  bool isHeld = true;
+  for (const Limit& limit : limits) {
+    for (const Host& host : hosts) {
+      for (const std::string& line : LinesOver(limit, host.summary)) {
+        Say(line);
+        isHeld = false;
+      }
+    }
+  }
+  return isHeld;
+}
+
+Status Show(const Options& options) {
+  const GatherRequest request{
+      .keptDirectory = KeptDirectory(options.pageFile),
+      .pagesDirectory = options.pagesDirectory,
+      .jobs = options.jobs > 0 ? options.jobs
+                               : std::max(1, static_cast<int>(std::thread::hardware_concurrency())),
+      .progress = {}};
+  const Inputs inputs = FindInputs(options.inputs);
+  if (std::string failure = MakeDirectories(request); !failure.empty()) {
+    Say(failure);
+    return FAILED;
+  }
+  Fleet fleet = GatherAll(inputs, request);
+  fleet.problems.insert(fleet.problems.begin(), inputs.problems.begin(), inputs.problems.end());
+  for (const std::string& problem : fleet.problems) Say(problem);
+  if (inputs.steppedOver > 0)
+    Say(report::CountText(inputs.steppedOver, "file") + " stepped over: no data by name");
+  if (fleet.hosts.empty()) {
+    Say("no host in what was given: the page is left as it was");
+    return FAILED;
+  }
+  const std::string failure = WriteFiles(options, inputs, fleet);
+  if (!failure.empty()) Say(failure);
+  if (!HoldLimits(options.limits, fleet.hosts)) return OVER_LIMIT;
+  return failure.empty() && fleet.problems.empty() ? DONE : FAILED;
+}
+
+}  // namespace
+
+int FleetEntry(int argc, char* const argv[]) {
+  const ParsedOptions parsed = ParseOptions(argc, argv);
+  if (!parsed.failure.empty()) {
+    Say(parsed.failure);
+    std::fputs("ozmo_fleet --help says more\n", stderr);
+    return USAGE;
+  }
+  switch (parsed.options.action) {
+    case Action::HELP:
+      std::fputs(HelpText().c_str(), stdout);
+      return DONE;
+    case Action::VERSION:
+      std::printf("ozmo_fleet %s\n", ProductIdentityInit().versionText.c_str());
+      return DONE;
+    case Action::SHOW:
+      break;
+  }
+  return Show(parsed.options);
+}
+
+}  // namespace ozmo::fleet

@@ -1,0 +1,143 @@
+#include "programs/fleet/gather.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <tuple>
+
+#include "programs/fleet/kept.h"
+#include "programs/fleet/workers.h"
+#include "programs/report/summary_text.h"
+
+namespace ozmo::fleet {
+namespace {
+
+using report::SummariesResult;
+using report::Summary;
+
+// A day of data files on its way to a host.
+struct Day {
+  const DataFiles* data = nullptr;
+  std::string keptFile;  // empty: it isn't kept
+  std::string page;      // empty: it gets none
+  std::string stamp;
+};
+
+std::vector<Day> DaysOf(const Inputs& inputs, const GatherRequest& request) {
+  std::vector<Day> days;
+  const std::vector<std::string> names = KeptNames(inputs.data);
+  for (size_t i = 0; i < inputs.data.size(); ++i) {
+    Day day{.data = &inputs.data[i],
+            .keptFile = request.keptDirectory.empty() ? "" : request.keptDirectory + '/' + names[i] + ".tsv",
+            .page = request.pagesDirectory.empty() ? "" : request.pagesDirectory + '/' + names[i] + ".html",
+            .stamp = StampOf(inputs.data[i])};
+    days.push_back(std::move(day));
+  }
+  return days;
+}
+
+Work WorkOf(const Day& day) {
+  Work work = {"--summary"};
+  if (!day.page.empty()) work.insert(work.end(), {"-o", day.page});
+  work.insert(work.end(), {"--", day.data->path});
+  return work;
+}
+
+class Gatherer {
+ public:
+  explicit Gatherer(const GatherRequest& request) : request_(request) {}
+
+  void TakeDays(const std::vector<Day>& days) {
+    std::vector<const Day*> isNew;
+    std::vector<Work> works;
+    for (const Day& day : days) {
+      std::optional<Summary> summary = ReadKept(day.keptFile, day.stamp);
+      if (summary && (day.page.empty() || access(day.page.c_str(), F_OK) == 0)) {
+        ++fleet_.kept;
+        Add(std::move(*summary), day.page, day.data->path);
+      } else {
+        isNew.push_back(&day);
+        works.push_back(WorkOf(day));
+      }
+    }
+    size_t done = 0;
+    if (request_.progress && !works.empty()) request_.progress(0, works.size());
+    RunAll(works, request_.jobs, [&](size_t place, WorkResult result) {
+      TakeResult(*isNew[place], std::move(result));
+      if (request_.progress) request_.progress(++done, works.size());
+    });
+  }
+
+  void TakeFile(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    if (!stream.is_open()) return Problem(path, std::strerror(errno));
+    SummariesResult read = report::ReadSummaries(text);
+    for (const std::string& wrong : read.wrong) Problem(path, wrong);
+    for (Summary& summary : read.summaries) Add(std::move(summary), "", path);
+  }
+
+  Fleet Finish() {
+    for (auto& [key, host] : hosts_) fleet_.hosts.push_back(std::move(host.host));
+    std::ranges::sort(fleet_.problems);
+    return std::move(fleet_);
+  }
+
+ private:
+  struct From {
+    Host host;
+    std::string path;
+  };
+
+  // Most lines name the file already.
+  void Problem(const std::string& path, const std::string& text) {
+    fleet_.problems.push_back(text.find(path) == std::string::npos ? path + ": " + text : text);
+  }
+
+  void Add(Summary summary, const std::string& page, const std::string& path) {
+    std::tuple key(summary.host, summary.begin, summary.end);
+    const std::string what = summary.host + ", " + DayText(summary);
+    const auto [there, isNew] = hosts_.try_emplace(std::move(key), From{{std::move(summary), page}, path});
+    if (!isNew) Problem(path, what + " is there already, from " + there->second.path);
+  }
+
+  // What came with complaints isn't kept: the next run says them again.
+  void TakeResult(const Day& day, WorkResult result) {
+    const std::string& path = day.data->path;
+    for (const std::string& complaint : result.complaints) Problem(path, complaint);
+    SummariesResult read = report::ReadSummaries(result.output);
+    if (read.summaries.size() != 1 || !read.wrong.empty()) {
+      if (result.complaints.empty()) Problem(path, "no summary came of it");
+      return;
+    }
+    ++fleet_.workedOut;
+    if (result.status == 0 && !day.keptFile.empty()) {
+      const std::string failure = WriteKept(day.keptFile, day.stamp, result.output);
+      if (!failure.empty()) fleet_.problems.push_back(failure);
+    }
+    const bool hasPage = !day.page.empty() && access(day.page.c_str(), F_OK) == 0;
+    Add(std::move(read.summaries.front()), hasPage ? day.page : "", path);
+  }
+
+  const GatherRequest& request_;
+  Fleet fleet_;
+  std::map<std::tuple<std::string, Seconds, Seconds>, From> hosts_;
+};
+
+}  // namespace
+
+Fleet Gather(const Inputs& inputs, const GatherRequest& request) {
+  Gatherer gatherer(request);
+  gatherer.TakeDays(DaysOf(inputs, request));
+  for (const std::string& path : inputs.summaries) gatherer.TakeFile(path);
+  return gatherer.Finish();
+}
+
+}  // namespace ozmo::fleet

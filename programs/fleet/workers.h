@@ -1,0 +1,25 @@
+// Runs of ozmo_report, several at a time, each a process of its own: what a broken file does to one of them
+// takes nothing along.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ozmo::fleet {
+
+// The words after the program's name.
+using Work = std::vector<std::string>;
+
+struct WorkResult {
+  int status = 0;  // of ozmo_report; -1 where a signal ended it or it didn't start
+  std::string output;
+  std::vector<std::string> complaints;  // lines of standard error, without the program's name
+};
+
+// Calls `done` for each, as they end. The runs end with this process.
+void RunAll(std::span<const Work> works, int jobs,
+            const std::function<void(size_t place, WorkResult result)>& done);
+
+}  // namespace ozmo::fleet
