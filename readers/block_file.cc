@@ -82,19 +82,11 @@ void BlockFile::TellFault() const {
   }
 }
 
-std::string_view BlockFile::ReadLine(size_t limit) {
-  size_t available = limit;
-  if (!IsInBlock(static_cast<int64_t>(limit))) {
-    const auto upToEnd = [&] { return static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left())); };
-    available = upToEnd();
-    if (!Fill(available) && fault_ == ReadFault::NONE) available = upToEnd();  // the end is known by now
-    if (available == 0 || !Fill(available)) return {};
-  }
-  const uint8_t* begin = block_.data() + next_;
-  const auto* feed = static_cast<const uint8_t*>(std::memchr(begin, '\n', available));
-  const size_t length = feed != nullptr ? static_cast<size_t>(feed - begin) + 1 : available;
-  next_ += length;
-  return {reinterpret_cast<const char*>(begin), length};
+size_t BlockFile::FillForLine(size_t limit) {
+  const auto upToEnd = [&] { return static_cast<size_t>(std::min(static_cast<int64_t>(limit), Left())); };
+  size_t available = upToEnd();
+  if (!Fill(available) && fault_ == ReadFault::NONE) available = upToEnd();  // the end is known by now
+  return Fill(available) ? available : 0;
 }
 
 void BlockFile::SkipFurther(int64_t size) {

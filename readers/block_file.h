@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -59,7 +60,16 @@ class BlockFile {
   }
   // The next line with its line feed, at most `limit` bytes of it, valid until the next read; empty at the
   // end of the file, or on a fault.
-  std::string_view ReadLine(size_t limit);
+  std::string_view ReadLine(size_t limit) {
+    const size_t available = IsInBlock(static_cast<int64_t>(limit)) ? limit : FillForLine(limit);
+    if (available == 0) return {};
+    const char* begin = reinterpret_cast<const char*>(block_.data() + next_);
+    const void* feed = std::memchr(begin, '\n', available);
+    const size_t length =
+        feed != nullptr ? static_cast<size_t>(static_cast<const char*>(feed) - begin) + 1 : available;
+    next_ += length;
+    return {begin, length};
+  }
   // Whether the next `size` bytes can be read without going to the file.
   bool IsInBlock(int64_t size) const { return size <= static_cast<int64_t>(filled_ - next_); }
   void Skip(int64_t size) {
@@ -78,6 +88,9 @@ class BlockFile {
   void SkipFurther(int64_t size);
   // Makes `size` bytes from next_ on lie in the block; false when the file has fewer, or on a fault.
   bool Fill(size_t size);
+  // Makes as much of a line as may be asked for lie in the block; how much that is, 0 at the end of the file
+  // or on a fault.
+  size_t FillForLine(size_t limit);
   // As pread of the plain file.
   int64_t ReadAt(uint8_t* bytes, size_t room, int64_t place);
   bool SkipLeadingBlock();

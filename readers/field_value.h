@@ -23,6 +23,12 @@ inline uint32_t LoadUint32(const uint8_t* bytes, ByteOrder order) {
   return uint32_t{bytes[3]} | uint32_t{bytes[2]} << 8 | uint32_t{bytes[1]} << 16 | uint32_t{bytes[0]} << 24;
 }
 
+inline uint64_t LoadUint64(const uint8_t* bytes, ByteOrder order) {
+  const uint64_t first = LoadUint32(bytes, order);
+  const uint64_t second = LoadUint32(bytes + 4, order);
+  return order == ByteOrder::LITTLE ? second << 32 | first : first << 32 | second;
+}
+
 // A text after its length byte. It ends at its first NUL byte, where it has one: collectors fill up with
 // them.
 inline std::string_view LoadText(const uint8_t* bytes) {
@@ -56,7 +62,7 @@ struct FieldValue {
   // The 4-byte form: signed; of an 8-byte field the low half.
   int32_t Int32() const { return static_cast<int32_t>(Low()); }
   // The 8-byte form: unsigned.
-  uint64_t Uint64() const { return uint64_t{High()} << 32 | Low(); }
+  uint64_t Uint64() const { return size == FieldSize::INT8 ? LoadUint64(data, order) : Low(); }
   // The 8-byte form in signed halves: each half is a signed number, high * 2^32 + low. A low half with its
   // top bit set thus pulls the value down by 2^32.
   double SignedHalves() const {

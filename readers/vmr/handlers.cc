@@ -8,6 +8,14 @@
 #include "runtime/numbers.h"
 
 namespace ozmo {
+
+struct VmrObject {
+  int32_t objectId;
+  RecordKind kind;
+  void (*plan)(VmrRows& rows, bool takesDetails);
+  void (*store)(VmrContext& context, VmrRows& rows, VmrLine& line);
+};
+
 namespace vmr_files {
 
 constexpr float PAGE_SIZE = 4096.0F;
@@ -68,11 +76,13 @@ void Change(Record& record, const CounterValue& value) {
 template <const auto& Rules>
 void PlanCounters(VmrRows& rows, bool takesDetails) {
   rows.plan.clear();
-  for (size_t i = 0; i < rows.counters.size(); ++i) {
+  VmrLine row(rows.counterRow);
+  const size_t count = row.FieldCount();
+  for (size_t field = 1; field < count; ++field) {
     const auto* rule =
-        std::ranges::find(Rules, rows.counters[i], [](const auto& candidate) { return candidate.counter; });
+        std::ranges::find(Rules, row.Integer(field), [](const auto& candidate) { return candidate.counter; });
     if (rule == std::end(Rules) || (rule->use == Use::DETAIL && !takesDetails)) continue;
-    rows.plan.push_back({i + 1, static_cast<size_t>(rule - std::begin(Rules))});
+    rows.plan.push_back({field, static_cast<size_t>(rule - std::begin(Rules))});
   }
 }
 
@@ -84,6 +94,21 @@ void ApplyCounters(const CounterRule<Record> (&rules)[Count], Record& record, Vm
     rules[counter.rule].store(record, {line, counter.field, samples, rows});
   }
 }
+
+// What the instance row in effect says.
+struct Instance {
+  explicit Instance(const VmrRows& rows)
+      : row(rows.instanceRow), name(rows.hasInstance ? row.Bytes(1) : "") {}
+  std::string Name() const {
+    std::string text;
+    CopyPrintable(name, text);
+    return text;
+  }
+  int32_t Samples() { return row.Integer(2); }
+
+  VmrLine row;
+  std::string_view name;  // as it was read
+};
 
 // Samples of an object without instances.
 int32_t ObjectSamples(const VmrRows& rows) { return rows.objectSamples < 0 ? 1 : rows.objectSamples; }
@@ -110,9 +135,10 @@ constexpr CounterRule<ProcessorRecord> PROCESSOR_COUNTERS[] = {
 
 // The instance of all processors reads as number 0 and stays.
 void VmrStoreProcessor(VmrContext& context, VmrRows& rows, VmrLine& line) {
+  Instance instance(rows);
   ProcessorRecord& processor = context.processors.primary.Push();
-  processor.cpuId = VmrInteger(rows.instanceName);
-  ApplyCounters(PROCESSOR_COUNTERS, processor, rows, rows.instanceSamples, line);
+  processor.cpuId = VmrInteger(instance.Name());
+  ApplyCounters(PROCESSOR_COUNTERS, processor, rows, instance.Samples(), line);
 }
 
 // --- Physical disk, object 234 ---
@@ -143,10 +169,11 @@ constexpr CounterRule<DiskRecord> DISK_COUNTERS[] = {
 
 void VmrStoreDisk(VmrContext& context, VmrRows& rows, VmrLine& line) {
   constexpr float MILLISECONDS = 1000.0F;
-  if (rows.instanceName == TOTAL_INSTANCE) return;
+  Instance instance(rows);
+  if (instance.name == TOTAL_INSTANCE) return;
   DiskRecord& disk = context.disks.primary.Push();
-  disk.deviceName = DiskName(rows.instanceName);
-  ApplyCounters(DISK_COUNTERS, disk, rows, rows.instanceSamples, line);
+  disk.deviceName = DiskName(instance.Name());
+  ApplyCounters(DISK_COUNTERS, disk, rows, instance.Samples(), line);
   disk.ioRate = disk.readRate + disk.writeRate;
   disk.totalBytesRate = disk.readBytesRate + disk.writeBytesRate;
   if (disk.ioRate > 0.0F) {
@@ -184,10 +211,12 @@ constexpr CounterRule<ProcessRecord> PROCESS_COUNTERS[] = {
 };
 
 void VmrStoreProcess(VmrContext& context, VmrRows& rows, VmrLine& line) {
-  if (rows.instanceName == TOTAL_INSTANCE) return;
+  Instance instance(rows);
+  if (instance.name == TOTAL_INSTANCE) return;
   ProcessRecord& process = ContextPushProcess(context, false);
-  process.name = rows.instanceName;
-  if (rows.instanceSamples > 0) ApplyCounters(PROCESS_COUNTERS, process, rows, rows.instanceSamples, line);
+  CopyPrintable(instance.name, process.name);
+  const int32_t samples = instance.Samples();
+  if (samples > 0) ApplyCounters(PROCESS_COUNTERS, process, rows, samples, line);
 }
 
 // --- Memory, object 4 ---
@@ -284,14 +313,7 @@ void VmrStoreUdp(VmrContext& context, VmrRows& rows, VmrLine& line) {
 
 // --- Objects ---
 
-struct ObjectRow {
-  int32_t objectId;
-  RecordKind kind;
-  void (*plan)(VmrRows& rows, bool takesDetails);
-  void (*store)(VmrContext& context, VmrRows& rows, VmrLine& line);
-};
-
-constexpr ObjectRow OBJECTS[] = {
+constexpr VmrObject OBJECTS[] = {
     {4, RecordKind::MEMORY, PlanCounters<MEMORY_COUNTERS>, VmrStoreMemory},
     {230, RecordKind::PROCESSES, PlanCounters<PROCESS_COUNTERS>, VmrStoreProcess},
     {234, RecordKind::DISKS, PlanCounters<DISK_COUNTERS>, VmrStoreDisk},
@@ -303,9 +325,14 @@ constexpr ObjectRow OBJECTS[] = {
 
 }  // namespace vmr_files
 
+const VmrObject* FindVmrObject(int32_t objectId) {
+  const auto* object = std::ranges::find(vmr_files::OBJECTS, objectId, &VmrObject::objectId);
+  return object != std::end(vmr_files::OBJECTS) ? object : nullptr;
+}
+
 void VmrStoreRow(VmrContext& context, VmrRows& rows, VmrLine& line) {
-  const auto* object = std::ranges::find(vmr_files::OBJECTS, rows.objectId, &vmr_files::ObjectRow::objectId);
-  if (object == std::end(vmr_files::OBJECTS) || !context.kinds.Has(object->kind)) return;
+  const VmrObject* object = rows.object;
+  if (object == nullptr || !context.kinds.Has(object->kind)) return;
   if (!rows.isPlanned) object->plan(rows, context.kinds.Has(RecordKind::DETAILS));
   rows.isPlanned = true;
   object->store(context, rows, line);

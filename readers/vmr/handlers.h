@@ -16,7 +16,10 @@
 
 namespace ozmo {
 
-inline constexpr int32_t NO_VMR_OBJECT = -1;
+// An object that a handler takes.
+struct VmrObject;
+// Null for any other.
+const VmrObject* FindVmrObject(int32_t objectId);
 
 // A value of a data row that a rule takes.
 struct PlannedCounter {
@@ -25,14 +28,16 @@ struct PlannedCounter {
 };
 
 // What the head of the file and the rows before a data row say of it. Rows stay in effect until replaced.
+// Those of instances and counters are kept as they were read: what they say is worked out for the data rows
+// that are wanted, which are few.
 struct VmrRows {
   int32_t intervalSeconds = 0;
   int32_t samplesPerInterval = 0;
-  int32_t objectId = NO_VMR_OBJECT;
+  const VmrObject* object = nullptr;
   int32_t objectSamples = 0;
-  std::string instanceName;
-  int32_t instanceSamples = 0;
-  std::vector<int32_t> counters;     // the name of each value of a data row
+  std::string instanceRow;
+  bool hasInstance = false;          // false: the instance's name is no longer in effect, its samples are
+  std::string counterRow;            // the name of each value of a data row
   std::vector<PlannedCounter> plan;  // those of them that are taken; stale after an object or counter row
   bool isPlanned = false;
   // Running totals of the TCP connection counters at the last sample.

@@ -194,19 +194,18 @@ void VmrReader::ActOnRow(VmrContext& context) {
   if (line.Is("6")) {
     VmrStoreRow(context, rows_, line);
   } else if (line.Is("4")) {
-    line.CopyText(1, rows_.instanceName);
-    rows_.instanceSamples = line.Integer(2);
+    rows_.instanceRow = line.text();
+    rows_.hasInstance = true;
   } else if (line.Is("5")) {
     rows_.isPlanned = false;
-    rows_.counters.clear();
-    for (size_t i = 1; i < line.FieldCount(); ++i) rows_.counters.push_back(line.Integer(i));
+    rows_.counterRow = line.text();
   } else if (line.Is("2")) {
     rows_.isPlanned = false;
-    rows_.objectId = line.Integer(1);
+    rows_.object = FindVmrObject(line.Integer(1));
     rows_.objectSamples = line.FieldCount() > 2 ? line.Integer(2) : rows_.samplesPerInterval;
   } else if (line.Is("3")) {
-    rows_.objectId = NO_VMR_OBJECT;
-    rows_.instanceName.clear();
+    rows_.object = nullptr;
+    rows_.hasInstance = false;
   } else if (!line.Is("9")) {
     std::fputs("Corrupt File\n", stdout);
     std::fflush(nullptr);

@@ -253,6 +253,10 @@ TEST_F(VmrReaderTest, RowsFillTheirRecords) {
        {"processor userTime inf systemTime nan idleTime -inf dpcTime nan interruptTime nan",
         "processor idleTime 90",
         "processor cpuId 1 userTime 10 systemTime 5 idleTime 75 dpcTime 2 interruptTime 1"}},
+      // An instance is that of any object, whichever row comes first. The end of the object takes its name,
+      // and leaves its samples.
+      {"4~7~2\n2~238\n5~142\n6~8\n3\n6~9\n2~238\n6~6\n",
+       {"processor userTime 3", "processor cpuId 7 userTime 4"}},
       {"2~234\n5~214~216~220~222~1400~1482\n4~_Total~1\n6~1~1~1~1~1~1\n"
        "4~0 C: D:~2\n6~20~60~4096~8192~40000000~100\n4~1 E:~1\n6~0~0~0~0~70000000~0\n",
        {"disk DISK1-E busyFraction 1 queueLength 7",
