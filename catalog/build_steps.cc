@@ -76,7 +76,7 @@ BuildSteps::BuildSteps(const PlatformSpec& platform, const WorkloadClassList& cl
       disks_(platform.diskSpec, needs_.disks, catalog.budget),
       fileSystems_(platform.fileSystemKeyFormat, catalog.budget),
       adapters_(platform.hasAdapterGraphs),
-      processes_(platform.processSpec, needs_.processes, classes, catalog) {}
+      processes_(platform, needs_.processes, classes, catalog) {}
 
 void BuildSteps::RunPasses(const Minute& minute, VmrContext& interval) {
   ProcessorSums processors;
@@ -118,6 +118,7 @@ bool BuildSteps::TakeInterval(VmrContext& interval) {
 
 void BuildSteps::FinishGraphs() {
   FinishTopLists(catalog_, platform_, sources());
+  if (processes_.views().areMade()) processes_.views().Finish(catalog_, points_);
   if (platform_.processSpec.classesAreRescaled) RescaleClasses(catalog_, processes_.shareSum());
   if (platform_.finish != nullptr) platform_.finish(catalog_, processorsSeenLast_);
 }

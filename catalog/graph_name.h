@@ -18,9 +18,16 @@ int GraphNameCompare(std::string_view first, std::string_view second);
 class WantedTitles {
  public:
   static WantedTitles All() { return WantedTitles(); }
+  // The same, and the views, see views.h.
+  static WantedTitles AllAndViews() {
+    WantedTitles titles;
+    titles.hasViews_ = true;
+    return titles;
+  }
   explicit WantedTitles(const std::vector<std::string_view>& titles);
 
   bool IsAll() const { return isAll_; }
+  bool HasViews() const { return hasViews_; }
   bool Has(std::string_view title) const;
   const std::vector<std::string>& keys() const { return keys_; }
 
@@ -28,6 +35,7 @@ class WantedTitles {
   WantedTitles() = default;
 
   bool isAll_ = true;
+  bool hasViews_ = false;
   std::vector<std::string> keys_;
 };
 

@@ -44,6 +44,7 @@ struct GraphRecord {
   std::vector<std::optional<std::string>> traceColours;
   XrtData data;
   bool isNeeded = true;  // for the graphs that the catalog is built for; else it gets no series
+  bool isView = false;   // see views.h
 
   void SetLabel(int set, std::string label);
   void SetColour(int set, std::string colour);
@@ -95,6 +96,7 @@ struct GraphCatalog {
   int pointCount = 0;                               // minute points: the span in minutes plus 2
   std::vector<std::optional<GraphRecord>> records;  // by Graph; absent where the platform has no such graph
   std::deque<GraphRecord> runtimeRecords;           // of disks, adapters, processors: addresses are stable
+  std::deque<GraphRecord> viewRecords;              // see views.h; the same
   std::vector<GraphMenuEntry> itemTree;
   // The rows whose sub-tables fill at run time, by RowKind; null where the platform has no such row.
   std::array<GraphMenuEntry*, ROW_KIND_COUNT> runtimeRows{};

@@ -44,6 +44,11 @@ class NeedsFinder {
     needs_.graphs.set();
     groups_.set();
   }
+  void AddViews() {
+    needs_.processes.views = true;
+    for (const RecordKind kind : {RecordKind::PROCESS_SIZES, RecordKind::PROCESS_FAULTS})
+      needs_.records.Add(kind);
+  }
   // The graph of a title, and the groups whose rows may turn out to have it.
   void AddTitle(std::string_view key) { AddTitle(key, platform_.tree); }
 
@@ -202,6 +207,7 @@ void NeedsFinder::AddRecords() {
 Needs NeedsOf(const PlatformSpec& platform, const WantedTitles& titles, bool isDetailed) {
   NeedsFinder finder(platform, isDetailed);
   if (titles.IsAll()) finder.AddAll();
+  if (titles.HasViews()) finder.AddViews();
   for (const std::string& key : titles.keys()) finder.AddTitle(key);
   return finder.Find();
 }

@@ -74,11 +74,20 @@ struct ProcessorSpec {
   bool setsFromConfiguration = false;   // the first interval makes one set for each configured processor
 };
 
+// Figures of a process in an interval, for the views; below 0 where they aren't known. Null: the format
+// hasn't got them.
+struct ProcessFigures {
+  using Figure = double (*)(const ProcessRecord& process, const SystemConfig& config);
+  Figure residentMb = nullptr;
+  Figure pageFaults = nullptr;  // per second
+};
+
 struct ProcessSpec {
   std::string_view passedOver = {};  // the process of this name has no share; empty: all have
   bool restIsNamed = false;          // what the shares leave of overall CPU goes to "<NoProc>"
   bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0
   bool classesAreRescaled = true;    // the class series by NormalizeProcessSeries
+  ProcessFigures figures = {};
 };
 
 struct PlatformSpec {

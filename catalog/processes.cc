@@ -10,6 +10,9 @@ constexpr std::string_view REST_NAME = "<NoProc>";
 // Command lines with ever new arguments mustn't make the store of known processes grow without end.
 constexpr size_t MAX_IDENTITIES = 65536;
 
+constexpr double KB_PER_MB = 1024.0;
+constexpr double WHOLE_LIFE = 1.0;
+
 constexpr size_t COMMAND_BYTES = 255;
 constexpr std::string_view NO_COMMAND = "<unknown>";
 constexpr std::string_view WORD_SEPARATORS = " \t";
@@ -39,13 +42,26 @@ double CpuSecondsOf(const ProcessRecord& process) {
   return static_cast<double>(process.userCpuSeconds + process.systemCpuSeconds);
 }
 
-ProcessPass::ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail,
+double MbOfKilobytes(const ProcessRecord& process, const SystemConfig& /*config*/) {
+  return static_cast<double>(process.sizeResident) / KB_PER_MB;
+}
+
+double FaultRates(const ProcessRecord& process, const SystemConfig& /*config*/) {
+  return static_cast<double>(process.minorFaults + process.majorFaults);
+}
+
+double PageFaultRate(const ProcessRecord& process, const SystemConfig& /*config*/) {
+  return static_cast<double>(process.pageFaultsPerSecond);
+}
+
+ProcessPass::ProcessPass(const PlatformSpec& platform, const ProcessDetail& detail,
                          const WorkloadClassList& classes, GraphCatalog& catalog)
-    : spec_(spec),
+    : spec_(platform.processSpec),
       detail_(detail),
       classShares_(catalog.FindNeeded(Graph::CLASS_CPU)),
       classCounts_(catalog.FindNeeded(Graph::CLASS_COUNT)),
-      pages_(catalog.budget) {
+      pages_(catalog.budget),
+      views_(platform, detail.views, catalog) {
   if (detail_.classes) classifier_.emplace(classes);
   if (detail_.shares) {
     const auto points = static_cast<size_t>(catalog.pointCount) + 1;
@@ -66,6 +82,7 @@ ProcessPass::Entry& ProcessPass::EntryOf(std::string_view user, std::string_view
   if (classifier_) identity.workloadClass = WorkloadClassify(*classifier_, user, command);
   if (detail_.images) identity.image = &SeriesOf(images_, ImageOfCommand(command));
   if (detail_.users) identity.user = &SeriesOf(users_, TrimText(user, " "));
+  if (views_.areMade()) identity.views = views_.SeriesOfNames(ImageOfCommand(command), TrimText(user, " "));
   return entry;
 }
 
@@ -95,11 +112,13 @@ const ProcessPass::Identity& ProcessPass::FeedNamedShare(const Minute& minute, s
   return identity;
 }
 
-void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, double share) {
+void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, double share,
+                            const VmrContext& interval, double life) {
   const float value = static_cast<float>(share);
   if (detail_.shares) PointFeed(shareSum_, minute.point, value);
   const Identity& identity = FeedNamedShare(minute, process.userName, process.name, value);
   FeedClass(classCounts_, minute, identity.workloadClass, 1.0F);
+  if (views_.areMade()) views_.Feed(minute, identity.views, process, ConfigOf(interval), life);
 }
 
 // Overall CPU that no process accounts for. With no process at all the sum may still be missing, and then
@@ -119,7 +138,7 @@ void ProcessPass::Run(const Minute& minute, VmrContext& interval, const Processo
   const ShareBasis basis{interval, processors, minute.catalog.spanStart};
   for (ProcessRecord& process : interval.processes.primary) {
     if (!spec_.passedOver.empty() && process.name == spec_.passedOver) continue;
-    FeedShare(minute, process, detail_.shares ? share(process, basis) : 0.0);
+    FeedShare(minute, process, detail_.shares ? share(process, basis) : 0.0, interval, WHOLE_LIFE);
     if (detail_.NamesUsers()) CutBlanks(process.userName);
   }
   if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);

@@ -10,6 +10,7 @@
 #include "catalog/name_hash.h"
 #include "catalog/name_series.h"
 #include "catalog/platform.h"
+#include "catalog/views.h"
 #include "workload/classifier.h"
 #include "workload/workload.h"
 
@@ -21,6 +22,7 @@ struct ProcessDetail {
   bool images = false;   // shares by image
   bool users = false;    // shares by user
   bool classes = false;  // shares or processes by class
+  bool views = false;    // see views.h
   bool IsWanted() const { return shares || classes; }
   bool NamesUsers() const { return users || classes; }
 };
@@ -67,10 +69,15 @@ struct ShareBasis {
 // Percent of the machine that a process took in the interval.
 using ShareRule = double (*)(const ProcessRecord& process, const ShareBasis& basis);
 
+// Figures for the views, as most formats have them.
+double MbOfKilobytes(const ProcessRecord& process, const SystemConfig& config);
+double FaultRates(const ProcessRecord& process, const SystemConfig& config);     // of minor and major faults
+double PageFaultRate(const ProcessRecord& process, const SystemConfig& config);  // one rate of both
+
 // The images and users seen so far, and the sum of the shares.
 class ProcessPass {
  public:
-  ProcessPass(const ProcessSpec& spec, const ProcessDetail& detail, const WorkloadClassList& classes,
+  ProcessPass(const PlatformSpec& platform, const ProcessDetail& detail, const WorkloadClassList& classes,
               GraphCatalog& catalog);
 
   // Shares of all processes by the platform's `share`, and "Process Count".
@@ -79,10 +86,13 @@ class ProcessPass {
   // one's record in the file hasn't got.
   void Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors, ShareRule share);
 
-  // One process's share, and one in the process count of its class.
-  void FeedShare(const Minute& minute, const ProcessRecord& process, double share);
+  // One process's share, one in the process count of its class, and the figures of one that lived for `life`
+  // of the interval.
+  void FeedShare(const Minute& minute, const ProcessRecord& process, double share, const VmrContext& interval,
+                 double life);
 
   const ProcessDetail& detail() const { return detail_; }
+  const ViewPass& views() const { return views_; }
   // Sum of process CPU shares by point; empty where nobody wants shares.
   const Series& shareSum() const { return shareSum_; }
   // In ascending order of their names.
@@ -97,6 +107,7 @@ class ProcessPass {
     int workloadClass = 0;
     NameSeries* image = nullptr;
     NameSeries* user = nullptr;
+    ViewSeries views{};
     Entry* next = nullptr;  // the process that came after this one when it was last seen
   };
   const Identity& IdentityOf(std::string_view user, std::string_view command);
@@ -115,6 +126,7 @@ class ProcessPass {
   SeriesPages pages_;
   SeriesTable images_;
   SeriesTable users_;
+  ViewPass views_;
   std::unordered_map<ProcessKey, Identity, ProcessKeyHash, ProcessKeyEqual> identities_;
   Entry* last_ = nullptr;  // the entry that was found last
   Series shareSum_;

@@ -102,8 +102,7 @@ void SubtractRanks(const XrtData& data, int ranks, size_t point, Subtract subtra
 }
 
 // "Others" is the total less the ranks. A total that isn't above 0 stays as it is.
-void AddOthers(GraphCatalog& catalog, GraphRecord& record, Graph total) {
-  const Series* totals = catalog.FindSeries(total, 0);
+void AddOthers(GraphCatalog& catalog, GraphRecord& record, const Series* totals) {
   const int ranks = record.data.nsets();
   const int set = XrtSeriesAdd(catalog, record);
   record.SetLabel(set, "Others");
@@ -158,15 +157,20 @@ void UseResponseTimes(GraphCatalog& catalog, const TopList& list, const TopSourc
   }
 }
 
+void AddRank(GraphCatalog& catalog, GraphRecord& record, const TopListSpec& spec, const NamedSeries& named,
+             const SampledPoints& points) {
+  const int set = record.data.nsets();
+  record.SetLabel(set, RankLabel(spec.labelFormat, spec.firstRank + set, named.name));
+  AddSet(catalog, record, *named.series, points);
+}
+
 void UseList(GraphCatalog& catalog, GraphRecord& record, const TopList& list, const TopListRule& rule,
              const TopListSpec& spec, const Scales& scales) {
-  int rank = spec.firstRank;
   for (const TopEntry& entry : list) {
-    record.SetLabel(record.data.nsets(), RankLabel(spec.labelFormat, rank++, entry.named.name));
-    AddSet(catalog, record, *entry.named.series, scales.points);
+    AddRank(catalog, record, spec, entry.named, scales.points);
     if (spec.isRescaled && scales.cpu) NormalizeProcessSeries(record.data.y.back(), *scales.cpu);
   }
-  if (spec.others == OthersRule::TOTAL) AddOthers(catalog, record, rule.total);
+  if (spec.others == OthersRule::TOTAL) AddOthers(catalog, record, catalog.FindSeries(rule.total, 0));
   if (spec.others == OthersRule::DPC_INTERRUPT) AddOthersAndInterrupts(catalog, record, rule.total);
 }
 
@@ -178,6 +182,19 @@ std::optional<CpuScale> CpuScaleOf(const GraphCatalog& catalog, const Series& sh
   const Series* overall = catalog.FindSeries(Graph::OVERALL_CPU, 0);
   if (overall == nullptr || shareSum.empty()) return std::nullopt;
   return CpuScale{*overall, shareSum, catalog.pointCount};
+}
+
+void UseTopNames(GraphCatalog& catalog, GraphRecord& record, const TopListSpec& spec,
+                 std::span<const NamedSeries> names, const TopTotals& totals) {
+  TopList list;
+  Samples samples;
+  for (const NamedSeries& named : names) {
+    named.series->Collect(totals.points, samples);
+    const float weight = PlainSum(samples, catalog.pointCount);
+    if (weight > 0.0F) TopListInsert(list, {named, weight});
+  }
+  for (const TopEntry& entry : list) AddRank(catalog, record, spec, entry.named, totals.points);
+  if (!list.empty()) AddOthers(catalog, record, &totals.sums);
 }
 
 void FinishTopLists(GraphCatalog& catalog, const PlatformSpec& platform, const TopSources& sources) {

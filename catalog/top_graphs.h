@@ -39,6 +39,17 @@ std::span<const TopListRule> TopListRules();
 // What shares are scaled with; nothing where the platform has no overall CPU or nobody wants shares.
 std::optional<CpuScale> CpuScaleOf(const GraphCatalog& catalog, const Series& shareSum);
 
+// What all names of a list have together.
+struct TopTotals {
+  const SampledPoints& points;
+  const Series& sums;  // by point of the span
+};
+
+// Gives the record, which has no sets, the series of the ten names with the greatest sums, and what they
+// leave of the totals as "Others". Without a name that has anything there are no sets.
+void UseTopNames(GraphCatalog& catalog, GraphRecord& record, const TopListSpec& spec,
+                 std::span<const NamedSeries> names, const TopTotals& totals);
+
 // Ranks the names of each list that is needed and gives the winners' series to its graph.
 void FinishTopLists(GraphCatalog& catalog, const PlatformSpec& platform, const TopSources& sources);
 

@@ -21,6 +21,7 @@ enum class RecordKind : uint8_t {
   PARTITION,
   PROCESS_USERS,   // whose the processes are
   PROCESS_FAULTS,  // page faults of processes
+  PROCESS_SIZES,   // memory of processes
   OTHERS,          // what no builder reads: no graph of any option shows it
   DETAILS,         // the fields that no builder reads of records that it does read
   COUNT

@@ -117,7 +117,7 @@ constinit const PlatformSpec PLATFORM = {
     .protocols = AddBsdProtocols,
     .partition = AddPartition,
     .processorSpec = {.namePrefix = "cpu", .countsNice = false},
-    .processSpec = {.passedOver = "wait"},
+    .processSpec = {.passedOver = "wait", .figures = {.residentMb = MbOfKilobytes, .pageFaults = FaultRates}},
     .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,

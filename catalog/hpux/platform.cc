@@ -39,6 +39,11 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   return 100.0 * CpuSecondsOf(process) / basis.processors.time;
 }
 
+// The record has bytes here, once the size of a page is known.
+double ResidentMb(const ProcessRecord& process, const SystemConfig& config) {
+  return config.pageSize > 0 ? MbOfKilobytes(process, config) / 1024.0 : MISSING_POINT;
+}
+
 static_assert(EachGraphHasOneRecord(hpux_texts::RECORDS));
 static_assert(RowsLeadToRecords(hpux_texts::TREE, hpux_texts::RECORDS));
 
@@ -53,6 +58,7 @@ constinit const PlatformSpec PLATFORM = {
     .processes = AddProcesses<ShareOf>,
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES},
+    .processSpec = {.figures = {.residentMb = ResidentMb, .pageFaults = FaultRates}},
     .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::SUMMED},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_PLAIN,
     .hasAdapterGraphs = AdapterHasAnyName,

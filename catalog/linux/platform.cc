@@ -74,6 +74,10 @@ void AddLinuxProcesses(ProcessPass& pass, const Minute& minute, VmrContext& inte
   if (minute.catalog.FindNeeded(Graph::PROCESS_PAGEFAULTS) != nullptr) AddPageFaults(minute, interval);
 }
 
+double PageFaultsOf(const ProcessRecord& process, const SystemConfig& config) {
+  return FaultRates(process, config) / static_cast<double>(config.intervalSeconds);
+}
+
 bool HasProcessorsAndConfiguration(const VmrContext& interval) {
   return HasProcessors(interval) && interval.config.has_value();
 }
@@ -94,7 +98,9 @@ constinit const PlatformSpec PLATFORM = {
     .processes = AddLinuxProcesses,
     .protocols = AddLinuxProtocols,
     .processorSpec = {.modes = MODES, .stopsAtConfigured = true},
-    .processSpec = {.restIsNamed = true, .sumStartsMissing = true},
+    .processSpec = {.restIsNamed = true,
+                    .sumStartsMissing = true,
+                    .figures = {.residentMb = MbOfKilobytes, .pageFaults = PageFaultsOf}},
     .diskSpec = {.name = DiskName, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .hasAdapterGraphs = IsNamedAdapter,

@@ -42,6 +42,11 @@ double ShareOf(const ProcessRecord& process, const ShareBasis& basis) {
   return CpuSecondsOf(process) * 100.0 / basis.processors.seen / seconds;
 }
 
+// Pages, as long as the size of one isn't known.
+double ResidentMb(const ProcessRecord& process, const SystemConfig& config) {
+  return config.pageSize > 0 ? MbOfKilobytes(process, config) : MISSING_POINT;
+}
+
 static_assert(EachGraphHasOneRecord(solaris_texts::RECORDS));
 static_assert(RowsLeadToRecords(solaris_texts::TREE, solaris_texts::RECORDS));
 
@@ -55,7 +60,8 @@ constinit const PlatformSpec PLATFORM = {
     .processes = AddProcesses<ShareOf>,
     .protocols = AddSolarisProtocols,
     .processorSpec = {.modes = MODES},
-    .processSpec = {.sumStartsMissing = true},
+    .processSpec = {.sumStartsMissing = true,
+                    .figures = {.residentMb = ResidentMb, .pageFaults = PageFaultRate}},
     .diskSpec = {.name = DiskNameWithoutDirectory, .graphs = disk_graphs::PLAIN},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .hasAdapterGraphs = EndsInDigit,  // "hme0"; not "lo" and the like

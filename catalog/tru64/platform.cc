@@ -54,7 +54,7 @@ constinit const PlatformSpec PLATFORM = {
     .processes = AddProcesses<ShareOf>,
     .protocols = AddBsdProtocols,
     .processorSpec = {.modes = MODES, .setsFromConfiguration = true},
-    .processSpec = {.restIsNamed = true},
+    .processSpec = {.restIsNamed = true, .figures = {.residentMb = MbOfKilobytes}},
     .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::WITH_SPACE},
     .fileSystemKeyFormat = FILE_SYSTEM_KEY_SPACED,
     .topLists = {.images = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL, .isRescaled = true},

@@ -75,6 +75,12 @@ double LifeOf(const ProcessRecord& process, const CollectionInterval& length) {
   return static_cast<double>(process.elapsedSeconds) / static_cast<double>(length.seconds);
 }
 
+// The part of its own interval that a process lived, however far apart the intervals are.
+double PartLived(const ProcessRecord& process, const VmrContext& interval) {
+  const double seconds = static_cast<double>(ConfigOf(interval).intervalSeconds);
+  return seconds > 0.0 ? static_cast<double>(process.elapsedSeconds) / seconds : 0.0;
+}
+
 bool Counts(const ProcessRecord& process) { return !process.name.empty() && process.name != IDLE_PROCESS; }
 
 double WeightOf(const ProcessRecord& process, const CollectionInterval& length) {
@@ -130,7 +136,7 @@ void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interv
     if (!pass.detail().IsWanted()) continue;
     const double weight = WeightOf(process, length);
     const double share = weightSum > 0.0 ? processors.overallCpu * weight / weightSum : 0.0;
-    pass.FeedShare(minute, process, share);
+    pass.FeedShare(minute, process, share, interval, PartLived(process, interval));
   }
   minute.Store(Graph::PROCESS_COUNT, {count});
 }

@@ -4,6 +4,7 @@
 #include "catalog/disks.h"
 #include "catalog/memory.h"
 #include "catalog/platforms.h"
+#include "catalog/processes.h"
 #include "catalog/vmr/network.h"
 #include "catalog/vmr/passes.h"
 #include "catalog/vmr/texts.h"
@@ -19,6 +20,11 @@ PagingOperations AddMemory(const Minute& minute, const VmrContext& interval) {
   minute.Store(Graph::PAGEFAULT_RATE, {memory.pageFaultRate});
   minute.Store(Graph::PAGEFAULT_IO, {memory.pageReadRate + memory.pageWriteRate});
   return {};  // no graph splits the disk operations here
+}
+
+// The record has bytes here.
+double ResidentMb(const ProcessRecord& process, const SystemConfig& config) {
+  return MbOfKilobytes(process, config) / 1024.0;
 }
 
 }  // namespace
@@ -37,7 +43,8 @@ constinit const PlatformSpec PLATFORM = {
     .memory = AddMemory,
     .processes = AddVmrProcesses,
     .protocols = AddVmrProtocols,
-    .processSpec = {.classesAreRescaled = false},
+    .processSpec = {.classesAreRescaled = false,
+                    .figures = {.residentMb = ResidentMb, .pageFaults = PageFaultRate}},
     .diskSpec = {.name = DiskNameAsIs, .graphs = disk_graphs::PLAIN, .timesMeasured = true},
     .topLists = {.images = {.labelFormat = "#%d  %s", .firstRank = 1, .others = OthersRule::DPC_INTERRUPT},
                  .diskOperations = {.labelFormat = "#%d  %s", .others = OthersRule::TOTAL},

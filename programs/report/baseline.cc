@@ -1,5 +1,6 @@
 #include "programs/report/baseline.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "catalog/graph_name.h"
@@ -17,6 +18,18 @@ Seconds DaysBefore(Seconds time, int days) {
   const std::tm clock = TimeLocal(time);
   const Seconds noon = ClockOfDay(time, 12, 0, 0) - days * SECONDS_PER_DAY;
   return ClockOfDay(noon, clock.tm_hour, clock.tm_min, clock.tm_sec);
+}
+
+// Minutes between two samples, more or less.
+int StepOf(const PageData& data) {
+  return (data.lastPoint - data.firstPoint) / std::max(data.intervals - 1, 1);
+}
+
+std::string CoveredText(const PageData& data) {
+  const auto text = [&](int point) {
+    return TimeFormat(data.start + point * SECONDS_PER_MINUTE, "%Y-%m-%d %H:%M");
+  };
+  return text(data.firstPoint) + " to " + text(data.lastPoint);
 }
 
 }  // namespace
@@ -60,6 +73,16 @@ Baseline BaselineOf(const DataDay& day, const PageData& page) {
   baseline.data = PageDataOf(day, sections);
   baseline.what = TitleOf(baseline.data);
   return baseline;
+}
+
+std::string CoverageText(const PageData& baseline, const PageData& page) {
+  const int slack = 2 * std::max({1, StepOf(baseline), StepOf(page)});
+  const bool isWhole =
+      baseline.firstPoint <= page.firstPoint + slack && baseline.lastPoint >= page.lastPoint - slack;
+  if (isWhole) return "";
+  const bool meet = baseline.firstPoint <= page.lastPoint && baseline.lastPoint >= page.firstPoint;
+  return "the baseline has data from " + CoveredText(baseline) + (meet ? " only" : "") +
+         ", the report from " + CoveredText(page) + (meet ? "" : ": no minute of the day has both");
 }
 
 }  // namespace ozmo::report

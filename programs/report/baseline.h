@@ -26,4 +26,8 @@ struct Baseline {
 };
 Baseline BaselineOf(const DataDay& day, const PageData& page);
 
+// Where the baseline's data leave a part of the report's minutes without one, as of a file that is cut off;
+// empty where they don't.
+std::string CoverageText(const PageData& baseline, const PageData& page);
+
 }  // namespace ozmo::report

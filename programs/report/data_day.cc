@@ -82,7 +82,8 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     }
     classes.classesLoaded = true;
   }
-  day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, WantedTitles::All(), runtime);
+  const WantedTitles titles = request.views ? WantedTitles::AllAndViews() : WantedTitles::All();
+  day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, titles, runtime);
   if (day.catalog->extent.intervals == 0) {
     return {std::nullopt, NoDataText(day, request, reader.kind(), head->firstRecordTime)};
   }

@@ -19,6 +19,7 @@ struct DayRequest {
   // Where begin and end are absent: as long as this span, from the time of day of its begin on the day of the
   // file's first record.
   std::optional<Span> like{};
+  bool views = false;  // the catalog has the views, see catalog/views.h
 };
 
 // A data file over a span, every graph worked out.

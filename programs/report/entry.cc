@@ -125,16 +125,25 @@ ReadResult Read(const DayRequest& request, Runtime& runtime) {
   return read;
 }
 
-// A line an item: its title and its traces, a tab between them. Items that -item can't name are left out.
+// A line an item: its title and its traces, a tab between them. Those that -item can't name are on standard
+// error, so that scripts have the items alone.
 void PrintList(const std::vector<Section>& sections) {
-  VisitItems(sections, [](const Item& item) {
-    if (!item.named) return;
+  std::string unnamed;
+  VisitItems(sections, [&](const Item& item) {
+    if (!item.named) {
+      unnamed += (unnamed.empty() ? "" : ", ") + PrintableText(item.heading);
+      return;
+    }
     std::string line = PrintableText(item.record->title);
     for (int set = 0; set < item.record->data.nsets(); ++set) {
       line += '\t' + PrintableText(item.record->Label(set).value_or(""));
     }
     std::printf("%s\n", line.c_str());
   });
+  if (!unnamed.empty()) {
+    std::fprintf(stderr, "%s: on the page and in --csv only, as -item can't name them: %s\n", PROGRAM,
+                 unnamed.c_str());
+  }
 }
 
 // What the options name beside the data file. What can't be used of it is a problem that the page shows.
@@ -144,17 +153,24 @@ struct Company {
 };
 
 Company CompanyOf(const Options& options, const DayRequest& request, const DataDay& day, PageData& page,
-                  Runtime& runtime) {
+                  std::vector<std::string>& problems, Runtime& runtime) {
   Company company;
-  const auto fail = [&](const std::string& text) {
+  const auto say = [&](const std::string& text) {
     Complain(PROGRAM, text);
     page.problems.push_back(text);
   };
+  const auto fail = [&](const std::string& text) {
+    say(text);
+    problems.push_back(text);
+  };
   if (!options.baseline.empty()) {
     const ReadResult read = Read(BaselineRequest(options.baseline, request, day), runtime);
-    page.problems.insert(page.problems.end(), read.problems.begin(), read.problems.end());
+    for (std::vector<std::string>* target : {&page.problems, &problems}) {
+      target->insert(target->end(), read.problems.begin(), read.problems.end());
+    }
     if (read.result.day) {
       company.baseline = BaselineOf(*read.result.day, page);
+      if (const std::string text = CoverageText(company.baseline->data, page); !text.empty()) say(text);
     } else {
       fail("no baseline: " + read.result.failure);
     }
@@ -163,8 +179,7 @@ Company CompanyOf(const Options& options, const DayRequest& request, const DataD
     MarksResult read = ReadMarks(options.marksFile);
     for (const std::string& wrong : read.wrong) fail(wrong);
     const size_t outside = DropOutside(read.marks, page);
-    if (outside > 0)
-      Complain(PROGRAM, CountText(static_cast<int>(outside), "mark") + " outside the span, left out");
+    if (outside > 0) say(CountText(static_cast<int>(outside), "mark") + " outside the span, left out");
     company.marks = std::move(read.marks);
   }
   return company;
@@ -223,14 +238,17 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   PageData data = PageDataOf(day, sections);
   data.file = BaseName(options.dataFile);
   data.problems = problems;
-  const Company company = CompanyOf(options, request, day, data, runtime);
-  problems = data.problems;
+  const Company company = CompanyOf(options, request, day, data, problems, runtime);
   return WritePage(options, data, company, runtime);
 }
 
 // Answers whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
-  const DayRequest request{options.ReadPath(), options.begin, options.end, options.classFile};
+  const DayRequest request{.dataFile = options.ReadPath(),
+                           .begin = options.begin,
+                           .end = options.end,
+                           .classFile = options.classFile,
+                           .views = true};
   for (const std::string& path : {options.dataFile, options.baseline, options.marksFile}) {
     if (!path.empty()) NoteInput(runtime, IdentityOf(DataFilePath(path)));
   }

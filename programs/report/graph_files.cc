@@ -89,7 +89,9 @@ PicturesResult WritePictures(const std::string& directory, const PictureForm& fo
   PicturesResult result;
   size_t next = 0;
   VisitItems(sections, [&](const Item& item) {
-    const std::string failure = Draw(PictureJob(item, day, form, directory + '/' + names[next++]));
+    const std::string& name = names[next++];
+    if (item.record->isView) return;
+    const std::string failure = Draw(PictureJob(item, day, form, directory + '/' + name));
     if (failure.empty()) {
       ++result.files;
     } else {

@@ -30,9 +30,9 @@ struct PicturesResult {
   std::vector<std::string> failures;  // a line each; the other pictures are drawn all the same
 };
 
-// Draws into `directory`, which is made if it isn't there, into files named after the headings. Each picture
-// has a process of its own: what the plotter can't draw ends the process, and nothing that it keeps from one
-// picture can reach the next.
+// Draws into `directory`, which is made if it isn't there, into files named after the headings; views are no
+// pictures of the tool. Each picture has a process of its own: what the plotter can't draw ends the process,
+// and nothing that it keeps from one picture can reach the next.
 PicturesResult WritePictures(const std::string& directory, const PictureForm& form, const DataDay& day,
                              const std::vector<Section>& sections);
 

@@ -53,7 +53,7 @@ void SetHeadings(std::vector<Section>& sections) {
   std::set<std::string> seen;
   VisitItems(sections, [&](Item& item) {
     const std::string key = GraphNameKey(item.record->title);
-    item.named = seen.insert(key).second;
+    item.named = !item.record->isView && seen.insert(key).second;
     item.heading =
         uses[key] == 1 ? item.record->title : item.record->title + HEADING_SEPARATOR + item.heading;
   });

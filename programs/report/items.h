@@ -12,7 +12,7 @@ namespace ozmo::report {
 struct Item {
   GraphRecord* record = nullptr;  // owned by the catalog
   std::string heading;            // the title, and the row's label where another item has the same title
-  bool named = true;              // -item finds it: no item before it has the same title
+  bool named = true;              // -item finds it: it is no view, and no item before it has the same title
 };
 
 // The graph rows right below one group row.

@@ -19,7 +19,8 @@ struct MarksResult {
 };
 
 // Reads a line a mark: a time as the options take it, without a blank in it, a blank, and a text. Empty lines
-// and those that begin with "#" don't count.
+// and those that begin with "#" don't count. A page shows MOST_MARKS, the first of the file.
+inline constexpr size_t MOST_MARKS = 500;
 MarksResult ReadMarks(const std::string& path);
 
 }  // namespace ozmo::report

@@ -26,6 +26,7 @@ PageGraph GraphOf(const Item& item, const PageData& data) {
   PageGraph graph;
   graph.heading = item.heading;
   graph.named = item.named;
+  graph.view = item.record->isView;
   graph.unit = overlay.yTitle;
   graph.top = item.record->yMax > 0.0F ? overlay.yMax : 0.0;
   for (size_t set = 0; set < overlay.traces.size(); ++set) {

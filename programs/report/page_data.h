@@ -28,6 +28,7 @@ struct PageGraph {
   std::vector<PageTrace> traces;
   bool hasChart = false;  // false: the page has no room for the points, figures only
   bool named = true;      // ozmo_graph's -item finds it
+  bool view = false;      // it has no such graph at all
 };
 
 struct PageSection {

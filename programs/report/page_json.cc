@@ -49,7 +49,10 @@ void AppendTrace(std::string& json, const PageTrace& trace) {
 void AppendGraph(std::string& json, const PageGraph& graph) {
   json += "{\"title\":" + JsonText(graph.heading) + ",\"unit\":" + JsonText(graph.unit) +
           ",\"top\":" + FigureText(graph.top) + ",\"chart\":" + (graph.hasChart ? "true" : "false") +
-          (graph.named ? "" : ",\"unnamed\":true") + ",\"traces\":";
+          (graph.view    ? ",\"view\":true"
+           : graph.named ? ""
+                         : ",\"unnamed\":true") +
+          ",\"traces\":";
   AppendList(json, graph.traces, ",", [&](const PageTrace& trace) { AppendTrace(json, trace); });
   json += '}';
 }

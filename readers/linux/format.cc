@@ -172,7 +172,7 @@ constexpr FieldRule<ProcessRecord> PROCESS_RULES[] = {
      .as = FAULTS,
      .wantedFor = RecordKind::PROCESS_FAULTS},
     {.field = 420, .to = Detail<StoreVirtualSize>()},
-    {.field = 421, .to = Detail<StoreResidentSize>()},
+    {.field = 421, .to = To<StoreResidentSize>(), .wantedFor = RecordKind::PROCESS_SIZES},
     {.field = 422, .last = 428},
 };
 

@@ -12,7 +12,7 @@ namespace ozmo {
 struct VmrObject {
   int32_t objectId;
   RecordKind kind;
-  void (*plan)(VmrRows& rows, bool takesDetails);
+  void (*plan)(VmrRows& rows, const RecordKinds& kinds);
   void (*store)(VmrContext& context, VmrRows& rows, VmrLine& line);
 };
 
@@ -32,14 +32,11 @@ struct CounterValue {
   float Mean() const { return Sum() / static_cast<float>(samples); }
 };
 
-// Whether a builder reads the member.
-enum class Use : uint8_t { GRAPHS, DETAIL };
-
 template <class Record>
 struct CounterRule {
   int32_t counter;
   void (*store)(Record& record, const CounterValue& value);
-  Use use = Use::GRAPHS;
+  RecordKind wantedFor = RecordKind::CONFIGURATION;  // as of a BuilderField; DETAILS: no builder reads it
 };
 
 // --- Store functions for the rules ---
@@ -74,14 +71,14 @@ void Change(Record& record, const CounterValue& value) {
 // Finds the rule of each value that the counter row names, in the order of the row. The same counter may be
 // named twice.
 template <const auto& Rules>
-void PlanCounters(VmrRows& rows, bool takesDetails) {
+void PlanCounters(VmrRows& rows, const RecordKinds& kinds) {
   rows.plan.clear();
   VmrLine row(rows.counterRow);
   const size_t count = row.FieldCount();
   for (size_t field = 1; field < count; ++field) {
     const auto* rule =
         std::ranges::find(Rules, row.Integer(field), [](const auto& candidate) { return candidate.counter; });
-    if (rule == std::end(Rules) || (rule->use == Use::DETAIL && !takesDetails)) continue;
+    if (rule == std::end(Rules) || !(kinds.Has(rule->wantedFor) || kinds.Has(RecordKind::DETAILS))) continue;
     rows.plan.push_back({field, static_cast<size_t>(rule - std::begin(Rules))});
   }
 }
@@ -196,18 +193,18 @@ void StoreElapsed(ProcessRecord& process, const CounterValue& value) {
 
 constexpr CounterRule<ProcessRecord> PROCESS_COUNTERS[] = {
     {6, Mean<&ProcessRecord::cpuPercent>},
-    {28, Mean<&ProcessRecord::pageFaultsPerSecond>, Use::DETAIL},
-    {142, Mean<&ProcessRecord::userCpuSeconds>, Use::DETAIL},
-    {144, Mean<&ProcessRecord::systemCpuSeconds>, Use::DETAIL},
-    {174, WholeMean<&ProcessRecord::sizeVirtual>, Use::DETAIL},
-    {180, WholeMean<&ProcessRecord::sizeResident>, Use::DETAIL},
-    {682, WholeMean<&ProcessRecord::priority>, Use::DETAIL},
+    {28, Mean<&ProcessRecord::pageFaultsPerSecond>, RecordKind::PROCESS_FAULTS},
+    {142, Mean<&ProcessRecord::userCpuSeconds>, RecordKind::DETAILS},
+    {144, Mean<&ProcessRecord::systemCpuSeconds>, RecordKind::DETAILS},
+    {174, WholeMean<&ProcessRecord::sizeVirtual>, RecordKind::DETAILS},
+    {180, WholeMean<&ProcessRecord::sizeResident>, RecordKind::PROCESS_SIZES},
+    {682, WholeMean<&ProcessRecord::priority>, RecordKind::DETAILS},
     {684, StoreElapsed},
-    {784, WholeMean<&ProcessRecord::processId>, Use::DETAIL},
-    {1412, Mean<&ProcessRecord::ioReadsPerSecond>, Use::DETAIL},
-    {1414, Mean<&ProcessRecord::ioWritesPerSecond>, Use::DETAIL},
-    {1420, Mean<&ProcessRecord::ioReadBytesPerSecond>, Use::DETAIL},
-    {1422, Mean<&ProcessRecord::ioWriteBytesPerSecond>, Use::DETAIL},
+    {784, WholeMean<&ProcessRecord::processId>, RecordKind::DETAILS},
+    {1412, Mean<&ProcessRecord::ioReadsPerSecond>, RecordKind::DETAILS},
+    {1414, Mean<&ProcessRecord::ioWritesPerSecond>, RecordKind::DETAILS},
+    {1420, Mean<&ProcessRecord::ioReadBytesPerSecond>, RecordKind::DETAILS},
+    {1422, Mean<&ProcessRecord::ioWriteBytesPerSecond>, RecordKind::DETAILS},
 };
 
 void VmrStoreProcess(VmrContext& context, VmrRows& rows, VmrLine& line) {
@@ -333,7 +330,7 @@ const VmrObject* FindVmrObject(int32_t objectId) {
 void VmrStoreRow(VmrContext& context, VmrRows& rows, VmrLine& line) {
   const VmrObject* object = rows.object;
   if (object == nullptr || !context.kinds.Has(object->kind)) return;
-  if (!rows.isPlanned) object->plan(rows, context.kinds.Has(RecordKind::DETAILS));
+  if (!rows.isPlanned) object->plan(rows, context.kinds);
   rows.isPlanned = true;
   object->store(context, rows, line);
 }

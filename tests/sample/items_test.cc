@@ -10,8 +10,10 @@
 #include <string_view>
 
 #include "catalog/build_catalog.h"
+#include "catalog/processes.h"
 #include "programs/sample/kinds.h"
 #include "runtime/runtime.h"
+#include "runtime/text.h"
 #include "tests/support/environment.h"
 #include "tests/support/temp_directory.h"
 
@@ -21,6 +23,8 @@ namespace {
 struct Kind {
   const char* name;
   std::span<const std::string_view> empty;  // beginnings of titles that its files have no figures for
+  double unitsOfMb;                         // resident sizes of its records
+  double (*faults)(const ProcessRecord& process) = nullptr;
 };
 
 constexpr std::string_view AIX_EMPTY[] = {"Overall CPU Utilization By Core"};
@@ -28,8 +32,22 @@ constexpr std::string_view TRU64_EMPTY[] = {"Top 10 Disks by Space", "I/O rate f
                                             "Space Allocation for ", "UDP ",          "IP ",
                                             "Overall LAN "};
 
-constexpr Kind KINDS[] = {{"solaris", {}}, {"linux", {}},          {"aix", AIX_EMPTY},
-                          {"hpux", {}},    {"tru64", TRU64_EMPTY}, {"vmr", {}}};
+constexpr int INTERVAL = 900;
+constexpr double KB = 1024.0;
+constexpr double BYTES = KB * KB;
+
+double Lived(const ProcessRecord& process) { return static_cast<double>(process.elapsedSeconds) / INTERVAL; }
+double Rate(const ProcessRecord& process) {
+  return static_cast<double>(process.pageFaultsPerSecond) * Lived(process);
+}
+double Rates(const ProcessRecord& process) {
+  return static_cast<double>(process.minorFaults) + static_cast<double>(process.majorFaults);
+}
+double Counts(const ProcessRecord& process) { return Rates(process) / INTERVAL; }
+
+constexpr Kind KINDS[] = {{"solaris", {}, KB, Rate},     {"linux", {}, KB, Counts},
+                          {"aix", AIX_EMPTY, KB, Rates}, {"hpux", {}, BYTES, Rates},
+                          {"tru64", TRU64_EMPTY, KB},    {"vmr", {}, BYTES, Rate}};
 
 constexpr Seconds DAY_START = 1329868800;  // 22-Feb-2012 UTC
 
@@ -65,6 +83,29 @@ class ItemsTest : public ::testing::TestWithParam<Kind> {
     std::map<std::string, const GraphRecord*> graphs;
     VisitGraphs(catalog.itemTree, [&](const GraphRecord& record) { graphs.emplace(record.title, &record); });
     return graphs;
+  }
+
+  // By point and name, and by point and "" for all: what the records of the file say of its processes.
+  template <class NameOf, class FigureOf>
+  std::map<std::pair<Seconds, std::string>, double> SumsOfRecords(NameOf nameOf, FigureOf figureOf) {
+    std::map<std::pair<Seconds, std::string>, double> sums;
+    Runtime runtime;
+    DataReader reader(file_, runtime);
+    VmrContext interval;
+    interval.periodStart = span_.begin;
+    interval.periodEnd = span_.end;
+    reader.Open(interval);
+    while (reader.Next(interval) == ReaderResult::DONE) {
+      for (const ProcessRecord& process : interval.processes.primary) {
+        if (process.name == "wait" || process.name == "Idle") continue;  // the processors' own
+        const Seconds point = (interval.periodEnd - span_.begin) / 60;
+        for (const std::string& name : {std::string(nameOf(process)), std::string()}) {
+          sums[{point, name}] += figureOf(process);
+        }
+      }
+    }
+    reader.Close(interval);
+    return sums;
   }
 
   const ScopedVariable zone_{"TZ", "UTC"};
@@ -104,6 +145,47 @@ TEST_P(ItemsTest, EachIsTheSameAloneAndAmongAll) {
     EXPECT_EQ(alone.traceColours, amongAll->traceColours) << title;
     EXPECT_EQ(alone.yMax, amongAll->yMax) << title;
   }
+}
+
+// Each trace of a view, at each interval, and all of them together. The catalog is as it is without views.
+TEST_P(ItemsTest, ViewsAreTheSumsOfTheRecords) {
+  Write(8, 3, INTERVAL);
+  const auto catalog = Build(WantedTitles::AllAndViews());
+  const auto all = Build(WantedTitles::All());
+  const auto graphs = Graphs(*catalog);
+  for (const auto& [title, record] : Graphs(*all)) {
+    EXPECT_EQ(graphs.at(title)->data.y, record->data.y) << title;
+  }
+  const auto image = [](const ProcessRecord& process) { return ImageOfCommand(process.name); };
+  const auto user = [](const ProcessRecord& process) { return TrimText(process.userName, " "); };
+  const bool isVmr = GetParam().name == std::string_view("vmr");
+  const auto memory = [&](const ProcessRecord& process) {
+    const double life = isVmr ? Lived(process) : 1.0;
+    return static_cast<double>(process.sizeResident) / GetParam().unitsOfMb * life;
+  };
+  const auto check = [&](const GraphRecord& view, const auto& sums) {
+    const XrtData& data = view.data;
+    ASSERT_GT(data.nsets(), 2) << view.title;
+    for (const auto& [key, sum] : sums) {
+      const auto point = static_cast<size_t>(key.first);
+      if (point == 0 || point >= static_cast<size_t>(catalog->pointCount))
+        continue;  // point 0 never holds data
+      for (int set = 0; set < data.nsets(); ++set) {
+        const std::string label = view.Label(set).value_or("");
+        if (key.second.empty() ? set != 0 : !label.ends_with(' ' + key.second)) continue;
+        const size_t below = static_cast<size_t>(set) + 1;
+        const float rest = key.second.empty() || below == data.y.size() ? 0.0F : data.y[below][point];
+        EXPECT_NEAR(static_cast<double>(data.y[below - 1][point] - rest), sum, 1e-3 + sum * 1e-4)
+            << view.title << label << point;
+      }
+    }
+  };
+  check(*graphs.at("Top 10 Images by Resident Memory"), SumsOfRecords(image, memory));
+  if (!isVmr) check(*graphs.at("Top 10 Users by Resident Memory"), SumsOfRecords(user, memory));
+  if (GetParam().faults != nullptr) {
+    check(*graphs.at("Top 10 Images by Page Faults"), SumsOfRecords(image, GetParam().faults));
+  }
+  EXPECT_EQ(catalog->viewRecords.size(), isVmr || GetParam().faults == nullptr ? 2U : 3U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ItemsTest, ::testing::ValuesIn(KINDS),

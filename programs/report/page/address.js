@@ -2,6 +2,7 @@
 //
 // #from=2012-02-22T08:00&to=2012-02-22T12:00&q=words&open=sda,sdb&pin=item&lines=item&stack=item
 
+const ADDRESS_PARTS = ['from', 'to', 'q', 'open', 'pin', 'lines', 'stack'];
 const listed = (names) => names.join(',');
 
 function addressOf() {
@@ -41,20 +42,25 @@ viewListeners.push(addressChanged);
 // What isn't there or can't be read is left out, and named in a line.
 function restore() {
   const parts = new URLSearchParams(location.hash.slice(1));
-  const wrong = [];
+  const wrong = [...parts].filter(([name]) => !ADDRESS_PARTS.includes(name)).map(([name, text]) => name + '=' + text);
   const names = (name) => (parts.get(name) || '').split(',').filter((text) => text !== '');
   const known = (name, things) => {
     for (const text of names(name)) if (!things.some((thing) => thing.key === text)) wrong.push(name + '=' + text);
     return new Set(names(name));
   };
   restoring = true;
-  const [from, to] = ['from', 'to'].map((name) => {
-    if (!parts.has(name)) return NaN;
+  let [from, to] = [['from', FIRST], ['to', LAST]].map(([name, edge]) => {
+    if (!parts.has(name)) return edge;
     const point = pointAtClock(parts.get(name));
-    if (!(point >= FIRST && point <= LAST)) wrong.push(name + '=' + parts.get(name));
-    return point;
+    if (point >= FIRST && point <= LAST) return point;
+    wrong.push(name + '=' + parts.get(name));
+    return edge;
   });
-  setView(from >= FIRST && from <= LAST ? from : FIRST, to >= FIRST && to <= LAST ? to : LAST);
+  if (to <= from) {
+    wrong.push(...['from', 'to'].filter((name) => parts.has(name)).map((name) => name + '=' + parts.get(name)));
+    [from, to] = [FIRST, LAST];
+  }
+  setView(from, to);
   const open = known('open', foldedSections);
   for (const section of foldedSections) section.element.open = open.has(section.key);
   byId('search').value = parts.get('q') || '';

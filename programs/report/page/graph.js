@@ -2,9 +2,11 @@
 
 // What a reader of a graph asks, by the words of its title.
 const HINTS = [
+  [/by resident memory$/i, 'The sum of what the processes hold; memory that several share counts for each of them.'],
   [/workload classes/i, 'Classes of processes, by their users and commands. Without a class file of your own ' +
       '(--classes FILE, see docs/classes.md) they are five that few hosts of today fill.'],
 ];
+const VIEW = 'A view of this page: ozmo_graph hasn’t got this graph, so it is here and in --csv only.';
 const UNNAMED = 'ozmo_graph -item finds an earlier graph of this title, so this one is here and in --csv only.';
 
 const graphs = [];  // all of the report, in its order
@@ -58,6 +60,7 @@ class Graph {
 
   hints() {
     const texts = HINTS.filter(([words]) => words.test(this.data.title)).map(([, text]) => text);
+    if (this.data.view) texts.push(VIEW);
     if (this.data.unnamed) texts.push(UNNAMED);
     if (beforeHint(this)) texts.push(beforeHint(this));
     return texts.map((text) => make('p', 'hint', text));
