@@ -232,7 +232,7 @@ std::string CompressRecording(const std::string& path) {
   if (!draft.IsOpen()) return FailureOf(draftPath);
   std::string failure;
   const timespec times[] = {status.st_atim, status.st_mtim};
-  if (fchmod(draft.get(), status.st_mode & ~S_IFMT) != 0 || !CompressTo(draft, plain) ||
+  if (fchmod(draft.get(), status.st_mode & ~mode_t{S_IFMT}) != 0 || !CompressTo(draft, plain) ||
       futimens(draft.get(), times) != 0 || !draft.Close()) {
     failure = FailureOf(compressedPath);
   }

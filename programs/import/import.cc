@@ -7,6 +7,7 @@
 
 #include "programs/import/day_files.h"
 #include "programs/import/source.h"
+#include "programs/import/whole_disks.h"
 
 namespace ozmo::import {
 namespace {
@@ -134,6 +135,7 @@ std::string Import::Take(const Sample& sample) {
   ++samples_;
   if (progress_) progress_(sample.node, sample.time);
   Sample named = sample;
+  KeepWholeDisks(named.figures.disks);
   if (!options_.node.empty()) named.node = options_.node;
   if (std::string failure = CheckNode(named.node); !failure.empty()) return failure;
   return files_.Add(named);

@@ -24,6 +24,9 @@ std::string ErrorText(int code) {
   return pmErrStr_r(code, text, sizeof text);
 }
 
+// Of a metric that has one value.
+constexpr int NO_INSTANCE = static_cast<int>(PM_IN_NULL);
+
 // The values of a metric by instance, as they were logged last.
 struct Values {
   std::map<int, uint64_t> numbers;
@@ -34,12 +37,12 @@ struct Values {
 class Reading {
  public:
   Values& At(size_t place) { return values_[place]; }
-  uint64_t Number(Metric metric, int instance = PM_IN_NULL, size_t place = 0) const {
+  uint64_t Number(Metric metric, int instance = NO_INSTANCE, size_t place = 0) const {
     const auto& numbers = values_[static_cast<size_t>(metric) + place].numbers;
     const auto found = numbers.find(instance);
     return found == numbers.end() ? 0 : found->second;
   }
-  std::string Text(Metric metric, int instance = PM_IN_NULL) const {
+  std::string Text(Metric metric, int instance = NO_INSTANCE) const {
     const auto& texts = values_[static_cast<size_t>(metric)].texts;
     const auto found = texts.find(instance);
     return found == texts.end() ? "" : found->second;
@@ -105,7 +108,7 @@ void TakeList(const Reading& reading, const InstanceNames& names, Metric first, 
 void TakeProtocols(const Reading& reading, HostFigures& host) {
   host.hasProtocols = !reading.Instances(Metric::PROTOCOLS).empty();
   for (size_t place = 0; place < host.protocols.size(); ++place) {
-    host.protocols[place] = reading.Number(Metric::PROTOCOLS, PM_IN_NULL, place);
+    host.protocols[place] = reading.Number(Metric::PROTOCOLS, NO_INSTANCE, place);
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "programs/import/minutes.h"
 #include "programs/import/source.h"
+#include "programs/import/whole_disks.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::import {
@@ -167,6 +168,18 @@ TEST_F(ImportTest, SysstatRatesBecomeCounts) {
             (std::array<uint64_t, 11>{180, 0, 360, 900, 60, 0, 120, 300, 0, 30000, 0}));
   EXPECT_EQ(host.adapters[0].figures[1], 122880U);
   EXPECT_EQ(host.fileSystems[0].availableBlocks, 20U);
+}
+
+TEST(WholeDisksTest, NothingIsCountedTwice) {
+  std::vector<host_file::DiskFigures> disks;
+  for (const char* name : {"sda", "sda1", "sdb1", "sdaa", "nvme0n1", "nvme0n1p2", "nvme0n12", "dm-0", "md127",
+                           "loop3", "zram0", "mdisk", "p1", "0p1"}) {
+    disks.push_back({name, {}});
+  }
+  KeepWholeDisks(disks);
+  std::string text;
+  for (const host_file::DiskFigures& disk : disks) text += disk.name + " ";
+  EXPECT_EQ(text, "sda sdb1 sdaa nvme0n1 nvme0n12 mdisk p1 0p1 ");
 }
 
 // Each sample as its end, its length, and what it is late by, with the ticks of a processor that has one a
