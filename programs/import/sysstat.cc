@@ -196,11 +196,7 @@ bool TakeTimes(const Words& words, int64_t& time, int64_t& seconds) {
   return true;
 }
 
-void TakeValue(const Words& words, int64_t seconds, bool namesMounts, Moment& moment) {
-  size_t place = 0;
-  Kind kind{};
-  if (!FindField(words[FIELD], place, kind)) return;
-  moment.seconds = seconds;
+void TakeValue(const Words& words, size_t place, Kind kind, bool namesMounts, Moment& moment) {
   const std::string device(words[DEVICE]);
   if (place == MB_FREE) (namesMounts ? moment.mountPoints : moment.fileSystems).push_back(device);
   if (kind == Kind::FILE_SYSTEM && namesMounts) return;
@@ -246,7 +242,13 @@ class Reader {
       int64_t seconds = 0;
       if (words_.size() < DEVICE) return "line " + std::to_string(place.line) + " isn't one of sadf's";
       if (!TakeTimes(words_, time, seconds)) continue;
-      TakeValue(words_, seconds, namesMounts, moments_[{time, std::string(words_[NODE])}]);
+      size_t field = 0;
+      Kind kind{};
+      if (FindField(words_[FIELD], field, kind)) {
+        Moment& moment = moments_[{time, std::string(words_[NODE])}];
+        moment.seconds = seconds;
+        TakeValue(words_, field, kind, namesMounts, moment);
+      }
       if (time != std::exchange(place.time, time)) return "";
     }
     place.time = END;
