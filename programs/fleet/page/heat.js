@@ -7,7 +7,7 @@ const NAME_WIDTH = 120;
 const CLOCK_HEIGHT = 16;
 const TOP_SHARE = 0.99;    // of a figure without an upper end, this share of the means is below the darkest colour
 
-const map = {figure: 0, hours: 0, bins: [], height: 0, left: 0, step: 0, top: 100, at: null};
+const map = {figure: 0, hours: 0, bins: [], height: 0, left: 0, step: 0, top: 100, at: null, frame: 0};
 
 const COLD = [244, 238, 226];
 const HOT = [176, 28, 20];
@@ -80,6 +80,12 @@ function drawMap() {
   });
   drawLabels(ink);
   hideMark();
+}
+
+// Once before the browser paints, however many keys were typed into the filter.
+function drawSoon() {
+  cancelAnimationFrame(map.frame);
+  map.frame = requestAnimationFrame(drawMap);
 }
 
 const two = (number) => String(number).padStart(2, '0');
@@ -181,8 +187,8 @@ function buildMap() {
   canvas.addEventListener('pointermove', onMapMove);
   canvas.addEventListener('pointerleave', hideMark);
   canvas.addEventListener('click', leadFromMap);
-  listeners.push(drawMap);
-  new ResizeObserver(drawMap).observe(canvas.parentElement);
+  listeners.push(drawSoon);
+  new ResizeObserver(drawSoon).observe(canvas.parentElement);
   map.top = topOf(map.figure);
   showScale();
 }
