@@ -119,8 +119,9 @@ void AddAdapter(const std::string& name, const Values& values, double seconds, H
 void AddFileSystem(const std::string& name, const Values& values, double /*seconds*/, HostFigures& host) {
   const double used = ValueOf(values, MB_USED);
   const double free = ValueOf(values, MB_FREE);
-  const double percent = ValueOf(values, USED_PERCENT);  // of what an ordinary user can have
-  const double available = percent > 0.0 ? used * (100.0 / percent - 1.0) : free;
+  // Of all there is, what an ordinary user can't have.
+  const double percent = ValueOf(values, USED_PERCENT);
+  const double available = percent > 0.0 ? (used + free) * (1.0 - percent / 100.0) : free;
   constexpr uint64_t MEGABYTE = 1U << 20U;
   const uint64_t files = Count(ValueOf(values, FILES_FREE));
   host.fileSystems.push_back({.device = name,
