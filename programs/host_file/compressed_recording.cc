@@ -94,12 +94,13 @@ constexpr size_t WORD = 4;
 class Compressor {
  public:
   Compressor() : context_(ZSTD_createCCtx(), ZSTD_freeCCtx) {
-    ZSTD_CCtx_setParameter(context_.get(), ZSTD_c_checksumFlag, 1);
+    if (context_) ZSTD_CCtx_setParameter(context_.get(), ZSTD_c_checksumFlag, 1);
   }
 
   std::string Frame(std::string_view plain) {
     index_.Take(plain);
     std::string frame = Compressed(plain);
+    failed_ = failed_ || frame.empty();
     NoteFrame(frame.size(), plain.size());
     return frame;
   }
@@ -107,6 +108,7 @@ class Compressor {
   // What follows the frames.
   std::string End() {
     const std::string index = Compressed(index_.Finish());
+    failed_ = failed_ || index.empty();
     std::string bytes;
     PutNumber(bytes, INDEX_MAGIC, WORD);
     PutNumber(bytes, index.size(), WORD);
@@ -124,9 +126,12 @@ class Compressor {
     return bytes;
   }
 
+  // For want of memory. The room is what zstd needs at the worst, so there is no other reason.
+  bool HasFailed() const { return failed_; }
+
  private:
-  // The room is what zstd needs at the worst, so that it can't fail but for want of memory.
   std::string Compressed(std::string_view plain) {
+    if (!context_) return "";
     std::string bytes(ZSTD_compressBound(plain.size()), '\0');
     const size_t size =
         ZSTD_compress2(context_.get(), bytes.data(), bytes.size(), plain.data(), plain.size());
@@ -143,6 +148,7 @@ class Compressor {
   RecordIndex index_;
   std::string entries_;
   size_t frames_ = 0;
+  bool failed_ = false;
 };
 
 // Writes what `plain` compresses to, and has it on the disk.
@@ -153,7 +159,9 @@ bool CompressTo(const OpenFile& draft, const OpenFile& plain) {
     if (!plain.Read(bytes, FRAME_SIZE)) return false;
     if (!bytes.empty() && !draft.Write(compressor.Frame(bytes))) return false;
   } while (bytes.size() == FRAME_SIZE);
-  return draft.Write(compressor.End()) && fsync(draft.get()) == 0;
+  const std::string end = compressor.End();
+  if (compressor.HasFailed()) errno = ENOMEM;
+  return !compressor.HasFailed() && draft.Write(end) && fsync(draft.get()) == 0;
 }
 
 // The first bytes of a compressed file, as far as they can be made out.

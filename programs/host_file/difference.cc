@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
+#include <utility>
 
+#include "programs/host_file/ended_processes.h"
 #include "programs/host_file/process_accounting.h"
 
 namespace ozmo::host_file {
@@ -58,12 +61,23 @@ void SubtractList(const std::vector<Figures>& earlier, std::vector<Figures>& lat
 }  // namespace
 
 HostFigures DifferenceOf(const HostFigures& earlier, const HostFigures& later) {
+  ProcessEnds none;
+  return DifferenceOf(earlier, later, none);
+}
+
+HostFigures DifferenceOf(const HostFigures& earlier, const HostFigures& later, ProcessEnds& ends) {
   HostFigures interval = later;
   SubtractList(earlier.processors, interval.processors, &ProcessorFigures::id);
   Subtract(earlier.paging, interval.paging);
   SubtractList(earlier.disks, interval.disks, &DiskFigures::name);
   SubtractList(earlier.adapters, interval.adapters, &AdapterFigures::name);
-  interval.processes = ProcessesSince(earlier.processes, earlier.uptime, later.processes);
+  interval.processes = ProcessesSince(earlier.processes, earlier.uptime, later.processes, ends);
+  std::vector<std::string> images;
+  for (const ProcessFigures& process : interval.processes) images.push_back(process.image);
+  std::vector<EndedProcess> ended;
+  for (ProcessEnd& end : ends.ends) ended.push_back(std::move(end.process));
+  ends.ends.clear();
+  AddEnded(interval.processes, images, ended);
   Subtract(earlier.protocols, interval.protocols);
   if (!earlier.hasProtocols) interval.hasProtocols = false;
   return interval;

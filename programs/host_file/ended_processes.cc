@@ -25,7 +25,7 @@ void AddEnded(std::vector<ProcessFigures>& living, std::span<const std::string> 
       ProcessFigures& record = living.emplace_back();
       record.id = process.id;
       record.parent = process.parent;
-      record.command = process.image;
+      record.command = process.command.empty() ? process.image : process.command;
       record.user = process.user;
     }
     Add(process.use, living[found->second].own);

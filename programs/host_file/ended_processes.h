@@ -18,11 +18,12 @@ struct EndedProcess {
   int32_t parent = 0;
   std::string image;  // the kernel's name of the program: at most 15 letters, no path, no arguments
   std::string user;
-  ProcessUse use;  // in the interval, as of every process here
+  ProcessUse use;       // in the interval, as of every process here
+  std::string command;  // with arguments, where it was seen alive; else empty
 };
 
 // Adds what `ended` used to `living`, whose images are `images`, one for each. A record that is added has the
-// id of the first that ended, and its image as the command.
+// id of the first that ended, and as the command that one's, or its image.
 void AddEnded(std::vector<ProcessFigures>& living, std::span<const std::string> images,
               std::span<const EndedProcess> ended);
 

@@ -70,11 +70,14 @@ inline constexpr uint64_t ProcessUse::*USE_COUNTERS[] = {&ProcessUse::userTicks,
 struct ProcessFigures {
   int32_t id = 0;
   int32_t parent = 0;
-  uint64_t start = 0;  // ticks since boot; with the id it names the process, as ids are used again
+  uint64_t start = 0;     // ticks since boot; with the id it names the process, as ids are used again
+  bool hasEnded = false;  // and waits for its parent to take notice
   ProcessUse own;
   ProcessUse children;  // of those that have ended and were waited for, and of their children likewise
   uint64_t virtualBytes = 0;
   uint64_t residentBytes = 0;
+  std::string
+      image;  // the kernel's name of the program, at most 15 letters; of a thread of its own, the command
   std::string command;  // with arguments
   std::string user;
 };

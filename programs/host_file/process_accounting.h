@@ -2,11 +2,27 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <vector>
 
+#include "programs/host_file/ended_processes.h"
 #include "programs/host_file/host_figures.h"
 
 namespace ozmo::host_file {
+
+// A process that has ended, or the sum of some of one image, user and parent, as the kernel reports ends.
+struct ProcessEnd {
+  EndedProcess process;  // used from its begin to its end; its parent is the one that may wait for it
+  bool wasSeen = false;  // in the reading at the begin of the interval; then it is one process
+};
+
+// The ends in an interval, and what is kept from interval to interval to go with them.
+struct ProcessEnds {
+  bool areReported = false;
+  std::vector<ProcessEnd> ends;
+  // By parent: what the children that were recorded used, and hasn't come to light in the parent yet.
+  std::map<int32_t, ProcessUse> unpaid;
+};
 
 // The processes of `later` with what they used since `earlier`, both by id; `since` is the uptime at
 // `earlier`.
@@ -16,9 +32,15 @@ namespace ozmo::host_file {
 // has waited for. The growth of that count is taken as the parent's own use, less what the ended children
 // were seen with, as that was counted in earlier intervals.
 //
-// A process that came in sight without having started since counts nothing in its first interval. Not seen is
-// the use of ended processes whose parent doesn't wait for them because it ignores their end.
+// Where the kernel reports ends, `ends` has those that came after the reading `earlier`, up to a moment after
+// `later`. Their use becomes what they used in the interval, with the command of those that were seen, and
+// nothing of it is counted in a parent: what is left of the growth of its count are the ends whose reports
+// were lost.
+//
+// A process that came in sight without having started since counts nothing in its first interval. Not seen,
+// unless ends are reported, is the use of ended processes whose parent doesn't wait for them because it
+// ignores their end.
 std::vector<ProcessFigures> ProcessesSince(const std::vector<ProcessFigures>& earlier, uint64_t since,
-                                           const std::vector<ProcessFigures>& later);
+                                           const std::vector<ProcessFigures>& later, ProcessEnds& ends);
 
 }  // namespace ozmo::host_file

@@ -342,7 +342,8 @@ void Reader::AddProcesses() {
     if (!task.isProcess) continue;
     std::string user = users_.NameOf(task.user, sample_.node);
     if (task.hasEnded) {
-      ended.push_back({task.figures.id, task.figures.parent, task.name, std::move(user), task.figures.own});
+      ended.push_back(
+          {task.figures.id, task.figures.parent, task.name, std::move(user), task.figures.own, ""});
       continue;
     }
     task.figures.user = std::move(user);

@@ -13,7 +13,6 @@
 #include <cstring>
 #include <ctime>
 #include <iterator>
-#include <string_view>
 
 #include "programs/record/file_systems.h"
 #include "programs/record/network_files.h"
@@ -114,13 +113,15 @@ bool IsWholeDisk(std::string name) {
 // thread of the kernel loses what follows a slash: "kworker/0:1" is one of the workers.
 std::string CommandOf(const pids_result* values) {
   constexpr unsigned long KERNEL_THREAD = 0x00200000;
-  const std::string_view name = values[process::NAME].result.str;
+  const std::string name = values[process::NAME].result.str;
   if ((values[process::FLAGS].result.ul_int & KERNEL_THREAD) != 0) {
-    return "[" + std::string(name.substr(0, name.find('/'))) + "]";
+    return "[" + name.substr(0, name.find('/')) + "]";
   }
-  // A process that has ended has lost its command line.
-  return std::string(values[process::STATE].result.s_ch == 'Z' ? name
-                                                               : values[process::COMMAND_LINE].result.str);
+  // A process that has ended, or is about to, has lost its command line. libproc2 has the name in brackets
+  // for it.
+  const std::string commandLine = values[process::COMMAND_LINE].result.str;
+  const bool isLost = values[process::STATE].result.s_ch == 'Z' || commandLine == "[" + name + "]";
+  return isLost ? name : commandLine;
 }
 
 host_file::ProcessFigures ProcessOf(const pids_result* values, uint64_t pageBytes) {
@@ -139,7 +140,9 @@ host_file::ProcessFigures ProcessOf(const pids_result* values, uint64_t pageByte
                       number(process::MAJOR_ALL) - figures.own.majorFaults};
   figures.virtualBytes = number(process::VIRTUAL);
   figures.residentBytes = number(process::RESIDENT) * pageBytes;
+  figures.hasEnded = values[process::STATE].result.s_ch == 'Z';
   figures.command = CommandOf(values);
+  figures.image = figures.command.starts_with('[') ? figures.command : values[process::NAME].result.str;
   figures.user = values[process::USER_NAME].result.str;
   return figures;
 }

@@ -10,6 +10,7 @@
 #include "programs/host_file/collector_records.h"
 #include "programs/host_file/difference.h"
 #include "programs/host_file/recording_file.h"
+#include "programs/record/end_listener.h"
 #include "programs/record/host_clock.h"
 #include "programs/record/host_reader.h"
 #include "programs/record/notices.h"
@@ -26,6 +27,7 @@ class Recorder {
   explicit Recorder(const RecorderOptions& options)
       : options_(options),
         reader_(notices_),
+        ends_(notices_),
         retention_(options.directory, options.node, options.retention, notices_) {}
 
   std::string Run();
@@ -33,11 +35,12 @@ class Recorder {
  private:
   std::string Walk();
   std::string TakeSample();
+  std::string ReadHost(host_file::HostFigures& host);
   std::string WriteSample(int64_t begin, int64_t stamp, const host_file::HostFigures& figures);
   std::string BeginFile(int64_t begin, int64_t stamp, bool dayHasPassed);
   std::string BeginNextFile();
   // Sleeps until the next sample is due, and says now and then that all is well.
-  Wake Sleep() const;
+  Wake Sleep();
   std::string EndFile(int64_t closingStamp);
   host_file::Configuration ConfigurationOf(const host_file::HostFigures& figures, int64_t stamp,
                                            int64_t seconds) const;
@@ -49,6 +52,8 @@ class Recorder {
   const RecorderOptions& options_;
   Notices notices_;
   HostReader reader_;
+  EndListener ends_;
+  host_file::ProcessEnds ended_;  // in the present interval
   Retention retention_;
   host_file::DirectoryLock lock_;
   host_file::RecordingFile file_;
@@ -84,6 +89,7 @@ std::string Recorder::Walk() {
   if (std::string failure = BeginFile(stamp_, stamp_, false); !failure.empty()) {
     return failure;
   }
+  ends_.Begin(host_.processes);
   for (;;) {
     due_ = DueAfter(due_, moment_, options_.intervalSeconds);
     if (ReachesLimit()) return "";
@@ -98,14 +104,30 @@ std::string Recorder::Walk() {
   }
 }
 
-Wake Recorder::Sleep() const {
+Wake Recorder::Sleep() {
+  int64_t alive = Now().steady;
   for (;;) {
     const int64_t now = Now().steady;
-    const int64_t pause = std::min(AliveInterval(), std::max<int64_t>(due_ - now, 0));
+    if (now - alive >= AliveInterval()) {
+      SayAlive();
+      alive = now;
+    }
+    const int64_t pause =
+        std::min({AliveInterval(), ends_.DrainInterval(), std::max<int64_t>(due_ - now, 0)});
     const Wake wake = SleepUntil(now + pause);
-    SayAlive();
-    if (wake != Wake::DUE || now + pause >= due_) return wake;
+    if (wake != Wake::DUE || now + pause >= due_) {
+      SayAlive();
+      return wake;
+    }
+    ends_.Drain();
   }
+}
+
+std::string Recorder::ReadHost(host_file::HostFigures& host) {
+  ends_.BeginReading();
+  if (!reader_.Read(host)) return reader_.Failure();
+  ends_.EndReading(host.processes, ended_);
+  return "";
 }
 
 // Ends the present file, unless it has no sample yet, and goes on in the next of the day.
@@ -125,7 +147,7 @@ std::string Recorder::TakeSample() {
   const Moment now = Now();
   if (now.Stamp() >= LAST_STAMP) return LATE_CLOCK;
   host_file::HostFigures host;
-  if (!reader_.Read(host)) return reader_.Failure();
+  if (std::string failure = ReadHost(host); !failure.empty()) return failure;
 
   const int64_t measured =
       std::max<int64_t>((now.steady - moment_.steady + NANOSECONDS / 2) / NANOSECONDS, 1);
@@ -139,7 +161,7 @@ std::string Recorder::TakeSample() {
     // due where the stamps are well away from the ends of windows again.
     due_ = BeginOf(now, options_.intervalSeconds);
   }
-  const host_file::HostFigures interval = host_file::DifferenceOf(host_, host);
+  const host_file::HostFigures interval = host_file::DifferenceOf(host_, host, ended_);
   if (std::string failure = WriteSample(begin, stamp, interval); !failure.empty()) return failure;
   host_ = std::move(host);
   moment_ = now;

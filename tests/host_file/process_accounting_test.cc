@@ -61,10 +61,84 @@ TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
   for (const AccountingCase& row : cases) {
     SCOPED_TRACE(row.what);
     std::map<int32_t, uint64_t> used;
-    for (const ProcessFigures& process : ProcessesSince(row.earlier, SINCE, row.later)) {
+    ProcessEnds ends;
+    for (const ProcessFigures& process : ProcessesSince(row.earlier, SINCE, row.later, ends)) {
       used[process.id] = process.own.userTicks;
     }
     EXPECT_EQ(used, row.used);
+  }
+}
+
+ProcessEnd End(int32_t id, int32_t parent, uint64_t whole, bool wasSeen = false) {
+  return {{id, parent, "cc1", "ann", {whole, 0, 0, 0}, ""}, wasSeen};
+}
+
+ProcessFigures Zombie(ProcessFigures process) {
+  process.hasEnded = true;
+  return process;
+}
+
+struct ReportedCase {
+  const char* what;
+  std::vector<ProcessFigures> earlier;
+  std::vector<ProcessFigures> later;
+  std::vector<ProcessEnd> ends;
+  std::map<int32_t, uint64_t> unpaid;
+  std::map<int32_t, uint64_t> used;   // of the living
+  std::vector<uint64_t> usedByEnded;  // in the order of `ends`
+  std::map<int32_t, uint64_t> unpaidThen;
+};
+
+TEST(ProcessesSinceTest, ReportedEndsAreNotCountedAgainInTheirParents) {
+  const ReportedCase cases[] = {
+      {"a child that was seen and one that wasn't; what no report explains is the parent's",
+       {Process(5, 1, 0, 0), Process(6, 5, 70, 3)},
+       {Process(5, 1, 1, 600)},
+       {End(6, 5, 100, true), End(7, 5, 400)},
+       {},
+       {{5, 98}},  // 1, and 600 less 103 and 400
+       {30, 400},
+       {{5, 0}}},
+      {"a child that its parent waits for after the parent was read is paid in the next interval",
+       {Process(5, 1, 0, 10)},
+       {Process(5, 1, 0, 60)},
+       {End(7, 5, 80)},
+       {{5, 20}},
+       {{5, 0}},
+       {80},
+       {{5, 50}}},
+      {"one that no one has waited for yet is paid when it is gone",
+       {Process(5, 1, 0, 0), Process(6, 5, 50, 0)},
+       {Process(5, 1, 0, 0), Zombie(Process(6, 5, 90, 0)), Zombie(Process(8, 5, 30, 0, 2000))},
+       {End(6, 5, 90, true), End(8, 5, 30)},
+       {},
+       {{5, 0}, {6, 0}, {8, 0}},
+       {40, 30},
+       {{5, 0}}},
+      {"and has been then",
+       {Process(5, 1, 0, 0), Zombie(Process(6, 5, 90, 0))},
+       {Process(5, 1, 0, 90)},
+       {},
+       {},
+       {{5, 0}},
+       {},
+       {}},
+  };
+  for (const ReportedCase& row : cases) {
+    SCOPED_TRACE(row.what);
+    ProcessEnds ends{true, row.ends, {}};
+    for (const auto& [parent, use] : row.unpaid) ends.unpaid[parent].userTicks = use;
+    std::map<int32_t, uint64_t> used;
+    for (const ProcessFigures& process : ProcessesSince(row.earlier, 1000, row.later, ends)) {
+      used[process.id] = process.own.userTicks;
+    }
+    std::vector<uint64_t> usedByEnded;
+    for (const ProcessEnd& end : ends.ends) usedByEnded.push_back(end.process.use.userTicks);
+    std::map<int32_t, uint64_t> unpaid;
+    for (const auto& [parent, use] : ends.unpaid) unpaid[parent] = use.userTicks;
+    EXPECT_EQ(used, row.used);
+    EXPECT_EQ(usedByEnded, row.usedByEnded);
+    EXPECT_EQ(unpaid, row.unpaidThen);
   }
 }
 

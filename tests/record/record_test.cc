@@ -311,6 +311,7 @@ TEST(RecordTest, RefusesInOneLine) {
       {"true", {"--node", "a\xc2\x9b"}, 1, "node name has a control character"},
       {"rm host/*/proc/stat", {}, 1, "/proc/stat: No such file or directory"},
       {"true", {"--interval", "0"}, 2, "--interval takes a whole number from 1 to 86400, and not \"0\""},
+      {"true", {"--keep", "0"}, 2, "--keep takes a whole number from 1 to 36500, and not \"0\""},
       {"true", {"--count"}, 2, "--count takes a value"},
       {"true", {"-count", "1"}, 2, "unknown option -count; did you mean --count?"},
       {"true",

@@ -2,13 +2,16 @@
 #include "programs/record/retention.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <set>
 
 #include "programs/host_file/collector_records.h"
 #include "programs/host_file/compressed_recording.h"
+#include "tests/end_to_end/process.h"
 #include "tests/support/temp_directory.h"
 
 namespace ozmo::testing {
@@ -105,6 +108,27 @@ TEST_F(RetentionTest, CompressesFinishedDaysAndKnowsThemAgain) {
   EXPECT_EQ(Left(), "qtxl_a_b_2012Feb20.dat_1.zst 21 qtxl_a_b_2012Feb21.dat_1.zst 22 ");
   Begin("2012Feb22", true, {1, 0, true});
   EXPECT_EQ(Left(), "21 qtxl_a_b_2012Feb21.dat_1.zst 22 ");
+}
+
+// A file that may not grow stands for a full disk.
+TEST_F(RetentionTest, AFullDiskLeavesThePlainFileAndNoDraft) {
+  if (!host_file::CanCompress()) GTEST_SKIP() << "built without libzstd";
+  const std::string path = directory_ / "qtxl_a_b_2012Feb20.dat_1";
+  Write("qtxl_a_b_2012Feb20.dat_1");
+  std::ofstream(path, std::ios::app) << ReadWholeFile(OZMO_BINARY_DIR "/ozmo_record").substr(0, 1 << 19);
+  const std::string before = ReadWholeFile(path);
+  rlimit room{};
+  getrlimit(RLIMIT_FSIZE, &room);
+  const rlimit little{4096, room.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &little);
+  Begin("2012Feb21", true, {});
+  setrlimit(RLIMIT_FSIZE, &room);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(Left(), "20 ");
+  EXPECT_EQ(ReadWholeFile(path), before);
+  Begin("2012Feb21", true, {});  // and there is room again
+  EXPECT_EQ(Left(), "qtxl_a_b_2012Feb20.dat_1.zst ");
 }
 
 }  // namespace

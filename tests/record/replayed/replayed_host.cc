@@ -26,6 +26,8 @@
 #include <fstream>
 #include <string>
 
+struct nl_sock;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -119,6 +121,12 @@ int sigtimedwait(const sigset_t* /*signals*/, siginfo_t* /*info*/, const timespe
   if (!NextMoment()) return SIGTERM;
   errno = EAGAIN;
   return -1;
+}
+
+// libnl's: the real kernel's processes are no business of this host.
+int genl_connect(nl_sock* /*socket*/) {
+  constexpr int NOT_SUPPORTED = 10;  // NLE_OPNOTSUPP
+  return -NOT_SUPPORTED;
 }
 
 }  // extern "C"
