@@ -65,7 +65,7 @@ void AddProcesses(const std::vector<ProcessFigures>& earlier, std::vector<Proces
   for (const ProcessFigures& process : earlier) {
     const auto found = places.find(process.id);
     if (found == places.end() || later[found->second].start != process.start) {
-      ended.push_back({process.id, process.parent, ImageOf(process.command), process.user, process.own});
+      ended.push_back({process.id, process.parent, ImageOf(process.command), process.user, process.own, ""});
       continue;
     }
     for (const auto member : USE_COUNTERS) later[found->second].own.*member += process.own.*member;
