@@ -32,7 +32,8 @@ void Walk(BuildSteps& build, DataReader& reader, VmrContext& interval, Runtime& 
 }  // namespace
 
 std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span, WorkloadClassList& classes,
-                                           const WantedTitles& titles, Runtime& runtime) {
+                                           const WantedTitles& titles, Runtime& runtime,
+                                           const ProcessSink& processes) {
   const PlatformSpec& platform = PlatformOf(reader.kind());
   auto catalog = std::make_unique<GraphCatalog>();
   catalog->titles = titles;
@@ -43,6 +44,7 @@ std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span,
   NoteInput(runtime, classes.file);
 
   BuildSteps build(platform, classes, span, *catalog);
+  build.SetProcessSink(processes);
   interval.kinds = build.needs().records;
   const int opened = reader.Open(interval);
   if (opened > 0 || platform.walksWithoutOpen) Walk(build, reader, interval, runtime);

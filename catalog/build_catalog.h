@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "catalog/model.h"
+#include "catalog/processes.h"
 #include "readers/data_reader.h"
 #include "runtime/runtime.h"
 #include "runtime/times.h"
@@ -15,8 +16,10 @@
 namespace ozmo {
 
 // The catalog of the reader's file over the span, with the graphs of these titles. Never null: when no
-// interval fell into the span all series are 0. Classes are loaded if they aren't yet.
+// interval fell into the span all series are 0. Classes are loaded if they aren't yet. `processes` gets the
+// processes of each interval on the way, see BuildSteps.
 std::unique_ptr<GraphCatalog> BuildCatalog(DataReader& reader, const Span& span, WorkloadClassList& classes,
-                                           const WantedTitles& titles, Runtime& runtime);
+                                           const WantedTitles& titles, Runtime& runtime,
+                                           const ProcessSink& processes = {});
 
 }  // namespace ozmo

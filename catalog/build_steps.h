@@ -20,6 +20,9 @@ class BuildSteps {
   BuildSteps(const PlatformSpec& platform, const WorkloadClassList& classes, const Span& span,
              GraphCatalog& catalog);
 
+  // Gives the processes of each interval that is used to `sink`, where somebody wants the graph of images.
+  void SetProcessSink(ProcessSink sink);
+
   // Works one interval into the catalog; one that the platform doesn't use stores nothing and moves no point.
   // False: the interval was dropped, because it falls on the point of the one before (the first counts, and
   // point 0 never does) or after the span.
@@ -48,6 +51,7 @@ class BuildSteps {
   FileSystemPass fileSystems_;
   AdapterPass adapters_;
   ProcessPass processes_;
+  ProcessSink processSink_;
 
   CollectionInterval length_;
   int lastPoint_ = 0;           // of the last interval used

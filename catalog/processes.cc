@@ -119,6 +119,18 @@ void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, 
   const Identity& identity = FeedNamedShare(minute, process.userName, process.name, value);
   FeedClass(classCounts_, minute, identity.workloadClass, 1.0F);
   if (views_.areMade()) views_.Feed(minute, identity.views, process, ConfigOf(interval), life);
+  if (keepsShares_) keptShares_.emplace_back(&process, share);
+}
+
+void ProcessPass::GiveShares(const Minute& minute, bool isScaled, const ProcessSink& sink) {
+  double scale = 1.0;
+  if (const Series* overallCpu = minute.catalog.FindSeries(Graph::OVERALL_CPU, 0); isScaled && overallCpu) {
+    const double overall = static_cast<double>(PointAt(*overallCpu, minute.point));
+    const double sum = static_cast<double>(PointAt(shareSum_, minute.point));
+    if (overall >= 0.0 && sum > 0.0) scale = overall / sum;
+  }
+  for (const auto& [process, share] : keptShares_) sink(minute, *process, share * scale);
+  keptShares_.clear();
 }
 
 // Overall CPU that no process accounts for. With no process at all the sum may still be missing, and then

@@ -1,6 +1,7 @@
 // The process pass: each process's share of the machine goes to its class, image and user.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -74,6 +75,10 @@ double MbOfKilobytes(const ProcessRecord& process, const SystemConfig& config);
 double FaultRates(const ProcessRecord& process, const SystemConfig& config);     // of minor and major faults
 double PageFaultRate(const ProcessRecord& process, const SystemConfig& config);  // one rate of both
 
+// Gets each process of an interval that has a share, with that share as the graph of images shows it: percent
+// of the machine.
+using ProcessSink = std::function<void(const Minute& minute, const ProcessRecord& process, double percent)>;
+
 // The images and users seen so far, and the sum of the shares.
 class ProcessPass {
  public:
@@ -90,6 +95,11 @@ class ProcessPass {
   // of the interval.
   void FeedShare(const Minute& minute, const ProcessRecord& process, double share, const VmrContext& interval,
                  double life);
+
+  // Keeps the shares of the interval that is worked in for GiveShares.
+  void KeepShares() { keepsShares_ = true; }
+  // Gives the shares kept, scaled as NormalizeProcessSeries does it where images are, and forgets them.
+  void GiveShares(const Minute& minute, bool isScaled, const ProcessSink& sink);
 
   const ProcessDetail& detail() const { return detail_; }
   const ViewPass& views() const { return views_; }
@@ -130,6 +140,9 @@ class ProcessPass {
   std::unordered_map<ProcessKey, Identity, ProcessKeyHash, ProcessKeyEqual> identities_;
   Entry* last_ = nullptr;  // the entry that was found last
   Series shareSum_;
+
+  bool keepsShares_ = false;
+  std::vector<std::pair<const ProcessRecord*, double>> keptShares_;  // of the interval that is worked in
 };
 
 // The pass of a platform that has nothing of its own but the share.

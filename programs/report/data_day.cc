@@ -16,11 +16,6 @@
 namespace ozmo::report {
 namespace {
 
-// The readers find the files of a day set by their directory, which a bare name doesn't give.
-std::string WithDirectory(const std::string& path) {
-  return path.find('/') == std::string::npos ? "./" + path : path;
-}
-
 std::string SpanText(const DataDay& day) {
   return TimeFormat(day.begin, "%Y-%m-%d %H:%M:%S") + " to " + TimeFormat(day.end, "%Y-%m-%d %H:%M:%S");
 }
@@ -49,6 +44,10 @@ Span SpanOf(const DayRequest& request, Seconds firstRecord) {
 
 }  // namespace
 
+std::string WithDirectory(const std::string& path) {
+  return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
 DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   if (access(DataFilePath(request.dataFile).c_str(), R_OK) != 0) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
@@ -72,6 +71,9 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
   day.end = span.end;
   if (day.begin >= day.end) return {std::nullopt, "the span " + SpanText(day) + " ends before it begins"};
 
+  if (request.begun) {
+    if (std::string failure = request.begun(day); !failure.empty()) return {std::nullopt, std::move(failure)};
+  }
   WorkloadClassList classes;
   if (!request.classFile.empty()) {
     if (access(request.classFile.c_str(), R_OK) != 0) {
@@ -83,7 +85,7 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     classes.classesLoaded = true;
   }
   const WantedTitles titles = request.views ? WantedTitles::AllAndViews() : WantedTitles::All();
-  day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, titles, runtime);
+  day.catalog = BuildCatalog(reader, {day.begin, day.end}, classes, titles, runtime, request.processes);
   if (day.catalog->extent.intervals == 0) {
     return {std::nullopt, NoDataText(day, request, reader.kind(), head->firstRecordTime)};
   }

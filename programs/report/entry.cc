@@ -1,8 +1,5 @@
 #include "programs/report/entry.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
 
 #include "programs/report/baseline.h"
@@ -13,11 +10,11 @@
 #include "programs/report/options.h"
 #include "programs/report/page.h"
 #include "programs/report/page_json.h"
+#include "programs/report/quiet_reading.h"
 #include "programs/report/summary_text.h"
 #include "readers/file_set.h"
 #include "runtime/console.h"
 #include "runtime/memory.h"
-#include "runtime/messages.h"
 #include "runtime/terminal_text.h"
 #include "runtime/whole_file.h"
 
@@ -32,96 +29,15 @@ constexpr const char* PROGRAM = "ozmo_report";
 
 std::string BaseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
-// Shows how far the walk has come, on a terminal only.
-class Progress {
- public:
-  explicit Progress(Runtime& runtime)
-      : sink_(runtime.progressSink, [this](Seconds time) { Show(time); }),
-        shown_(isatty(STDERR_FILENO) == 1) {}
-  ~Progress() {
-    if (last_ != 0) std::fputs("\r\033[K", stderr);
-  }
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-
- private:
-  static constexpr Seconds STEP = 900;
-
-  void Show(Seconds time) {
-    if (!shown_ || time / STEP == last_ / STEP) return;
-    last_ = time;
-    std::fprintf(stderr, "\rreading %s ", TimeFormat(time, "%Y-%m-%d %H:%M").c_str());
-  }
-
-  const ScopedSink<ProgressSink> sink_;
-  bool shown_;
-  Seconds last_ = 0;
-};
-
-// While it lives, standard output goes nowhere: readers report there which file they read, and the output of
-// this program is its own.
-class SilentOutput {
- public:
-  SilentOutput() : kept_(dup(STDOUT_FILENO)) {
-    std::fflush(stdout);
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (nowhere < 0) return;
-    dup2(nowhere, STDOUT_FILENO);
-    close(nowhere);
-  }
-  ~SilentOutput() {
-    std::fflush(stdout);
-    if (kept_ < 0) return;
-    dup2(kept_, STDOUT_FILENO);
-    close(kept_);
-  }
-  SilentOutput(const SilentOutput&) = delete;
-  SilentOutput& operator=(const SilentOutput&) = delete;
-
- private:
-  int kept_;
-};
-
-// What readers report. A day of thousands of bad files must not fill a terminal or a page: the first few are
-// kept and said, at once, as the process ends after the message of a failed allocation; the others are
-// counted.
-class Problems {
- public:
-  void Take(const ReadyMessage& message) {
-    if (++count_ > MOST && message.code != "NOALLOC") return;
-    Complain(PROGRAM, message.text);
-    texts_.push_back(message.text);
-  }
-  void Finish() {
-    if (count_ <= MOST) return;
-    texts_.push_back(std::to_string(count_ - MOST) + " more problems like these");
-    Complain(PROGRAM, texts_.back());
-  }
-  const std::vector<std::string>& texts() const { return texts_; }
-
- private:
-  static constexpr int MOST = 10;
-  int count_ = 0;
-  std::vector<std::string> texts_;
-};
-
 struct ReadResult {
   DayResult result;
   std::vector<std::string> problems;
 };
 
 ReadResult Read(const DayRequest& request, Runtime& runtime) {
-  Problems problems;
-  const ScopedSink<MessageSink> sink(runtime.messageSink, [&](const ReadyMessage& message) {
-    // A plain message says what is being read, and nothing of the data.
-    if (message.isProblem && message.code != PLAIN_MESSAGE) problems.Take(message);
-  });
-  const SilentOutput silent;
-  const Progress progress(runtime);
   ReadResult read;
-  read.result = ReadDay(request, runtime);
-  problems.Finish();
-  read.problems = problems.texts();
+  read.problems =
+      RunQuietly({PROGRAM, request.dataFile}, runtime, [&] { read.result = ReadDay(request, runtime); });
   return read;
 }
 

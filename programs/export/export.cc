@@ -1,0 +1,141 @@
+#include "programs/export/export.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <utility>
+
+#include "programs/export/processes.h"
+#include "programs/report/quiet_reading.h"
+#include "readers/file_set.h"
+#include "runtime/console.h"
+#include "runtime/text.h"
+#include "runtime/whole_file.h"
+
+namespace ozmo::exporting {
+namespace {
+
+// As the partition of a table that has none has it.
+constexpr std::string_view NO_NAME = "__HIVE_DEFAULT_PARTITION__";
+
+// One day of a host on its way into its files.
+class DayExport {
+ public:
+  DayExport(const Options& options, const std::string& path, Runtime& runtime)
+      : format_(*options.format), output_(options.directory), path_(path), runtime_(runtime) {}
+
+  // Returns what went wrong, as all that follow. `claim` returns why the day's partition can't be had.
+  std::string Write(const std::function<std::string(const std::string&)>& claim) {
+    report::DayRequest request{.dataFile = path_};
+    request.begun = [&](const report::DataDay& day) {
+      std::string failure = claim(PartitionOf(day.begin, day.node));
+      return failure.empty() ? Begin(day) : failure;
+    };
+    if (format_.hasProcesses) {
+      request.processes = [&](const Minute& minute, const ProcessRecord& process, double percent) {
+        processes_->Write(minute.catalog.spanStart + minute.point * SECONDS_PER_MINUTE, process, percent);
+      };
+    }
+    const report::DayResult read = report::ReadDay(request, runtime_);
+    std::string failure = read.day ? WriteItems(*read.day) : read.failure;
+    if (!failure.empty()) RemoveEmpty();
+    return failure;
+  }
+
+ private:
+  WholeFilePlace PlaceOf(std::string_view name) const {
+    return {.path = (directory_ / name).string(), .links = LinkRule::REPLACE, .inputs = runtime_.inputs};
+  }
+
+  // What has to be there before the walk.
+  std::string Begin(const report::DataDay& day) {
+    directory_ = output_ / PartitionOf(day.begin, day.node);
+    std::error_code error;
+    std::filesystem::create_directories(directory_, error);
+    if (error) return directory_.string() + ": " + error.message();
+    if (!format_.hasProcesses) return "";
+    std::string failure = processFile_.emplace().Open(PlaceOf("processes.csv"));
+    if (failure.empty()) processes_.emplace(processFile_->stream(), KindOf(), day.node);
+    return failure;
+  }
+
+  std::string WriteItems(const report::DataDay& day) {
+    const KindRow& kind = RowOf(KindOf());
+    const ExportedDay exported{.day = day,
+                               .kind = kind,
+                               .traces = TracesOf(*day.catalog, kind.word),
+                               .points = PointsOf(*day.catalog)};
+    WholeFile itemFile;
+    if (std::string failure = itemFile.Open(PlaceOf(format_.itemFile)); !failure.empty()) return failure;
+    const std::string leftOut = format_.write(itemFile.stream(), exported);
+    if (std::string failure = processFile_ ? processFile_->Commit() : ""; !failure.empty()) return failure;
+    if (std::string failure = itemFile.Commit(); !failure.empty()) return failure;
+    return leftOut.empty() ? "" : path_ + ": " + leftOut;
+  }
+
+  ReaderKind KindOf() const { return ReaderKindOf(report::WithDirectory(path_)); }
+
+  // What was made for nothing goes; a directory with something in it stays.
+  void RemoveEmpty() {
+    if (directory_.empty()) return;
+    processFile_.reset();  // takes its draft away
+    std::error_code error;
+    if (std::filesystem::remove(directory_, error)) std::filesystem::remove(directory_.parent_path(), error);
+  }
+
+  const Format& format_;
+  std::filesystem::path output_;
+  std::filesystem::path directory_;
+  std::string path_;
+  Runtime& runtime_;
+  std::optional<WholeFile> processFile_;
+  std::optional<ProcessTable> processes_;
+};
+
+// A file that was read with another one of its day.
+bool IsReadAlready(const std::string& path, const Runtime& runtime) {
+  const std::optional<FileIdentity> file = IdentityOf(DataFilePath(path));
+  return file && std::ranges::find(runtime.inputs, *file) != runtime.inputs.end();
+}
+
+}  // namespace
+
+std::string PartitionOf(Seconds day, std::string_view host) {
+  constexpr std::string_view HEX = "0123456789ABCDEF";
+  std::string name;
+  for (const char c : host) {
+    const auto byte = static_cast<unsigned char>(c);
+    const char lower = LowerLetter(c);
+    const bool isPlain = (lower >= 'a' && lower <= 'z') || IsDigit(c) ||
+                         std::string_view("._-").find(c) != std::string_view::npos;
+    if (isPlain) {
+      name += c;
+    } else {
+      ((name += '%') += HEX[byte >> 4U]) += HEX[byte & 15U];
+    }
+  }
+  return "day=" + TimeFormat(day, "%Y-%m-%d") + "/host=" + (name.empty() ? std::string(NO_NAME) : name);
+}
+
+ExportResult ExportFiles(const char* program, const Options& options, Runtime& runtime) {
+  ExportResult result;
+  std::map<std::string, std::string> sources;  // data file by partition
+  for (const std::string& path : options.dataFiles) {
+    if (IsReadAlready(path, runtime)) continue;
+    std::string failure;
+    const std::vector<std::string> problems = report::RunQuietly({program, path}, runtime, [&] {
+      failure = DayExport(options, path, runtime).Write([&](const std::string& partition) {
+        const auto [earlier, isNew] = sources.try_emplace(partition, path);
+        return isNew ? "" : path + ": " + partition + " is exported from " + earlier->second + " already";
+      });
+    });
+    if (!failure.empty()) Complain(program, failure);
+    if (failure.empty()) ++result.days;
+    if (!failure.empty() || !problems.empty()) result.isWhole = false;
+  }
+  return result;
+}
+
+}  // namespace ozmo::exporting
