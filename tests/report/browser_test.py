@@ -217,6 +217,84 @@ def check_planted(browser, run, build, directory):
         wait_for(lambda: means_of_hit(browser) == [first[3], first[4]], change, first)
 
 
+def window_of(browser):
+    return re.findall(r"\d\d:\d\d", browser.find_element(By.ID, "window").text)
+
+
+def check_pointer(browser):
+    """Ctrl and the wheel zoom, Shift and a drag move the window, two fingers spread it, and the plain wheel scrolls."""
+    plot = browser.find_elements(By.CSS_SELECTOR, "article.graph .plot")[1]
+    browser.execute_script("arguments[0].scrollIntoView({block: 'center', behavior: 'instant'})", plot)
+    wait_for(lambda: plot.find_elements(By.TAG_NAME, "canvas"))
+    wheel = webdriver.ActionChains(browser)
+    origin = webdriver.common.actions.wheel_input.ScrollOrigin.from_element(plot)
+    wheel.key_down(Keys.CONTROL).scroll_from_origin(origin, 0, -400).key_up(Keys.CONTROL).perform()
+    zoomed = wait_for(lambda: window_of(browser) != ["00:02", "23:59"] and window_of(browser))
+    webdriver.ActionChains(browser).key_down(Keys.SHIFT).move_to_element(plot).click_and_hold() \
+        .move_by_offset(60, 0).release().key_up(Keys.SHIFT).perform()
+    moved = window_of(browser)
+    minutes = [int(text[:2]) * 60 + int(text[3:]) for text in zoomed + moved]
+    assert minutes[1] - minutes[0] == minutes[3] - minutes[2] and minutes[2] < minutes[0], (zoomed, moved)
+    box = plot.rect
+    top = box["y"] - browser.execute_script("return window.scrollY") + 80
+    middle = box["x"] + box["width"] / 2
+
+    def touch(kind, *places):
+        browser.execute_cdp_cmd("Input.dispatchTouchEvent", {"type": kind, "touchPoints": [
+            {"x": middle + place, "y": top, "id": number} for number, place in enumerate(places)]})
+    for kind, *places in (("touchStart", -40, 40), ("touchMove", -60, 60), ("touchMove", -80, 80), ("touchEnd",)):
+        touch(kind, *places)
+    spread = window_of(browser)
+    lengths = [int(b[:2]) * 60 + int(b[3:]) - int(a[:2]) * 60 - int(a[3:]) for a, b in (moved, spread)]
+    assert abs(lengths[1] / lengths[0] - 0.5) < 0.1, (moved, spread)
+    before = browser.execute_script("return window.scrollY")
+    webdriver.ActionChains(browser).scroll_from_origin(origin, 0, 100).perform()
+    wait_for(lambda: browser.execute_script("return window.scrollY") != before)
+    assert window_of(browser) == spread
+    plot.send_keys("0")
+
+
+def check_overview(browser):
+    """A click on a column's name sorts by it, and a second one the other way round; a row's figures are the window's."""
+    wait_for(lambda: browser.execute_script("return document.body.dataset.overview") == "ready")
+    head = browser.find_elements(By.CSS_SELECTOR, "#overview .sort")[5 - 1]  # all but the course can be clicked
+    for order, turned in (("descending", True), ("ascending", False)):
+        browser.execute_script("arguments[0].click()", head)
+        peaks = [float(text) for text in browser.execute_script(
+            "return [...document.querySelectorAll('#overview tbody tr')].map((row) => row.children[5].textContent)")
+                 if text != "–"]
+        assert len(peaks) > 100 and peaks == sorted(peaks, reverse=turned), peaks
+        assert head.find_element(By.XPATH, "..").get_attribute("aria-sort") == order
+
+
+def check_copied(browser):
+    """The button hands out the address of what is seen, on the clipboard or, without one, to be copied by hand."""
+    browser.execute_script("document.querySelector('.plot').focus()")
+    browser.find_element(By.ID, "copy").click()
+    try:
+        alert = wait_for(lambda: browser.switch_to.alert, "prompt") if not browser.find_element(By.ID, "copied").text else None
+    except Exception:  # no prompt: it was copied meanwhile
+        alert = None
+    if alert:
+        alert.accept()
+    else:
+        assert browser.find_element(By.ID, "copied").text == "Copied"
+
+
+def check_days(browser, run, build, directory):
+    """Two days have a map of the hours, whose cells are the means of the CSV file."""
+    run(build / "ozmo_report", "system-time/qtxl_forge_2012Feb22.dat_1", "--begin", "2012-02-22", "--end", "2012-02-23",
+        "--item", "Overall CPU Utilization", "-o", "days.html", "--csv", "days")
+    browser.get((directory / "days.html").as_uri())
+    rows = browser.execute_script("""
+        return [...document.querySelectorAll('#heat tbody tr')].map((row) => [...row.children].map((cell) => cell.textContent))""")
+    assert [row[0] for row in rows] == ["Wed 22 Feb", "Thu 23 Feb"], rows
+    said = [value for _, value in column_of(directory / "days/overall_cpu_utilization.csv", "CPU Utilization")]
+    for place, row in enumerate(rows):
+        hour = said[place * 1440 + 600:place * 1440 + 660]
+        assert abs(float(row[11]) - sum(hour) / 60) < 0.6, (row, hour)
+
+
 def check_happened(browser):
     """The window that a planted change falls into, beside the rest of the span."""
     browser.find_element(By.ID, "what").click()
@@ -228,6 +306,11 @@ def check_happened(browser):
 
 def check_address(browser, page):
     """An address opens its view; what was edited into it that isn't there is named; back leads back."""
+    browser.get(page.as_uri() + "#from=2012-02-22T13:00&to=2012-02-22T10:00&to2=x&q=%zz&lines=%")
+    browser.refresh()
+    assert not browser.find_element(By.ID, "whole").is_enabled()
+    for part in ("from=2012-02-22T13:00", "to=2012-02-22T10:00", "to2=x", "lines=%"):
+        assert part in browser.find_element(By.ID, "wrong").text, part
     browser.get(page.as_uri() + "#from=2012-02-22T10:00&to=2012-02-22T13:00&q=sdc&pin=memory_utilization,nothing"
                 "&lines=memory_allocation&open=sda")
     browser.refresh()
@@ -278,6 +361,9 @@ def main():
             browser.get((directory / "page.html").as_uri())
             check_values(browser, directory)
             check_window(browser, directory)
+            check_pointer(browser)
+            check_overview(browser)
+            check_copied(browser)
             check_charts(browser)
             check_names(browser)
             check_search(browser)
@@ -285,6 +371,7 @@ def main():
             check_address(browser, directory / "page.html")
             check_saved(browser, directory)
             check_planted(browser, run, build, directory)
+            check_days(browser, run, build, directory)
             run(build / "ozmo_sample", "linux", "happened", "--plant", "runaway", "--plant-hour", "18")
             run(build / "ozmo_report", "happened/qtxl_forge_2012Feb22.dat_1", "-o", "happened.html")
             browser.get((directory / "happened.html").as_uri() + "#from=2012-02-22T18:10&to=2012-02-22T23:00")

@@ -11,6 +11,7 @@
 #include <sstream>
 #include <string>
 
+#include "programs/report/marks.h"
 #include "programs/report/options.h"
 #include "programs/report/series.h"
 #include "programs/report/text.h"
@@ -187,6 +188,52 @@ TEST_F(Report, ManyBrokenFilesOfADayGiveAFewLines) {
   const ProcessResult result = Run({data, "-o", "page.html"});
   EXPECT_LE(std::count(result.standardError.begin(), result.standardError.end(), '\n'), 12);
   EXPECT_NE(result.standardError.find("more problems like these"), std::string::npos) << result.standardError;
+}
+
+// What is laid beside a day and doesn't fit it gives a line, and the page comes all the same.
+TEST_F(Report, WhatDoesNotFitTheDayGivesALine) {
+  const std::string data = Sample(*sample::SampleKinds().front());
+  const std::string other = Sample(*sample::SampleKinds().back());
+  const auto write = [&](const std::string& name, const std::string& content) {
+    fs::create_directories(Path("other"));
+    std::ofstream(Path("other/" + name), std::ios::binary) << content;
+    return Path("other/" + name);
+  };
+  const std::string whole = ReadWholeFile(data);
+  const std::string cut = write(fs::path(data).filename(), whole.substr(0, whole.size() / 3));
+  std::string many;
+  for (size_t i = 0; i <= MOST_MARKS; ++i) many += "2012-02-22T08:30 again\n";
+  sample::SampleOptions late;
+  late.directory = Path("late");
+  late.startHour = 14;
+  late.hours = 1;
+  const std::string afternoon = sample::WriteSample(*sample::SampleKinds().front(), late).files.at(0);
+  struct Case {
+    std::vector<std::string> words;
+    int status;
+    std::string said;
+  };
+  const Case cases[] = {
+      {{"--baseline", other}, 0, ""},
+      {{"--baseline", cut}, 0, " only, the report from 2012-02-22 08:0"},
+      {{"--baseline", afternoon, "--begin", "2012-02-22"}, 0, ": no minute of the day has both"},
+      {{"--baseline", Path("other")}, 1, "no baseline: "},
+      {{"--marks", write("old", "1999-01-01T00:00 long ago\n")}, 0, "1 mark outside the span"},
+      {{"--marks", write("many", many)}, 1, "1 more marks than the 500"},
+      {{"--marks", write("loose", "08:30 no day\n")}, 1, "loose:1: no mark: "},
+  };
+  for (const Case& test : cases) {
+    std::vector<std::string> words = {data, "-o", "page.html"};
+    words.insert(words.end(), test.words.begin(), test.words.end());
+    const ProcessResult result = Run(words);
+    EXPECT_EQ(result.exitStatus, test.status) << test.said << result.standardError;
+    EXPECT_NE(result.standardError.find(test.said), std::string::npos) << test.said << result.standardError;
+    EXPECT_EQ(result.standardError.empty(), test.said.empty()) << result.standardError;
+    const std::string page = ReadWholeFile(Path("page.html"));
+    EXPECT_EQ(page.find("role=\"note\"") == std::string::npos, test.said.empty());
+    EXPECT_TRUE(page.ends_with("</html>\n")) << test.said;
+    fs::remove(Path("page.html"));
+  }
 }
 
 TEST(ReportText, NothingOfANameIsMarkupOrScript) {
