@@ -35,6 +35,9 @@ set(PAGE_SCRIPT "// All texts of the data reach the document by textContent.\n'u
 string(REPLACE "," ";" scripts "${SCRIPTS}")
 foreach(script IN LISTS scripts)
   file(READ ${SOURCE}/${script}.js text)
+  # Comments on lines of their own and indents are for who reads the source.
+  string(REGEX REPLACE "\n *//[^\n]*" "" text "\n${text}")
+  string(REGEX REPLACE "\n +" "\n" text "${text}")
   string(APPEND PAGE_SCRIPT "\n${text}")
 endforeach()
 string(APPEND PAGE_SCRIPT "})();\n")

@@ -21,12 +21,21 @@ std::string ColourText(const OverlayTrace& trace, size_t set) {
   return trace.colour ? ColourOf(*trace.colour) : ColourOfSet(static_cast<int>(set));
 }
 
+// Three digits are enough of a view, whose values are large and never rest.
+int ScaleOf(const GraphRecord& record) {
+  if (!record.isView) return 100;
+  const float highest = std::ranges::max(record.data.y.front());  // stacked: of all sets together
+  if (highest >= 1000.0F) return 1;
+  return highest >= 100.0F ? 10 : 100;
+}
+
 PageGraph GraphOf(const Item& item, const PageData& data) {
   const Overlay overlay = PrepareMainOverlay(*item.record);
   PageGraph graph;
   graph.heading = item.heading;
   graph.named = item.named;
   graph.view = item.record->isView;
+  graph.scale = ScaleOf(*item.record);
   graph.unit = overlay.yTitle;
   graph.top = item.record->yMax > 0.0F ? overlay.yMax : 0.0;
   for (size_t set = 0; set < overlay.traces.size(); ++set) {
@@ -39,12 +48,21 @@ PageGraph GraphOf(const Item& item, const PageData& data) {
   return graph;
 }
 
+std::vector<int64_t> PartsOf(std::vector<int64_t> hundredths, int scale) {
+  const int64_t each = 100 / scale;
+  for (int64_t& value : hundredths) {
+    if (value != NO_VALUE) value = (value + each / 2) / each;
+  }
+  return hundredths;
+}
+
 // Gives the graph its points; false when they take more than `room`, which is less by them otherwise.
 bool GivePoints(PageGraph& graph, const Item& item, size_t& room) {
   const Overlay overlay = PrepareMainOverlay(*item.record);
   size_t taken = 0;
   for (size_t set = 0; set < graph.traces.size() && taken <= room; ++set) {
-    graph.traces[set].points = EncodeSeries(OwnHundredths(overlay, set, item.record->data.npoints));
+    graph.traces[set].points =
+        EncodeSeries(PartsOf(OwnHundredths(overlay, set, item.record->data.npoints), graph.scale));
     taken += graph.traces[set].points.size();
   }
   graph.hasChart = taken <= room;

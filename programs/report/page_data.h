@@ -29,6 +29,7 @@ struct PageGraph {
   bool hasChart = false;  // false: the page has no room for the points, figures only
   bool named = true;      // ozmo_graph's -item finds it
   bool view = false;      // it has no such graph at all
+  int scale = 100;  // the points count in such parts of 1; less than 100 only for large values of a view
 };
 
 struct PageSection {

@@ -52,7 +52,7 @@ void AppendGraph(std::string& json, const PageGraph& graph) {
           (graph.view    ? ",\"view\":true"
            : graph.named ? ""
                          : ",\"unnamed\":true") +
-          ",\"traces\":";
+          (graph.scale == 100 ? "" : ",\"scale\":" + std::to_string(graph.scale)) + ",\"traces\":";
   AppendList(json, graph.traces, ",", [&](const PageTrace& trace) { AppendTrace(json, trace); });
   json += '}';
 }

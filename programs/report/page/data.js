@@ -12,8 +12,9 @@ const DIGITS = new Uint8Array(128);
 });
 const WITHOUT_VALUE = '!'.charCodeAt(0);
 
-// Values of a trace from its text: differences of hundredths, after a difference of 0 how many more follow.
-function decode(text, count) {
+// Values of a trace from its text: differences of whole parts, of which `scale` make 1, after a difference of 0 how many
+// more follow.
+function decode(text, count, scale) {
   const values = new Float64Array(count);
   let place = 0;
   const number = () => {
@@ -26,7 +27,7 @@ function decode(text, count) {
       factor *= 32;
     }
   };
-  let hundredths = 0;
+  let parts = 0;
   for (let i = 0; i < count && place < text.length;) {
     if (text.charCodeAt(place) === WITHOUT_VALUE) {
       ++place;
@@ -34,14 +35,15 @@ function decode(text, count) {
       continue;
     }
     const code = number();
-    hundredths += code % 2 === 1 ? -(code + 1) / 2 : code / 2;
-    for (let more = code === 0 ? number() : 0; more >= 0 && i < count; --more) values[i++] = hundredths / 100;
+    parts += code % 2 === 1 ? -(code + 1) / 2 : code / 2;
+    for (let more = code === 0 ? number() : 0; more >= 0 && i < count; --more) values[i++] = parts / scale;
   }
   return values;
 }
 
 // The values of all traces of a graph, whose points are of `span`: the report, or what it is compared with.
-const valuesOf = (graph, span = report) => graph.traces.map((trace) => decode(trace.points, span.points));
+const valuesOf = (graph, span = report) => graph.traces.map((trace) =>
+  decode(trace.points, span.points, graph.scale || 100));
 
 // One value a point for a whole graph: the sum of a stack, the highest of lines, in hundredths as the traces.
 function levelOf(values, lines, count) {

@@ -30,6 +30,8 @@ class Ranking {
     const rest = graphs.filter((graph) => graph.data.chart);
     const entries = [];
     this.section.setAttribute('aria-busy', 'true');
+    this.say('Working …');
+    this.more.hidden = true;
     const work = () => {
       if (run !== this.run) return;
       const began = performance.now();
@@ -48,11 +50,13 @@ class Ranking {
   show(count) {
     this.body.replaceChildren(...this.entries.slice(0, count).map((entry) => this.entryRow(entry)));
     this.more.hidden = this.entries.length <= count;
-    if (this.entries.length === 0) {
-      const cell = make('td', '', 'Nothing lies apart.');
-      cell.colSpan = 5;
-      this.body.append(row('td', [cell]));
-    }
+    if (this.entries.length === 0) this.say('Nothing lies apart.');
+  }
+
+  say(text) {
+    const cell = make('td', '', text);
+    cell.colSpan = 5;
+    this.body.replaceChildren(row('td', [cell]));
   }
 
   entryRow({graph, set, scale, mean, before}) {
