@@ -26,7 +26,7 @@ class RetentionTest : public ::testing::Test {
   void Write(const std::string& name, const std::string& node = "a_b", size_t size = 1000) {
     host_file::Configuration configuration;
     configuration.node = node;
-    std::ofstream(directory_ / name) << host_file::HeadRecords(configuration) << std::string(size, 'x');
+    std::ofstream(directory / name) << host_file::HeadRecords(configuration) << std::string(size, 'x');
   }
   void WriteDays(int first, int last) {
     for (int day = first; day <= last; ++day) Write("qtxl_a_b_2012Feb" + std::to_string(day) + ".dat_1");
@@ -34,14 +34,14 @@ class RetentionTest : public ::testing::Test {
   // A recorder with these options begins a file of that day, and has time for all steps.
   void Begin(const std::string& date, bool dayHasPassed, const record::RetentionOptions& options) {
     record::Notices notices;
-    Retention retention(directory_.path(), "a_b", options, notices);
+    Retention retention(directory.path(), "a_b", options, notices);
     retention.BeginFile(date, dayHasPassed);
     for (int step = 0; step < 40; ++step) retention.Step();
   }
   // The days of February that have files, and what other files there are.
   std::string Left() {
     std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(directory_.path())) names.insert(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(directory.path())) names.insert(entry.path().filename());
     std::string text;
     for (const std::string& name : names) {
       const bool isUsual = name.starts_with("qtxl_a_b_2012Feb") && name.ends_with(".dat_1");
@@ -50,7 +50,7 @@ class RetentionTest : public ::testing::Test {
     return text;
   }
 
-  TempDirectory directory_;
+  TempDirectory directory;
 };
 
 TEST_F(RetentionTest, KeepsSoManyRecordedDaysBeforeThePresentOne) {
@@ -85,10 +85,10 @@ TEST_F(RetentionTest, LeavesEverythingElseAlone) {
   Write("qtxl_a_b_2012Feb21.dat_1x");
   Write("qtxl_a_b_2012Feb31.dat_1");
   Write("qtxl_a_b_2012Feb22.dat_01.txt");
-  std::ofstream(directory_ / "qtxl_a_b_2012Feb23.dat_1") << "no recording";
-  fs::create_directory(directory_ / "qtxl_a_b_2012Feb24.dat_1");
+  std::ofstream(directory / "qtxl_a_b_2012Feb23.dat_1") << "no recording";
+  fs::create_directory(directory / "qtxl_a_b_2012Feb24.dat_1");
   Write("elsewhere");
-  fs::create_symlink(directory_ / "elsewhere", directory_ / "qtxl_a_b_2012Feb25.dat_1");
+  fs::create_symlink(directory / "elsewhere", directory / "qtxl_a_b_2012Feb25.dat_1");
   const std::string before = Left();
   Begin("2012Feb28", true, {1, 1, true});
   EXPECT_EQ(Left(), before);
@@ -97,12 +97,12 @@ TEST_F(RetentionTest, LeavesEverythingElseAlone) {
 TEST_F(RetentionTest, CompressesFinishedDaysAndKnowsThemAgain) {
   if (!host_file::CanCompress()) GTEST_SKIP() << "built without libzstd";
   WriteDays(20, 22);
-  const std::string first = directory_ / "qtxl_a_b_2012Feb20.dat_1";
+  const std::string first = directory / "qtxl_a_b_2012Feb20.dat_1";
   // A run was killed with the compressed file in place; of another day there is one that holds something
   // else.
-  fs::copy_file(first, directory_ / "copy");
+  fs::copy_file(first, directory / "copy");
   ASSERT_EQ(host_file::CompressRecording(first), "");
-  fs::rename(directory_ / "copy", first);
+  fs::rename(directory / "copy", first);
   Write("qtxl_a_b_2012Feb21.dat_1.zst", "a_b", 1);
   Begin("2012Feb22", true, {});
   EXPECT_EQ(Left(), "qtxl_a_b_2012Feb20.dat_1.zst 21 qtxl_a_b_2012Feb21.dat_1.zst 22 ");
@@ -113,7 +113,7 @@ TEST_F(RetentionTest, CompressesFinishedDaysAndKnowsThemAgain) {
 // A file that may not grow stands for a full disk.
 TEST_F(RetentionTest, AFullDiskLeavesThePlainFileAndNoDraft) {
   if (!host_file::CanCompress()) GTEST_SKIP() << "built without libzstd";
-  const std::string path = directory_ / "qtxl_a_b_2012Feb20.dat_1";
+  const std::string path = directory / "qtxl_a_b_2012Feb20.dat_1";
   Write("qtxl_a_b_2012Feb20.dat_1");
   std::ofstream(path, std::ios::app) << ReadWholeFile(OZMO_BINARY_DIR "/ozmo_record").substr(0, 1 << 19);
   const std::string before = ReadWholeFile(path);

@@ -124,8 +124,8 @@ int sigtimedwait(const sigset_t* /*signals*/, siginfo_t* /*info*/, const timespe
 }
 
 // libnl's: the real kernel's processes are no business of this host.
-int genl_connect(nl_sock* /*socket*/) {
-  constexpr int NOT_SUPPORTED = 10;  // NLE_OPNOTSUPP
+int genl_connect(nl_sock* /*socket*/) {  // NOLINT(readability-identifier-naming)
+  constexpr int NOT_SUPPORTED = 10;      // NLE_OPNOTSUPP
   return -NOT_SUPPORTED;
 }
 
