@@ -112,13 +112,16 @@ const ProcessPass::Identity& ProcessPass::FeedNamedShare(const Minute& minute, s
   return identity;
 }
 
-void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, double share,
-                            const VmrContext& interval, double life) {
+void ProcessPass::FeedShare(const Minute& minute, const ProcessRecord& process, double share) {
   const float value = static_cast<float>(share);
   if (detail_.shares) PointFeed(shareSum_, minute.point, value);
   const Identity& identity = FeedNamedShare(minute, process.userName, process.name, value);
   FeedClass(classCounts_, minute, identity.workloadClass, 1.0F);
-  if (views_.areMade()) views_.Feed(minute, identity.views, process, ConfigOf(interval), life);
+}
+
+void ProcessPass::Observe(const Minute& minute, const ProcessRecord& process, double share,
+                          const VmrContext& interval, double life) {
+  if (views_.areMade()) views_.Feed(minute, last_->second.views, process, ConfigOf(interval), life);
   if (keepsShares_) keptShares_.emplace_back(&process, share);
 }
 
@@ -148,9 +151,12 @@ void ProcessPass::Run(const Minute& minute, VmrContext& interval, const Processo
   minute.Store(Graph::PROCESS_COUNT, 0, static_cast<float>(interval.processes.primary.size()));
   if (!detail_.IsWanted()) return;
   const ShareBasis basis{interval, processors, minute.catalog.spanStart};
+  const bool isObserved = IsObserved();
   for (ProcessRecord& process : interval.processes.primary) {
     if (!spec_.passedOver.empty() && process.name == spec_.passedOver) continue;
-    FeedShare(minute, process, detail_.shares ? share(process, basis) : 0.0, interval, WHOLE_LIFE);
+    const double percent = detail_.shares ? share(process, basis) : 0.0;
+    FeedShare(minute, process, percent);
+    if (isObserved) Observe(minute, process, percent, interval, WHOLE_LIFE);
     if (detail_.NamesUsers()) CutBlanks(process.userName);
   }
   if (spec_.restIsNamed && detail_.shares) FeedRest(minute, processors.overallCpu);

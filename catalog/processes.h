@@ -91,10 +91,15 @@ class ProcessPass {
   // one's record in the file hasn't got.
   void Run(const Minute& minute, VmrContext& interval, const ProcessorSums& processors, ShareRule share);
 
-  // One process's share, one in the process count of its class, and the figures of one that lived for `life`
-  // of the interval.
-  void FeedShare(const Minute& minute, const ProcessRecord& process, double share, const VmrContext& interval,
-                 double life);
+  // One process's share, and one in the process count of its class.
+  void FeedShare(const Minute& minute, const ProcessRecord& process, double share);
+
+  // Whether someone wants more of a process than its share. Asked once an interval: most runs don't, and a
+  // few instructions a process are percents of a run.
+  bool IsObserved() const { return views_.areMade() || keepsShares_; }
+  // What those want of the process that was fed last, which lived for `life` of the interval.
+  void Observe(const Minute& minute, const ProcessRecord& process, double share, const VmrContext& interval,
+               double life);
 
   // Keeps the shares of the interval that is worked in for GiveShares.
   void KeepShares() { keepsShares_ = true; }

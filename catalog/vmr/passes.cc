@@ -83,8 +83,8 @@ double PartLived(const ProcessRecord& process, const VmrContext& interval) {
 
 bool Counts(const ProcessRecord& process) { return !process.name.empty() && process.name != IDLE_PROCESS; }
 
-double WeightOf(const ProcessRecord& process, const CollectionInterval& length) {
-  return static_cast<double>(process.cpuPercent) * LifeOf(process, length);
+double WeightOf(const ProcessRecord& process, double life) {
+  return static_cast<double>(process.cpuPercent) * life;
 }
 
 }  // namespace
@@ -127,16 +127,20 @@ void AddVmrProcesses(ProcessPass& pass, const Minute& minute, VmrContext& interv
                      const ProcessorSums& processors, const CollectionInterval& length) {
   double weightSum = 0.0;
   for (const ProcessRecord& process : interval.processes.primary) {
-    if (Counts(process)) weightSum += WeightOf(process, length);
+    if (Counts(process)) weightSum += WeightOf(process, LifeOf(process, length));
   }
+  const bool isWanted = pass.detail().IsWanted();
+  const bool isObserved = pass.IsObserved();
   double count = 0.0;
   for (const ProcessRecord& process : interval.processes.primary) {
     if (!Counts(process)) continue;
-    count += LifeOf(process, length);
-    if (!pass.detail().IsWanted()) continue;
-    const double weight = WeightOf(process, length);
+    const double life = LifeOf(process, length);
+    count += life;
+    if (!isWanted) continue;
+    const double weight = WeightOf(process, life);
     const double share = weightSum > 0.0 ? processors.overallCpu * weight / weightSum : 0.0;
-    pass.FeedShare(minute, process, share, interval, PartLived(process, interval));
+    pass.FeedShare(minute, process, share);
+    if (isObserved) pass.Observe(minute, process, share, interval, PartLived(process, interval));
   }
   minute.Store(Graph::PROCESS_COUNT, {count});
 }

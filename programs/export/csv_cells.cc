@@ -8,7 +8,7 @@
 namespace ozmo::exporting {
 
 std::string CsvCell(std::string_view bytes) {
-  const std::string text = report::CleanText(bytes);
+  std::string text = report::CleanText(bytes);
   if (text.find_first_of(",\"") == std::string::npos) return text;
   std::string cell = "\"";
   for (const char c : text) {

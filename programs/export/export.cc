@@ -128,7 +128,11 @@ ExportResult ExportFiles(const char* program, const Options& options, Runtime& r
     const std::vector<std::string> problems = report::RunQuietly({program, path}, runtime, [&] {
       failure = DayExport(options, path, runtime).Write([&](const std::string& partition) {
         const auto [earlier, isNew] = sources.try_emplace(partition, path);
-        return isNew ? "" : path + ": " + partition + " is exported from " + earlier->second + " already";
+        if (isNew) return std::string();
+        return std::string(path)
+            .append(": ")
+            .append(partition + " is exported from ")
+            .append(earlier->second + " already");
       });
     });
     if (!failure.empty()) Complain(program, failure);

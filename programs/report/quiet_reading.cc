@@ -91,8 +91,7 @@ class Problems {
 const Reading* current = nullptr;
 
 void SayWhereReadingEnded() {
-  if (current != nullptr)
-    Complain(current->program, current->file + ": reading it has ended the run");
+  if (current != nullptr) Complain(current->program, current->file + ": reading it has ended the run");
 }
 
 class CurrentReading {
