@@ -50,29 +50,38 @@ Work WorkOf(const Day& day) {
   return work;
 }
 
+// Also where no page is asked for.
+bool HasItsPage(const Day& day) { return day.page.empty() || access(day.page.c_str(), F_OK) == 0; }
+
 class Gatherer {
  public:
   explicit Gatherer(const GatherRequest& request) : request_(request) {}
 
   void TakeDays(const std::vector<Day>& days) {
-    std::vector<const Day*> isNew;
+    std::vector<std::optional<Summary>> summaries(days.size());
+    std::vector<size_t> isNew;
     std::vector<Work> works;
-    for (const Day& day : days) {
-      std::optional<Summary> summary = ReadKept(day.keptFile, day.stamp);
-      if (summary && (day.page.empty() || access(day.page.c_str(), F_OK) == 0)) {
+    for (size_t i = 0; i < days.size(); ++i) {
+      summaries[i] = ReadKept(days[i].keptFile, days[i].stamp);
+      if (summaries[i] && HasItsPage(days[i])) {
         ++fleet_.kept;
-        Add(std::move(*summary), day.page, day.data->path);
       } else {
-        isNew.push_back(&day);
-        works.push_back(WorkOf(day));
+        isNew.push_back(i);
+        works.push_back(WorkOf(days[i]));
       }
     }
     size_t done = 0;
     if (request_.progress && !works.empty()) request_.progress(0, works.size());
-    RunAll(works, request_.jobs, [&](size_t place, WorkResult result) {
-      TakeResult(*isNew[place], std::move(result));
+    RunAll(works, request_.jobs, [&](size_t place, const WorkResult& result) {
+      const size_t i = isNew[place];
+      summaries[i] = SummaryOf(days[i], result);
       if (request_.progress) request_.progress(++done, works.size());
     });
+    // In the order of the paths, whichever was done first.
+    for (size_t i = 0; i < days.size(); ++i) {
+      const std::string page = HasItsPage(days[i]) ? days[i].page : "";
+      if (summaries[i]) Add(std::move(*summaries[i]), page, days[i].data->path);
+    }
   }
 
   void TakeFile(const std::string& path) {
@@ -109,21 +118,20 @@ class Gatherer {
   }
 
   // What came with complaints isn't kept: the next run says them again.
-  void TakeResult(const Day& day, WorkResult result) {
+  std::optional<Summary> SummaryOf(const Day& day, const WorkResult& result) {
     const std::string& path = day.data->path;
     for (const std::string& complaint : result.complaints) Problem(path, complaint);
     SummariesResult read = report::ReadSummaries(result.output);
     if (read.summaries.size() != 1 || !read.wrong.empty()) {
       if (result.complaints.empty()) Problem(path, "no summary came of it");
-      return;
+      return std::nullopt;
     }
     ++fleet_.workedOut;
     if (result.status == 0 && !day.keptFile.empty()) {
       const std::string failure = WriteKept(day.keptFile, day.stamp, result.output);
       if (!failure.empty()) fleet_.problems.push_back(failure);
     }
-    const bool hasPage = !day.page.empty() && access(day.page.c_str(), F_OK) == 0;
-    Add(std::move(read.summaries.front()), hasPage ? day.page : "", path);
+    return std::move(read.summaries.front());
   }
 
   const GatherRequest& request_;

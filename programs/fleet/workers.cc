@@ -73,7 +73,7 @@ WorkResult ResultOf(const Running& running, int ending) {
 }  // namespace
 
 void RunAll(std::span<const Work> works, int jobs,
-            const std::function<void(size_t place, WorkResult result)>& done) {
+            const std::function<void(size_t place, const WorkResult& result)>& done) {
   std::map<pid_t, Running> running;
   size_t next = 0;
   const auto start = [&] {

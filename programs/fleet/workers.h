@@ -20,6 +20,6 @@ struct WorkResult {
 
 // Calls `done` for each, as they end. The runs end with this process.
 void RunAll(std::span<const Work> works, int jobs,
-            const std::function<void(size_t place, WorkResult result)>& done);
+            const std::function<void(size_t place, const WorkResult& result)>& done);
 
 }  // namespace ozmo::fleet

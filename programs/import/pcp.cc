@@ -132,8 +132,8 @@ void TakeFileSystems(const Reading& reading, const InstanceNames& names, HostFig
 // As the recorder has it: a thread of the kernel loses what it has after a slash. PCP has threads of the
 // kernel in parentheses, and other processes by their arguments.
 std::string CommandOf(const Reading& reading, int instance) {
-  const std::string image = reading.Text(Metric::IMAGE, instance);
-  const std::string line = reading.Text(Metric::COMMAND_LINE, instance);
+  std::string image = reading.Text(Metric::IMAGE, instance);
+  std::string line = reading.Text(Metric::COMMAND_LINE, instance);
   if (reading.Text(Metric::STATE, instance) == "Z") return image.empty() ? line : image;
   if (!line.empty() && line != "(" + image + ")") return line;
   return "[" + image.substr(0, image.find('/')) + "]";

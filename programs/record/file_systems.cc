@@ -65,11 +65,16 @@ std::string ReasonOf(const FileSystemAnswer& answer) {
   return answer.state == FileSystemAnswer::SILENT ? "doesn't respond" : "";
 }
 
+std::string NotRecorded(const std::string& mountPoint, const std::string& reason) {
+  return mountPoint + ": " + reason + "; the file system is not recorded";
+}
+
 }  // namespace
 
 std::vector<host_file::FileSystemFigures> ReadFileSystems(FileSystemProbe& probe, Notices& notices) {
   const std::vector<MountedFileSystem> mounted = FileSystemsOnDisks(notices);
   std::vector<std::string> mountPoints;
+  mountPoints.reserve(mounted.size());
   for (const MountedFileSystem& mount : mounted) mountPoints.push_back(mount.mountPoint);
   const std::vector<FileSystemAnswer> answers = probe.Ask(mountPoints);
 
@@ -79,7 +84,7 @@ std::vector<host_file::FileSystemFigures> ReadFileSystems(FileSystemProbe& probe
     const auto& [device, mountPoint, identity] = mounted[i];
     if (seen.count(identity) != 0) continue;
     if (const std::string reason = ReasonOf(answers[i]); !reason.empty()) {
-      notices.SayOnce(mountPoint + ": " + reason + "; the file system is not recorded");
+      notices.SayOnce(NotRecorded(mountPoint, reason));
     }
     const struct statvfs& figures = answers[i].figures;
     if (answers[i].state != FileSystemAnswer::GIVEN || figures.f_blocks == 0) continue;
