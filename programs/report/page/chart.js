@@ -7,8 +7,7 @@ Dygraph.PLUGINS = [Dygraph.Plugins.Axes, Dygraph.Plugins.Grid];
 function rowsOf(graph) {
   const {values} = graph;
   const columns = Math.max(200, graph.plot.clientWidth);
-  const level = levelOf(values.filter((_, set) => graph.shown[set]), graph.lines, report.points);
-  return thinned(level, view.from, view.to, columns).map((point) =>
+  return thinned(graph.shownLevel(values), view.from, view.to, columns).map((point) =>
     [xOf(point), ...values.map((own) => (Number.isNaN(own[point]) ? null : own[point]))]);
 }
 

@@ -201,12 +201,21 @@ class Graph {
     return this.values || valuesOf(this.data);
   }
 
+  // One value a point of what is shown.
+  shownLevel(values) {
+    const kind = this.lines + ' ' + this.shown;
+    if (this.levelKind !== kind) {
+      this.levelShown = levelOf(values.filter((_, set) => this.shown[set]), this.lines, report.points);
+      this.levelKind = kind;
+    }
+    return this.levelShown;
+  }
+
   // The top of the axis. It is that of the tool's plots as long as the whole stack is shown, else it follows what is.
   topOf(values, from, to) {
     const before = beforeLines(this).reduce((most, line) => Math.max(most, highestOf(line.values, from, to)), 0);
     if (this.data.top > 0 && !this.lines && this.shown.every((shown) => shown)) return Math.max(this.data.top, before);
-    const level = levelOf(values.filter((_, set) => this.shown[set]), this.lines, report.points);
-    const highest = Math.max(before, highestOf(level, from, to));
+    const highest = Math.max(before, highestOf(this.shownLevel(values), from, to));
     return highest > 0 ? highest * 1.05 : 1;
   }
 
@@ -227,6 +236,7 @@ class Graph {
     this.chart = null;
     this.values = null;
     this.figures = null;
+    this.levelKind = this.levelShown = null;
   }
 
   redraw() {

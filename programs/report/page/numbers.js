@@ -24,8 +24,7 @@ function valueTicks(top, pixels) {
 }
 
 const PERCENTILE = 0.95;
-const BLOCK = 512;
-const SMALL = 4096;  // so many points are sorted as they are
+const BLOCK = 64;
 
 const countUpTo = (sorted, value) => {
   let low = 0;
@@ -43,81 +42,61 @@ function sortedValues(values, from, to) {
   return values.slice(from, to + 1).filter((value) => !Number.isNaN(value)).sort();
 }
 
-// Figures of any stretch of one trace, within a fraction of a millisecond whatever its length: sums, peaks and sorted
-// values of blocks are kept, so only the points at both ends are looked at.
+// The points that have a value, the highest first, and of equal ones the earliest first.
+function pointsByRank(values) {
+  const sorted = sortedValues(values, 0, values.length - 1);
+  const order = new Uint32Array(sorted.length);
+  const equals = new Uint32Array(sorted.length + 1);  // how many of a value are placed
+  for (let point = 0; point < values.length; ++point) {
+    if (Number.isNaN(values[point])) continue;
+    const place = countUpTo(sorted, values[point]);
+    order[sorted.length - place + equals[place]++] = point;
+  }
+  return order;
+}
+
+// Figures of any stretch of one trace, in microseconds for a month: sums and counts are kept up to each block, and the
+// points by rank, of which a stretch has its share of high ones early.
 class Figures {
   constructor(values) {
     this.values = values;
-    this.blocks = [];
-  }
-
-  block(number) {
-    if (this.blocks[number]) return this.blocks[number];
-    const from = number * BLOCK;
-    const to = Math.min(from + BLOCK, this.values.length) - 1;
-    return (this.blocks[number] = this.plain(from, to));
-  }
-
-  // {sum, peak, at, sorted} of a short stretch.
-  plain(from, to) {
-    let sum = 0;
-    let peak = -Infinity;
-    let at = from;
-    for (let point = from; point <= to; ++point) {
-      const value = this.values[point];
-      if (Number.isNaN(value)) continue;
-      sum += value;
-      if (value > peak) {
-        peak = value;
-        at = point;
-      }
+    this.order = pointsByRank(values);
+    const blocks = Math.floor(values.length / BLOCK) + 1;
+    this.sums = new Float64Array(blocks);
+    this.counts = new Uint32Array(blocks);
+    for (let block = 1; block < blocks; ++block) {
+      [this.sums[block], this.counts[block]] = this.before(block * BLOCK, block - 1);
     }
-    return {sum, peak, at, sorted: sortedValues(this.values, from, to)};
   }
 
-  parts(from, to) {
-    if (to - from < SMALL) return [this.plain(from, to)];
-    const first = Math.ceil(from / BLOCK);
-    const last = Math.floor((to + 1) / BLOCK);
-    const parts = [];
-    if (from < first * BLOCK) parts.push(this.plain(from, first * BLOCK - 1));
-    for (let number = first; number < last; ++number) parts.push(this.block(number));
-    if (last * BLOCK <= to) parts.push(this.plain(last * BLOCK, to));
-    return parts;
+  // [sum, count] of all points before `end`, from those of an earlier block on.
+  before(end, block = Math.floor(end / BLOCK)) {
+    let sum = this.sums[block];
+    let count = this.counts[block];
+    for (let point = block * BLOCK; point < end; ++point) {
+      if (Number.isNaN(this.values[point])) continue;
+      sum += this.values[point];
+      ++count;
+    }
+    return [sum, count];
   }
 
   // Mean, 95th percentile (the smallest value that 95 of 100 points don't exceed), peak and its first point.
   of(from, to) {
-    const parts = this.parts(from, to);
-    let count = 0;
-    let sum = 0;
-    let peak = -Infinity;
-    let at = from;
-    for (const part of parts) {
-      count += part.sorted.length;
-      sum += part.sum;
-      if (part.peak > peak) {
-        peak = part.peak;
-        at = part.at;
-      }
-    }
-    if (count === 0) return {mean: NaN, high: NaN, peak: NaN, at};
-    return {mean: sum / count, high: this.percentile(parts, Math.ceil(count * PERCENTILE)), peak, at};
-  }
-
-  // The value at `rank`, from 1, of all parts together: bisected in hundredths, which is what values are made of.
-  percentile(parts, rank) {
-    if (parts.length === 1) return parts[0].sorted[rank - 1];
-    let low = Math.min(...parts.map((part) => (part.sorted.length > 0 ? Math.round(part.sorted[0] * 100) : Infinity)));
-    let high = Math.max(...parts.map((part) => Math.round(part.peak * 100)));
-    while (low < high) {
-      const middle = Math.floor((low + high) / 2);
-      let count = 0;
-      for (const part of parts) count += countUpTo(part.sorted, middle / 100);
-      if (count >= rank) high = middle;
-      else low = middle + 1;
-    }
-    return low / 100;
+    const {values, order} = this;
+    const [sumBefore, countBefore] = this.before(from);
+    const [sum, countUpToEnd] = this.before(to + 1);
+    const count = countUpToEnd - countBefore;
+    if (count === 0) return {mean: NaN, high: NaN, peak: NaN, at: from};
+    let place = 0;
+    const next = () => {
+      while (order[place] < from || order[place] > to) ++place;
+      return order[place++];
+    };
+    const at = next();
+    let point = at;
+    for (let higher = count - Math.ceil(count * PERCENTILE); higher > 0; --higher) point = next();
+    return {mean: (sum - sumBefore) / count, high: values[point], peak: values[at], at};
   }
 }
 

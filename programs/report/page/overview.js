@@ -41,7 +41,12 @@ class OverviewEntry {
     this.show();
   }
 
+  showLate() {
+    if (this.late) this.show();
+  }
+
   show() {
+    this.late = false;
     this.figures = this.graph.level().of(view.from, view.to);
     OVERVIEW_COLUMNS.forEach(({text}, place) => {
       if (text) this.cells[place - 1].textContent = text(this);
@@ -52,6 +57,7 @@ class OverviewEntry {
   // All of the row, seen or not.
   finish() {
     this.prepare();
+    this.showLate();
     this.showSpark();
   }
 
@@ -71,6 +77,7 @@ function sortOverview(column) {
   const turned = overview.sorted === column && !overview.turned;
   const direction = Boolean(rising) !== turned ? 1 : -1;
   Object.assign(overview, {sorted: column, turned});
+  for (const entry of overview.entries) entry.showLate();
   const withoutValue = (value) => typeof value === 'number' && Number.isNaN(value);
   overview.entries.sort((a, b) => {
     const [one, other] = [key(a), key(b)];
@@ -88,26 +95,29 @@ const sparkWatcher = new IntersectionObserver((changes) => {
   for (const change of changes) {
     const {entry} = change.target;
     entry.visible = change.isIntersecting;
-    if (entry.visible && entry.ready) entry.showSpark();
+    if (entry.visible && entry.ready) {
+      entry.showLate();
+      entry.showSpark();
+    }
   }
 }, {rootMargin: '200px 0px'});
 
+// Rows in sight follow the window at once, the others when it rests, or when they are asked for.
 function showOverview() {
-  for (const entry of overview.entries) if (entry.ready) entry.show();
+  for (const entry of overview.entries) {
+    entry.late = entry.ready;
+    if (entry.visible) entry.showLate();
+  }
+  showLateRows();
 }
+
+const showLateRows = afterRest(150, () => {
+  const {from, to} = view;
+  inPieces([...overview.entries], (entry) => entry.showLate(), () => {}, () => from !== view.from || to !== view.to);
+});
 
 function filterOverview() {
   for (const entry of overview.entries) entry.element.hidden = !matchesSearch(entry.graph);
-}
-
-// Rows are worked out one after the other, while the page is there already.
-function prepareOverview(entries) {
-  const began = performance.now();
-  while (entries.length > 0 && performance.now() - began < 12) {
-    entries.shift().prepare();
-  }
-  if (entries.length > 0) setTimeout(() => prepareOverview(entries), 0);
-  else document.body.dataset.overview = 'ready';
 }
 
 function buildOverview() {
@@ -142,5 +152,8 @@ function buildOverview() {
     sparkWatcher.observe(entry.element);
   }
   viewListeners.push(showOverview);
-  prepareOverview([...overview.entries]);
+  // Rows are worked out one after the other, while the page is there already.
+  inPieces([...overview.entries], (entry) => entry.prepare(), () => {
+    document.body.dataset.overview = 'ready';
+  });
 }

@@ -27,24 +27,15 @@ class Ranking {
   // Works through all graphs in pieces, so that the page stays at hand.
   start(ranked) {
     const run = ++this.run;
-    const rest = graphs.filter((graph) => graph.data.chart);
     const entries = [];
     this.section.setAttribute('aria-busy', 'true');
     this.say('Working …');
     this.more.hidden = true;
-    const work = () => {
-      if (run !== this.run) return;
-      const began = performance.now();
-      while (rest.length > 0 && performance.now() - began < 12) entries.push(...ranked(rest.shift()));
-      if (rest.length > 0) {
-        setTimeout(work, 0);
-        return;
-      }
+    inPieces(graphs.filter((graph) => graph.data.chart), (graph) => entries.push(...ranked(graph)), () => {
       this.entries = entries.filter((entry) => entry.scale >= LEAST_SCALE).sort((a, b) => b.scale - a.scale);
       this.section.removeAttribute('aria-busy');
       this.show(FIRST_ROWS);
-    };
-    work();
+    }, () => run !== this.run);
   }
 
   show(count) {

@@ -62,6 +62,19 @@ function row(tag, cells) {
   return element;
 }
 
+// Runs `act` on each of `items`, and then `done`, in pieces so that the page stays at hand; no further when `stopped`.
+function inPieces(items, act, done, stopped = () => false) {
+  let place = 0;
+  const work = () => {
+    if (stopped()) return;
+    const began = performance.now();
+    while (place < items.length && performance.now() - began < 12) act(items[place++]);
+    if (place < items.length) setTimeout(work, 0);
+    else done();
+  };
+  work();
+}
+
 // Runs `act` a while after the last call.
 function afterRest(milliseconds, act) {
   let timer = 0;
