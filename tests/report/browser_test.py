@@ -3,6 +3,7 @@
 
     browser_test.py BUILD_DIRECTORY SOURCE_DIRECTORY
 """
+import base64
 import csv
 import os
 import re
@@ -178,6 +179,18 @@ def check_print(browser, page, directory):
             coloured += sum(max(row[i:i + 3]) - min(row[i:i + 3]) > 60 for i in range(0, len(row) - 2, 3))
         assert coloured > 40, (title, number, coloured)
     assert len(titles) / 3 <= len(sheets) <= len(titles) / 2 + 1, (len(sheets), len(titles))
+
+
+def check_print_of_pinned(browser):
+    """"Print these" puts the pinned chart on the paper and nothing else, and then the page is whole again."""
+    titles = visible_titles(browser)
+    browser.execute_script("window.print = () => {}")
+    browser.find_element(By.CSS_SELECTOR, "#pinned > header button").click()
+    text = subprocess.run(["pdftotext", "-", "-"], input=base64.b64decode(browser.print_page()), check=True,
+                          capture_output=True).stdout.decode()
+    assert titles[0] in text and "Utilized Memory" in text and text.count("\f") == 1, text
+    assert len(titles) > 10 and not any(title in text for title in (*titles[1:], "Overview")), text
+    assert visible_titles(browser) == titles
 
 
 def wait_for(what, *said):
@@ -371,6 +384,7 @@ def main():
             check_print(browser, directory / "page.html", directory)
             check_address(browser, directory / "page.html")
             check_saved(browser, directory)
+            check_print_of_pinned(browser)
             check_planted(browser, run, build, directory)
             check_days(browser, run, build, directory)
             run(build / "ozmo_sample", "linux", "happened", "--plant", "runaway", "--plant-hour", "18")
