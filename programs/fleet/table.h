@@ -33,7 +33,7 @@ std::vector<Column> Columns();
 // several of, such as its disks, those of the highest.
 std::vector<std::string> CellsOf(const report::Summary& summary);
 
-// The line of a figure that stands for the host in the table: the disk that is busiest by its mean, or the
+// The line of a figure that is shown for the host in the table: the disk that is busiest by its mean, or the
 // like. Null where the host has none.
 const report::SummaryLine* HighestLine(const report::Summary& summary, report::Figure figure);
 
