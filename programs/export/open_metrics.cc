@@ -1,4 +1,4 @@
-// OpenMetrics 1.0: https://github.com/prometheus/OpenMetrics/blob/main/specification/OpenMetrics.md
+// OpenMetrics text, version 1.0, as the Prometheus project describes it in its repository OpenMetrics.
 //
 // The samples of a family are together, those of a series too and in the order of their times. All are
 // gauges: a rate that was measured is no counter any more.

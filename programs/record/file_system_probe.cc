@@ -16,12 +16,12 @@ namespace {
 
 constexpr int LONGEST_WAIT = 2000;  // milliseconds
 
-FileSystemAnswer AskOne(const std::string& mountPoint) {
-  FileSystemAnswer answer;
-  const bool isGiven = statvfs(mountPoint.c_str(), &answer.figures) == 0;
-  answer.state = isGiven ? FileSystemAnswer::GIVEN : FileSystemAnswer::FAILED;
-  answer.reason = isGiven ? 0 : errno;
-  return answer;
+FileSystemReply AskOne(const std::string& mountPoint) {
+  FileSystemReply reply;
+  const bool isGiven = statvfs(mountPoint.c_str(), &reply.figures) == 0;
+  reply.state = isGiven ? FileSystemReply::GIVEN : FileSystemReply::FAILED;
+  reply.reason = isGiven ? 0 : errno;
+  return reply;
 }
 
 // What the other process does. It keeps nothing open, neither the lock nor the streams, so that whoever waits
@@ -35,8 +35,8 @@ FileSystemAnswer AskOne(const std::string& mountPoint) {
   dup2(file, STDIN_FILENO);
   close_range(STDIN_FILENO + 1, ~0U, 0);
   for (; place < mountPoints.size(); ++place) {
-    const FileSystemAnswer answer = AskOne(mountPoints[place]);
-    if (write(STDIN_FILENO, &answer, sizeof answer) != sizeof answer) break;  // nobody waits any more
+    const FileSystemReply reply = AskOne(mountPoints[place]);
+    if (write(STDIN_FILENO, &reply, sizeof reply) != sizeof reply) break;  // nobody waits any more
   }
   _exit(0);
 }
@@ -57,7 +57,7 @@ bool FileSystemProbe::IsLeftBehind(const std::string& mountPoint) const {
   return std::ranges::count(leftBehind_, mountPoint, &LeftBehind::mountPoint) != 0;
 }
 
-std::vector<FileSystemAnswer> FileSystemProbe::Ask(const std::vector<std::string>& mountPoints) {
+std::vector<FileSystemReply> FileSystemProbe::Ask(const std::vector<std::string>& mountPoints) {
   std::erase_if(leftBehind_,
                 [](const LeftBehind& one) { return waitpid(one.process, nullptr, WNOHANG) != 0; });
   // One process serves all but those that are left out.
@@ -65,33 +65,32 @@ std::vector<FileSystemAnswer> FileSystemProbe::Ask(const std::vector<std::string
   for (const std::string& mountPoint : mountPoints) {
     if (!IsLeftBehind(mountPoint)) asked.push_back(mountPoint);
   }
-  std::vector<FileSystemAnswer> given(asked.size());
+  std::vector<FileSystemReply> given(asked.size());
   for (size_t place = 0; place < asked.size();) place = AskFrom(place, asked, given);
 
-  std::vector<FileSystemAnswer> answers;
+  std::vector<FileSystemReply> replies;
   for (const std::string& mountPoint : mountPoints) {
     const auto place = static_cast<size_t>(std::ranges::find(asked, mountPoint) - asked.begin());
-    answers.push_back(place < asked.size() ? given[place]
-                                           : FileSystemAnswer{FileSystemAnswer::SILENT, 0, {}});
+    replies.push_back(place < asked.size() ? given[place] : FileSystemReply{FileSystemReply::SILENT, 0, {}});
   }
-  return answers;
+  return replies;
 }
 
 // Returns the place to go on from in a new process.
 size_t FileSystemProbe::AskFrom(size_t place, const std::vector<std::string>& mountPoints,
-                                std::vector<FileSystemAnswer>& answers) {
+                                std::vector<FileSystemReply>& replies) {
   int ends[2];
   if (pipe(ends) != 0) return mountPoints.size();
   const pid_t process = fork();
-  if (process < 0) answers[place] = {FileSystemAnswer::FAILED, errno, {}};
+  if (process < 0) replies[place] = {FileSystemReply::FAILED, errno, {}};
   if (process == 0) AskAll(ends[1], place, mountPoints);
   close(ends[1]);
   Wait wait = process < 0 ? Wait::SIGNALLED : Wait::ANSWERED;
   for (; wait == Wait::ANSWERED && place < mountPoints.size(); ++place) {
     wait = WaitFor(ends[0]);
     if (wait != Wait::ANSWERED) break;
-    if (read(ends[0], &answers[place], sizeof answers[place]) != sizeof answers[place]) {
-      answers[place] = {FileSystemAnswer::FAILED, EIO, {}};
+    if (read(ends[0], &replies[place], sizeof replies[place]) != sizeof replies[place]) {
+      replies[place] = {FileSystemReply::FAILED, EIO, {}};
       break;
     }
   }
@@ -102,7 +101,7 @@ size_t FileSystemProbe::AskFrom(size_t place, const std::vector<std::string>& mo
     return place;
   }
   leftBehind_.push_back({process, mountPoints[place]});
-  if (wait == Wait::TOO_LONG) answers[place].state = FileSystemAnswer::SILENT;
+  if (wait == Wait::TOO_LONG) replies[place].state = FileSystemReply::SILENT;
   return wait == Wait::TOO_LONG ? place + 1 : mountPoints.size();
 }
 

@@ -10,7 +10,7 @@
 
 namespace ozmo::record {
 
-struct FileSystemAnswer {
+struct FileSystemReply {
   enum State { GIVEN, FAILED, SILENT, NOT_WAITED_FOR };
   State state = NOT_WAITED_FOR;
   int reason = 0;             // errno, of FAILED
@@ -23,7 +23,7 @@ struct FileSystemAnswer {
 class FileSystemProbe {
  public:
   // A reply for each mount point, in their order. A signal that SleepUntil takes ends the wait.
-  std::vector<FileSystemAnswer> Ask(const std::vector<std::string>& mountPoints);
+  std::vector<FileSystemReply> Ask(const std::vector<std::string>& mountPoints);
 
  private:
   struct LeftBehind {
@@ -33,7 +33,7 @@ class FileSystemProbe {
 
   bool IsLeftBehind(const std::string& mountPoint) const;
   size_t AskFrom(size_t place, const std::vector<std::string>& mountPoints,
-                 std::vector<FileSystemAnswer>& answers);
+                 std::vector<FileSystemReply>& replies);
 
   std::vector<LeftBehind> leftBehind_;
 };

@@ -60,9 +60,9 @@ std::vector<MountedFileSystem> FileSystemsOnDisks(Notices& notices) {
 }
 
 // Empty for a reply that is given or has not been waited for.
-std::string ReasonOf(const FileSystemAnswer& answer) {
-  if (answer.state == FileSystemAnswer::FAILED) return std::strerror(answer.reason);
-  return answer.state == FileSystemAnswer::SILENT ? "doesn't respond" : "";
+std::string ReasonOf(const FileSystemReply& reply) {
+  if (reply.state == FileSystemReply::FAILED) return std::strerror(reply.reason);
+  return reply.state == FileSystemReply::SILENT ? "doesn't respond" : "";
 }
 
 std::string NotRecorded(const std::string& mountPoint, const std::string& reason) {
@@ -76,18 +76,18 @@ std::vector<host_file::FileSystemFigures> ReadFileSystems(FileSystemProbe& probe
   std::vector<std::string> mountPoints;
   mountPoints.reserve(mounted.size());
   for (const MountedFileSystem& mount : mounted) mountPoints.push_back(mount.mountPoint);
-  const std::vector<FileSystemAnswer> answers = probe.Ask(mountPoints);
+  const std::vector<FileSystemReply> replies = probe.Ask(mountPoints);
 
   std::vector<host_file::FileSystemFigures> fileSystems;
   std::set<std::string> seen;
   for (size_t i = 0; i < mounted.size(); ++i) {
     const auto& [device, mountPoint, identity] = mounted[i];
     if (seen.count(identity) != 0) continue;
-    if (const std::string reason = ReasonOf(answers[i]); !reason.empty()) {
+    if (const std::string reason = ReasonOf(replies[i]); !reason.empty()) {
       notices.SayOnce(NotRecorded(mountPoint, reason));
     }
-    const struct statvfs& figures = answers[i].figures;
-    if (answers[i].state != FileSystemAnswer::GIVEN || figures.f_blocks == 0) continue;
+    const struct statvfs& figures = replies[i].figures;
+    if (replies[i].state != FileSystemReply::GIVEN || figures.f_blocks == 0) continue;
     seen.insert(identity);
     fileSystems.push_back({device, mountPoint, figures.f_frsize, figures.f_blocks, figures.f_bfree,
                            figures.f_bavail, figures.f_files, figures.f_ffree});
