@@ -71,7 +71,7 @@ struct ProcessFigures {
   int32_t id = 0;
   int32_t parent = 0;
   uint64_t start = 0;     // ticks since boot; with the id it names the process, as ids are used again
-  bool hasEnded = false;  // and waits for its parent to take notice
+  bool hasEnded = false;  // its first thread has, or is about to; others may live on
   ProcessUse own;
   ProcessUse children;  // of those that have ended and were waited for, and of their children likewise
   uint64_t virtualBytes = 0;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <vector>
 
 #include "programs/host_file/ended_processes.h"
@@ -14,12 +15,14 @@ namespace ozmo::host_file {
 struct ProcessEnd {
   EndedProcess process;  // used from its begin to its end; its parent is the one that may wait for it
   bool wasSeen = false;  // in the reading at the begin of the interval; then it is one process
+  uint64_t tasks = 1;    // the threads of all of them
 };
 
 // The ends in an interval, and what is kept from interval to interval to go with them.
 struct ProcessEnds {
   bool areReported = false;
   std::vector<ProcessEnd> ends;
+  std::set<int32_t> shown;  // those of them that the reading at the end of the interval still shows
   // By parent: what the children that were recorded used, and hasn't come to light in the parent yet.
   std::map<int32_t, ProcessUse> unpaid;
 };
@@ -34,8 +37,8 @@ struct ProcessEnds {
 //
 // Where the kernel reports ends, `ends` has those that came after the reading `earlier`, up to a moment after
 // `later`. Their use becomes what they used in the interval, with the command of those that were seen, and
-// nothing of it is counted in a parent: what is left of the growth of its count are the ends whose reports
-// were lost.
+// nothing of it is counted in a parent. What is left of the growth of its count is in part what its children
+// used after their reports, which goes to them; the rest are ends whose reports were lost.
 //
 // A process that came in sight without having started since counts nothing in its first interval. Not seen,
 // unless ends are reported, is the use of ended processes whose parent doesn't wait for them because it

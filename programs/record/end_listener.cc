@@ -104,7 +104,8 @@ void EndListener::Begin(const std::vector<host_file::ProcessFigures>& living) {
     socket_ = nullptr;
     notices_.SayOnce("ended processes: " + failure + INSTEAD);
   }
-  sums_.Take(living, UserName);
+  host_file::ProcessEnds before;
+  sums_.Take(living, UserName, before);
 }
 
 EndListener::~EndListener() { nl_socket_free(socket_); }
@@ -172,7 +173,7 @@ void EndListener::EndReading(const std::vector<host_file::ProcessFigures>& livin
                              host_file::ProcessEnds& ends) {
   Drain();
   ends.areReported = IsListening();
-  ends.ends = sums_.Take(living, UserName);
+  sums_.Take(living, UserName, ends);
 }
 
 }  // namespace ozmo::record

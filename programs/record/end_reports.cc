@@ -1,15 +1,17 @@
 #include "programs/record/end_reports.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace ozmo::record {
 
 EndSums::Sum EndSums::SumOf(const EndReport& report) {
-  return {report.process, report.userTime, report.systemTime, report.minorFaults, report.majorFaults};
+  return {report.process, 1, report.userTime, report.systemTime, report.minorFaults, report.majorFaults};
 }
 
 void EndSums::Sum::Add(const Sum& other) {
   if (id == 0) id = other.id;
+  tasks += other.tasks;
   userTime += other.userTime;
   systemTime += other.systemTime;
   minorFaults += other.minorFaults;
@@ -35,6 +37,9 @@ void EndSums::AddEnd(const EndReport& report) {
     if (report.id != report.process && !before->second.name.empty()) name = before->second.name;
     threads_.erase(before);
   }
+  const auto place = static_cast<size_t>(report.process);
+  if (place >= reported_.size()) reported_.resize(place + 1);
+  reported_[place] = true;
   Key key{report.parent, report.user, std::move(name)};
   if (living_.erase(report.process) > 0) {
     seen_.emplace_back(std::move(key), sum);
@@ -64,6 +69,7 @@ host_file::ProcessEnd EndSums::EndOf(const Key& key, const Sum& sum, bool wasSee
   const auto& [parent, user, name] = key;
   host_file::ProcessEnd end;
   end.wasSeen = wasSeen;
+  end.tasks = sum.tasks;
   end.process.id = sum.id;
   end.process.parent = parent;
   end.process.image = parent == THREADS_OF_THE_KERNEL ? "[" + name.substr(0, name.find('/')) + "]" : name;
@@ -72,8 +78,12 @@ host_file::ProcessEnd EndSums::EndOf(const Key& key, const Sum& sum, bool wasSee
   return end;
 }
 
-std::vector<host_file::ProcessEnd> EndSums::Take(const std::vector<host_file::ProcessFigures>& living,
-                                                 std::string (*nameOf)(uint32_t user)) {
+bool EndSums::IsReported(int32_t process) const {
+  return static_cast<size_t>(process) < reported_.size() && reported_[static_cast<size_t>(process)];
+}
+
+void EndSums::Take(const std::vector<host_file::ProcessFigures>& living, std::string (*nameOf)(uint32_t user),
+                   host_file::ProcessEnds& ends) {
   std::set<int32_t> nowLiving;
   for (const host_file::ProcessFigures& process : living) {
     if (!process.hasEnded) nowLiving.insert(nowLiving.end(), process.id);
@@ -87,15 +97,20 @@ std::vector<host_file::ProcessEnd> EndSums::Take(const std::vector<host_file::Pr
       AddEnd(report);
     }
   }
-  std::vector<host_file::ProcessEnd> ends;
-  ends.reserve(sums_.size() + seen_.size());
-  for (const auto& [key, sum] : seen_) ends.push_back(EndOf(key, sum, true, nameOf));
-  for (const auto& [key, sum] : sums_) ends.push_back(EndOf(key, sum, false, nameOf));
+  ends.shown.clear();
+  for (const host_file::ProcessFigures& process : living) {
+    if (!process.hasEnded) continue;
+    (IsReported(process.id) ? ends.shown : nowLiving).insert(process.id);
+  }
+  ends.ends.clear();
+  ends.ends.reserve(sums_.size() + seen_.size());
+  for (const auto& [key, sum] : seen_) ends.ends.push_back(EndOf(key, sum, true, nameOf));
+  for (const auto& [key, sum] : sums_) ends.ends.push_back(EndOf(key, sum, false, nameOf));
   seen_.clear();
   sums_.clear();
+  reported_.assign(reported_.size(), false);
   living_ = std::move(nowLiving);
   for (const EndReport& report : next) AddEnd(report);
-  return ends;
 }
 
 }  // namespace ozmo::record

@@ -36,14 +36,15 @@ class EndSums {
   // reading shows alive belong to the next interval.
   void Hold() { holds_ = true; }
 
-  // The ends since the last call, by the names that `nameOf` gives to users. `living` is the reading that
-  // they go with: the ends to come of its processes are kept one by one.
-  std::vector<host_file::ProcessEnd> Take(const std::vector<host_file::ProcessFigures>& living,
-                                          std::string (*nameOf)(uint32_t user));
+  // Puts the ends since the last call into `ends`, by the names that `nameOf` gives to users. `living` is the
+  // reading that they go with: the ends to come of its processes are kept one by one.
+  void Take(const std::vector<host_file::ProcessFigures>& living, std::string (*nameOf)(uint32_t user),
+            host_file::ProcessEnds& ends);
 
  private:
   struct Sum {
     int32_t id = 0;  // of the first
+    uint64_t tasks = 0;
     uint64_t userTime = 0;
     uint64_t systemTime = 0;
     uint64_t minorFaults = 0;
@@ -59,6 +60,7 @@ class EndSums {
   static Sum SumOf(const EndReport& report);
   void AddEnd(const EndReport& report);
   void MoveUp(int32_t ended, int32_t parent);
+  bool IsReported(int32_t process) const;
   static host_file::ProcessEnd EndOf(const Key& key, const Sum& sum, bool wasSeen,
                                      std::string (*nameOf)(uint32_t user));
 
@@ -66,6 +68,7 @@ class EndSums {
   std::map<Key, Sum> sums_;
   std::vector<std::pair<Key, Sum>> seen_;
   std::set<int32_t> living_;
+  std::vector<bool> reported_;  // whether the process of that id has ended since the last call
   bool holds_ = false;
   std::vector<EndReport> held_;
 };

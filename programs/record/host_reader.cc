@@ -124,6 +124,8 @@ std::string CommandOf(const pids_result* values) {
   return isLost ? name : commandLine;
 }
 
+constexpr unsigned long IS_EXITING = 0x00000004;  // as the kernel's PF_EXITING
+
 host_file::ProcessFigures ProcessOf(const pids_result* values, uint64_t pageBytes) {
   const auto ticks = [&](process::Place place) { return uint64_t{values[place].result.ull_int}; };
   const auto number = [&](process::Place place) { return uint64_t{values[place].result.ul_int}; };
@@ -140,7 +142,8 @@ host_file::ProcessFigures ProcessOf(const pids_result* values, uint64_t pageByte
                       number(process::MAJOR_ALL) - figures.own.majorFaults};
   figures.virtualBytes = number(process::VIRTUAL);
   figures.residentBytes = number(process::RESIDENT) * pageBytes;
-  figures.hasEnded = values[process::STATE].result.s_ch == 'Z';
+  figures.hasEnded =
+      values[process::STATE].result.s_ch == 'Z' || (values[process::FLAGS].result.ul_int & IS_EXITING) != 0;
   figures.command = CommandOf(values);
   figures.image = figures.command.starts_with('[') ? figures.command : values[process::NAME].result.str;
   figures.user = values[process::USER_NAME].result.str;

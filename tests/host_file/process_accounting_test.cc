@@ -69,13 +69,8 @@ TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
   }
 }
 
-ProcessEnd End(int32_t id, int32_t parent, uint64_t whole, bool wasSeen = false) {
-  return {{id, parent, "cc1", "ann", {whole, 0, 0, 0}, ""}, wasSeen};
-}
-
-ProcessFigures Zombie(ProcessFigures process) {
-  process.hasEnded = true;
-  return process;
+ProcessEnd End(int32_t id, int32_t parent, uint64_t whole, bool wasSeen = false, uint64_t tasks = 1) {
+  return {{id, parent, "cc1", "ann", {whole, 0, 0, 0}, ""}, wasSeen, tasks};
 }
 
 struct ReportedCase {
@@ -83,6 +78,7 @@ struct ReportedCase {
   std::vector<ProcessFigures> earlier;
   std::vector<ProcessFigures> later;
   std::vector<ProcessEnd> ends;
+  std::set<int32_t> shown;  // of the ended, by the later reading
   std::map<int32_t, uint64_t> unpaid;
   std::map<int32_t, uint64_t> used;   // of the living
   std::vector<uint64_t> usedByEnded;  // in the order of `ends`
@@ -91,10 +87,12 @@ struct ReportedCase {
 
 TEST(ProcessesSinceTest, ReportedEndsAreNotCountedAgainInTheirParents) {
   const ReportedCase cases[] = {
+      // of user time
       {"a child that was seen and one that wasn't; what no report explains is the parent's",
        {Process(5, 1, 0, 0), Process(6, 5, 70, 3)},
        {Process(5, 1, 1, 600)},
-       {End(6, 5, 100, true), End(7, 5, 400)},
+       {End(6, 5, 100, true, 0), End(7, 5, 400, false, 0)},
+       {},
        {},
        {{5, 98}},  // 1, and 600 less 103 and 400
        {30, 400},
@@ -103,30 +101,51 @@ TEST(ProcessesSinceTest, ReportedEndsAreNotCountedAgainInTheirParents) {
        {Process(5, 1, 0, 10)},
        {Process(5, 1, 0, 60)},
        {End(7, 5, 80)},
+       {},
        {{5, 20}},
        {{5, 0}},
        {80},
        {{5, 50}}},
       {"one that no one has waited for yet is paid when it is gone",
        {Process(5, 1, 0, 0), Process(6, 5, 50, 0)},
-       {Process(5, 1, 0, 0), Zombie(Process(6, 5, 90, 0)), Zombie(Process(8, 5, 30, 0, 2000))},
+       {Process(5, 1, 0, 0), Process(6, 5, 90, 0), Process(8, 5, 30, 0, 2000)},
        {End(6, 5, 90, true), End(8, 5, 30)},
+       {6, 8},
        {},
        {{5, 0}, {6, 0}, {8, 0}},
        {40, 30},
        {{5, 0}}},
       {"and has been then",
-       {Process(5, 1, 0, 0), Zombie(Process(6, 5, 90, 0))},
+       {Process(5, 1, 0, 0), Process(6, 5, 90, 0)},
        {Process(5, 1, 0, 90)},
+       {},
        {},
        {},
        {{5, 0}},
        {},
        {}},
+      {"what ended ones used after their reports is theirs by threads and pages, up to twice what is likely",
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 0), Process(9, 1, 0, 0)},
+       {Process(1, 0, 0, 0), Process(5, 1, 0, 140), Process(9, 1, 0, 200)},
+       {End(7, 6, 70, false, 50), End(8, 5, 0, false, 150), End(10, 9, 100, false, 10)},
+       {},
+       {},
+       {{1, 0}, {5, 0}, {9, 96}},  // of 60 and of 100; likely were 40 and 2
+       {85, 45, 104},
+       {{5, 0}, {6, 0}, {9, 0}}},
+      {"a process whose time the kernel divides anew",
+       {Process(1, 0, 0, 0), Process(6, 1, 80, 0)},
+       {Process(1, 0, 0, 100)},
+       {{{6, 1, "cc1", "ann", {70, 30, 0, 0}, ""}, true, 0}},
+       {},
+       {},
+       {{1, 0}},
+       {0},
+       {{1, 0}}},
   };
   for (const ReportedCase& row : cases) {
     SCOPED_TRACE(row.what);
-    ProcessEnds ends{true, row.ends, {}};
+    ProcessEnds ends{true, row.ends, row.shown, {}};
     for (const auto& [parent, use] : row.unpaid) ends.unpaid[parent].userTicks = use;
     std::map<int32_t, uint64_t> used;
     for (const ProcessFigures& process : ProcessesSince(row.earlier, 1000, row.later, ends)) {

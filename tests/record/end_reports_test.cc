@@ -13,12 +13,17 @@ EndReport Report(int32_t id, int32_t process, int32_t parent, bool endsProcess, 
 std::string NameOf(uint32_t user) { return user == 0 ? "root" : "?"; }
 
 // "image parent ticks faults" of each, those that were seen alive with a star.
-std::string TextOf(const std::vector<host_file::ProcessEnd>& ends) {
+// Then the ids of the ended that the reading still shows.
+std::string Take(EndSums& sums, const std::vector<host_file::ProcessFigures>& living) {
+  host_file::ProcessEnds ends;
+  sums.Take(living, NameOf, ends);
   std::string text;
-  for (const auto& [process, wasSeen] : ends) {
+  for (const auto& [process, wasSeen, tasks] : ends.ends) {
     text += process.image + (wasSeen ? "* " : " ") + std::to_string(process.parent) + " " +
             std::to_string(process.use.userTicks) + " " + std::to_string(process.use.minorFaults) + "\n";
+    EXPECT_EQ(tasks, process.use.minorFaults);  // each has one here
   }
+  for (const int32_t id : ends.shown) text += std::to_string(id) + "\n";
   return text;
 }
 
@@ -28,7 +33,7 @@ TEST(EndSums, AreByImageAndLivingParentAndByProcessForThoseThatWereSeen) {
   living[0].id = 10;
   living[1].id = 20;
   sums.Add(Report(1, 1, 0, true, "early", 90'000));
-  EXPECT_EQ(TextOf(sums.Take(living, NameOf)), "early 0 9 1\n");
+  EXPECT_EQ(Take(sums, living), "early 0 9 1\n");
 
   // Compilers of a shell that ends later; each is less than a tick.
   for (int id = 100; id < 200; ++id) sums.Add(Report(id, id, 50, true, "cc1", 4'000));
@@ -44,9 +49,24 @@ TEST(EndSums, AreByImageAndLivingParentAndByProcessForThoseThatWereSeen) {
   sums.Add(Report(20, 20, 1, true, "httpd", 10'000));
   sums.Add(Report(80, 80, 20, true, "cgi", 10'000));
   living.erase(living.begin());
-  EXPECT_EQ(TextOf(sums.Take(living, NameOf)),
+  EXPECT_EQ(Take(sums, living),
             "make* 1 5 1\n[kworker] 2 1 1\ncc1 10 40 100\njava 10 3 2\nsh 10 3 1\ncgi 20 1 1\n");
-  EXPECT_EQ(TextOf(sums.Take({}, NameOf)), "httpd* 1 8 2\n");
+  EXPECT_EQ(Take(sums, {}), "httpd* 1 8 2\n");
+}
+
+TEST(EndSums, OfProcessesThatAreShownAreThoseThatAReportWasMadeOf) {
+  EndSums sums;
+  std::vector<host_file::ProcessFigures> living(2);
+  living[0].id = 10;
+  living[1].id = 20;  // whose first thread has ended, and others go on
+  living[1].hasEnded = true;
+  sums.Add(Report(20, 20, 1, false, "server", 10'000));
+  EXPECT_EQ(Take(sums, living), "");
+  living[0].hasEnded = true;
+  sums.Add(Report(10, 10, 1, true, "cc1", 20'000));
+  EXPECT_EQ(Take(sums, living), "cc1* 1 2 1\n10\n");
+  sums.Add(Report(21, 20, 1, true, "worker", 30'000));
+  EXPECT_EQ(Take(sums, {}), "server* 1 4 2\n");
 }
 
 }  // namespace
