@@ -31,13 +31,22 @@ host_file::Configuration ConfigurationOf(const Sample& sample, int64_t stamp, in
   return configuration;
 }
 
-// How far the stamps of a file move, so that they are away from the ends of windows.
-int64_t ShiftOf(int64_t time, int64_t seconds) {
+// How far the stamps of a file move, so that they are away from the ends of windows. Those of short samples
+// may lie half a minute apart, so the first is in the second half of its window, which begins in the minute
+// after the sample does.
+int64_t ShiftOf(int64_t time, int64_t interval, int64_t length) {
   constexpr int64_t ENOUGH = 15;
-  const int64_t margin = std::min(seconds / 4, ENOUGH);
-  const int64_t place = time % seconds;
-  if (place < margin) return margin - place;
-  return place > seconds - margin ? seconds - margin - place : 0;
+  int64_t lowest = std::min(interval / 4, ENOUGH);
+  int64_t highest = interval - lowest;
+  if (interval == MINUTE && length != MINUTE) {
+    highest = std::min(length, MINUTE - CLOCK_SLACK) - 1;
+    lowest = std::min(std::max(length - MINUTE, HALF_MINUTE + CLOCK_SLACK), highest);
+  }
+  const int64_t place = time % interval;
+  if (place >= lowest && place <= highest) return 0;
+  const int64_t forward = (lowest - place + interval) % interval;
+  const int64_t back = (place - highest + interval) % interval;
+  return forward <= back ? forward : -back;
 }
 
 }  // namespace
@@ -52,14 +61,14 @@ class DayFile {
 
  private:
   Minutes::Sink Writer() {
-    return [this](const Sample& sample, int64_t interval, int64_t late) {
+    return [this](const Sample& sample, int64_t interval) {
       if (stamp_ != 0) return Write(sample, sample.time + shift_);
-      std::string failure = Open(sample, interval, late);
+      std::string failure = Open(sample, interval);
       stamp_ = sample.time + shift_;
       return failure;
     };
   }
-  std::string Open(const Sample& sample, int64_t interval, int64_t late);
+  std::string Open(const Sample& sample, int64_t interval);
   std::string Write(const Sample& sample, int64_t stamp);
   void Put(const std::string& bytes) { std::fwrite(bytes.data(), 1, bytes.size(), file_.stream()); }
 
@@ -78,13 +87,14 @@ std::string DayFile::Add(const Sample& sample) {
 }
 
 // Readers' windows keep the distance from the stamps that the first one has from the first stamp. With the
-// stamp of its due time, no sample of the file lies before its place; the second interval is longer by as
-// much.
-std::string DayFile::Open(const Sample& sample, int64_t interval, int64_t late) {
+// earliest stamp that the first may have, no sample of the file lies before its place; the second interval is
+// longer by as much.
+std::string DayFile::Open(const Sample& sample, int64_t interval) {
   std::string failure = file_.Open({.path = path_, .links = LinkRule::NEW, .mode = MODE, .onDisk = true});
   if (!failure.empty()) return failure;
-  shift_ = ShiftOf(sample.time - late, interval);
-  const int64_t stamp = sample.time - late + shift_;
+  const int64_t earliest = sample.time - CLOCK_SLACK;
+  shift_ = ShiftOf(earliest, interval, sample.seconds);
+  const int64_t stamp = earliest + shift_;
   stamp_ = stamp - sample.seconds;
   Put(host_file::HeadRecords(ConfigurationOf(sample, stamp, interval)) + host_file::TimeRecord(stamp_));
   return Write(sample, stamp);

@@ -19,7 +19,7 @@ class DayFile;
 //
 // Readers walk a file in windows that begin at whole multiples of the interval, ends included, so a sample on
 // such an end would count twice. The stamps of a file are moved away from there, by a quarter of an interval
-// and fifteen seconds at the most.
+// and fifteen seconds at the most, or by half a minute where samples are put together.
 class DayFiles {
  public:
   explicit DayFiles(std::string directory);

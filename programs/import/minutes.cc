@@ -8,11 +8,6 @@
 namespace ozmo::import {
 namespace {
 
-constexpr int64_t MINUTE = 60;
-constexpr int64_t HALF = MINUTE / 2;
-// Recorders wake up in time, but a stamp is cut to seconds.
-constexpr int64_t CLOCK_SLACK = 2;
-
 int64_t BeginOf(const Sample& sample) { return sample.time - sample.seconds; }
 
 // Clocks are read to a second.
@@ -26,40 +21,57 @@ Sample Join(const Sample& earlier, Sample later) {
   return later;
 }
 
-// When a sample is due that begins then: at the half of the next minute. A reader's first window is the
-// minute after the first time stamp, so it finds the sample there, also if its begin is moved by as much as
-// it is late.
-int64_t DueAfter(int64_t begin, int64_t mostLate) {
-  return ((begin - mostLate) / MINUTE + 1) * MINUTE + HALF;
+// Whether the first sample of a file is long enough: see ShiftOf in day_files.cc. Where it can be chosen, it
+// ends in the second half of a minute, as our recorder's do.
+bool IsFirst(const Sample& sample, int64_t lastLength) {
+  const bool canChoose = lastLength <= HALF_MINUTE;
+  return sample.seconds > HALF_MINUTE + 2 * CLOCK_SLACK &&
+         (!canChoose || sample.time % MINUTE >= HALF_MINUTE);
 }
 
 }  // namespace
 
+// The due times are each a minute after the one before, so that no two samples fall on the same.
+bool Minutes::IsComplete(const Sample& sample, int64_t lastLength) {
+  if (due_ == 0) {
+    if (!IsFirst(sample, lastLength)) return false;
+    due_ = sample.time - CLOCK_SLACK;
+  }
+  if (sample.time < due_) return false;
+  due_ += ((sample.time - due_) / MINUTE + 1) * MINUTE;
+  return true;
+}
+
 std::string Minutes::Add(const Sample& sample, const Sink& sink) {
   const Sample* before = open_ ? &*open_ : complete_ ? &*complete_ : nullptr;
-  const bool isShort = sample.seconds <= HALF;
+  // One of a minute may be early by more than the slack, or come after a short one.
+  const bool isPart = (open_ || sample.time < due_) && sample.seconds < 2 * MINUTE;
+  const bool isShort = sample.seconds < MINUTE || isPart;
   if (before != nullptr && (!isShort || !Follows(sample, *before))) {
     if (std::string failure = Finish(sink); !failure.empty()) return failure;
   }
-  if (!isShort) return sink(sample, sample.seconds, CLOCK_SLACK);
-  open_ = open_ ? Join(*open_, sample) : sample;
-  const int64_t late = sample.time - DueAfter(BeginOf(*open_), sample.seconds);
-  if (late < 0) return "";
+  Sample joined = open_ ? Join(*open_, sample) : sample;
+  const bool isComplete = IsComplete(joined, sample.seconds);
+  if (!isShort) return sink(sample, sample.seconds);
+  if (!isComplete) {
+    open_ = std::move(joined);
+    return "";
+  }
   std::string failure = HandOn(sink);
-  late_ = late;
-  complete_ = std::exchange(open_, std::nullopt);
+  open_.reset();
+  complete_ = std::move(joined);
   return failure;
 }
 
 std::string Minutes::HandOn(const Sink& sink) {
   if (!complete_) return "";
   const Sample sample = std::move(*std::exchange(complete_, std::nullopt));
-  return sink(sample, MINUTE, late_);
+  return sink(sample, MINUTE);
 }
 
 std::string Minutes::Finish(const Sink& sink) {
   std::optional<Sample> rest = std::exchange(open_, std::nullopt);
-  if (rest && !complete_) return sink(*rest, rest->seconds, 0);
+  if (rest && !complete_) return sink(*rest, due_ == 0 ? rest->seconds : MINUTE);
   if (rest) complete_ = Join(*complete_, std::move(*rest));
   return HandOn(sink);
 }

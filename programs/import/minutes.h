@@ -1,10 +1,10 @@
 // Samples of a minute, of a recording that has shorter ones.
 //
 // A point of a graph is a minute, and of the samples that end in it readers take the first: of a recording
-// each ten seconds five samples out of six would never be seen. So samples of half a minute or less are put
-// together. A sample begins where the one before ended, and ends with the first that reaches the half of a
-// minute, where stamps are well away from the ends of readers' windows. What is left at the end is part of
-// the last sample, so that is longer than a minute; the first may be shorter too.
+// each ten seconds five samples out of six would never be seen. So samples that are shorter than a minute are
+// put together. Once a minute a sample is due: it begins where the one before ended, and ends with the first
+// that reaches the due time. Of samples that are longer than half a minute it is one or two. What is left at
+// the end is part of the last sample, so that is longer than a minute.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +16,15 @@
 
 namespace ozmo::import {
 
+// Recorders wake up in time, but a stamp is cut to seconds: a sample may be early by as many.
+inline constexpr int64_t CLOCK_SLACK = 2;
+inline constexpr int64_t MINUTE = 60;
+inline constexpr int64_t HALF_MINUTE = MINUTE / 2;
+
 class Minutes {
  public:
-  // Takes a sample. `interval` is how far samples lie apart in seconds, and `late` how many seconds after its
-  // due time it may have been taken. Returns what went wrong, or nothing.
-  using Sink = std::function<std::string(const Sample& sample, int64_t interval, int64_t late)>;
+  // Takes a sample, and how far samples lie apart in seconds. Returns what went wrong, or nothing.
+  using Sink = std::function<std::string(const Sample& sample, int64_t interval)>;
 
   // Takes the samples of one host in the order of time, and hands on what is complete. Longer samples stay as
   // they are. Results are those of the sink.
@@ -29,9 +33,10 @@ class Minutes {
   [[nodiscard]] std::string Finish(const Sink& sink);
 
  private:
+  bool IsComplete(const Sample& sample, int64_t lastLength);
   std::string HandOn(const Sink& sink);
 
-  int64_t late_ = 0;                // of the complete one
+  int64_t due_ = 0;                 // the next sample; 0: there was none yet
   std::optional<Sample> complete_;  // held until the next one is, since a rest may follow
   std::optional<Sample> open_;
 };

@@ -32,13 +32,27 @@ std::string NoDataText(const DataDay& day, const DayRequest& request, ReaderKind
   return text + "; its first record is of " + TimeFormat(first, "%Y-%m-%d %H:%M:%S");
 }
 
+// The first second of a file's day. The first sample of a day may begin on the day before; the file has its
+// own in its name.
+Seconds DayOf(const std::string& path, Seconds firstRecord) {
+  constexpr Seconds HALF_A_DAY = Seconds{12} * 3600;  // the clock is set by an hour at most
+  const Seconds day = ClockOfDay(firstRecord, 0, 0, 0);
+  const Seconds next = ClockOfDay(ClockOfDay(day, 23, 59, 59) + HALF_A_DAY, 0, 0, 0);
+  const std::string name = path.substr(path.rfind('/') + 1);
+  const auto isNamed = [&](Seconds date) {
+    return name.find(TimeFormat(date, "%Y%b%d")) != std::string::npos;
+  };
+  return !isNamed(day) && isNamed(next) ? next : day;
+}
+
 Span SpanOf(const DayRequest& request, Seconds firstRecord) {
   if (request.like && !request.begin) {
     const std::tm clock = TimeLocal(request.like->begin);
-    const Seconds begin = ClockOfDay(firstRecord, clock.tm_hour, clock.tm_min, clock.tm_sec);
+    const Seconds day = DayOf(request.dataFile, firstRecord);
+    const Seconds begin = ClockOfDay(day, clock.tm_hour, clock.tm_min, clock.tm_sec);
     return {begin, begin + (request.like->end - request.like->begin)};
   }
-  const Seconds begin = request.begin.value_or(ClockOfDay(firstRecord, 0, 0, 0));
+  const Seconds begin = request.begin.value_or(DayOf(request.dataFile, firstRecord));
   return {begin, request.end.value_or(ClockOfDay(begin, 23, 59, 59))};
 }
 

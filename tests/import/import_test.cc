@@ -182,26 +182,28 @@ TEST(WholeDisksTest, NothingIsCountedTwice) {
   EXPECT_EQ(text, "sda sdb1 sdaa nvme0n1 nvme0n12 mdisk p1 0p1 ");
 }
 
-// Each sample as its end, its length, and what it is late by, with the ticks of a processor that has one a
-// second.
+// Each sample as its end and its length, with the ticks of a processor that has one a second.
 TEST(MinutesTest, ShortSamplesBecomeMinutes) {
   struct Case {
     std::vector<std::pair<int64_t, int64_t>> samples;  // end and length
     const char* minutes;
   };
   const Case cases[] = {
-      {{{600, 600}, {660, 60}, {691, 31}}, "600/600+2=600 660/60+2=60 691/31+2=31 "},  // long enough
+      {{{600, 600}, {660, 60}, {719, 59}}, "600/600=600 660/60=60 719/59=59 "},  // a minute, with its slack
       {{{625, 20}, {645, 20}, {665, 20}, {685, 20}, {705, 20}, {725, 20}, {745, 20}, {765, 20}, {770, 5}},
-       "645/40+15=40 705/60+15=60 770/65+15=65 "},  // what is left at the end counts with the last
-      {{{640, 10}, {650, 10}}, "650/20+0=20 "},
+       "645/40=40 705/60=60 770/65=65 "},  // what is left at the end counts with the last
+      {{{640, 10}, {650, 10}}, "650/20=20 "},
       {{{690, 30}, {720, 30}, {900, 30}, {1500, 600}, {1510, 10}, {1505, 5}},
-       "720/60+0=60 900/30+0=30 1500/600+2=600 1510/10+0=10 1505/5+0=5 "},  // a gap, a long one, an older one
+       "720/60=60 900/30=30 1500/600=600 1510/10=10 1505/5=5 "},  // a gap, a long one, an older one
+      {{{645, 45}, {690, 45}, {735, 45}, {780, 45}, {825, 45}, {870, 45}},
+       "645/45=45 735/90=90 780/45=45 870/90=90 "},
+      {{{631, 31}, {662, 31}, {693, 31}, {724, 31}, {755, 31}}, "662/62=62 755/93=93 "},
   };
   for (const Case& one : cases) {
     std::string text;
-    const Minutes::Sink sink = [&](const Sample& sample, int64_t interval, int64_t late) {
-      text += std::to_string(sample.time) + "/" + std::to_string(sample.seconds) + "+" +
-              std::to_string(late) + "=" + std::to_string(sample.figures.processors[0].user) + " ";
+    const Minutes::Sink sink = [&](const Sample& sample, int64_t interval) {
+      text += std::to_string(sample.time) + "/" + std::to_string(sample.seconds) + "=" +
+              std::to_string(sample.figures.processors[0].user) + " ";
       EXPECT_GE(interval, std::min<int64_t>(sample.seconds, 60));
       return "";
     };

@@ -26,6 +26,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* REPORT = OZMO_BINARY_DIR "/ozmo_report";
+constexpr const char* IMPORT = OZMO_BINARY_DIR "/ozmo_import";
 constexpr const char* TOOL = OZMO_BINARY_DIR "/ozmo_graph";
 const std::map<std::string, std::string> ENVIRONMENT = {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}};
 
@@ -104,6 +105,20 @@ TEST_P(ReportCsv, FilesHoldTheBytesThatTheToolWrites) {
         TOOL);
     EXPECT_EQ(tables[title].count(ReadWholeFile(Path("graph.csv"))), 1U) << title;
   }
+}
+
+// 1329868800 is the midnight before the day in the file's name.
+TEST_F(Report, TheFirstSampleOfADayMayBeginOnTheDayBefore) {
+  std::ofstream text(Path("text"));
+  for (const char* time : {"1329869100", "1329869700", "1329870300"}) {
+    text << "cpu web " << time << " 2012/02/22 00:05:00 600 100 0 1 6000 1 54000 1 1 1\nSEP\n";
+  }
+  text.close();
+  const ProcessResult imported = Run({"text"}, IMPORT);
+  ASSERT_EQ(imported.standardOutput, "./qtxl_web_2012Feb22.dat_1\n") << imported.standardError;
+  const ProcessResult listed = Run({"qtxl_web_2012Feb22.dat_1", "--list"});
+  EXPECT_EQ(listed.exitStatus, 0) << listed.standardError;
+  EXPECT_NE(listed.standardOutput.find("Overall CPU Utilization"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ReportCsv,
