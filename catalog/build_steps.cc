@@ -83,7 +83,8 @@ void BuildSteps::SetProcessSink(ProcessSink sink) {
   processSink_ = std::move(sink);
   if (!processSink_) return;
   processes_.KeepShares();
-  for (const RecordKind kind : {RecordKind::PROCESS_USERS, RecordKind::PROCESS_FAULTS, RecordKind::DETAILS}) {
+  for (const RecordKind kind : {RecordKind::PROCESS_USERS, RecordKind::PROCESS_SIZES,
+                                RecordKind::PROCESS_FAULTS, RecordKind::DETAILS}) {
     needs_.records.Add(kind);
   }
 }
@@ -97,7 +98,9 @@ void BuildSteps::RunPasses(const Minute& minute, VmrContext& interval) {
   if (needs_.Has(PassKind::FILE_SYSTEMS)) fileSystems_.Run(minute, interval);
   if (needs_.Has(PassKind::ADAPTERS)) adapters_.Run(minute, interval);
   if (needs_.Has(PassKind::PROCESSES)) platform_.processes(processes_, minute, interval, processors, length_);
-  if (processSink_) processes_.GiveShares(minute, platform_.topLists.images.isRescaled, processSink_);
+  if (processSink_) {
+    processes_.GiveShares(minute, ConfigOf(interval), platform_.topLists.images.isRescaled, processSink_);
+  }
   if (needs_.Has(PassKind::PROTOCOLS)) platform_.protocols(minute, interval);
   if (needs_.Has(PassKind::PARTITION)) platform_.partition(minute, interval);
   processorsSeenLast_ = processors.seen;

@@ -74,8 +74,8 @@ struct ProcessorSpec {
   bool setsFromConfiguration = false;   // the first interval makes one set for each configured processor
 };
 
-// Figures of a process in an interval, for the views; below 0 where they aren't known. Null: the format
-// hasn't got them.
+// Figures of a process in an interval, for the views and for tables of processes; below 0 where they aren't
+// known. Null: the format hasn't got them.
 struct ProcessFigures {
   using Figure = double (*)(const ProcessRecord& process, const SystemConfig& config);
   Figure residentMb = nullptr;

@@ -125,14 +125,15 @@ void ProcessPass::Observe(const Minute& minute, const ProcessRecord& process, do
   if (keepsShares_) keptShares_.emplace_back(&process, share);
 }
 
-void ProcessPass::GiveShares(const Minute& minute, bool isScaled, const ProcessSink& sink) {
+void ProcessPass::GiveShares(const Minute& minute, const SystemConfig& config, bool isScaled,
+                             const ProcessSink& sink) {
   double scale = 1.0;
   if (const Series* overallCpu = minute.catalog.FindSeries(Graph::OVERALL_CPU, 0); isScaled && overallCpu) {
     const double overall = static_cast<double>(PointAt(*overallCpu, minute.point));
     const double sum = static_cast<double>(PointAt(shareSum_, minute.point));
     if (overall >= 0.0 && sum > 0.0) scale = overall / sum;
   }
-  for (const auto& [process, share] : keptShares_) sink(minute, *process, share * scale);
+  for (const auto& [process, share] : keptShares_) sink(minute, config, *process, share * scale);
   keptShares_.clear();
 }
 

@@ -70,14 +70,15 @@ struct ShareBasis {
 // Percent of the machine that a process took in the interval.
 using ShareRule = double (*)(const ProcessRecord& process, const ShareBasis& basis);
 
-// Figures for the views, as most formats have them.
+// Figures of memory and page faults, as most formats have them.
 double MbOfKilobytes(const ProcessRecord& process, const SystemConfig& config);
 double FaultRates(const ProcessRecord& process, const SystemConfig& config);     // of minor and major faults
 double PageFaultRate(const ProcessRecord& process, const SystemConfig& config);  // one rate of both
 
 // Gets each process of an interval that has a share, with that share as the graph of images shows it: percent
 // of the machine.
-using ProcessSink = std::function<void(const Minute& minute, const ProcessRecord& process, double percent)>;
+using ProcessSink = std::function<void(const Minute& minute, const SystemConfig& config,
+                                       const ProcessRecord& process, double percent)>;
 
 // The images and users seen so far, and the sum of the shares.
 class ProcessPass {
@@ -104,7 +105,7 @@ class ProcessPass {
   // Keeps the shares of the interval that is worked in for GiveShares.
   void KeepShares() { keepsShares_ = true; }
   // Gives the shares kept, scaled as NormalizeProcessSeries does it where images are, and forgets them.
-  void GiveShares(const Minute& minute, bool isScaled, const ProcessSink& sink);
+  void GiveShares(const Minute& minute, const SystemConfig& config, bool isScaled, const ProcessSink& sink);
 
   const ProcessDetail& detail() const { return detail_; }
   const ViewPass& views() const { return views_; }

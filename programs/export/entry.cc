@@ -1,8 +1,11 @@
 #include "programs/export/entry.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "programs/export/export.h"
+#include "programs/report/foreign.h"
+#include "programs/report/page.h"
 #include "runtime/console.h"
 #include "runtime/memory.h"
 #include "runtime/terminal_text.h"
@@ -16,13 +19,13 @@ constexpr int USAGE_STATUS = 2;
 
 constexpr const char* PROGRAM = "ozmo_export";
 
-int Export(const Options& options) {
+int Export(const Options& options, const std::string& scratch) {
   Runtime runtime;
   MemAttach(runtime, FAILED_STATUS);
-  const ExportResult result = ExportFiles(PROGRAM, options, runtime);
+  const ExportResult result = ExportFiles(PROGRAM, options, scratch, runtime);
   MemDetach();
-  std::printf("%s: %d %s of a host\n", PrintableText(options.directory).c_str(), result.days,
-              result.days == 1 ? "day" : "days");
+  std::printf("%s: %s of %s\n", PrintableText(options.directory).c_str(),
+              report::CountText(result.days, "day").c_str(), result.days == 1 ? "a host" : "hosts");
   return result.isWhole ? DONE_STATUS : FAILED_STATUS;
 }
 
@@ -45,7 +48,9 @@ int ExportEntry(int argc, char* const argv[]) {
     case Action::EXPORT:
       break;
   }
-  return Export(parsed.options);
+  const Options& options = parsed.options;
+  if (std::ranges::none_of(options.dataFiles, report::IsForeign)) return Export(options, "");
+  return report::RunInScratch(PROGRAM, [&](const std::string& scratch) { return Export(options, scratch); });
 }
 
 }  // namespace ozmo::exporting

@@ -5,12 +5,15 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "programs/export/processes.h"
+#include "programs/report/foreign.h"
 #include "programs/report/quiet_reading.h"
 #include "readers/file_set.h"
 #include "runtime/console.h"
+#include "runtime/output_directory.h"
 #include "runtime/text.h"
 #include "runtime/whole_file.h"
 
@@ -27,15 +30,17 @@ class DayExport {
       : format_(*options.format), output_(options.directory), path_(path), runtime_(runtime) {}
 
   // Returns what went wrong, as all that follow. `claim` returns why the day's partition can't be had.
-  std::string Write(const std::function<std::string(const std::string&)>& claim) {
+  std::string Write(const std::function<std::string(const std::string& partition)>& claim) {
     report::DayRequest request{.dataFile = path_};
     request.begun = [&](const report::DataDay& day) {
       std::string failure = claim(PartitionOf(day.begin, day.node));
       return failure.empty() ? Begin(day) : failure;
     };
     if (format_.hasProcesses) {
-      request.processes = [&](const Minute& minute, const ProcessRecord& process, double percent) {
-        processes_->Write(minute.catalog.spanStart + minute.point * SECONDS_PER_MINUTE, process, percent);
+      request.processes = [&](const Minute& minute, const SystemConfig& config, const ProcessRecord& process,
+                              double percent) {
+        const Seconds time = minute.catalog.spanStart + minute.point * SECONDS_PER_MINUTE;
+        processes_->Write(time, config, process, percent);
       };
     }
     const report::DayResult read = report::ReadDay(request, runtime_);
@@ -100,6 +105,79 @@ bool IsReadAlready(const std::string& path, const Runtime& runtime) {
   return file && std::ranges::find(runtime.inputs, *file) != runtime.inputs.end();
 }
 
+class Exporter {
+ public:
+  Exporter(const char* program, const Options& options, const std::string& scratch, Runtime& runtime)
+      : program_(program), options_(options), scratch_(scratch), runtime_(runtime) {}
+
+  ExportResult Run() {
+    if (const std::string failure = MakeOutputDirectory(options_.directory); !failure.empty()) {
+      Fail(failure);
+      return result_;
+    }
+    for (const std::string& path : options_.dataFiles) {
+      if (IsReadAlready(path, runtime_)) continue;
+      if (report::IsForeign(path)) {
+        ExportRecording(path);
+      } else {
+        ExportDay(path, path);
+      }
+    }
+    return result_;
+  }
+
+ private:
+  // A day file that the user knows as `source`.
+  void ExportDay(const std::string& path, const std::string& source) {
+    std::string failure;
+    const std::vector<std::string> problems = report::RunQuietly({program_, source}, runtime_, [&] {
+      failure = DayExport(options_, path, runtime_).Write([&](const std::string& partition) {
+        const auto [earlier, isNew] = sources_.try_emplace(partition, source);
+        if (isNew) return std::string();
+        return std::string(source)
+            .append(": ")
+            .append(partition + " is exported from ")
+            .append(earlier->second + " already");
+      });
+    });
+    if (failure.empty()) {
+      ++result_.days;
+    } else {
+      // A failure of a file that was made for this run is one of what it was made of.
+      Fail(failure.starts_with(path) ? source + failure.substr(path.size()) : failure);
+    }
+    if (!problems.empty()) result_.isWhole = false;
+  }
+
+  // The days of another program's recording. Their files are inputs for as long as they are there.
+  void ExportRecording(const std::string& recording) {
+    if (!recordings_.insert(report::RecordingOf(recording)).second) return;
+    NoteInput(runtime_, IdentityOf(recording));
+    const report::ImportedFiles imported = report::ImportForeign(program_, recording, scratch_);
+    if (!imported.failure.empty()) Fail(imported.failure);
+    const size_t inputs = runtime_.inputs.size();
+    for (const std::string& path : imported.paths) {
+      ExportDay(path, recording);
+      std::error_code error;
+      std::filesystem::remove(path, error);
+    }
+    runtime_.inputs.resize(inputs);
+  }
+
+  void Fail(const std::string& text) {
+    Complain(program_, text);
+    result_.isWhole = false;
+  }
+
+  const char* program_;
+  const Options& options_;
+  const std::string& scratch_;
+  Runtime& runtime_;
+  ExportResult result_;
+  std::set<std::string> recordings_;
+  std::map<std::string, std::string> sources_;  // by partition
+};
+
 }  // namespace
 
 std::string PartitionOf(Seconds day, std::string_view host) {
@@ -119,27 +197,9 @@ std::string PartitionOf(Seconds day, std::string_view host) {
   return "day=" + TimeFormat(day, "%Y-%m-%d") + "/host=" + (name.empty() ? std::string(NO_NAME) : name);
 }
 
-ExportResult ExportFiles(const char* program, const Options& options, Runtime& runtime) {
-  ExportResult result;
-  std::map<std::string, std::string> sources;  // data file by partition
-  for (const std::string& path : options.dataFiles) {
-    if (IsReadAlready(path, runtime)) continue;
-    std::string failure;
-    const std::vector<std::string> problems = report::RunQuietly({program, path}, runtime, [&] {
-      failure = DayExport(options, path, runtime).Write([&](const std::string& partition) {
-        const auto [earlier, isNew] = sources.try_emplace(partition, path);
-        if (isNew) return std::string();
-        return std::string(path)
-            .append(": ")
-            .append(partition + " is exported from ")
-            .append(earlier->second + " already");
-      });
-    });
-    if (!failure.empty()) Complain(program, failure);
-    if (failure.empty()) ++result.days;
-    if (!failure.empty() || !problems.empty()) result.isWhole = false;
-  }
-  return result;
+ExportResult ExportFiles(const char* program, const Options& options, const std::string& scratch,
+                         Runtime& runtime) {
+  return Exporter(program, options, scratch, runtime).Run();
 }
 
 }  // namespace ozmo::exporting

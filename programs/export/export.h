@@ -14,8 +14,10 @@ struct ExportResult {
   bool isWhole = true;  // false: there was a line of `program` on standard error
 };
 
-// Goes on after a file that fails.
-ExportResult ExportFiles(const char* program, const Options& options, Runtime& runtime);
+// Goes on after a file that fails. Recordings of other programs are imported into `scratch`, one at a time;
+// it is empty where there are none.
+ExportResult ExportFiles(const char* program, const Options& options, const std::string& scratch,
+                         Runtime& runtime);
 
 // "day=2012-02-22/host=forge": what a path of that day and host ends with. A byte of the name that isn't a
 // letter or digit of ASCII, ".", "_" or "-" is written as % and two hexadecimal digits, which readers of such

@@ -77,8 +77,8 @@ std::string HelpText() {
          "  -h, --help\n"
          "      --version\n"
          "\n"
-         "A FILE is a data file of any kind, and is taken as its day. Files of an earlier export are "
-         "replaced.\n"
+         "A FILE is a data file of any kind, and is taken as its day, or a recording of atop, sysstat or\n"
+         "Performance Co-Pilot. Files of an earlier export are replaced.\n"
          "Days are local, times in the files are in UTC.\n"
          "Status: 0 done, 1 a failure, 2 usage.\n";
 }

@@ -1,7 +1,9 @@
 #include "programs/export/processes.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "catalog/platforms.h"
 #include "catalog/processes.h"
 #include "programs/export/csv_cells.h"
 #include "programs/export/traces.h"
@@ -11,57 +13,36 @@ namespace {
 
 constexpr int CPU_DECIMALS = 4;
 constexpr int FAULT_DECIMALS = 2;
-constexpr int BYTES_PER_KILOBYTE = 1024;
+constexpr double KB_PER_MB = 1024.0;
 
-// Where they are per second already.
-double FaultsOfTwoKinds(const ProcessRecord& process) {
-  return static_cast<double>(process.minorFaults) + static_cast<double>(process.majorFaults);
-}
+std::string NumberOf(int32_t number) { return std::to_string(number); }
 
-// Where the files of a kind have what a column shows.
+// Where the files of a kind have what a column shows. Memory and page faults are where the graphs have them.
 struct ProcessColumns {
   ReaderKind kind;
   std::string (*parent)(const ProcessRecord&) = nullptr;  // null: they don't have it
   bool hasUser = true;
-  int residentDivisor = 1;                           // to kilobytes
-  double (*faults)(const ProcessRecord&) = nullptr;  // page faults of all kinds per second
 };
 
 constexpr ProcessColumns COLUMNS[] = {
-    {.kind = ReaderKind::SOLARIS,
-     .parent = [](const ProcessRecord& process) { return process.idText; },
-     .faults =
-         [](const ProcessRecord& process) {
-           return static_cast<double>(process.pageFaultsPerSecond) + static_cast<double>(process.rates[2]);
-         }},
-    {.kind = ReaderKind::LINUX,
-     .parent = [](const ProcessRecord& process) { return std::to_string(process.processIdB); },
-     .faults =
-         [](const ProcessRecord& process) {
-           return FaultsOfTwoKinds(process) / static_cast<double>(process.elapsedSeconds);
-         }},
-    {.kind = ReaderKind::AIX,
-     .parent = [](const ProcessRecord& process) { return std::to_string(process.processIdB); },
-     .faults = FaultsOfTwoKinds},
-    {.kind = ReaderKind::HPUX,
-     .parent = [](const ProcessRecord& process) { return std::to_string(process.processIdC); },
-     .residentDivisor = BYTES_PER_KILOBYTE,
-     .faults = FaultsOfTwoKinds},
-    {.kind = ReaderKind::TRU64,
-     .parent = [](const ProcessRecord& process) { return std::to_string(process.processIdB); },
-     .faults =
-         [](const ProcessRecord& process) {
-           return static_cast<double>(process.rates[0] + process.rates[1]) /
-                  static_cast<double>(process.elapsedSeconds);
-         }},
-    {.kind = ReaderKind::VMR,
-     .hasUser = false,
-     .residentDivisor = BYTES_PER_KILOBYTE,
-     .faults = [](const ProcessRecord& process) { return static_cast<double>(process.pageFaultsPerSecond); }},
+    {ReaderKind::SOLARIS, [](const ProcessRecord& process) { return process.idText; }},
+    {ReaderKind::LINUX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
+    {ReaderKind::AIX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
+    {ReaderKind::HPUX, [](const ProcessRecord& process) { return NumberOf(process.processIdC); }},
+    {ReaderKind::TRU64, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
+    {.kind = ReaderKind::VMR, .hasUser = false},
 };
 
 const ProcessColumns& ColumnsOf(ReaderKind kind) {
   return *std::ranges::find(COLUMNS, kind, &ProcessColumns::kind);
+}
+
+// A figure of a process, absent where the kind or this file doesn't have it.
+std::optional<double> FigureOf(ProcessFigures::Figure figure, const ProcessRecord& process,
+                               const SystemConfig& config) {
+  if (figure == nullptr) return std::nullopt;
+  const double value = figure(process, config);
+  return value >= 0.0 ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace
@@ -71,21 +52,26 @@ ProcessTable::ProcessTable(std::FILE* stream, ReaderKind kind, const std::string
   std::fputs("ts,host,pid,parent,user,image,command,cpu,resident,faults\n", stream_);
 }
 
-void ProcessTable::Write(Seconds time, const ProcessRecord& process, double percent) {
+void ProcessTable::Write(Seconds time, const SystemConfig& config, const ProcessRecord& process,
+                         double percent) {
   const ProcessColumns& columns = ColumnsOf(kind_);
+  const ProcessFigures& figures = PlatformOf(kind_).processSpec.figures;
   line_ = UtcText(time);
   const auto add = [this](const std::string& cell) { (line_ += ',') += cell; };
   add(hostCell_);
-  add(std::to_string(process.processId));
+  add(NumberOf(process.processId));
   add(columns.parent == nullptr ? "" : columns.parent(process));
   add(columns.hasUser ? CsvCell(process.userName) : "");
   add(CsvCell(ImageOfCommand(process.name)));
   add(CsvCell(process.name));
   add("");
   AppendNumber(line_, percent, CPU_DECIMALS);
-  add(std::to_string(process.sizeResident / columns.residentDivisor));
+  const std::optional<double> residentMb = FigureOf(figures.residentMb, process, config);
+  add(residentMb ? std::to_string(static_cast<int64_t>(*residentMb * KB_PER_MB)) : "");
   add("");
-  AppendNumber(line_, columns.faults(process), FAULT_DECIMALS);
+  if (const auto faults = FigureOf(figures.pageFaults, process, config)) {
+    AppendNumber(line_, *faults, FAULT_DECIMALS);
+  }
   line_ += '\n';
   std::fwrite(line_.data(), 1, line_.size(), stream_);
 }

@@ -15,7 +15,7 @@ class ProcessTable {
   ProcessTable(std::FILE* stream, ReaderKind kind, const std::string& host);
 
   // Writes a process's line. What the kind's files don't have is empty.
-  void Write(Seconds time, const ProcessRecord& process, double percent);
+  void Write(Seconds time, const SystemConfig& config, const ProcessRecord& process, double percent);
 
  private:
   std::FILE* stream_;

@@ -14,6 +14,7 @@
 #include "programs/report/page.h"
 #include "runtime/console.h"
 #include "runtime/identity.h"
+#include "runtime/output_directory.h"
 #include "runtime/terminal_text.h"
 #include "runtime/whole_file.h"
 
@@ -24,6 +25,12 @@ enum Status { DONE = 0, FAILED = 1, USAGE = 2, OVER_LIMIT = 3 };
 
 void Say(const std::string& text) { Complain("ozmo_fleet", text); }
 
+std::string FilesText(size_t files) { return report::CountText(static_cast<int>(files), "data file"); }
+
+std::string DaysText(size_t days) {
+  return report::CountText(static_cast<int>(days), "day") + (days == 1 ? " of a host" : " of hosts");
+}
+
 // Shows how far the work has come and how long the rest will take, on a terminal only.
 class Progress {
  public:
@@ -33,7 +40,7 @@ class Progress {
   void Show(size_t done, size_t all) {
     if (isatty(STDERR_FILENO) != 1) return;
     isBegun_ = true;
-    std::fprintf(stderr, "\r\033[K%zu of %zu data files%s ", done, all, Left(done, all).c_str());
+    std::fprintf(stderr, "\r\033[K%zu of %s%s ", done, FilesText(all).c_str(), Left(done, all).c_str());
   }
 
  private:
@@ -53,12 +60,14 @@ class Progress {
   bool isBegun_ = false;
 };
 
-// Directories that the run needs; returns what went wrong.
-std::string MakeDirectories(const GatherRequest& request) {
+// Makes the directories that the run needs, and looks for those of its files; returns what went wrong.
+std::string PrepareOutput(const Options& options, const GatherRequest& request) {
+  for (const std::string& file : {options.pageFile, options.tableFile}) {
+    if (std::string failure = CheckDirectoryOf(file); !failure.empty()) return failure;
+  }
   for (const std::string& directory : {request.keptDirectory, request.pagesDirectory}) {
-    std::error_code error;
-    if (!directory.empty()) std::filesystem::create_directories(directory, error);
-    if (error) return directory + ": " + error.message();
+    if (directory.empty()) continue;
+    if (std::string failure = MakeOutputDirectory(directory); !failure.empty()) return failure;
   }
   return "";
 }
@@ -93,9 +102,9 @@ std::string WriteFiles(const Options& options, const Inputs& inputs, const Fleet
                                   "ozmo_fleet " + ProductIdentityInit().versionText);
   std::string failure = WriteWholeFile({.path = options.pageFile, .inputs = read}, page);
   if (!failure.empty()) return failure;
-  std::printf("%s: %zu hosts and days, %zu of %zu data files were new, %s\n",
-              PrintableText(options.pageFile).c_str(), fleet.hosts.size(), fleet.workedOut,
-              fleet.workedOut + fleet.kept, report::SizeText(page.size()).c_str());
+  std::printf("%s: %s, %zu new of %s, %s\n", PrintableText(options.pageFile).c_str(),
+              DaysText(fleet.hosts.size()).c_str(), fleet.workedOut,
+              FilesText(fleet.workedOut + fleet.kept).c_str(), report::SizeText(page.size()).c_str());
   return "";
 }
 
@@ -121,12 +130,13 @@ Status Show(const Options& options) {
                                : std::max(1, static_cast<int>(std::thread::hardware_concurrency())),
       .progress = {}};
   const Inputs inputs = FindInputs(options.inputs);
-  if (std::string failure = MakeDirectories(request); !failure.empty()) {
+  if (std::string failure = PrepareOutput(options, request); !failure.empty()) {
     Say(failure);
     return FAILED;
   }
   Fleet fleet = GatherAll(inputs, request);
   fleet.problems.insert(fleet.problems.begin(), inputs.problems.begin(), inputs.problems.end());
+  for (const std::string& note : fleet.notes) Say(note);
   for (const std::string& problem : fleet.problems) Say(problem);
   if (inputs.steppedOver > 0)
     Say(report::CountText(inputs.steppedOver, "file") + " stepped over: no data by name");

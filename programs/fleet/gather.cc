@@ -53,6 +53,11 @@ Work WorkOf(const Day& day) {
 // Also where no page is asked for.
 bool HasItsPage(const Day& day) { return day.page.empty() || access(day.page.c_str(), F_OK) == 0; }
 
+// Most lines name the file already.
+std::string LineOf(const std::string& path, const std::string& text) {
+  return text.find(path) == std::string::npos ? path + ": " + text : text;
+}
+
 class Gatherer {
  public:
   explicit Gatherer(const GatherRequest& request) : request_(request) {}
@@ -96,6 +101,7 @@ class Gatherer {
   Fleet Finish() {
     for (auto& [key, host] : hosts_) fleet_.hosts.push_back(std::move(host.host));
     std::ranges::sort(fleet_.problems);
+    std::ranges::sort(fleet_.notes);
     return std::move(fleet_);
   }
 
@@ -105,9 +111,8 @@ class Gatherer {
     std::string path;
   };
 
-  // Most lines name the file already.
   void Problem(const std::string& path, const std::string& text) {
-    fleet_.problems.push_back(text.find(path) == std::string::npos ? path + ": " + text : text);
+    fleet_.problems.push_back(LineOf(path, text));
   }
 
   void Add(Summary summary, const std::string& page, const std::string& path) {
@@ -117,10 +122,11 @@ class Gatherer {
     if (!isNew) Problem(path, what + " is there already, from " + there->second.path);
   }
 
-  // What came with complaints isn't kept: the next run says them again.
+  // What failed in part isn't kept: the next run says it again.
   std::optional<Summary> SummaryOf(const Day& day, const WorkResult& result) {
     const std::string& path = day.data->path;
-    for (const std::string& complaint : result.complaints) Problem(path, complaint);
+    std::vector<std::string>& lines = result.status == 0 ? fleet_.notes : fleet_.problems;
+    for (const std::string& complaint : result.complaints) lines.push_back(LineOf(path, complaint));
     SummariesResult read = report::ReadSummaries(result.output);
     if (read.summaries.size() != 1 || !read.wrong.empty()) {
       if (result.complaints.empty()) Problem(path, "no summary came of it");

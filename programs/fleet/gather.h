@@ -21,6 +21,7 @@ struct GatherRequest {
 struct Fleet {
   std::vector<Host> hosts;            // in the order of their names and days, each once
   std::vector<std::string> problems;  // a line each: what couldn't be read, or is there twice
+  std::vector<std::string> notes;     // a line each: what was said of files that were read all the same
   size_t workedOut = 0;
   size_t kept = 0;
 };

@@ -84,7 +84,7 @@ class InputList {
     }
     if (BeginsAsSummary(path)) return TakeSummary(path);
     const std::optional<DayName> name = DayNameOf(path);
-    if (!name) return TakeData(path, path, 0);
+    if (!name) return TakeRecording(path);
     // The day's other files are beside it.
     const std::string directory = DirectoryOf(path);
     ListOnce(directory.empty() && !path.starts_with('/') ? "."
@@ -109,6 +109,13 @@ class InputList {
   }
   void TakeData(const std::string& common, const std::string& path, int number) {
     days_[common].emplace(number, path);
+  }
+
+  // A file that belongs to no day by its name. Other programs' recordings may have several.
+  void TakeRecording(const std::string& path) {
+    if (!seen_.insert(path).second) return;
+    const std::string recording = report::RecordingOf(path);
+    TakeData(recording, path, static_cast<int>(days_[recording].size()));
   }
 
   // The files of one directory by day; each directory is read once, however many of its files are inputs.
@@ -153,8 +160,10 @@ class InputList {
   void TakeFound(const std::string& path) {
     if (const std::optional<DayName> name = DayNameOf(path)) {
       TakeData(name->common, path, name->number);
-    } else if (IsVmrName(path) || report::IsForeign(path)) {
+    } else if (IsVmrName(path)) {
       TakeData(path, path, 0);
+    } else if (report::IsForeign(path)) {
+      TakeRecording(path);
     } else if (BeginsAsSummary(path)) {
       TakeSummary(path);
     } else {

@@ -87,7 +87,8 @@ std::vector<std::string> LinesOver(const Limit& limit, const Summary& summary) {
     lines.push_back(summary.host + ", " + DayText(summary) + ": " + limit.text + ": " + whose +
                     NumberText(value, limit.figure ? 2 : 0) + when);
   };
-  if (!limit.figure) hold(summary.missing, "", " minutes without data");
+  if (!limit.figure)
+    hold(summary.missing, "", summary.missing == 1 ? " minute without data" : " minutes without data");
   for (const SummaryLine& line : summary.lines) {
     if (line.figure != limit.figure) continue;
     const std::string when = limit.statistic == &SummaryLine::peak ? "at " : "busiest from ";

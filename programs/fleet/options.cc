@@ -83,7 +83,9 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
 std::string HelpText() {
   return "usage: ozmo_fleet [option ...] INPUT...\n"
          "Shows many hosts on one page: a table, a row a host and day, and a map of their hours.\n"
-         "An INPUT is a data file of any kind, a directory of them, or summaries of ozmo_report.\n"
+         "An INPUT is a data file of any kind, a recording of atop, sysstat or Performance Co-Pilot, a "
+         "directory\n"
+         "of them, or summaries of ozmo_report.\n"
          "\n"
          "  -o, --output PAGE.html  the page (fleet.html)\n"
          "  -j, --jobs N            work on N data files at a time (one for each processor)\n"

@@ -24,6 +24,12 @@ std::string ReadHead(const std::string& path, std::string& head) {
   return head.empty() ? path + ": the file is empty" : "";
 }
 
+// Null where no program's recording begins like this file.
+const Source* SourceOf(const std::string& path) {
+  std::string head;
+  return ReadHead(path, head).empty() ? SourceOfRecording(head) : nullptr;
+}
+
 // A node becomes a part of a file's name, and the name has to say that the file is of a Linux host.
 std::string CheckNode(const std::string& node) {
   if (node.find('/') != std::string::npos)
@@ -163,9 +169,11 @@ ImportResult ImportRecordings(const Options& options, const ImportProgress& prog
   return Import(options, progress).Run();
 }
 
-bool IsForeignRecording(const std::string& path) {
-  std::string head;
-  return ReadHead(path, head).empty() && SourceOfRecording(head) != nullptr;
+bool IsForeignRecording(const std::string& path) { return SourceOf(path) != nullptr; }
+
+std::string RecordingOf(const std::string& path) {
+  const Source* source = SourceOf(path);
+  return source != nullptr && source->isInParts ? path.substr(0, path.rfind('.')) : path;
 }
 
 }  // namespace ozmo::import

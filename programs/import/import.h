@@ -23,4 +23,8 @@ ImportResult ImportRecordings(const Options& options, const ImportProgress& prog
 // Whether a file is a recording of another program, by its content.
 bool IsForeignRecording(const std::string& path);
 
+// What the paths of a recording's files have in common: an archive of Performance Co-Pilot is "pcp.0",
+// "pcp.index" and "pcp.meta". The path itself where a recording is one file.
+std::string RecordingOf(const std::string& path);
+
 }  // namespace ozmo::import

@@ -340,6 +340,7 @@ const Source PCP = {.name = "pcp",
                     .commands = nullptr,
                     .readText = nullptr,
                     .readRecording = ReadArchive,
-                    .lacks = ""};
+                    .lacks = "",
+                    .isInParts = true};
 
 }  // namespace ozmo::import

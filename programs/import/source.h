@@ -33,6 +33,7 @@ struct Source {
   std::string (*readRecording)(const std::string& path, const SampleSink& sink);
   std::string_view
       lacks;  // the groups of graphs that it has nothing for; empty where it has something for all
+  bool isInParts = false;  // files that differ by what is after the last dot, each of which names them all
 };
 
 std::span<const Source* const> Sources();

@@ -193,10 +193,16 @@ int Show(const Options& options) {
 }
 
 // The page of another program's recording, under the recording's name.
-int ShowImported(const std::string& dataFile, void* context) {
-  Options options = *static_cast<const Options*>(context);
-  options.importedFile = dataFile;
-  return Show(options);
+int ShowForeign(Options& options) {
+  return RunInScratch(PROGRAM, [&](const std::string& directory) {
+    const ImportedFiles imported = ImportForeign(PROGRAM, options.dataFile, directory);
+    if (!imported.failure.empty()) {
+      Complain(PROGRAM, imported.failure);
+      return FAILED_STATUS;
+    }
+    options.importedFile = imported.paths.front();
+    return Show(options);
+  });
 }
 
 }  // namespace
@@ -219,7 +225,7 @@ int ReportEntry(int argc, char* const argv[]) {
       break;
   }
   Options& options = parsed.options;
-  return IsForeign(options.dataFile) ? ShowForeign(options.dataFile, ShowImported, &options) : Show(options);
+  return IsForeign(options.dataFile) ? ShowForeign(options) : Show(options);
 }
 
 }  // namespace ozmo::report

@@ -16,7 +16,7 @@
 namespace ozmo::report {
 namespace {
 
-constexpr int NOT_SHOWN = 1;
+constexpr int NOT_DONE = 1;
 constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
 
 volatile sig_atomic_t worker = 0;  // the process that imports and shows
@@ -36,57 +36,41 @@ void SetHandlers(void (*handler)(int)) {
   }
 }
 
-void Say(const std::string& text) { Complain("ozmo_report", text); }
-
-int ImportAndShow(const std::string& recording, const std::string& directory,
-                  int (*show)(const std::string& dataFile, void* context), void* context) {
-  import::Options options;
-  options.directory = directory;
-  options.sources = {recording};
-  const import::ImportResult result = import::ImportRecordings(options, nullptr);
-  for (const std::string& note : result.notes) Say(note);
-  if (!result.failure.empty() || result.files.empty()) {
-    Say(result.failure.empty() ? recording + ": there is no sample in it" : result.failure);
-    return NOT_SHOWN;
-  }
-  return show(result.files.front(), context);
-}
-
 // The status of a process that has ended; a signal that ended it ends this one too.
 int StatusOf(int ending) {
   if (!WIFSIGNALED(ending)) return WEXITSTATUS(ending);
   std::signal(WTERMSIG(ending), SIG_DFL);
   std::raise(WTERMSIG(ending));
-  return NOT_SHOWN;
+  return NOT_DONE;
 }
 
 }  // namespace
 
 bool IsForeign(const std::string& path) { return import::IsForeignRecording(path); }
 
-int ShowForeign(const std::string& recording, int (*show)(const std::string& dataFile, void* context),
-                void* context) {
+std::string RecordingOf(const std::string& path) { return import::RecordingOf(path); }
+
+int RunInScratch(const std::string& program, const std::function<int(const std::string& directory)>& work) {
   std::error_code error;
-  std::string directory = (std::filesystem::temp_directory_path(error) / "ozmo_report_XXXXXX").string();
+  std::string directory = (std::filesystem::temp_directory_path(error) / (program + "_XXXXXX")).string();
   sigset_t ending;
   sigset_t before;
   sigemptyset(&ending);
   for (const int signal : ENDING_SIGNALS) sigaddset(&ending, signal);
   sigprocmask(SIG_BLOCK, &ending, &before);  // none may come between the directory and its keeper
   if (error || mkdtemp(directory.data()) == nullptr) {
-    Say(directory + ": " + (error ? error.message() : std::strerror(errno)));
-    return NOT_SHOWN;
+    Complain(program, directory + ": " + (error ? error.message() : std::strerror(errno)));
+    return NOT_DONE;
   }
   std::fflush(stdout);
   worker = fork();
   if (worker == 0) {
     sigprocmask(SIG_SETMASK, &before, nullptr);
-    const int status = ImportAndShow(recording, directory, show, context);
-    std::exit(status);
+    std::exit(CloseOutput(program, work(directory)));
   }
-  int status = NOT_SHOWN << 8;
+  int status = NOT_DONE << 8;
   if (worker < 0) {
-    Say(std::string("can't start a process: ") + std::strerror(errno));
+    Complain(program, std::string("can't start a process: ") + std::strerror(errno));
   } else {
     SetHandlers(PassOn);
     sigprocmask(SIG_SETMASK, &before, nullptr);
@@ -94,6 +78,18 @@ int ShowForeign(const std::string& recording, int (*show)(const std::string& dat
   }
   std::filesystem::remove_all(directory, error);
   return StatusOf(status);
+}
+
+ImportedFiles ImportForeign(const std::string& program, const std::string& recording,
+                            const std::string& directory) {
+  import::Options options;
+  options.directory = directory;
+  options.sources = {recording};
+  import::ImportResult result = import::ImportRecordings(options, nullptr);
+  for (const std::string& note : result.notes) Complain(program, note);
+  if (result.failure.empty() && result.files.empty())
+    result.failure = recording + ": there is no sample in it";
+  return {std::move(result.files), std::move(result.failure)};
 }
 
 }  // namespace ozmo::report

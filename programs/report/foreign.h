@@ -1,17 +1,30 @@
-// Recordings of other programs, imported for one page.
+// Recordings of other programs, imported for one run.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace ozmo::report {
 
 // Whether a file is a recording of another program that the importer knows, by its content.
 bool IsForeign(const std::string& path);
 
-// Imports `recording` into a directory of its own, in the temporary directory, and calls `show` with the path
-// of the first data file, in a process of its own: when that ends, in whatever way, the directory is removed.
-// Signals that end this process end that one first. Returns the exit status.
-int ShowForeign(const std::string& recording, int (*show)(const std::string& dataFile, void* context),
-                void* context);
+// What the paths of a recording's files have in common; the path itself where it is one file.
+std::string RecordingOf(const std::string& path);
+
+// Runs `work` with a new directory in the temporary directory, in a process of its own: when that ends, in
+// whatever way, the directory is removed. Signals that end this process end that one first. Returns the exit
+// status.
+int RunInScratch(const std::string& program, const std::function<int(const std::string& directory)>& work);
+
+struct ImportedFiles {
+  std::vector<std::string> paths;  // of data files, a day each, at least one where nothing failed
+  std::string failure;             // empty when all went well
+};
+
+// Imports a recording into `directory`. What the user should know of it is a line of `program`.
+ImportedFiles ImportForeign(const std::string& program, const std::string& recording,
+                            const std::string& directory);
 
 }  // namespace ozmo::report

@@ -75,7 +75,9 @@ class Problems {
   }
   void Finish() {
     if (count_ <= MOST) return;
-    texts_.push_back(std::to_string(count_ - MOST) + " more problems like these");
+    const int more = count_ - MOST;
+    texts_.push_back(std::to_string(more) +
+                     (more == 1 ? " more problem like these" : " more problems like these"));
     Complain(program_, texts_.back());
   }
   const std::vector<std::string>& texts() const { return texts_; }

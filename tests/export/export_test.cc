@@ -121,12 +121,12 @@ TEST_P(ExportOfKind, HasEachItemInBothFormats) {
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, ExportOfKind,
-    ::testing::Values(KindCase{"solaris", "ledger", "ledger,21057,55,webservd,httpd,httpd,0.4643,13096,1.73"},
+    ::testing::Values(KindCase{"solaris", "ledger", "ledger,21057,55,webservd,httpd,httpd,0.4643,13096,0.03"},
                       KindCase{"linux", "forge", "forge,2239,72,build,ctest,ctest,0.175,72664,1.32"},
                       KindCase{"aix", "granite", "granite,13401,42,root,sshd,sshd,0.1187,4350,0.85"},
                       KindCase{"hpux", "harbor",
                                "harbor,27380,16,backup,omniback,omniback,3.7073,35648,18.97"},
-                      KindCase{"tru64", "quasar", "quasar,11120,8,lucia,charmm,charmm,1.1579,172684,4.27"},
+                      KindCase{"tru64", "quasar", "quasar,11120,8,lucia,charmm,charmm,1.1579,172684,"},
                       KindCase{"vmr", "OFFICE", "OFFICE,511,,,w3wp,w3wp,1.4392,121409,2.44"}),
     [](const auto& row) { return row.param.kind; });
 
@@ -197,6 +197,20 @@ TEST_F(Export, GoesOnAfterAFileThatFails) {
                                    ": No such file or directory\n" + "ozmo_export: " + other +
                                    ": day=2012-02-22/host=forge is exported from " + good + " already\n");
   EXPECT_EQ(Written().size(), 2U);
+}
+
+// One level is made; what a mistyped path names isn't.
+TEST_F(Export, MakesItsDirectoryAndNoneAboveIt) {
+  const std::string file = Sample("vmr").at(0);
+  std::ofstream(Path("file")) << "x";
+  for (const char* directory : {"none/out", "file", "file/out"}) {
+    const ProcessResult run = RunProcess({EXPORT, "--to", "csv", "-o", directory, file}, {{"TZ", "UTC"}},
+                                         directory_.path(), scratch_.path());
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_TRUE(run.standardError.starts_with("ozmo_export: " + std::string(directory) + ": N"))
+        << run.standardError;
+  }
+  EXPECT_FALSE(fs::exists(Path("none")));
 }
 
 TEST_F(Export, RefusesAWrongCommandLine) {

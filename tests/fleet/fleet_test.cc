@@ -151,13 +151,13 @@ TEST_F(Fleet, DoesAgainWhatIsNewAndNothingElse) {
     std::function<void()> change;
   };
   const Step steps[] = {
-      {"all is new", "2 hosts and days, 2 of 2 data files were new", [] {}},
-      {"nothing is new", "2 hosts and days, 0 of 2 data files were new", [] {}},
-      {"a second file of a day has grown", "1 of 2 data files were new",
+      {"all is new", "2 days of hosts, 2 new of 2 data files", [] {}},
+      {"nothing is new", "2 days of hosts, 0 new of 2 data files", [] {}},
+      {"a second file of a day has grown", "1 new of 2 data files",
        [&] { std::ofstream(linux_files[1], std::ios::app) << '\0'; }},
-      {"a kept summary was cut", "1 of 2 data files were new",
+      {"a kept summary was cut", "1 new of 2 data files",
        [&] { fs::resize_file(Path("fleet.summaries/qtxl_forge_2012Feb22.dat_1.tsv"), 2000); }},
-      {"a page is gone", "1 of 2 data files were new",
+      {"a page is gone", "1 new of 2 data files",
        [&] { fs::remove(Path("pages/qtxa_granite_2012Feb22.dat_1.html")); }},
   };
   std::string table;
@@ -195,6 +195,10 @@ TEST_F(Fleet, NamesWhoIsOverALimitAndWhatItCannotUse) {
       {{"cut.tsv", "-o", "none.html"}, 1, "no host in what was given"},
       {{"data", "-o", "other.tsv", "other.tsv"}, 1, "is read by this run"},
       {{"data", "-o", "/dev/full"}, 1, "/dev/full: No space left"},
+      {{"data", "-o", "none/fleet.html"}, 1, "none/fleet.html: No such file or directory"},
+      {{"data", "--tsv", "cut.tsv/table"}, 1, "cut.tsv/table: Not a directory"},
+      {{"data", "--pages", "none/pages"}, 1, "none/pages: No such file or directory"},
+      {{"data", "--pages", "cut.tsv"}, 1, "cut.tsv: Not a directory"},
       {{"-j", "0", "data"}, 2, "-j takes a number"},
       {{"--limit", "cpu", "data"}, 2, "--limit takes a figure"},
       {{}, 2, "no data file"},
@@ -206,6 +210,7 @@ TEST_F(Fleet, NamesWhoIsOverALimitAndWhatItCannotUse) {
     EXPECT_NE(result.standardError.find(test.said), std::string::npos) << result.standardError;
   }
   EXPECT_FALSE(fs::exists(Path("none.html")));
+  EXPECT_FALSE(fs::exists(Path("none")));
   EXPECT_FALSE(fs::exists("/dev/full.summaries"));
   EXPECT_EQ(ReadWholeFile(Path("other.tsv")), whole);
 }
