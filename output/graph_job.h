@@ -62,6 +62,7 @@ struct GraphJob {
   std::string graphFile;
   std::vector<FileIdentity> inputs;  // files that the run reads and must not write
   std::string hostName;
+  bool hasOwnMap = false;  // a JPEG's bitmap has no name, so that several can be drawn at a time
 
   // Points from `start` on, which set both ends of the span.
   void SetSpan(Seconds start, int points) {

@@ -46,7 +46,7 @@ double DotsInUnit(const GraphJob& job) {
 
 // A map that can't be made is reported as one that the JPEG step can't read.
 Stream OpenMap(PlotDevice& device, const GraphJob& job) {
-  device.map = TempMap::Create(job.inputs);
+  device.map = job.hasOwnMap ? TempMap::CreateUnnamed() : TempMap::Create(job.inputs);
   Stream stream = device.map ? device.map->OpenToDraw() : nullptr;
   if (!stream) JpegInputFail();
   return stream;

@@ -81,6 +81,15 @@ std::unique_ptr<TempMap> TempMap::Create(std::span<const FileIdentity> inputs) {
   return map;
 }
 
+std::unique_ptr<TempMap> TempMap::CreateUnnamed() {
+  const Stream stream(std::tmpfile());
+  const int file = stream ? fcntl(fileno(stream.get()), F_DUPFD_CLOEXEC, 0) : -1;
+  if (file < 0) return nullptr;
+  std::unique_ptr<TempMap> map(new TempMap(file));
+  map->isNamed_ = false;
+  return map;
+}
+
 TempMap::TempMap(int file) : file_(file) {}
 
 TempMap::~TempMap() {
@@ -97,7 +106,7 @@ Stream TempMap::Open(const char* mode) const {
 
 int TempMap::Delete() {
   draft_.Finish();
-  return unlink(TEMP_MAP_NAME);
+  return !isNamed_ ? 0 : unlink(TEMP_MAP_NAME);
 }
 
 }  // namespace ozmo

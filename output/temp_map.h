@@ -21,6 +21,9 @@ class TempMap {
   // touched. One of the `inputs` ends the process as OutputIsInput does.
   static std::unique_ptr<TempMap> Create(std::span<const FileIdentity> inputs);
 
+  // An empty map that no other process can find, and that goes with this object. Null if there can be none.
+  static std::unique_ptr<TempMap> CreateUnnamed();
+
   ~TempMap();
   TempMap(const TempMap&) = delete;
   TempMap& operator=(const TempMap&) = delete;
@@ -34,7 +37,7 @@ class TempMap {
   // The map stays if the process ends by itself from now on.
   void KeepOnExit() { draft_.KeepOnExit(); }
 
-  // Returns 0, or -1 when the file could not be deleted.
+  // Returns 0, or -1 when the file could not be deleted. One without a name has nothing to delete.
   int Delete();
 
  private:
@@ -42,6 +45,7 @@ class TempMap {
   Stream Open(const char* mode) const;
 
   int file_;  // holds the lock
+  bool isNamed_ = true;
   DraftFile draft_;
 };
 

@@ -54,6 +54,9 @@ class WholeFile {
  public:
   [[nodiscard]] std::string Open(const WholeFilePlace& place);
   std::FILE* stream() const { return stream_.get(); }
+  // For a library that opens its file by itself: what it writes there is what Commit names. Empty where there
+  // is no draft, which is never so with LinkRule::REPLACE.
+  const std::string& draftPath() const { return draftPath_; }
 
   // Without it the draft goes when this object does.
   [[nodiscard]] std::string Commit();

@@ -1,5 +1,7 @@
 #include "programs/report/baseline.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <charconv>
 
@@ -41,6 +43,14 @@ std::optional<int> DaysBack(const std::string& text) {
   if (error != std::errc() || (unit != "d" && unit != "w")) return std::nullopt;
   if (number < 1 || number > MOST_DAYS_BACK) return std::nullopt;
   return unit == "w" ? number * DAYS_OF_WEEK : number;
+}
+
+std::string BadTimeBack(const std::string& text) {
+  const size_t unit = text.find_first_not_of("0123456789");
+  const bool looksLikeTime = unit == std::string::npos || (unit > 0 && unit + 1 == text.size());
+  if (!looksLikeTime || DaysBack(text) || access(text.c_str(), F_OK) == 0) return "";
+  return "--baseline takes a data file, or a time back of days or weeks as 1d, 7d or 2w, " +
+         std::to_string(MOST_DAYS_BACK) + " days at most, and not \"" + text + "\"";
 }
 
 DayRequest BaselineRequest(const std::string& what, const DayRequest& request, const DataDay& day) {

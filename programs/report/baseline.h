@@ -13,6 +13,10 @@ namespace ozmo::report {
 // Days of a text such as "1d" or "2w"; absent for any other text.
 std::optional<int> DaysBack(const std::string& text);
 
+// Why `text` can be neither a time back nor the name of a file that is there, where it looks like a time
+// back: "7x", "0d". Empty for all others.
+std::string BadTimeBack(const std::string& text);
+
 // The request for the day that `day`, read from `request`, is compared with. `what` is a data file, or a time
 // back: then it is the same file's day set by so many days of the calendar before.
 DayRequest BaselineRequest(const std::string& what, const DayRequest& request, const DataDay& day);

@@ -40,6 +40,12 @@ std::string WriteFile(const WholeFilePlace& place, const GraphJob& job) {
 
 }  // namespace
 
+std::string MakeDirectory(const std::string& directory) {
+  std::error_code error;
+  std::filesystem::create_directories(directory, error);
+  return error ? directory + ": " + error.message() : "";
+}
+
 GraphJob JobOf(const Item& item, const DataDay& day) {
   GraphJob job;
   job.mainOverlay = PrepareMainOverlay(*item.record);
@@ -50,11 +56,8 @@ GraphJob JobOf(const Item& item, const DataDay& day) {
 
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
                         const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
+  if (std::string failure = MakeDirectory(directory); !failure.empty()) return {0, std::move(failure)};
   CsvResult result;
-  std::error_code error;
-  std::filesystem::create_directories(directory, error);
-  if (error) return {0, directory + ": " + error.message()};
-
   const std::vector<std::string> names = FileNames(sections, ".csv");
   size_t next = 0;
   VisitItems(sections, [&](const Item& item) {

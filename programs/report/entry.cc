@@ -143,7 +143,8 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
     SayWritten(options, options.csvDirectory, CountText(csv.files, "CSV file"));
   }
   if (!options.pictureDirectory.empty()) {
-    const PicturesResult pictures = WritePictures(options.pictureDirectory, options.picture, day, sections);
+    const PicturesResult pictures =
+        WritePictures(options.pictureDirectory, options.picture, day, sections, runtime.inputs);
     for (const std::string& failure : pictures.failures) {
       Complain(PROGRAM, failure);
       problems.push_back(failure);

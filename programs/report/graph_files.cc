@@ -1,17 +1,12 @@
 #include "programs/report/graph_files.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <charconv>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <filesystem>
 
 #include "output/plot_driver.h"
 #include "programs/report/csv_files.h"
+#include "programs/report/processes.h"
+#include "runtime/console.h"
+#include "runtime/whole_file.h"
 
 namespace ozmo::report {
 namespace {
@@ -37,26 +32,44 @@ std::string EndingOf(GraphType type) {
 constexpr double PAGE_WIDTH = 11.0;
 constexpr double PAGE_HEIGHT = 8.5;
 
-GraphJob PictureJob(const Item& item, const DataDay& day, const PictureForm& form, const std::string& path) {
-  GraphJob job = JobOf(item, day);
+struct Picture {
+  std::string path;
+  const Item* item = nullptr;
+};
+
+GraphJob PictureJob(const Picture& picture, const DataDay& day, const PictureForm& form) {
+  GraphJob job = JobOf(*picture.item, day);
   job.graphType = form.type;
   job.sizeUnit = form.width > 0 ? SizeUnit::PIXELS : SizeUnit::INCHES;
   job.width = form.width > 0 ? form.width : PAGE_WIDTH;
   job.height = form.width > 0 ? form.height : PAGE_HEIGHT;
-  job.graphFile = path;
+  job.hasOwnMap = true;
   return job;
 }
 
-// Why there is no picture; empty when it is drawn.
-std::string Draw(const GraphJob& job) {
-  std::fflush(nullptr);
-  const pid_t child = fork();
-  if (child < 0) return job.graphFile + ": " + std::strerror(errno);
-  if (child == 0) std::exit(PlotGraphJob(job));
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+// Draws into a draft, which then gets the picture's name.
+bool Draw(const std::string& path, GraphJob job, std::span<const FileIdentity> inputs) {
+  WholeFile file;
+  std::string failure = file.Open({path, LinkRule::REPLACE, inputs});
+  if (failure.empty()) {
+    job.graphFile = file.draftPath();
+    if (PlotGraphJob(job) != 0) return false;  // which has said why
+    failure = file.Commit();
   }
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? "" : job.graphFile + ": not drawn";
+  if (!failure.empty()) Complain("ozmo_report", failure);
+  return failure.empty();
+}
+
+std::vector<Picture> PicturesOf(const std::string& directory, const PictureForm& form,
+                                const std::vector<Section>& sections) {
+  const std::vector<std::string> names = FileNames(sections, EndingOf(form.type));
+  std::vector<Picture> pictures;
+  size_t next = 0;
+  VisitItems(sections, [&](const Item& item) {
+    const std::string& name = names[next++];
+    if (!item.record->isView) pictures.push_back({directory + '/' + name, &item});
+  });
+  return pictures;
 }
 
 bool TakeSide(std::string_view text, int& side) {
@@ -81,23 +94,21 @@ bool TakeSize(const std::string& text, PictureForm& form) {
 }
 
 PicturesResult WritePictures(const std::string& directory, const PictureForm& form, const DataDay& day,
-                             const std::vector<Section>& sections) {
-  std::error_code error;
-  std::filesystem::create_directories(directory, error);
-  if (error) return {0, {directory + ": " + error.message()}};
-  const std::vector<std::string> names = FileNames(sections, EndingOf(form.type));
+                             const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
+  if (std::string failure = MakeDirectory(directory); !failure.empty()) return {0, {failure}};
+  const std::vector<Picture> pictures = PicturesOf(directory, form, sections);
+  const PiecesResult drawn = RunInProcesses(pictures.size(), [&](size_t number) {
+    return Draw(pictures[number].path, PictureJob(pictures[number], day, form), inputs);
+  });
+  if (!drawn.failure.empty()) return {0, {drawn.failure}};
   PicturesResult result;
-  size_t next = 0;
-  VisitItems(sections, [&](const Item& item) {
-    const std::string& name = names[next++];
-    if (item.record->isView) return;
-    const std::string failure = Draw(PictureJob(item, day, form, directory + '/' + name));
-    if (failure.empty()) {
+  for (size_t number = 0; number < pictures.size(); ++number) {
+    if (drawn.done[number]) {
       ++result.files;
     } else {
-      result.failures.push_back(failure);
+      result.failures.push_back(pictures[number].path + ": not drawn");
     }
-  });
+  }
   return result;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -31,9 +32,10 @@ struct PicturesResult {
 };
 
 // Draws into `directory`, which is made if it isn't there, into files named after the headings; views are no
-// pictures of the tool. Each picture has a process of its own: what the plotter can't draw ends the process,
-// and nothing that it keeps from one picture can reach the next.
+// pictures of the tool. As many are drawn at a time as there are processors. Each file is complete or not
+// there; a link of its name is replaced and not followed, and none of the `inputs` is written over. What the
+// plotter can't draw ends one of the drawing processes, and nothing of that one can reach another picture.
 PicturesResult WritePictures(const std::string& directory, const PictureForm& form, const DataDay& day,
-                             const std::vector<Section>& sections);
+                             const std::vector<Section>& sections, std::span<const FileIdentity> inputs);
 
 }  // namespace ozmo::report

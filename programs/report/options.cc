@@ -4,6 +4,7 @@
 
 #include <ctime>
 
+#include "programs/report/baseline.h"
 #include "runtime/option_words.h"
 
 namespace ozmo::report {
@@ -70,6 +71,7 @@ std::string TakeOption(Options& options, int number, const char* value) {
     case CLASSES:
       return TakeText(options.classFile, "--classes", value);
     case BASELINE:
+      if (std::string failure = BadTimeBack(value); !failure.empty()) return failure;
       return TakeText(options.baseline, "--baseline", value);
     case MARKS:
       return TakeText(options.marksFile, "--marks", value);
@@ -160,9 +162,11 @@ std::string HelpText() {
          "  -h, --help\n"
          "      --version\n"
          "\n"
-         "With --list, --summary, --csv or --graphs a page is written only if -o names it. A TIME is local:\n"
-         "2012-02-22T08:00, 2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 done, 1 nothing to show or a "
-         "failure, 2 usage.\n";
+         "With --list, --summary, --csv or --graphs a page is written only if -o names it. DIR is made if "
+         "it\n"
+         "isn't there. A TIME is local: 2012-02-22T08:00, 2012-02-22 or 22-Feb-2012:08:00:00. Status: 0 "
+         "done,\n"
+         "1 nothing to show or a failure, 2 usage.\n";
 }
 
 }  // namespace ozmo::report

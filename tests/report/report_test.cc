@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -13,6 +15,7 @@
 
 #include "programs/report/marks.h"
 #include "programs/report/options.h"
+#include "programs/report/processes.h"
 #include "programs/report/series.h"
 #include "programs/report/text.h"
 #include "programs/sample/kinds.h"
@@ -155,6 +158,10 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
       {{data, "-o", "noted.html", "--marks", "missing"}, 1, "missing: No such file"},
       {{data, "--classes", "nofile"}, 1, "nofile: No such file or directory"},
       {{data, "--graphs", "pictures", "--type", "png"}, 2, "--type takes gif, ps or jpeg"},
+      {{data, "--baseline", "7x"}, 2, "a time back of days or weeks as 1d, 7d or 2w"},
+      {{data, "--baseline", "0d"}, 2, "not \"0d\""},
+      {{data, "--csv", "new/tables", "--item", "process count"}, 0, "new/tables: 1 CSV file"},
+      {{data, "--csv", data + "/tables"}, 1, "Not a directory"},
       {{data, "--graphs", "pictures", "--size", "720"}, 2, "--size takes width and height"},
       {{}, 2, "no data file"},
       {{data, "--begin", "22.2.2012"}, 2, "--begin takes a time"},
@@ -173,6 +180,41 @@ TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
   EXPECT_EQ(ReadWholeFile(Path("sums.tsv")), Run({data, "--summary", "-o", "page.html"}).standardOutput);
   EXPECT_EQ(ReadWholeFile(Path("page.html")).find("role=\"note\""), std::string::npos);
   EXPECT_NE(ReadWholeFile(Path("noted.html")).find("role=\"note\">missing: No such"), std::string::npos);
+}
+
+// Work that fails or ends its process is one number less, however many there are of it.
+TEST(ReportProcesses, GoOnWithoutTheWorkThatEndsOne) {
+  constexpr size_t COUNT = 40;
+  const PiecesResult result = RunInProcesses(COUNT, [](size_t number) {
+    if (number % 8 == 1) std::_Exit(0);
+    if (number % 8 == 5) std::raise(SIGKILL);
+    return number % 3 != 0;
+  });
+  EXPECT_EQ(result.failure, "");
+  for (size_t number = 0; number < COUNT; ++number) {
+    EXPECT_EQ(result.done[number], number % 8 != 1 && number % 8 != 5 && number % 3 != 0) << number;
+  }
+}
+
+// A picture that can't be written leaves the others, and a link of a picture's name is replaced.
+TEST_F(Report, APictureThatCannotBeWrittenLeavesTheOthers) {
+  const std::string data = Sample(*sample::SampleKinds().front());
+  const std::string before = ReadWholeFile(data);
+  fs::create_directories(Path("pictures/overall_cpu_utilization.gif"));
+  fs::create_symlink(data, Path("pictures/process_count.gif"));
+  const ProcessResult result = Run({data, "--graphs", "pictures", "--type", "gif", "--size", "90x70"});
+  EXPECT_EQ(result.exitStatus, 1);
+  EXPECT_NE(result.standardError.find("/overall_cpu_utilization.gif: not drawn"), std::string::npos)
+      << result.standardError;
+  const auto isPicture = [](const fs::directory_entry& file) {
+    return file.is_regular_file() && !file.is_symlink() && ReadWholeFile(file.path()).starts_with("GIF8");
+  };
+  const auto pictures = std::count_if(fs::directory_iterator(Path("pictures")), {}, isPicture);
+  EXPECT_NE(result.standardOutput.find("pictures: " + std::to_string(pictures) + " pictures"),
+            std::string::npos)
+      << result.standardOutput;
+  EXPECT_GT(pictures, 40);
+  EXPECT_EQ(ReadWholeFile(data), before);
 }
 
 // All files of the set, the class file and what a link in the directory of tables leads to.
