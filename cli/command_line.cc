@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "output/output_type.h"
+#include "runtime/process_end.h"
 #include "runtime/text.h"
 #include "runtime/times.h"
 
@@ -134,12 +134,12 @@ constexpr OptionRow OPTION_ROWS[] = {
 
 [[noreturn]] void ExitWithUsage(int status) {
   PrintUsage();
-  std::exit(status);
+  EndProcess(status);
 }
 
 [[noreturn]] void ExitForMissingValue(std::string_view option) {
   std::fprintf(stderr, "ozmo_graph: option %s needs a value\n", std::string(option).c_str());
-  std::exit(MISSING_VALUE_STATUS);
+  EndProcess(MISSING_VALUE_STATUS);
 }
 
 // Puts the word at `index` to all tests. Moves `index` on to the last word used.

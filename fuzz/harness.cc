@@ -3,10 +3,17 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
-#undef exit
+#include "runtime/process_end.h"
+
+void ozmo::EndProcess(int status) {
+  if (fuzz::beforeProcessEnd != nullptr) fuzz::beforeProcessEnd();
+  throw fuzz::ProcessEnd{status};
+}
 
 namespace ozmo::fuzz {
 namespace {

@@ -8,18 +8,25 @@
 #include <string_view>
 #include <vector>
 
-#include "fuzz/exit_as_exception.h"
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 namespace ozmo::fuzz {
+
+// What runtime/process_end.h throws here in place of an end, so that what the run held is given back on the
+// way.
+struct ProcessEnd {
+  int status;
+};
+
+// What has to happen before that while the run's objects still exist.
+inline void (*beforeProcessEnd)() = nullptr;
 
 // Runs `work` as a run of the tool: where it ends the process, only `work` ends.
 template <class Work>
 void AsRun(Work work) {
   try {
     work();
-  } catch (const ExitCall&) {  // any status will do: it is the tool's own end
+  } catch (const ProcessEnd&) {  // any status will do: it is the tool's own end
   }
 }
 

@@ -1,11 +1,12 @@
 // Libjpeg's errors in a fuzz build: where they would end the process they throw, as the tool's own do.
 #include <cstdio>
+#include <cstdlib>
 
 // clang-format off
 #include <jpeglib.h>
 // clang-format on
 
-#include "fuzz/exit_as_exception.h"
+#include "runtime/process_end.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ namespace {
 [[noreturn]] void FailJpeg(j_common_ptr object) {
   object->err->output_message(object);
   jpeg_destroy(object);
-  ozmo::fuzz::ThrowExit(EXIT_FAILURE);
+  ozmo::EndProcess(EXIT_FAILURE);
 }
 
 }  // namespace

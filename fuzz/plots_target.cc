@@ -124,7 +124,7 @@ extern "C" int __wrap_pl_deletepl(int handle) {
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace ozmo::fuzz;
-  beforeExit = EndPlotter;
+  beforeProcessEnd = EndPlotter;
   const OddJob odd(data, size);
   AsRun([&] {
     ozmo::Runtime runtime;

@@ -1,8 +1,8 @@
 #include "output/grapher_messages.h"
 
 #include <cstdio>
-#include <cstdlib>
 
+#include "runtime/process_end.h"
 #include "runtime/terminal_text.h"
 
 namespace ozmo {
@@ -15,7 +15,7 @@ void GrapherError(const std::string& text) { GrapherWarn("error: " + text); }
 
 void GrapherFail(const std::string& text) {
   GrapherError(text);
-  std::exit(1);
+  EndProcess(1);
 }
 
 }  // namespace ozmo

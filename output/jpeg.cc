@@ -2,11 +2,11 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 #include "output/output_file.h"
 #include "output/portable_map.h"
+#include "runtime/process_end.h"
 #include "runtime/terminal_text.h"
 
 // clang-format off
@@ -99,7 +99,7 @@ int JpegFromTemp(const TempMap& map, const GraphJob& job) {
   const Stream output = OutputFileOpen(job, draft);
   if (!output) {
     std::fprintf(stderr, "%s: can't open %s\n", JPEG_NAME, TextFor(stderr, job.graphFile).c_str());
-    std::exit(1);
+    EndProcess(1);
   }
   Compress(compressor, input.get(), output.get());
   jpeg_destroy_compress(&compressor);
@@ -111,7 +111,7 @@ int JpegFromTemp(const TempMap& map, const GraphJob& job) {
 
 void JpegInputFail() {
   std::fprintf(stderr, "%s: can't open input file\n", JPEG_NAME);
-  std::exit(1);
+  EndProcess(1);
 }
 
 int JpegFinish(TempMap& map, const GraphJob& job) {

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 
+#include "runtime/process_end.h"
 #include "runtime/terminal_text.h"
 
 namespace ozmo {
@@ -43,7 +43,7 @@ Stream OutputFileOpen(const GraphJob& job, DraftFile& draft) {
 void OutputIsInput(const std::string& path) {
   std::fprintf(stderr, "ozmo_graph: %s is read by this run and can't be its output file\n",
                TextFor(stderr, path).c_str());
-  std::exit(1);
+  EndProcess(1);
 }
 
 bool StreamIsSound(std::FILE* stream) { return std::fflush(stream) == 0 && std::ferror(stream) == 0; }

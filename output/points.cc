@@ -7,6 +7,8 @@
 #include <limits>
 #include <utility>
 
+#include "runtime/process_end.h"
+
 namespace ozmo {
 namespace {
 
@@ -66,7 +68,7 @@ void* GrapherAllocate(size_t size) {
   void* const storage = std::malloc(std::max<size_t>(size, 1));
   if (storage == nullptr) {
     std::perror("malloc failed");
-    std::exit(1);
+    EndProcess(1);
   }
   return storage;
 }

@@ -6,6 +6,7 @@
 
 #include "readers/field_rules.h"
 #include "runtime/messages.h"
+#include "runtime/process_end.h"
 #include "runtime/runtime.h"
 #include "runtime/terminal_text.h"
 
@@ -313,7 +314,7 @@ void CollectorFile::ChooseVersion(std::string_view version) {
   if (!known) {
     PrintWith(texts.unknownOnStandardError ? stderr : stdout, texts.unknown, version);
     std::fflush(nullptr);
-    if (texts.unknownEndsProcess) std::exit(EXIT_FAILURE);
+    if (texts.unknownEndsProcess) EndProcess(EXIT_FAILURE);
     return;
   }
   const RecordTable& table = *rule->table;

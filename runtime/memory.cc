@@ -6,6 +6,7 @@
 #include <new>
 
 #include "runtime/messages.h"
+#include "runtime/process_end.h"
 #include "runtime/runtime.h"
 
 namespace ozmo {
@@ -63,7 +64,7 @@ void MemFail(int64_t size) {
   } else {
     std::fprintf(stderr, "Cannot allocate %d bytes\n", shownSize);
   }
-  std::exit(failureState.runtime == nullptr ? EXIT_FAILURE : failureState.exitStatus);
+  EndProcess(failureState.runtime == nullptr ? EXIT_FAILURE : failureState.exitStatus);
 }
 
 }  // namespace ozmo

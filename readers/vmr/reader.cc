@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "readers/vmr/node_files.h"
+#include "runtime/process_end.h"
 #include "runtime/terminal_text.h"
 
 namespace ozmo {
@@ -119,7 +120,7 @@ void VmrReader::ReadHeader(VmrLine& line, const std::string& path) {
     std::fprintf(stderr, "Sampling period of %d milliseconds, at least %d expected, in file %s\n",
                  samplingPeriod, SHORTEST_PERIOD, TextFor(stderr, path).c_str());
     std::fflush(nullptr);
-    std::exit(EXIT_FAILURE);
+    EndProcess(EXIT_FAILURE);
   }
   header_.nodeName = line.Text(3);
   header_.filePath = path;
@@ -209,7 +210,7 @@ void VmrReader::ActOnRow(VmrContext& context) {
   } else if (!line.Is("9")) {
     std::fputs("Corrupt File\n", stdout);
     std::fflush(nullptr);
-    std::exit(EXIT_FAILURE);
+    EndProcess(EXIT_FAILURE);
   }
 }
 
