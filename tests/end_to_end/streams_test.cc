@@ -7,6 +7,7 @@
 
 #include "tests/end_to_end/process.h"
 #include "tests/support/temp_directory.h"
+#include "tests/support/temp_map_guard.h"
 
 namespace ozmo {
 namespace {
@@ -57,6 +58,29 @@ TEST(Streams, ASignalEndsARunThatDrawsIntoAPipeWithoutAReader) {
       RunProcess({"/bin/sh", "-c", "mkfifo pipe; timeout -k 5 1 " + command},
                  {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
   EXPECT_EQ(result.exitStatus, 124);
+}
+
+// The shell has the map, as a run that was stopped would, until the line is there. Any other run on the
+// machine that draws takes the map away at its end, so the shell looks whether the map that it locked still
+// has its name.
+TEST(Streams, AWaitForAnotherJpegRunIsSaid) {
+  const testing::TempMapGuard guard;
+  const testing::TempDirectory directory;
+  const std::string command = OZMO_BINARY_DIR
+      "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
+      "-item 'Overall CPU Utilization' -type jpg -graph_file picture";
+  const ProcessResult result = RunProcess(
+      {"/bin/sh", "-c",
+       "until exec 9>>/tmp/temp.ppm && flock 9 && [ /tmp/temp.ppm -ef /dev/fd/9 ]; do :; done\n" + command +
+           " 9>&- 2>lines & run=$!\n"
+           "for i in $(seq 300); do grep -q waiting lines && break; sleep 0.1; done; [ -s picture ] && echo "
+           "early\n"
+           "flock -u 9; wait $run; cat lines"},
+      {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+  EXPECT_THAT(result.standardOutput,
+              ::testing::HasSubstr("\nozmo_graph: waiting for another JPEG run, which has /tmp/temp.ppm\n"));
+  EXPECT_THAT(result.standardOutput, ::testing::Not(::testing::StartsWith("early")));
+  EXPECT_NE(ReadWholeFile(directory / "picture"), "");
 }
 
 }  // namespace
