@@ -17,8 +17,8 @@ using testing::RecordingStart;
 
 TEST(LegendPlan, RowsAreCentredOrFullOrPackedCloser) {
   struct Case {
-    size_t longest, labels;
-    int columns;
+    size_t longest;
+    int labels, columns;
     double cell, left;
   };
   for (const Case& row : {Case{5, 3, 16, 1.0 / 16, 0.53 - 1.5 / 16},  // 4096 / 255.5
@@ -27,7 +27,7 @@ TEST(LegendPlan, RowsAreCentredOrFullOrPackedCloser) {
                           {5, 96, 19, 1.0 / 19, 0.01},  // six full rows: 4370.432 / 219
                           {80, 1, 1, 1.0, 0.03},
                           {81, 1, 0, 0, 0}}) {
-    const LegendLayout layout = LegendPlan(73, static_cast<int>(row.longest), static_cast<int>(row.labels));
+    const LegendLayout layout = LegendPlan(73, row.longest, row.labels);
     EXPECT_EQ(layout.columns, row.columns) << row.labels;
     if (row.columns < 2) continue;
     EXPECT_DOUBLE_EQ(layout.cell, row.cell) << row.labels;

@@ -94,7 +94,7 @@ TEST(VmrLineTest, LineIsCutAndItsNumbersAreRead) {
   ASSERT_TRUE(line.Assign("x~~-7~99999999999999999999~ 12abc~\t+1e3z~1e999\n"));
   std::vector<double> numbers;
   for (size_t i = 0; i < 5; ++i) numbers.push_back(line.Integer(i));
-  for (const size_t i : {5, 0, 77, 6}) numbers.push_back(line.Number(i));
+  for (const size_t i : {5U, 0U, 77U, 6U}) numbers.push_back(line.Number(i));
   EXPECT_EQ(numbers, (std::vector<double>{0, 0, -7, 2147483647, 12, 1000, 0, 0, INFINITY}));
 }
 

@@ -121,7 +121,9 @@ TEST_P(ItemsTest, EachShowsSomething) {
   const auto catalog = Build(WantedTitles::All());
   const auto graphs = Graphs(*catalog);
   for (const auto& [title, record] : graphs) {
-    const auto startsTitle = [&](std::string_view start) { return record->title.starts_with(start); };
+    const auto startsTitle = [&itsTitle = record->title](std::string_view start) {
+      return itsTitle.starts_with(start);
+    };
     // Stacked, so that the first set holds the sum of all.
     const bool shows = record->data.nsets() > 0 && std::ranges::max(record->data.y[0]) > 0;
     EXPECT_NE(shows, std::ranges::any_of(GetParam().empty, startsTitle)) << title;
