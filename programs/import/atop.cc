@@ -405,7 +405,6 @@ const Source ATOP = {.name = "atop",
                      .isText = IsAtopText,
                      .commands = AtopCommands,
                      .readText = ReadAtopText,
-                     .readRecording = nullptr,
-                     .lacks = "file systems"};
+                     .readRecording = nullptr};
 
 }  // namespace ozmo::import

@@ -1,9 +1,10 @@
 #include "programs/import/import.h"
 
+#include <bitset>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <set>
+#include <iterator>
 
 #include "programs/import/day_files.h"
 #include "programs/import/source.h"
@@ -41,6 +42,21 @@ std::string CheckNode(const std::string& node) {
   return "";
 }
 
+// What graphs are made of, by groups.
+struct Group {
+  const char* name;
+  bool (*isIn)(const host_file::HostFigures& figures);
+};
+constexpr Group GROUPS[] = {
+    {"processors", [](const host_file::HostFigures& figures) { return !figures.processors.empty(); }},
+    {"memory", [](const host_file::HostFigures& figures) { return figures.memory.total > 0; }},
+    {"disks", [](const host_file::HostFigures& figures) { return !figures.disks.empty(); }},
+    {"file systems", [](const host_file::HostFigures& figures) { return !figures.fileSystems.empty(); }},
+    {"adapters", [](const host_file::HostFigures& figures) { return !figures.adapters.empty(); }},
+    {"protocols", [](const host_file::HostFigures& figures) { return figures.hasProtocols; }},
+    {"processes (images, users, workload classes)",
+     [](const host_file::HostFigures& figures) { return !figures.processes.empty(); }}};
+
 class Import {
  public:
   Import(const Options& options, const ImportProgress& progress)
@@ -59,8 +75,8 @@ class Import {
   DayFiles files_;
   UserNames users_;
   ImportResult result_;
-  size_t samples_ = 0;  // of the recording at hand
-  std::set<const Source*> sources_;
+  size_t samples_ = 0;                       // of the recording at hand
+  std::bitset<std::size(GROUPS)> recorded_;  // what any sample had
 };
 
 ImportResult Import::Run() {
@@ -83,7 +99,6 @@ std::string Import::Read(const std::string& path) {
   Texts texts;
   const Source* source = nullptr;
   if (std::string failure = Open(path, texts, source); !failure.empty()) return failure;
-  sources_.insert(source);
   samples_ = 0;
   const SampleSink sink = [this](const Sample& sample) { return Take(sample); };
   std::string failure = source->readRecording != nullptr ? source->readRecording(path, sink)
@@ -139,6 +154,9 @@ std::string Import::Take(const Sample& sample) {
   if (options_.begin && sample.time < *options_.begin) return "";
   if (options_.end && sample.time > *options_.end) return "";
   ++samples_;
+  for (size_t place = 0; place < recorded_.size(); ++place) {
+    if (!recorded_[place]) recorded_[place] = GROUPS[place].isIn(sample.figures);
+  }
   if (progress_) progress_(sample.node, sample.time);
   Sample named = sample;
   KeepWholeDisks(named.figures.disks);
@@ -156,11 +174,12 @@ void Import::AddNotes() {
     result_.notes.push_back(std::to_string(files_.OutOfOrder()) +
                             " samples left out, since the clock had gone back");
   }
-  for (const Source* source : sources_) {
-    if (source->lacks.empty()) continue;
-    result_.notes.push_back(std::string(source->name) + " has no " + std::string(source->lacks) +
-                            ": these graphs are empty");
+  if (recorded_.none() || recorded_.all()) return;
+  std::string missing;
+  for (size_t place = 0; place < recorded_.size(); ++place) {
+    if (!recorded_[place]) missing += (missing.empty() ? "" : ", ") + std::string(GROUPS[place].name);
   }
+  result_.notes.push_back("not recorded, so there are no graphs of: " + missing);
 }
 
 }  // namespace

@@ -340,7 +340,6 @@ const Source PCP = {.name = "pcp",
                     .commands = nullptr,
                     .readText = nullptr,
                     .readRecording = ReadArchive,
-                    .lacks = "",
                     .isInParts = true};
 
 }  // namespace ozmo::import

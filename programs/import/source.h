@@ -31,8 +31,6 @@ struct Source {
   std::string (*readText)(Texts& texts, UserNames& users, const SampleSink& sink);
   // Reads a recording by a library, and hands each interval on; null where it is read as text.
   std::string (*readRecording)(const std::string& path, const SampleSink& sink);
-  std::string_view
-      lacks;  // the groups of graphs that it has nothing for; empty where it has something for all
   bool isInParts = false;  // files that differ by what is after the last dot, each of which names them all
 };
 

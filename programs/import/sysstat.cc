@@ -318,7 +318,6 @@ const Source SYSSTAT = {.name = "sysstat",
                         .isText = IsSysstatText,
                         .commands = SysstatCommands,
                         .readText = ReadSysstatText,
-                        .readRecording = nullptr,
-                        .lacks = "processes (no images, users and workload classes)"};
+                        .readRecording = nullptr};
 
 }  // namespace ozmo::import

@@ -155,6 +155,10 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   PageData data = PageDataOf(day, sections);
   data.file = BaseName(options.dataFile);
   data.problems = problems;
+  data.notes = options.importNotes;
+  if (options.importedFile.empty() && !HasProcesses(*day.catalog)) {
+    data.notes.emplace_back("no process is recorded, so there are no graphs of images, users and classes");
+  }
   const Company company = CompanyOf(options, request, day, data, problems, runtime);
   return WritePage(options, data, company, runtime);
 }
@@ -202,6 +206,12 @@ int ShowForeign(Options& options) {
       return FAILED_STATUS;
     }
     options.importedFile = imported.paths.front();
+    options.importNotes = imported.notes;
+    if (imported.paths.size() > 1) {
+      options.importNotes.push_back(CountText(static_cast<int>(imported.paths.size()), "day") +
+                                    " recorded, of which this is the first; --begin and --end show others");
+      Complain(PROGRAM, options.importNotes.back());
+    }
     return Show(options);
   });
 }

@@ -89,7 +89,7 @@ ImportedFiles ImportForeign(const std::string& program, const std::string& recor
   for (const std::string& note : result.notes) Complain(program, note);
   if (result.failure.empty() && result.files.empty())
     result.failure = recording + ": there is no sample in it";
-  return {std::move(result.files), std::move(result.failure)};
+  return {std::move(result.files), std::move(result.failure), std::move(result.notes)};
 }
 
 }  // namespace ozmo::report

@@ -21,6 +21,7 @@ int RunInScratch(const std::string& program, const std::function<int(const std::
 struct ImportedFiles {
   std::vector<std::string> paths;  // of data files, a day each, at least one where nothing failed
   std::string failure;             // empty when all went well
+  std::vector<std::string> notes;  // what was said of it
 };
 
 // Imports a recording into `directory`. What the user should know of it is a line of `program`.

@@ -11,17 +11,32 @@ namespace {
 
 constexpr const char* HEADING_SEPARATOR = " \xE2\x80\x93 ";
 
+using Records = std::set<const GraphRecord*>;
+
 bool HasSets(const GraphMenuEntry& row) { return row.record != nullptr && row.record->data.nsets() > 0; }
 
-void AddSections(std::vector<Section>& sections, std::vector<GraphMenuEntry>& table, int level) {
+// Graphs that a catalog without processes has nothing for.
+Records EmptyRecords(const GraphCatalog& catalog) {
+  Records empty;
+  if (HasProcesses(catalog)) return empty;
+  for (const Graph graph : {Graph::TOP_IMAGES, Graph::TOP_USERS, Graph::CLASS_CPU, Graph::CLASS_COUNT,
+                            Graph::PROCESS_COUNT, Graph::PROCESS_PAGEFAULTS}) {
+    empty.insert(catalog.Find(graph));
+  }
+  return empty;
+}
+
+void AddSections(std::vector<Section>& sections, std::vector<GraphMenuEntry>& table, const Records& empty,
+                 int level) {
   for (GraphMenuEntry& row : table) {
     if (row.subTable.empty()) continue;
     const size_t place = sections.size();
     sections.push_back({row.label, level, false, {}});
     for (GraphMenuEntry& below : row.subTable) {
-      if (HasSets(below)) sections[place].items.push_back({below.record, below.label, true});
+      if (HasSets(below) && !empty.contains(below.record))
+        sections[place].items.push_back({below.record, below.label, true});
     }
-    AddSections(sections, row.subTable, level + 1);
+    AddSections(sections, row.subTable, empty, level + 1);
   }
 }
 
@@ -61,9 +76,14 @@ void SetHeadings(std::vector<Section>& sections) {
 
 }  // namespace
 
+bool HasProcesses(const GraphCatalog& catalog) {
+  const Series* counts = catalog.FindSeries(Graph::PROCESS_COUNT, 0);
+  return counts == nullptr || std::ranges::any_of(*counts, [](float count) { return count > 0.0F; });
+}
+
 std::vector<Section> SectionsOf(GraphCatalog& catalog) {
   std::vector<Section> sections;
-  AddSections(sections, catalog.itemTree, 1);
+  AddSections(sections, catalog.itemTree, EmptyRecords(catalog), 1);
   DropEmptySections(sections);
   MarkRunTime(sections, catalog);
   SetHeadings(sections);

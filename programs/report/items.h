@@ -23,7 +23,11 @@ struct Section {
   std::vector<Item> items;
 };
 
-// All sections with an item that has sets, and the sections above them.
+// Whether any interval had a process.
+bool HasProcesses(const GraphCatalog& catalog);
+
+// All sections with an item that has sets, and the sections above them. Without processes, graphs of them
+// would show no more than zeros and the name of what no process used, and are left out.
 std::vector<Section> SectionsOf(GraphCatalog& catalog);
 
 // Leaves the items whose title is one of `titles`, as -item compares them. Answers the first title that no

@@ -15,7 +15,8 @@ enum class Action { REPORT, HELP, VERSION };
 struct Options {
   Action action = Action::REPORT;
   std::string dataFile;
-  std::string importedFile;  // what is read in its place, where it is another program's recording
+  std::string importedFile;              // what is read in its place, where it is another program's recording
+  std::vector<std::string> importNotes;  // what the import has said
   std::optional<Seconds> begin;
   std::optional<Seconds> end;
   std::vector<std::string> items;  // titles; none: all

@@ -56,8 +56,10 @@ std::string FactsOf(const PageData& data) {
 
 std::string NotesOf(const PageData& data) {
   std::string html;
-  for (const std::string& problem : data.problems) {
-    html += "<p class=\"note\" role=\"note\">" + HtmlText(problem) + "</p>\n";
+  for (const std::vector<std::string>* texts : {&data.problems, &data.notes}) {
+    for (const std::string& text : *texts) {
+      html += "<p class=\"note\" role=\"note\">" + HtmlText(text) + "</p>\n";
+    }
   }
   if (data.graphsWithoutChart > 0) {
     html += "<p class=\"note\" role=\"note\">" + CountText(data.graphsWithoutChart, "graph") +

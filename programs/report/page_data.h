@@ -50,6 +50,7 @@ struct PageData {
   int intervals = 0;
   std::vector<PageSection> sections;
   std::vector<std::string> problems;  // met while reading
+  std::vector<std::string> notes;     // what else a reader should know
   int graphs = 0;
   int graphsWithoutChart = 0;
 };

@@ -223,6 +223,7 @@ TEST_F(ImportTest, ADayIsWholeOrNotThere) {
   const ImportResult done = Run(text);
   EXPECT_EQ(done.failure, "");
   ASSERT_EQ(done.files.size(), 1U);
+  EXPECT_EQ(done.notes, std::vector<std::string>{"not recorded, so there are no graphs of: file systems"});
   const auto size = std::filesystem::file_size(done.files[0]);
   const ImportResult again = Run(text + AtopLines(ATOP_SAMPLE, "1329897780"));
   EXPECT_TRUE(again.files.empty());

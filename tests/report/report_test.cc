@@ -111,7 +111,7 @@ TEST_P(ReportCsv, FilesHoldTheBytesThatTheToolWrites) {
 }
 
 // 1329868800 is the midnight before the day in the file's name.
-TEST_F(Report, TheFirstSampleOfADayMayBeginOnTheDayBefore) {
+TEST_F(Report, ADayMayBeginOnTheEveningBeforeAndHaveNoProcesses) {
   std::ofstream text(Path("text"));
   for (const char* time : {"1329869100", "1329869700", "1329870300"}) {
     text << "cpu web " << time << " 2012/02/22 00:05:00 600 100 0 1 6000 1 54000 1 1 1\nSEP\n";
@@ -122,6 +122,10 @@ TEST_F(Report, TheFirstSampleOfADayMayBeginOnTheDayBefore) {
   const ProcessResult listed = Run({"qtxl_web_2012Feb22.dat_1", "--list"});
   EXPECT_EQ(listed.exitStatus, 0) << listed.standardError;
   EXPECT_NE(listed.standardOutput.find("Overall CPU Utilization"), std::string::npos);
+  // It has no processes: the page says so, and has no sections of them.
+  EXPECT_EQ(listed.standardOutput.find("Top 10 Images"), std::string::npos);
+  Run({"qtxl_web_2012Feb22.dat_1", "-o", "page.html"});
+  EXPECT_NE(ReadWholeFile(Path("page.html")).find("no process is recorded"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ReportCsv,
