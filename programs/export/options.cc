@@ -72,7 +72,7 @@ std::string HelpText() {
          "      --to openmetrics  items.om, text for VictoriaMetrics and Prometheus\n"
          "      --to csv          items.csv, a line a value, and processes.csv, a line a process and "
          "interval,\n"
-         "                        for DuckDB, ClickHouse and Spark\n"
+         "                        for DuckDB and others that read tables in place\n"
          "  -o, --output DIR      where to; it is made if it isn't there (the working directory)\n"
          "  -h, --help\n"
          "      --version\n"

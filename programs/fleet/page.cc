@@ -89,6 +89,16 @@ std::string RowJson(const Host& host, const std::vector<Column>& columns, const 
          HoursJson(host.summary) + "]}\n";
 }
 
+// From the midnight before the span of each host to the last of its hours.
+size_t HoursOfMap(const std::vector<Host>& hosts) {
+  size_t hours = 1;
+  for (const Host& host : hosts) {
+    const auto from = static_cast<size_t>(TimeLocal(host.summary.begin).tm_hour);
+    for (const SummaryLine& line : host.summary.lines) hours = std::max(hours, from + line.hours.size());
+  }
+  return hours;
+}
+
 std::string JsonOf(const std::vector<Host>& hosts, const std::string& pageFile) {
   const std::vector<Column> columns = Columns();
   return "{\"columns\":[" + ListText(columns, ColumnJson) + "],\n\"figures\":[" +
@@ -97,7 +107,7 @@ std::string JsonOf(const std::vector<Host>& hosts, const std::string& pageFile) 
                     return "{\"word\":" + JsonText(row.word) + ",\"heading\":" + JsonText(row.heading) +
                            ",\"unit\":" + JsonText(row.unit) + '}';
                   }) +
-         "],\n\"rows\":[" +
+         "],\n\"hours\":" + std::to_string(HoursOfMap(hosts)) + ",\n\"rows\":[" +
          ListText(hosts, [&](const Host& host) { return RowJson(host, columns, pageFile); }) + "]}";
 }
 

@@ -91,6 +91,8 @@ def check_columns(browser):
 
 def check_map(browser, table):
     """The cell that the keys move to is the mean of the summary, and Enter goes to its row."""
+    # The map is drawn after the table.
+    browser.execute_async_script("const done = arguments[0]; requestAnimationFrame(() => setTimeout(() => setTimeout(done)))")
     canvas = browser.find_element(By.ID, "heat")
     canvas.send_keys(Keys.ARROW_DOWN)
     for _ in range(2):

@@ -7,7 +7,7 @@ const NAME_WIDTH = 120;
 const CLOCK_HEIGHT = 16;
 const TOP_SHARE = 0.99;    // of a figure without an upper end, this share of the means is below the darkest colour
 
-const map = {figure: 0, hours: 0, bins: [], height: 0, left: 0, step: 0, top: 100, at: null, frame: 0};
+const map = {figure: 0, hours: 1, bins: [], height: 0, left: 0, step: 0, top: 100, at: null, frame: 0, timer: 0};
 
 const COLD = [244, 238, 226];
 const HOT = [176, 28, 20];
@@ -82,10 +82,12 @@ function drawMap() {
   hideMark();
 }
 
-// Once before the browser paints, however many keys were typed into the filter.
+// Once, however many keys were typed into the filter, and after the browser has painted the table: of ten thousand rows
+// the map takes longer than that.
 function drawSoon() {
   cancelAnimationFrame(map.frame);
-  map.frame = requestAnimationFrame(drawMap);
+  clearTimeout(map.timer);
+  map.frame = requestAnimationFrame(() => { map.timer = setTimeout(drawMap); });
 }
 
 const two = (number) => String(number).padStart(2, '0');
@@ -180,7 +182,7 @@ function buildMap() {
     option.value = number;
     select.append(option);
   });
-  map.hours = Math.max(1, ...DATA.rows.map((row) => row.from + Math.max(...row.hours.map((text) => text.split(',').length))));
+  map.hours = DATA.hours;
   select.addEventListener('change', () => chooseFigure(Number(select.value)));
   const canvas = byId('heat');
   canvas.addEventListener('keydown', onMapKey);
