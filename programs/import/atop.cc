@@ -404,6 +404,7 @@ const Source ATOP = {.name = "atop",
                      .isRecording = IsAtopRecording,
                      .isText = IsAtopText,
                      .commands = AtopCommands,
+                     .conversion = nullptr,
                      .readText = ReadAtopText,
                      .readRecording = nullptr};
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <iterator>
 
+#include "programs/import/converted_copy.h"
 #include "programs/import/day_files.h"
 #include "programs/import/source.h"
 #include "programs/import/whole_disks.h"
@@ -75,6 +76,7 @@ class Import {
   DayFiles files_;
   UserNames users_;
   ImportResult result_;
+  Stream converted_;                         // the recording at hand, where it was of an older version
   size_t samples_ = 0;                       // of the recording at hand
   std::bitset<std::size(GROUPS)> recorded_;  // what any sample had
 };
@@ -114,7 +116,7 @@ std::string Import::Read(const std::string& path) {
 std::string OpenPrograms(const Source& source, const std::string& path, Texts& texts) {
   for (const std::vector<std::string>& command : source.commands(path)) {
     const bool isFirst = texts.empty();
-    const auto messages = isFirst ? LineSource::Messages::SHOWN : LineSource::Messages::DROPPED;
+    const auto messages = isFirst ? Messages::SHOWN : Messages::DROPPED;
     std::string failure = texts.emplace_back().OpenProgram(command, std::string(source.package), messages);
     if (!failure.empty()) return failure;
     std::string line;
@@ -135,7 +137,8 @@ std::string Import::Open(const std::string& path, Texts& texts, const Source*& s
     if (recorder != nullptr && (source == nullptr || source == recorder)) {
       source = recorder;
       if (source->readRecording != nullptr) return "";
-      const std::string failure = OpenPrograms(*source, path, texts);
+      if (source->conversion != nullptr) converted_ = ConvertedCopy(source->conversion(path));
+      const std::string failure = OpenPrograms(*source, converted_ ? PathOf(converted_) : path, texts);
       return failure.empty() ? "" : path + ": " + failure;
     }
     if (std::string failure = texts.emplace_back().OpenFile(path); !failure.empty()) return failure;

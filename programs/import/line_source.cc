@@ -1,7 +1,6 @@
 #include "programs/import/line_source.h"
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,20 +34,7 @@ std::string LineSource::OpenProgram(const std::vector<std::string>& words, const
   name_ = words[0];
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return name_ + ": " + std::strerror(errno);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  if (messages == Messages::DROPPED) {
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  }
-  std::vector<std::string> copies = words;
-  std::vector<char*> arguments;
-  arguments.reserve(copies.size() + 1);
-  for (std::string& word : copies) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  const int error = posix_spawnp(&program_, arguments[0], &actions, nullptr, arguments.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
+  const int error = Spawn(words, ends[1], messages, program_);
   close(ends[1]);
   stream_.reset(fdopen(ends[0], "re"));
   if (error == 0) return "";

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "programs/import/spawn.h"
 #include "runtime/stream.h"
 
 namespace ozmo::import {
@@ -25,9 +26,7 @@ class LineSource {
   // Results are empty, or the text of a failure.
   [[nodiscard]] std::string OpenFile(const std::string& path);
   void OpenStandardInput();
-  // Runs a program, without a shell; its messages go to standard error, or nowhere. `package` is named where
-  // it is missing.
-  enum class Messages { SHOWN, DROPPED };
+  // Runs a program. `package` is named where it is missing.
   [[nodiscard]] std::string OpenProgram(const std::vector<std::string>& words, const std::string& package,
                                         Messages messages = Messages::SHOWN);
 

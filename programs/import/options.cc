@@ -13,7 +13,8 @@ constexpr int END_OF_OPTIONS = -1;
 
 enum LongOption { FROM = 256, NODE, PASSWD, BEGIN, END, VERSION };
 
-constexpr option LONG_OPTIONS[] = {{"directory", required_argument, nullptr, 'o'},
+constexpr option LONG_OPTIONS[] = {{"output", required_argument, nullptr, 'o'},
+                                   {"directory", required_argument, nullptr, 'o'},  // another name of it
                                    {"from", required_argument, nullptr, FROM},
                                    {"node", required_argument, nullptr, NODE},
                                    {"passwd", required_argument, nullptr, PASSWD},
@@ -101,7 +102,7 @@ std::string HelpText() {
          "names.\n"
          "A RECORDING is a file of one of these programs, or the text that it prints; - is standard input.\n"
          "\n"
-         "  -o, --directory DIR  where the files go; it is made if it isn't there (the working directory)\n"
+         "  -o, --output DIR     where the files go; it is made if it isn't there (the working directory)\n"
          "      --from SOURCE    one of " +
          names +
          " (what the content says)\n"

@@ -338,6 +338,7 @@ const Source PCP = {.name = "pcp",
                     .isRecording = IsArchive,
                     .isText = nullptr,
                     .commands = nullptr,
+                    .conversion = nullptr,
                     .readText = nullptr,
                     .readRecording = ReadArchive,
                     .isInParts = true};

@@ -26,6 +26,9 @@ struct Source {
   // The commands that print a recording as text. The first one's messages and status are those of all: where
   // there are more, each prints a part of the figures, and fails if that wasn't recorded.
   std::vector<std::vector<std::string>> (*commands)(const std::string& path);
+  // The command that prints a recording of an older version in the form that those read, and nothing for any
+  // other; null where there is none.
+  std::vector<std::string> (*conversion)(const std::string& path);
   // Reads what the commands print, or the one text that somebody has printed, and hands each interval on.
   // Returns what went wrong, or nothing.
   std::string (*readText)(Texts& texts, UserNames& users, const SampleSink& sink);

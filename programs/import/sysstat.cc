@@ -310,6 +310,10 @@ std::vector<std::vector<std::string>> SysstatCommands(const std::string& path) {
   return commands;
 }
 
+std::vector<std::string> SysstatConversion(const std::string& path) {
+  return {"sadf", "-c", std::filesystem::absolute(path)};
+}
+
 }  // namespace
 
 const Source SYSSTAT = {.name = "sysstat",
@@ -317,6 +321,7 @@ const Source SYSSTAT = {.name = "sysstat",
                         .isRecording = IsSysstatRecording,
                         .isText = IsSysstatText,
                         .commands = SysstatCommands,
+                        .conversion = SysstatConversion,
                         .readText = ReadSysstatText,
                         .readRecording = nullptr};
 

@@ -67,6 +67,9 @@ DayResult ReadDay(const DayRequest& request, Runtime& runtime) {
     return {std::nullopt, request.dataFile + ": " + std::strerror(errno)};
   }
   std::error_code unknown;
+  if (std::filesystem::is_directory(request.dataFile, unknown)) {
+    return {std::nullopt, request.dataFile + ": " + std::strerror(EISDIR)};
+  }
   if (std::filesystem::file_size(request.dataFile, unknown) == 0) {
     return {std::nullopt, request.dataFile + ": the file is empty"};
   }
