@@ -16,13 +16,13 @@ constexpr PlatformRow PLATFORMS[] = {
     {ReaderKind::VMR, &vmr_catalog::PLATFORM},         {ReaderKind::TRU64, &tru64_catalog::PLATFORM},
 };
 
-constexpr bool RowsStandInTheOrderOfKinds() {
+constexpr bool RowsAreInTheOrderOfKinds() {
   for (size_t i = 0; i < std::size(PLATFORMS); ++i) {
     if (static_cast<size_t>(PLATFORMS[i].kind) != i) return false;
   }
   return true;
 }
-static_assert(RowsStandInTheOrderOfKinds());
+static_assert(RowsAreInTheOrderOfKinds());
 
 }  // namespace
 

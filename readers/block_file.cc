@@ -71,7 +71,7 @@ void BlockFile::Close() {
   compressed_.reset();
 }
 
-void BlockFile::TellFault() const {
+void BlockFile::ReportFault() const {
   const std::string path = TextFor(stderr, path_);
   if (fault_ == ReadFault::ERROR) {
     const char* reason = compressed_ ? compressed_->Failure() : std::strerror(error_);

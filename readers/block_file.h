@@ -49,7 +49,7 @@ class BlockFile {
   int64_t Left() const { return size_ - Position(); }
   ReadFault fault() const { return fault_; }
   // The fault in words, one line on standard error; nothing where there is none.
-  void TellFault() const;
+  void ReportFault() const;
 
   // The next `size` bytes, valid until the next read; null when the file has fewer, or on a fault.
   const uint8_t* Read(size_t size) {

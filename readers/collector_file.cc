@@ -80,9 +80,9 @@ ReaderResult CollectorFile::WalkPass(VmrContext& context) {
   ReaderResult result = ReaderResult::DONE;
   while (result == ReaderResult::DONE) result = TakeWalkRecord(context);
   if (result == ReaderResult::NOTHING) result = ReaderResult::DONE;  // the window is over
-  const bool endsAheadOfWindow =
+  const bool endsBeforeWindow =
       state_.currentRecordTime != 0 && state_.currentRecordTime < state_.windowStart;
-  if (endsAheadOfWindow && result != ReaderResult::NO_READ) result = ReaderResult::OUTSIDE_WINDOW;
+  if (endsBeforeWindow && result != ReaderResult::NO_READ) result = ReaderResult::OUTSIDE_WINDOW;
   ReportResult(result, state_.filePath);
   return result;
 }
@@ -136,7 +136,7 @@ ReaderResult CollectorFile::ReadPayload(const Header& header, size_t reach, Payl
 // Why a read has failed. A file that has become shorter ends where it ends.
 ReaderResult CollectorFile::Fault() const {
   const bool isError = file_.fault() == ReadFault::ERROR;
-  if (!isError || file_.IsCompressed()) file_.TellFault();
+  if (!isError || file_.IsCompressed()) file_.ReportFault();
   return isError ? ReaderResult::NO_READ : ReaderResult::END_OF_FILE;
 }
 

@@ -72,7 +72,7 @@ int32_t ParseCutFloat(const std::string& text) {
 }
 
 // Cuts off and returns what comes after the last `mark`; absent, and nothing cut, if there is none.
-std::optional<std::string_view> CutBehindLast(std::string_view& text, char mark) {
+std::optional<std::string_view> CutAfterLast(std::string_view& text, char mark) {
   const size_t position = text.rfind(mark);
   if (position == std::string_view::npos) return std::nullopt;
   const std::string_view tail = text.substr(position + 1);
@@ -135,14 +135,14 @@ void ApplyVariable(UserSettings& settings, Runtime& runtime, const EnvironmentRo
 }  // namespace
 
 std::optional<ResourceLine> ParseResourceLine(std::string_view line) {
-  const std::optional<std::string_view> value = CutBehindLast(line, ':');
+  const std::optional<std::string_view> value = CutAfterLast(line, ':');
   if (!value) return std::nullopt;
-  const std::optional<std::string_view> key = CutBehindLast(line, '.');
+  const std::optional<std::string_view> key = CutAfterLast(line, '.');
   if (!key) return std::nullopt;
   ResourceLine parsed;
   parsed.key = LowerText(*key);
   parsed.value = *value;
-  if (const std::optional<std::string_view> group = CutBehindLast(line, '.')) {
+  if (const std::optional<std::string_view> group = CutAfterLast(line, '.')) {
     parsed.group = LowerText(*group);
   }
   return parsed;

@@ -57,7 +57,7 @@ size_t PrefixTable::EndUpTo(std::string_view text) const {
   return static_cast<size_t>(end - rows_.begin());
 }
 
-PatternRows PrefixTable::RowsAheadOf(size_t end) const {
+PatternRows PrefixTable::RowsBefore(size_t end) const {
   const size_t first = rows_[end - 1].first;
   return PatternRows(rows_).subspan(first, end - first);
 }
@@ -65,7 +65,7 @@ PatternRows PrefixTable::RowsAheadOf(size_t end) const {
 void PrefixTable::FindPrefixesOf(std::string_view text, FoundRows& found) const {
   for (size_t end = EndUpTo(text); end > 0; end = rows_[end - 1].prefix) {
     if (!text.starts_with(rows_[end - 1].text)) continue;
-    if (!found.insert(RowsAheadOf(end)).second) return;  // and so were its prefixes
+    if (!found.insert(RowsBefore(end)).second) return;  // and so were its prefixes
   }
 }
 
@@ -78,7 +78,7 @@ void PrefixTable::FindPartsOf(std::string_view text, FoundRows& found) const {
 
 void PrefixTable::FindEqual(std::string_view text, FoundRows& found) const {
   const size_t end = EndUpTo(text);
-  if (end > 0 && rows_[end - 1].text == text) found.insert(RowsAheadOf(end));
+  if (end > 0 && rows_[end - 1].text == text) found.insert(RowsBefore(end));
 }
 
 // --- PatternIndex ---

@@ -53,7 +53,7 @@ class PrefixTable {
   // One after the last row whose text isn't after `text`.
   size_t EndUpTo(std::string_view text) const;
   // The rows with the same text as the one before `end`.
-  PatternRows RowsAheadOf(size_t end) const;
+  PatternRows RowsBefore(size_t end) const;
 
   std::vector<PatternRow> rows_;
   std::bitset<UCHAR_MAX + 1> initials_;  // of the items that aren't empty

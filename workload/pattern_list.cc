@@ -25,19 +25,19 @@ std::string_view DropExtension(std::string_view item) {
 
 enum class ItemResult { MATCH, NO_MATCH, GIVE_UP };
 
-ItemResult Answer(bool matches) { return matches ? ItemResult::MATCH : ItemResult::NO_MATCH; }
+ItemResult ResultOf(bool matches) { return matches ? ItemResult::MATCH : ItemResult::NO_MATCH; }
 
 ItemResult MatchItem(std::string_view text, PatternForm form, std::string_view item, MatchMode mode) {
   switch (form) {
     case PatternForm::CONTAINS:
-      return Answer(SkipBlanks(text).find(item) != std::string_view::npos);
+      return ResultOf(SkipBlanks(text).find(item) != std::string_view::npos);
     case PatternForm::STARTS:
-      return Answer(text.starts_with(item));
+      return ResultOf(text.starts_with(item));
     case PatternForm::ENDS:
       if (text.size() <= item.size()) return ItemResult::GIVE_UP;
-      return Answer(text.ends_with(item));
+      return ResultOf(text.ends_with(item));
     case PatternForm::EQUALS:
-      return Answer(text == (mode == MatchMode::DROP_EXTENSION ? DropExtension(item) : item));
+      return ResultOf(text == (mode == MatchMode::DROP_EXTENSION ? DropExtension(item) : item));
   }
   return ItemResult::NO_MATCH;
 }

@@ -55,7 +55,7 @@ bool VmrFile::ReadLine() {
   while (file_.IsOpen()) {
     const std::string_view text = file_.ReadLine(VmrLine::MAX_LENGTH);
     if (text.empty()) {
-      file_.TellFault();
+      file_.ReportFault();
       file_.Close();
     } else if (line_.Assign(text)) {
       return true;

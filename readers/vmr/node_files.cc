@@ -26,15 +26,15 @@ class NamesInPath {
     names_.erase(std::unique(names_.begin(), names_.end(), endsInIt), names_.end());
   }
 
-  bool StandAtEndOf(std::string_view path) const {
+  bool AreAtEndOf(std::string_view path) const {
     const std::string backwards(path.rbegin(), path.rend());
     const auto next = std::upper_bound(names_.begin(), names_.end(), backwards);
     return next != names_.begin() && backwards.starts_with(*std::prev(next));
   }
 
-  bool StandIn(std::string_view path) const {
+  bool AreIn(std::string_view path) const {
     for (size_t size = 1; size <= path.size(); ++size) {
-      if (StandAtEndOf(path.substr(0, size))) return true;
+      if (AreAtEndOf(path.substr(0, size))) return true;
     }
     return false;
   }
@@ -60,14 +60,14 @@ std::vector<std::string> VmrNodeFiles(const std::string& dataPath, const std::st
   const NamesInPath names(std::move(listed));
 
   const std::string series = directory + "/qtx_" + nodeName + "_";
-  const bool holdsAll = names.StandIn(series);
+  const bool holdsAll = names.AreIn(series);
   std::vector<std::string> files;
   for (const std::string& day : DayList(start, end, "%Y%b%d")) {
     for (size_t n = 1; n <= mostOfADay; ++n) {
       std::string path = series;
       path.append(day).append("_").append(std::to_string(n)).append(EXTENSION);
       // Names end in the extension, and after the series that is at the end of the path only.
-      if (!holdsAll && !names.StandAtEndOf(path)) break;
+      if (!holdsAll && !names.AreAtEndOf(path)) break;
       files.push_back(DataFilePath(path));
     }
   }

@@ -79,7 +79,7 @@ struct Operations {
   float operations, reads, writes;
 };
 
-TEST(DiskFigures, OperationsReadsAndWritesStandInForOneAnother) {
+TEST(DiskFigures, OperationsReadsAndWritesReplaceOneAnother) {
   for (const Operations& test : {
            Operations{"the sum takes the place of the total", 3, 4, 0, 0, 0, 7, 3, 4},
            {"known ones stay, even if they don't add up", 3, 4, 9, 0, 0, 9, 3, 4},
@@ -142,7 +142,7 @@ TEST(DiskGraphs, MonitorFilesBringTheirTimes) {
   EXPECT_EQ(fixture.Find("Space Allocation for d"), nullptr) << "only AIX and Tru64 know it";
 }
 
-TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastStandsInItsGraphs) {
+TEST(DiskGraphs, TwoRecordsOfADiskAddUpInTheTreesAndTheLastIsInItsGraphs) {
   DiskFixture fixture(solaris_catalog::PLATFORM);
   DiskRecord first = Disk("d", 3);
   first.readRate = 3;

@@ -55,7 +55,7 @@ TEST(GraphBridgeGaps, DrawsAStraightLineThroughAHoleBelowTheLimit) {
   }
 }
 
-TEST(GraphStackTraces, EachSetBecomesTheSumOfItselfAndTheSetsBehindIt) {
+TEST(GraphStackTraces, EachSetBecomesTheSumOfItselfAndTheSetsAfterIt) {
   using Sets = std::vector<Series>;
   struct Case {
     const char* rule;

@@ -26,7 +26,7 @@ struct AccountingCase {
   std::map<int32_t, uint64_t> used;
 };
 
-TEST(ProcessesSinceTest, UseOfEndedProcessesIsToldOnce) {
+TEST(ProcessesSinceTest, UseOfEndedProcessesCountsOnce) {
   constexpr uint64_t SINCE = 1000;
   const AccountingCase cases[] = {
       {"the parent has what its child used after it was last seen",

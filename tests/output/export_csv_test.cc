@@ -19,7 +19,7 @@ using testing::TempDirectory;
 // Texts are no formats. Times follow the local clock in steps of seconds, here over the end of summer time.
 // Differences are those of floats: in double precision the first would be 16777216.90; the second is below
 // zero by rounding alone. The overlay's value stays as it is.
-TEST(ExportCsv, WritesTextsAsTheyStandAndEachTraceByItsOwnValue) {
+TEST(ExportCsv, WritesTextsAsTheyAreAndEachTraceByItsOwnValue) {
   const ScopedVariable zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
   const TempDirectory directory;
   tzset();

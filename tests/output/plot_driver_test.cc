@@ -123,7 +123,7 @@ restorestate; fcont 3932.16 2170.88; savestate; restorestate; restorestate; clos
 )");
 }
 
-TEST_F(PlotDriver, TitlesRiseWithTheFontSizeThatLibplotAnswers) {
+TEST_F(PlotDriver, TitlesRiseWithTheFontSizeThatLibplotReturns) {
   PlotJob graph = Band(11);
   Recording().fontScale = 2.0;
   Plot(graph);
@@ -195,7 +195,7 @@ TEST_F(PlotDriver, SizesAreCutToDotsAtTheResolutionOfTheType) {
   EXPECT_EQ(size(GraphType::GIF, SizeUnit::PIXELS, 16777217.0, 1e300), "16777216x2147483647");
 }
 
-TEST_F(PlotDriver, ABitmapThatLibplotCanNotMakeIsToldAndNotTried) {
+TEST_F(PlotDriver, ABitmapThatLibplotCanNotMakeIsReportedAndNotTried) {
   struct Case {
     GraphType type;
     double width;
@@ -220,7 +220,7 @@ TEST_F(PlotDriver, ABitmapThatLibplotCanNotMakeIsToldAndNotTried) {
   }
 }
 
-TEST_F(PlotDriver, PlottersThatFailAreTold) {
+TEST_F(PlotDriver, PlottersThatFailAreReported) {
   struct Case {
     int newpl, openpl, closepl;
     const char* error;

@@ -92,7 +92,7 @@ TEST_F(SelectionTest, OverlayIsATracesOwnValueAndOnlySetZeroIsClosed) {
   EXPECT_EQ((Series{5.0F, 5.0F, 5.0F, 5.0F}), disks_->data.y[1]);
 }
 
-TEST_F(SelectionTest, LastTraceOfTheStackStandsForItself) {
+TEST_F(SelectionTest, LastTraceOfTheStackIsItsOwnValue) {
   const OverlaySelection selection = SelectOverlay(catalog_, *load_, "Disks@d@e");
   ASSERT_TRUE(selection.overlay) << "only the first @ cuts";
   EXPECT_EQ((Series{3.0F, 3.0F, 3.0F, 2.0F}), Points(selection.overlay->traces[0]));

@@ -141,7 +141,7 @@ TEST_P(PlotFiles, APictureThatFailsLeavesNoFile) {
   EXPECT_FALSE(fs::exists(TEMP_MAP));
 }
 
-TEST_P(PlotFiles, APictureThatDoesNotGetThroughIsTold) {
+TEST_P(PlotFiles, APictureThatDoesNotGetThroughIsReported) {
   graph_.job.graphType = GetParam();
   graph_.job.graphFile = "/dev/full";
   EXPECT_EXIT(std::exit(PlotGraphJob(graph_.job)), ExitedWithCode(1),

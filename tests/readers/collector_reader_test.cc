@@ -151,7 +151,7 @@ TEST_F(CollectorReaderTest, LongRecordsCostNoMemory) {
 
 // A file longer than what is read at once fails in its middle: the descriptor is put on a directory, or the
 // file is cut.
-TEST_F(CollectorReaderTest, ReadErrorIsToldAndCutFileEnds) {
+TEST_F(CollectorReaderTest, ReadErrorIsReportedAndCutFileEnds) {
   constexpr int RECORDS = 20000;
   CollectorWriter writer = Beginning();
   WriteProcessor(writer, 0, 1);

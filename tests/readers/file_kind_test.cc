@@ -26,7 +26,7 @@ TEST(ReaderKindOf, GoesByTheFirstRuleThatFits) {
   for (const auto& [path, kind] : cases) EXPECT_EQ(ReaderKindOf(path), kind) << path;
 }
 
-TEST(IsVmrName, LooksAtTheEndOrAheadOfAFileVersion) {
+TEST(IsVmrName, LooksAtTheEndOrBeforeAFileVersion) {
   for (const char* name : {"node.vmr", "NODE.VMR;12", "node.vmr;1"}) EXPECT_TRUE(IsVmrName(name)) << name;
   for (const char* name : {"NODE.VMR.OLD", "node.Vmr", "vmr", ""}) EXPECT_FALSE(IsVmrName(name)) << name;
 }

@@ -141,7 +141,7 @@ TEST_F(VmrReaderTest, ShortSamplingPeriodEndsTheProcess) {
 
 // --- Samples ---
 
-TEST_F(VmrReaderTest, RowsBelongToTheTimeRowAheadOfThem) {
+TEST_F(VmrReaderTest, RowsBelongToTheTimeRowBeforeThem) {
   ASSERT_EQ(Open(Write(Samples(0, 3))), 1);
   for (const int minute : {0, 1, 2, 3}) {
     EXPECT_EQ(NextUserTimes(), Times{static_cast<double>(minute)});
@@ -170,7 +170,7 @@ TEST_F(VmrReaderTest, WalkGoesFromTheSpansMinuteToTheFirstSampleBeyond) {
   EXPECT_EQ(result_, ReaderResult::OUTSIDE_WINDOW);
 }
 
-TEST_F(VmrReaderTest, TimeGoesBackBehindMidnight) {
+TEST_F(VmrReaderTest, TimeGoesBackAfterMidnight) {
   ASSERT_EQ(Open(Write(HEADER + "1~~23~59~0\n" + "1~~0~0~0\n1~~0~1~0\n"), NOON, NOON + 86400), 1);
   NextUserTimes();
   EXPECT_EQ(context_.periodEnd, MIDNIGHT + 86340);
@@ -193,7 +193,7 @@ TEST_F(VmrReaderTest, UnknownRowEndsTheProcess) {
 
 // --- File set ---
 
-TEST_F(VmrReaderTest, DaySetHoldsThePathsThatANameStandsIn) {
+TEST_F(VmrReaderTest, DaySetHoldsThePathsThatANameIsIn) {
   const std::string day = "qtx_node_2012Feb22_";
   struct Case {
     Fields names;  // in the directory, beside some of yesterday and the day before
@@ -226,7 +226,7 @@ TEST_F(VmrReaderTest, LastSampleOfAFileIsDeliveredWhenAnotherFollows) {
 }
 
 // A file longer than what is read at once fails in its middle, with its descriptor put on a directory.
-TEST_F(VmrReaderTest, ReadErrorIsToldAndEndsTheFile) {
+TEST_F(VmrReaderTest, ReadErrorIsReportedAndEndsTheFile) {
   std::string text = Samples(0, 0) + TimeRow(1);
   while (text.size() < size_t{1024} * 1024) text += Processor(2);
   const std::string path = Write(text);

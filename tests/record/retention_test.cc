@@ -110,7 +110,7 @@ TEST_F(RetentionTest, CompressesFinishedDaysAndKnowsThemAgain) {
   EXPECT_EQ(Left(), "21 qtxl_a_b_2012Feb21.dat_1.zst 22 ");
 }
 
-// A file that may not grow stands for a full disk.
+// A file that may not grow takes the place of a full disk.
 TEST_F(RetentionTest, AFullDiskLeavesThePlainFileAndNoDraft) {
   if (!host_file::CanCompress()) GTEST_SKIP() << "built without libzstd";
   const std::string path = directory / "qtxl_a_b_2012Feb20.dat_1";

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """service_test.py RECORDER: what the recorder says to a service manager, and what SIGHUP does to one without a terminal.
 
-Stands in the place of the manager at the socket that it has its services talk to; the recorder and libsystemd are
+Takes the place of the manager at the socket that it has its services talk to; the recorder and libsystemd are
 the real ones.
 """
 import os

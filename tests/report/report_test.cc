@@ -131,7 +131,7 @@ TEST_F(Report, ADayMayBeginOnTheEveningBeforeAndHaveNoProcesses) {
 INSTANTIATE_TEST_SUITE_P(Kinds, ReportCsv,
                          ::testing::ValuesIn(sample::SampleKinds().begin(), sample::SampleKinds().end()));
 
-TEST_F(Report, StatusTellsDoneFromFailedAndMisused) {
+TEST_F(Report, StatusIsForDoneFailedOrMisused) {
   const std::string data = Sample(*sample::SampleKinds().front());
   const std::string empty = Path("qtxs_empty.dat_1");
   std::fclose(std::fopen(empty.c_str(), "w"));

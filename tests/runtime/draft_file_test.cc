@@ -81,7 +81,7 @@ TEST_F(DraftFileTest, AnIgnoredSignalStaysIgnored) {
   EXPECT_TRUE(fs::exists(path_));
 }
 
-// A draft that was renamed, with another file in its place; one behind a link; a pipe.
+// A draft that was renamed, with another file in its place; one that a link leads to; a pipe.
 TEST_F(DraftFileTest, OnlyTheFileItselfGoes) {
   WatchAnd([this](DraftFile&) {
     fs::rename(path_, directory_ / "moved");

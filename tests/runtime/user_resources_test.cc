@@ -46,7 +46,7 @@ class UserResourcesTest : public ::testing::Test {
     variables_.emplace_back(name, value);
   }
 
-  // Answers what was printed on standard error.
+  // Returns what was printed on standard error.
   std::string Read() {
     ::testing::internal::CaptureStderr();
     UserResourcesRead(resources_, runtime_, ".yxrc");

@@ -14,7 +14,7 @@ std::string Bytes(std::initializer_list<int> values) {
   return bytes;
 }
 
-TEST(CollectorWriterTest, RecordsCountTheirHeadAndListsStandUnderMultiplesOfTheirRecord) {
+TEST(CollectorWriterTest, RecordsCountTheirHeadAndListsHaveMultiplesOfTheirRecord) {
   CollectorWriter big(WrittenOrder::BIG);
   big.Record(6, {Int32(-2), Int64(0x0102030405060708), Text("ab")}).OrderList(7, {701}).DivisorList(7, {2});
   EXPECT_EQ(big.Bytes(),

@@ -62,7 +62,7 @@ TEST_F(ClassFile, VersionAndLinesDecideWhatIsAName) {
   for (const auto& [text, names] : cases) EXPECT_EQ(NamesIn(text), names) << text;
 }
 
-TEST_F(ClassFile, WithoutAClassNothingStands) {
+TEST_F(ClassFile, WithoutAClassNothingStays) {
   for (const std::string& path : {directory_ / "missing", directory_ / ""}) {
     ASSERT_EQ(LoadVersion1("class_name 1 \"a\"\nclass_catch_all 1 1\n"), 1);
     EXPECT_EQ(WorkloadLoad(list_, path), 0);
