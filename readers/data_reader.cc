@@ -11,7 +11,7 @@ namespace {
 
 std::variant<CollectorReader, VmrReader> MakeReader(ReaderKind kind, Runtime& runtime) {
   const CollectorFormat* format = FormatOf(kind);
-  if (format == nullptr) return VmrReader(runtime);
+  if (format == nullptr) return VmrReader();
   return CollectorReader(*format, runtime);
 }
 

@@ -1,7 +1,7 @@
 // One data file's reader: whatever the file's kind, the same four operations.
 //
 // A builder prepares a VmrContext with the requested span, calls Open, and calls Next and reads the context's
-// records while the result is at least 1; Close ends the walk, and another may be opened.
+// records while the result is DONE; Close ends the walk, and another may be opened.
 #pragma once
 
 #include <optional>

@@ -11,7 +11,7 @@ struct ProductIdentity {
   int minorVersion = 0;
   char patchLetter = ' ';
   int editNumber = 1;
-  std::string buildDate;
+  std::string buildDate;  // no option reaches this or the other texts without a comment
   std::string companyWord;
   std::string moduleWord;
   std::string versionText;  // V10.0-001

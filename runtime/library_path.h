@@ -16,7 +16,7 @@ struct LibraryDirectoryCache {
 };
 
 // The directory by the variable VELTRIX_LIBRARY, for `kind` "nabber" by NABBER_LIBRARY as the second choice,
-// else the default root. Ends in "/". Nobody looks whether it exists.
+// else the default root. Ends in "/". Nobody looks whether it exists. No option reaches "nabber".
 std::string LibraryDirectory(Runtime& runtime, std::string_view kind);
 
 // LibraryDirectory of kind "veltrix"; absent if it comes out empty.

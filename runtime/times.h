@@ -26,7 +26,7 @@ struct Span {
 
 // strptime formats by number: the form of -begin and -end is DAY_MONTH_YEAR_TIME, 22-Feb-2012:14:30:00.
 enum class TimeFormatNumber {
-  UNIX_DATE = 0,
+  UNIX_DATE = 0,  // no option reaches this or those below the next
   DAY_MONTH_YEAR_TIME = 1,
   MONTH_DAY_TIME_YEAR = 2,
   DAY_MONTH_YEAR_MINUTE = 3,

@@ -19,13 +19,8 @@
 
 namespace ozmo {
 
-struct Runtime;
-
 class VmrReader {
  public:
-  // This reader has no message of the message file to give.
-  explicit VmrReader(Runtime& /*runtime*/) {}
-
   // Absent if the file can't be opened or ends before its first time row.
   std::optional<FileHead> EntryPass(const std::string& path);
   // Number of files in the set of the context's span.

@@ -61,8 +61,7 @@ class VmrReaderTest : public ::testing::Test {
 
   ScopedVariable zone_{"TZ", "UTC"};
   TempDirectory directory_;
-  Runtime runtime_;
-  VmrReader reader_{runtime_};
+  VmrReader reader_;
   VmrContext context_;
   std::optional<FileHead> head_;
   ReaderResult result_ = ReaderResult::NOTHING;
