@@ -26,7 +26,7 @@ struct RunRequest {
   std::optional<std::string> beginText;    // as typed; kept
   std::optional<std::string> endText;      // as typed; kept
   std::string hostName;                    // -host, until a first pass finds the node name of the file
-  std::optional<std::string> memoryFile;  // kept
+  std::optional<std::string> memoryFile;   // kept
   std::optional<std::tm> beginTime;
   std::optional<std::tm> endTime;
   double width = 0.0;
