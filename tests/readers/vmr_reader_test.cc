@@ -10,7 +10,6 @@
 
 #include "readers/vmr/node_files.h"
 #include "readers/vmr/reader.h"
-#include "runtime/runtime.h"
 #include "tests/support/environment.h"
 #include "tests/support/interval_text.h"
 #include "tests/support/sample_day.h"
