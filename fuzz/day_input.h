@@ -2,9 +2,8 @@
 //
 //   Top 10 Images by CPU Utilization         -item
 //   Process Count@Processes                  -overlay; empty: none
-//   480 540 0 81920                          begin and end, minutes of the day; 1: the second form of the
-//   file's
-//                                            name; size of the day's first file
+//   480 540 0 81920                          begin and end, minutes of the day; 1: second form of its name;
+//                                            size of the day's first file
 //   (bytes)                                  of the file; what lies beyond its size is the day's second file
 #pragma once
 

@@ -5,8 +5,8 @@
 // writes such. It also has an index of the records that count outside the span of a walk, so that the frames
 // of the hours before a span aren't opened at all:
 //
-//   frames of data | a skippable frame of type 0 with the index | the seek table, a skippable frame of type
-//   14
+//   frames of data | a skippable frame of type 0 with the index |
+//   the seek table, a skippable frame of type 14
 //
 // The index is a frame of zstd's with a checksum. It holds the text "ozmo1", and for each of these records
 // its place in the plain file (8 bytes), its size (4 bytes) and its bytes. All numbers are little-endian. A

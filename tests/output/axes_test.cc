@@ -53,7 +53,7 @@ TEST(AxisTrialSpacing, LimitsThatAreNotApartEndTheProcess) {
   EXPECT_EXIT(AxisTrialSpacing(0.0, INFINITY), ExitedWithCode(1), "bad trial inter-tick spacing inf");
 }
 
-TEST(AxisSpacingType, TellsMultiplesOfAPowerOfTenWithinATolerance) {
+TEST(AxisSpacingType, FindsMultiplesOfAPowerOfTenWithinATolerance) {
   for (const auto& [spacing, type] : {std::pair(100.0, SpacingType::ONE),
                                       {0.002, SpacingType::TWO},
                                       {25.0, SpacingType::TWO_AND_A_HALF},

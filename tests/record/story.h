@@ -15,9 +15,8 @@ namespace ozmo::testing {
 //
 //   at WALL STEADY        begins a moment: seconds of both clocks; the files of the moment before stay
 //   file PATH             its lines follow, each after a bar
-//   process ID NAME=...   a process of this moment, of this user: the names of /proc/ID/stat, and last cmd=
-//   with
-//                         the whole command
+//   process ID NAME=...   a process of this moment, of this user: the names of /proc/ID/stat, and last
+//                         cmd= with the whole command
 //
 // The recorder sleeps from the first moment to the second, where it takes its first reading.
 class Story {

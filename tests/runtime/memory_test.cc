@@ -41,7 +41,7 @@ TEST(MemFailDeathTest, ReportsWithoutARuntimeToo) {
               "Cannot allocate 7 bytes");
 }
 
-TEST(OperatorNew, AnswersNullToWhoeverAsksForThat) {
+TEST(OperatorNew, ReturnsNullToWhoeverAsksForThat) {
   EXPECT_EQ(::operator new(HugeSize(), std::nothrow), nullptr);
   EXPECT_EQ(::operator new[](HugeSize(), std::nothrow), nullptr);
 }

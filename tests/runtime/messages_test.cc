@@ -39,7 +39,7 @@ class MessageEmitTest : public ::testing::Test {
   std::string errors_;
 };
 
-TEST_F(MessageEmitTest, TellsTheTextOfTheFirstLineOfTheCode) {
+TEST_F(MessageEmitTest, PrintsTheTextOfTheFirstLineOfTheCode) {
   struct Case {
     std::string file, said;
     bool toOutput;
