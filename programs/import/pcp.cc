@@ -242,10 +242,16 @@ std::string Archive::Read(const SampleSink& sink) {
     if (code < 0) return ErrorText(code);
     const std::unique_ptr<pmResult, void (*)(pmResult*)> record(fetched, pmFreeResult);
     const int64_t time = record->timestamp.tv_sec;
-    if (isDue_ && time > time_ + 1) {
+    const bool isMark = record->numpmid == 0;
+    const bool isAnew = isMark || time < time_;  // the clock has gone back
+    if (isDue_ && (isAnew || time > time_ + 1)) {
       if (std::string failure = EndSample(sink); !failure.empty()) return failure;
     }
-    if (record->numpmid == 0 || time < time_) timeBefore_ = 0;  // a mark, or the clock has gone back
+    if (isAnew) {
+      timeBefore_ = 0;
+      reading_.At(static_cast<size_t>(Metric::PROCESS_USER)) = {};  // those from before may have ended
+    }
+    if (isMark) continue;
     const bool hasProcesses = TakeRecord(*record);
     if (hasProcesses && time > processesTime_) {
       // Where they are logged no more, samples go on without them.
