@@ -1,6 +1,8 @@
 // ---- The map of hosts by hours, in the order of the table ----
 
-const HIGHEST_MAP = 720;   // pixels; with more rows than that, several share one
+const SHARE_OF_WINDOW = 0.5;  // that the map takes at most, so that the table is in sight
+const LEAST_MAP = 240;     // pixels; with more rows than the map has, several share one
+const HIGHEST_MAP = 720;
 const HIGHEST_CELL = 18;
 const NAMED_CELL = 11;     // from this height on a row has its host's name beside it
 const NAME_WIDTH = 120;
@@ -9,12 +11,14 @@ const TOP_SHARE = 0.99;    // of a figure without an upper end, this share of th
 
 const map = {figure: 0, hours: 1, bins: [], height: 0, left: 0, step: 0, top: 100, at: null, frame: 0, timer: 0};
 
-const COLD = [244, 238, 226];
-const HOT = [176, 28, 20];
-const WARM = [240, 160, 60];
+// From nothing to the top: what is busy stands out from the page.
+const LIGHT = [[244, 238, 226], [240, 160, 60], [176, 28, 20]];
+const DARK = [[38, 36, 33], [176, 96, 24], [255, 176, 120]];
+const darkPage = matchMedia('(prefers-color-scheme: dark)');
 
 function colourOf(share) {
-  const [from, to, part] = share < 0.5 ? [COLD, WARM, share * 2] : [WARM, HOT, share * 2 - 1];
+  const [cold, warm, hot] = darkPage.matches ? DARK : LIGHT;
+  const [from, to, part] = share < 0.5 ? [cold, warm, share * 2] : [warm, hot, share * 2 - 1];
   return `rgb(${from.map((value, i) => Math.round(value + (to[i] - value) * part)).join(',')})`;
 }
 
@@ -34,9 +38,11 @@ function cellAt(bin, hour) {
   return best;
 }
 
+const highest = () => Math.max(LEAST_MAP, Math.min(HIGHEST_MAP, Math.floor(innerHeight * SHARE_OF_WINDOW)));
+
 // Rows cut into as many bins as the map has lines for.
 function binsOf(rows) {
-  const count = Math.min(rows.length, HIGHEST_MAP);
+  const count = Math.min(rows.length, highest());
   return Array.from({length: count}, (_, i) =>
     rows.slice(Math.floor(rows.length * i / count), Math.floor(rows.length * (i + 1) / count)));
 }
@@ -47,18 +53,19 @@ function drawLabels(ink) {
   ink.font = '11px ' + getComputedStyle(document.body).fontFamily;
   ink.textBaseline = 'middle';
   for (let hour = 0; hour < map.hours; hour += Math.max(1, Math.ceil(40 / map.step))) {
-    ink.fillText(two(hour % 24) + ':00', map.left + hour * map.step, CLOCK_HEIGHT / 2);
+    ink.fillText(two(hour % 24) + ':00', xOf(hour), CLOCK_HEIGHT / 2);
   }
   if (!map.left) return;
   map.bins.forEach(([row], line) => ink.fillText(row.cells[HOST], 0, yOf(line) + map.height / 2, NAME_WIDTH - 8));
 }
 
+const xOf = (hour) => map.left + hour * map.step;
 const yOf = (line) => CLOCK_HEIGHT + line * map.height;
 
 function drawMap() {
   const canvas = byId('heat');
   map.bins = binsOf(view.rows);
-  map.height = Math.max(1, Math.min(HIGHEST_CELL, Math.floor(HIGHEST_MAP / Math.max(1, map.bins.length))));
+  map.height = Math.max(1, Math.min(HIGHEST_CELL, Math.floor(highest() / Math.max(1, map.bins.length))));
   map.left = map.height >= NAMED_CELL ? NAME_WIDTH : 0;
   const width = canvas.clientWidth;
   const height = yOf(map.bins.length);
@@ -75,7 +82,8 @@ function drawMap() {
       const cell = cellAt(bin, hour);
       if (!cell) continue;
       ink.fillStyle = colourOf(Math.min(cell.mean / map.top, 1));
-      ink.fillRect(map.left + hour * map.step, yOf(line), map.step - gap, map.height - gap);
+      const left = Math.round(xOf(hour));  // no seam in the middle of a pixel
+      ink.fillRect(left, yOf(line), Math.round(xOf(hour + 1)) - left - gap, map.height - gap);
     }
   });
   drawLabels(ink);
@@ -118,7 +126,7 @@ function hideMark() {
 function showCell(line, hour) {
   if (!map.bins.length) return;
   map.at = {line: Math.max(0, Math.min(line, map.bins.length - 1)), hour: Math.max(0, Math.min(hour, map.hours - 1))};
-  const [x, y] = [map.left + map.at.hour * map.step, yOf(map.at.line)];
+  const [x, y] = [xOf(map.at.hour), yOf(map.at.line)];
   const mark = byId('mark');
   mark.style.cssText = `left:${x - 2}px;top:${y - 2}px;width:${map.step + 3}px;height:${map.height + 3}px`;
   const tip = byId('tip');
@@ -164,7 +172,7 @@ function showScale() {
     colour.style.cssText = `display:inline-block;width:18px;height:10px;background:${colourOf(share)}`;
     scale.append(colour);
   }
-  scale.append(` ${top} ${unit}${unit === '%' ? '' : ' and more'}`);
+  scale.append(` ${top}\u00a0${unit}${unit === '%' ? '' : ' and more'}`);
 }
 
 function chooseFigure(figure) {
@@ -191,6 +199,11 @@ function buildMap() {
   canvas.addEventListener('click', leadFromMap);
   listeners.push(drawSoon);
   new ResizeObserver(drawSoon).observe(canvas.parentElement);
+  addEventListener('resize', drawSoon);
+  darkPage.addEventListener('change', () => {
+    showScale();
+    drawSoon();
+  });
   map.top = topOf(map.figure);
   showScale();
 }
