@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "output/number_text.h"
+#include "runtime/terminal_text.h"
 #include "runtime/text.h"
 
 namespace ozmo::report {
@@ -200,7 +201,17 @@ class TextReader {
   int number_ = 0;
 };
 
-bool IsEscaped(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f' || c == '\\'; }
+// What neither ends a column or a line nor begins a comment or an escape, here or in programs that read such
+// tables, and is UTF-8.
+bool IsPlain(const std::optional<Character>& character) {
+  return character && IsPrintable(character->code) && character->code != '\\' && character->code != '#';
+}
+
+std::string EscapeOf(char c) {
+  char escape[5];
+  std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(c)));
+  return escape;
+}
 
 }  // namespace
 
@@ -234,10 +245,11 @@ SummariesResult ReadSummaries(std::string_view text) {
 
 std::string EscapedName(std::string_view name) {
   std::string text;
-  for (const char c : name) {
-    char escape[5];
-    std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(c)));
-    text += IsEscaped(c) ? std::string(escape) : std::string(1, c);
+  while (!name.empty()) {
+    const std::optional<Character> character = FirstCharacter(name);
+    const std::string_view bytes = name.substr(0, character ? character->length : 1);
+    for (const char c : bytes) text += IsPlain(character) ? std::string(1, c) : EscapeOf(c);
+    name.remove_prefix(bytes.size());
   }
   return text;
 }

@@ -113,7 +113,7 @@ Summary Sample() {
   SummaryLine image = cpu;
   image.figure = Figure::IMAGE;
   image.name = "a\tb\n\\x41\x7f<i>";
-  return {.host = "for\tge",
+  return {.host = "#for\tge\xFF",
           .system = "Linux",
           .processors = 8,
           .begin = BEGIN,
@@ -128,7 +128,7 @@ TEST(SummaryText, ReadsBackWhatItWroteAlsoSeveralInARow) {
   const SummariesResult read = ReadSummaries(text + "\n# a note\n" + text);
   EXPECT_TRUE(read.wrong.empty());
   ASSERT_EQ(read.summaries.size(), 2U);
-  EXPECT_EQ(read.summaries[1].host, "for\tge");
+  EXPECT_EQ(read.summaries[1].host, "#for\tge\xFF");
   EXPECT_EQ(read.summaries[1].lines[1].name, Sample().lines[1].name);
   EXPECT_TRUE(std::isnan(read.summaries[1].lines[0].hours[1]));
   EXPECT_EQ(SummaryText(read.summaries[1]), text);
@@ -153,7 +153,7 @@ TEST(SummaryText, WhatIsDamagedIsNamedAndTheNextIsRead) {
       {"\t5\t8\t", "\t-5\t8\t", "line 3: no count: \"-5\""},
       {"1.00,,2.00", "1.00,,x", "line 3: no figure: \"x\""},
       {"1.00,,2.00", "1.00,2.00", "line 4: not as many hours"},
-      {"ge\tLinux", "ger\tLinux", "line 4: another host"},
+      {"xff\tLinux", "xffr\tLinux", "line 4: another host"},
       {"T02:00:00\t", "T00:00:00\t", "line 3: the end is not after"},
       {"# end 2\n", "# end 3\n", "line 5: an end that doesn't fit"},
       {"# end 2\n", "", "line 5: the summary before has no end"},
