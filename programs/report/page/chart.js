@@ -3,10 +3,11 @@
 // Labels and values are this page's own; of the library's parts it needs the two that draw.
 Dygraph.PLUGINS = [Dygraph.Plugins.Axes, Dygraph.Plugins.Grid];
 
-// The rows of the window: no more than the pixels can show.
+// The rows of the window: one a pixel, since of each two pixels they are the lowest and the highest.
 function rowsOf(graph) {
   const {values} = graph;
-  const columns = Math.max(200, graph.plot.clientWidth);
+  const width = graph.chart ? graph.chart.getArea().w : graph.plot.clientWidth;  // the latter has the page laid out
+  const columns = Math.max(200, Math.ceil(width / 2));
   return thinned(graph.shownLevel(values), view.from, view.to, columns).map((point) =>
     [xOf(point), ...values.map((own) => (Number.isNaN(own[point]) ? null : own[point]))]);
 }
@@ -52,6 +53,38 @@ function makeChart(graph) {
         axisLabelWidth: 46},
     },
   });
+}
+
+// ---- Following the window: once a frame, what is in sight, and the others when it rests ----
+
+const FRAME_MS = 12;     // after so much of a frame the next chart has to wait for the next one
+const late = new Set();  // graphs whose charts show an earlier window, the longest waiting first
+let frameAsked = 0;
+
+const sight = new IntersectionObserver((entries) => {
+  for (const {target, isIntersecting} of entries) target.graph.inSight = isIntersecting;
+  askFrame();
+});
+
+function drawLate() {
+  frameAsked = 0;
+  const began = performance.now();
+  const seen = [...late].filter((graph) => graph.inSight);
+  for (const graph of seen) graph.followFigures();
+  while (seen.length > 0 && performance.now() - began < FRAME_MS) seen.shift().showChart();
+  if (seen.length > 0) askFrame();
+}
+
+function askFrame() {
+  frameAsked = frameAsked || requestAnimationFrame(drawLate);
+}
+
+const drawUnseen = afterRest(150, () => inPieces([...late], (graph) => graph.showChart(), () => {}));
+
+function showCharts() {
+  for (const graph of live) late.add(graph);
+  askFrame();
+  drawUnseen();
 }
 
 // ---- Drawing what comes into view, and dropping what is far from it ----

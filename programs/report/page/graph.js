@@ -48,6 +48,7 @@ class Graph {
     if (this.data.chart) {
       body.append(this.plotElement());
       watcher.observe(card);
+      sight.observe(card);
     } else {
       body.append(make('p', 'without', 'No chart: the page has no room for its points.'));
     }
@@ -142,7 +143,7 @@ class Graph {
       cells.button.setAttribute('aria-pressed', String(this.shown[other]));
       cells.element.classList.toggle('off', !this.shown[other]);
     });
-    this.showView();
+    this.showChart();
   }
 
   setLines(lines) {
@@ -151,15 +152,21 @@ class Graph {
     if (this.chart) this.redraw();
   }
 
-  showView() {
+  showChart() {
+    late.delete(this);
     if (!this.chart) return;
     this.chart.updateOptions(windowOptions(this));
-    this.showFigures();
+    this.followFigures();
     this.showPoint();
+  }
+
+  followFigures() {
+    if (this.chart && this.figuresAt !== view.changes) this.showFigures();
   }
 
   // Figures of the window that is seen.
   showFigures() {
+    this.figuresAt = view.changes;
     this.rows.forEach((cells, set) => {
       this.figures[set] = this.figures[set] || new Figures(this.values[set]);
       cells.show(this.figures[set].of(view.from, view.to));
@@ -232,6 +239,7 @@ class Graph {
   erase() {
     if (!this.chart) return;
     live.delete(this);
+    late.delete(this);
     this.chart.destroy();
     this.chart = null;
     this.values = null;

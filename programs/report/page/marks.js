@@ -16,9 +16,10 @@ function drawUnder(context, area, chart, graph) {
     context.stroke(new Path2D(frame.path(line.values)));
   }
   context.setLineDash([]);
-  context.strokeStyle = context.fillStyle = colourOf('--mark');
   context.font = '11px sans-serif';
-  for (const [point, text] of seenMarks()) {
+  const seen = seenMarks();
+  if (seen.length > 0) context.strokeStyle = context.fillStyle = colourOf('--mark');
+  for (const [point, text] of seen) {
     const x = frame.x(point);
     context.stroke(new Path2D(`M${x} ${area.y}V${area.y + area.h}`));
     const left = x + 4 + context.measureText(text).width > area.x + area.w;

@@ -81,9 +81,11 @@ class Figures {
     return [sum, count];
   }
 
-  // Mean, 95th percentile (the smallest value that 95 of 100 points don't exceed), peak and its first point.
-  of(from, to) {
+  // Mean, 95th percentile (the smallest value that 95 of 100 points don't exceed), peak and its first point. A page of
+  // one minute has a second point, so that there is a line, but no figures of it.
+  of(from, last) {
     const {values, order} = this;
+    const to = Math.min(last, report.last);
     const [sumBefore, countBefore] = this.before(from);
     const [sum, countUpToEnd] = this.before(to + 1);
     const count = countUpToEnd - countBefore;

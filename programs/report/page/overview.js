@@ -1,6 +1,7 @@
 // ---- The overview: a row a graph ----
 
 const LEAST_GRAPHS = 4;  // fewer need no overview
+const MOST_AT_REST = 500;  // rows; of more, as of a thousand disks, those that come into sight are filled in alone
 const SPARK_WIDTH = 120;
 const SPARK_HEIGHT = 22;
 
@@ -38,7 +39,9 @@ class OverviewEntry {
     this.ready = true;
     const level = this.graph.level();
     this.hour = busiestHour(level.values);
-    this.show();
+    this.figures = level.of(view.from, view.to);
+    this.late = true;
+    if (this.visible) this.show();
   }
 
   showLate() {
@@ -112,6 +115,7 @@ function showOverview() {
 }
 
 const showLateRows = afterRest(150, () => {
+  if (overview.entries.length > MOST_AT_REST) return;
   const {from, to} = view;
   inPieces([...overview.entries], (entry) => entry.showLate(), () => {}, () => from !== view.from || to !== view.to);
 });
@@ -155,5 +159,6 @@ function buildOverview() {
   // Rows are worked out one after the other, while the page is there already.
   inPieces([...overview.entries], (entry) => entry.prepare(), () => {
     document.body.dataset.overview = 'ready';
+    showLateRows();
   });
 }

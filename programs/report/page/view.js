@@ -1,6 +1,6 @@
 // ---- State that all charts share: the window, and the point under inspection ----
 
-const view = {from: FIRST, to: LAST};  // points
+const view = {from: FIRST, to: LAST, changes: 0};  // points
 let inspected = null;                  // point, or null
 const live = new Set();                // graphs whose charts are drawn now
 const viewListeners = [];              // run after the window has changed
@@ -14,7 +14,8 @@ function setView(from, to) {
   if (begin === view.from && end === view.to) return;
   view.from = begin;
   view.to = end;
-  for (const graph of live) graph.showView();
+  ++view.changes;
+  showCharts();
   for (const listener of viewListeners) listener();
 }
 
