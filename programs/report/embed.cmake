@@ -35,15 +35,17 @@ set(PAGE_SCRIPT "// All texts of the data reach the document by textContent.\n'u
 string(REPLACE "," ";" scripts "${SCRIPTS}")
 foreach(script IN LISTS scripts)
   file(READ ${SOURCE}/${script}.js text)
-  # Comments on lines of their own and indents are for who reads the source.
+  # Comments on lines of their own, indents and empty lines are for who reads the source.
   string(REGEX REPLACE "\n *//[^\n]*" "" text "\n${text}")
   string(REGEX REPLACE "\n +" "\n" text "${text}")
+  string(REGEX REPLACE "\n\n+" "\n" text "${text}")
   string(APPEND PAGE_SCRIPT "\n${text}")
 endforeach()
 string(APPEND PAGE_SCRIPT "})();\n")
 set(STYLE "")
 foreach(style IN LISTS styles)
   file(READ ${style} text)
+  string(REGEX REPLACE "\n +" "\n" text "${text}")
   string(APPEND STYLE "${text}\n")
 endforeach()
 foreach(part LIBRARY_SCRIPT PAGE_SCRIPT STYLE)
