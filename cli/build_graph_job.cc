@@ -12,16 +12,13 @@
 namespace ozmo {
 namespace {
 
-constexpr double DEFAULT_WIDTH_INCHES = 11.0;
-constexpr double DEFAULT_HEIGHT_INCHES = 8.5;
-
 void Report(Runtime& runtime, const char* text) { MessageEmit(runtime, PLAIN_MESSAGE, {text}); }
 
 // A job always has both sizes: one that is missing drops the other.
 void SetSize(GraphJob& job, const RunRequest& request) {
   const bool isGiven = request.width != 0.0 && request.height != 0.0;
-  job.width = isGiven ? request.width : DEFAULT_WIDTH_INCHES;
-  job.height = isGiven ? request.height : DEFAULT_HEIGHT_INCHES;
+  job.width = isGiven ? request.width : PAGE_WIDTH_INCHES;
+  job.height = isGiven ? request.height : PAGE_HEIGHT_INCHES;
   job.sizeUnit = isGiven ? request.sizeUnit : SizeUnit::INCHES;
 }
 

@@ -49,6 +49,10 @@ inline float OwnValue(const Overlay& overlay, size_t set, size_t point) {
   return set + 1 == overlay.traces.size() ? sum : sum - overlay.traces[set + 1].series[point];
 }
 
+// The size of a picture that no option gives another.
+inline constexpr double PAGE_WIDTH_INCHES = 11.0;
+inline constexpr double PAGE_HEIGHT_INCHES = 8.5;
+
 struct GraphJob {
   Overlay mainOverlay;
   std::optional<Overlay> additionalOverlay;

@@ -13,8 +13,8 @@
 // The arithmetic runs in the type of the member: a member of 32 bits is computed in single precision, one of
 // 64 bits in double precision, a whole number in whole numbers. The steps of a conversion, in order:
 //
-//   value in its form (0 beyond the limit), / scale, / interval (Per::INTERVAL), / divisor (where the row uses
-//   it), floor at 0
+//   value in its form (0 beyond the limit), / scale, / interval (Per::INTERVAL), / divisor (where the row
+//   uses it), floor at 0
 //
 // A field without a row doesn't count as read; a row that leads nowhere drops its field, which counts.
 #pragma once

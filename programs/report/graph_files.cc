@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "output/output_type.h"
 #include "output/plot_driver.h"
 #include "programs/report/csv_files.h"
 #include "programs/report/processes.h"
@@ -11,26 +12,7 @@
 namespace ozmo::report {
 namespace {
 
-struct PictureType {
-  std::string_view word;
-  GraphType type;
-};
-constexpr PictureType PICTURE_TYPES[] = {{"gif", GraphType::GIF},
-                                         {"ps", GraphType::POSTSCRIPT},
-                                         {"jpg", GraphType::JPEG},
-                                         {"jpeg", GraphType::JPEG}};
-
-// The first word of a type ends its files' names.
-std::string EndingOf(GraphType type) {
-  for (const PictureType& row : PICTURE_TYPES) {
-    if (row.type == type) return '.' + std::string(row.word);
-  }
-  return "";
-}
-
-// The tool's page, in inches.
-constexpr double PAGE_WIDTH = 11.0;
-constexpr double PAGE_HEIGHT = 8.5;
+constexpr std::string_view SECOND_WORD_OF_JPEG = "jpeg";  // the field's own; -type has only jpg
 
 struct Picture {
   std::string path;
@@ -41,8 +23,8 @@ GraphJob PictureJob(const Picture& picture, const DataDay& day, const PictureFor
   GraphJob job = JobOf(*picture.item, day);
   job.graphType = form.type;
   job.sizeUnit = form.width > 0 ? SizeUnit::PIXELS : SizeUnit::INCHES;
-  job.width = form.width > 0 ? form.width : PAGE_WIDTH;
-  job.height = form.width > 0 ? form.height : PAGE_HEIGHT;
+  job.width = form.width > 0 ? form.width : PAGE_WIDTH_INCHES;
+  job.height = form.width > 0 ? form.height : PAGE_HEIGHT_INCHES;
   job.hasOwnMap = true;
   return job;
 }
@@ -62,7 +44,8 @@ bool Draw(const std::string& path, GraphJob job, std::span<const FileIdentity> i
 
 std::vector<Picture> PicturesOf(const std::string& directory, const PictureForm& form,
                                 const std::vector<Section>& sections) {
-  const std::vector<std::string> names = FileNames(sections, EndingOf(form.type));
+  const std::vector<std::string> names =
+      FileNames(sections, '.' + std::string(OutputTypeOf(form.type).words[1]));
   std::vector<Picture> pictures;
   size_t next = 0;
   VisitItems(sections, [&](const Item& item) {
@@ -80,8 +63,9 @@ bool TakeSide(std::string_view text, int& side) {
 }  // namespace
 
 std::optional<GraphType> PictureTypeOf(const std::string& word) {
-  for (const PictureType& row : PICTURE_TYPES) {
-    if (row.word == word) return row.type;
+  if (word == SECOND_WORD_OF_JPEG) return GraphType::JPEG;
+  for (const OutputType& row : OutputTypes()) {
+    if (row.type != GraphType::CSV && row.words[1] == word) return row.type;
   }
   return std::nullopt;
 }
