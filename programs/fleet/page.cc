@@ -80,21 +80,58 @@ std::string LinkOf(const Host& host, const std::string& pageFile) {
   return AddressOf(std::filesystem::absolute(host.page).lexically_relative(directory).string());
 }
 
+// Hours by the clock, counted from the midnight before the span: that of hour `from` of the span, and of
+// those after it, is so many more.
+struct ClockShift {
+  size_t from = 0;
+  int64_t shift = 0;
+};
+
+size_t HourCount(const Summary& summary) {
+  return summary.lines.empty() ? 0 : summary.lines.front().hours.size();
+}
+
+// The first is of hour 0; others follow where the clock was set.
+std::vector<ClockShift> ClockOf(const Summary& summary) {
+  constexpr Seconds HOUR = report::MINUTES_PER_HOUR * SECONDS_PER_MINUTE;
+  constexpr size_t STRIDE = 24;  // in a day the clock is set once at most
+  const std::tm begin = TimeLocal(summary.begin);
+  const Seconds past = begin.tm_min * SECONDS_PER_MINUTE + begin.tm_sec;  // the hour
+  const auto shiftAt = [&](size_t hour) {
+    const long offset = TimeLocal(summary.begin + static_cast<Seconds>(hour) * HOUR).tm_gmtoff;
+    const Seconds set = past + offset - begin.tm_gmtoff;
+    return begin.tm_hour + (set < 0 ? set - HOUR + 1 : set) / HOUR;
+  };
+  std::vector<ClockShift> clock = {{0, shiftAt(0)}};
+  for (size_t hour = 0; hour + 1 < HourCount(summary);) {
+    const size_t later = std::min(hour + STRIDE, HourCount(summary) - 1);
+    if (shiftAt(later) == clock.back().shift) {
+      hour = later;
+    } else if (const int64_t shift = shiftAt(++hour); shift != clock.back().shift) {
+      clock.push_back({hour, shift});
+    }
+  }
+  return clock;
+}
+
+std::string ClockJson(const ClockShift& clock) {
+  return '[' + std::to_string(clock.from) + ',' + std::to_string(clock.shift) + ']';
+}
+
 std::string RowJson(const Host& host, const std::vector<Column>& columns, const std::string& pageFile) {
   const std::vector<std::string> cells = CellsOf(host.summary);
   std::string row = "{\"cells\":[";
   for (size_t i = 0; i < cells.size(); ++i) row += (i > 0 ? "," : "") + CellJson(cells[i], columns[i].kind);
-  return row + "],\"link\":" + JsonText(LinkOf(host, pageFile)) +
-         ",\"from\":" + std::to_string(TimeLocal(host.summary.begin).tm_hour) + ",\"hours\":[" +
-         HoursJson(host.summary) + "]}\n";
+  return row + "],\"link\":" + JsonText(LinkOf(host, pageFile)) + ",\"clock\":[" +
+         ListText(ClockOf(host.summary), ClockJson) + "],\"hours\":[" + HoursJson(host.summary) + "]}\n";
 }
 
 // From the midnight before the span of each host to the last of its hours.
-size_t HoursOfMap(const std::vector<Host>& hosts) {
-  size_t hours = 1;
+int64_t HoursOfMap(const std::vector<Host>& hosts) {
+  int64_t hours = 1;
   for (const Host& host : hosts) {
-    const auto from = static_cast<size_t>(TimeLocal(host.summary.begin).tm_hour);
-    for (const SummaryLine& line : host.summary.lines) hours = std::max(hours, from + line.hours.size());
+    const auto last = static_cast<int64_t>(HourCount(host.summary)) - 1;
+    hours = std::max(hours, ClockOf(host.summary).back().shift + last + 1);
   }
   return hours;
 }

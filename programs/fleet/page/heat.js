@@ -28,12 +28,17 @@ function topOf(figure) {
   return means.length ? means[Math.floor((means.length - 1) * TOP_SHARE)] : 1;
 }
 
-// What a bin of rows shows at an hour of the clock: its highest mean and whose it is, or null.
+// What a bin of rows shows at an hour of the clock: its highest mean and whose it is, or null. A row has two hours there
+// where the clock was set back.
 function cellAt(bin, hour) {
   let best = null;
   for (const row of bin) {
-    const mean = hoursOf(row, map.figure)[hour - row.from];
-    if (mean >= 0 && !(best && best.mean >= mean)) best = {row, mean};
+    const means = hoursOf(row, map.figure);
+    row.clock.forEach(([from, shift], part) => {
+      const end = part + 1 < row.clock.length ? row.clock[part + 1][0] : means.length;
+      const mean = hour - shift >= from && hour - shift < end ? means[hour - shift] : NaN;
+      if (mean >= 0 && !(best && best.mean >= mean)) best = {row, mean};
+    });
   }
   return best;
 }
@@ -204,6 +209,7 @@ function buildMap() {
     showScale();
     drawSoon();
   });
+  map.figure = Number(select.value);  // the first that a host has
   map.top = topOf(map.figure);
   showScale();
 }
