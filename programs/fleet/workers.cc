@@ -59,6 +59,18 @@ std::vector<std::string> LinesOf(std::string_view text) {
   std::exit(CloseOutput("ozmo_report", status));
 }
 
+bool IsOfALimit(int failure) { return failure == EMFILE || failure == ENFILE || failure == EAGAIN; }
+
+// Whether a run, and what takes results here, can open files of their own; errno says why not.
+bool LeavesFiles() {
+  constexpr int FILES = 8;
+  std::vector<Stream> files;
+  for (int i = 0; i < FILES; ++i) {
+    if (!files.emplace_back(std::fopen("/dev/null", "r"))) return false;
+  }
+  return true;
+}
+
 WorkResult ResultOf(const Running& running, int ending) {
   WorkResult result;
   result.status = WIFEXITED(ending) ? WEXITSTATUS(ending) : -1;
@@ -76,19 +88,27 @@ void RunAll(std::span<const Work> works, int jobs,
             const std::function<void(size_t place, const WorkResult& result)>& done) {
   std::map<pid_t, Running> running;
   size_t next = 0;
+  // Returns 0, or why the next one didn't start.
   const auto start = [&] {
-    const size_t place = next++;
-    Running run{place, Stream(std::tmpfile()), Stream(std::tmpfile())};
-    if (!run.output || !run.complaints) return done(place, {-1, "", {std::strerror(errno)}});
+    Running run{next, Stream(std::tmpfile()), Stream(std::tmpfile())};
+    if (!run.output || !run.complaints || !LeavesFiles()) return errno;
     std::fflush(nullptr);
     const pid_t child = fork();
-    if (child == 0) RunReport(works[place], run);
-    if (child < 0)
-      return done(place, {-1, "", {std::string("can't start a process: ") + std::strerror(errno)}});
+    if (child < 0) return errno;
+    if (child == 0) {
+      running.clear();  // their files count against the limit of this one
+      RunReport(works[next], run);
+    }
     running.emplace(child, std::move(run));
+    ++next;
+    return 0;
   };
   for (;;) {
-    while (next < works.size() && running.size() < static_cast<size_t>(jobs)) start();
+    while (next < works.size() && running.size() < static_cast<size_t>(jobs)) {
+      const int failure = start();
+      if (IsOfALimit(failure) && !running.empty()) break;  // there is room when one of these has ended
+      if (failure != 0) done(next++, {-1, "", {std::string("can't start a run: ") + std::strerror(failure)}});
+    }
     if (running.empty()) return;
     int ending = 0;
     const pid_t child = waitpid(-1, &ending, 0);

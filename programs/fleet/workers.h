@@ -18,7 +18,8 @@ struct WorkResult {
   std::vector<std::string> complaints;  // lines of standard error, without the program's name
 };
 
-// Calls `done` for each, as they end. The runs end with this process.
+// Calls `done` for each, as they end. Fewer than `jobs` run where the limits of this process on files and
+// processes leave room for no more. The runs end with this process.
 void RunAll(std::span<const Work> works, int jobs,
             const std::function<void(size_t place, const WorkResult& result)>& done);
 
