@@ -1,5 +1,6 @@
 #include "programs/fleet/entry.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -60,10 +61,38 @@ class Progress {
   bool isBegun_ = false;
 };
 
-// Makes the directories that the run needs, and looks for those of its files; returns what went wrong.
-std::string PrepareOutput(const Options& options, const GatherRequest& request) {
+std::vector<FileIdentity> FilesOf(const Inputs& inputs) {
+  std::vector<FileIdentity> files;
+  const auto note = [&](const std::string& path) {
+    if (const std::optional<FileIdentity> file = IdentityOf(path)) files.push_back(*file);
+  };
+  for (const DataFiles& data : inputs.data) std::ranges::for_each(data.files, note);
+  std::ranges::for_each(inputs.summaries, note, &SummaryFile::path);
+  return files;
+}
+
+// A terminal and /dev/null take both.
+bool AreTheSame(const std::string& page, const std::string& table) {
+  namespace fs = std::filesystem;
+  std::error_code unknown;
+  const auto place = [&](const std::string& path) {
+    return fs::weakly_canonical(fs::absolute(path, unknown), unknown);
+  };
+  return !table.empty() && !fs::is_character_file(page, unknown) && place(page) == place(table);
+}
+
+// Makes the directories that the run needs, and looks at where its files go; returns what is wrong with that.
+std::string PrepareOutput(const Options& options, const GatherRequest& request,
+                          const std::vector<FileIdentity>& inputs) {
+  if (AreTheSame(options.pageFile, options.tableFile)) {
+    return options.pageFile + ": can't be the page and the table";
+  }
   for (const std::string& file : {options.pageFile, options.tableFile}) {
     if (std::string failure = CheckDirectoryOf(file); !failure.empty()) return failure;
+    const std::optional<FileIdentity> there = IdentityOf(file);
+    if (there && std::ranges::find(inputs, *there) != inputs.end()) {
+      return file + " is read by this run and can't be its output file";
+    }
   }
   for (const std::string& directory : {request.keptDirectory, request.pagesDirectory}) {
     if (directory.empty()) continue;
@@ -86,14 +115,16 @@ std::string KeptDirectory(const std::string& pageFile) {
   return std::filesystem::path(page).replace_extension(KEPT_ENDING).string();
 }
 
+// Whether what is written to `path` is what a pipe or file gets as the output of this program.
+bool IsStandardOutput(const std::string& path) {
+  struct stat output = {};
+  struct stat file = {};
+  return fstat(STDOUT_FILENO, &output) == 0 && stat(path.c_str(), &file) == 0 && !S_ISCHR(output.st_mode) &&
+         output.st_dev == file.st_dev && output.st_ino == file.st_ino;
+}
+
 // Writes the page, and the table where it is asked for; returns what went wrong.
-std::string WriteFiles(const Options& options, const Inputs& inputs, const Fleet& fleet) {
-  std::vector<FileIdentity> read;
-  const auto note = [&](const std::string& path) {
-    if (const std::optional<FileIdentity> file = IdentityOf(path)) read.push_back(*file);
-  };
-  for (const DataFiles& data : inputs.data) std::ranges::for_each(data.files, note);
-  std::ranges::for_each(inputs.summaries, note);
+std::string WriteFiles(const Options& options, const std::vector<FileIdentity>& read, const Fleet& fleet) {
   if (!options.tableFile.empty()) {
     std::string failure = WriteWholeFile({.path = options.tableFile, .inputs = read}, TableText(fleet.hosts));
     if (!failure.empty()) return failure;
@@ -102,9 +133,10 @@ std::string WriteFiles(const Options& options, const Inputs& inputs, const Fleet
                                   "ozmo_fleet " + ProductIdentityInit().versionText);
   std::string failure = WriteWholeFile({.path = options.pageFile, .inputs = read}, page);
   if (!failure.empty()) return failure;
-  std::printf("%s: %s, %zu new of %s, %s\n", PrintableText(options.pageFile).c_str(),
-              DaysText(fleet.hosts.size()).c_str(), fleet.workedOut,
-              FilesText(fleet.workedOut + fleet.kept).c_str(), report::SizeText(page.size()).c_str());
+  const bool isTaken = IsStandardOutput(options.pageFile) || IsStandardOutput(options.tableFile);
+  std::fprintf(isTaken ? stderr : stdout, "%s: %s, %zu new of %s, %s\n",
+               PrintableText(options.pageFile).c_str(), DaysText(fleet.hosts.size()).c_str(), fleet.workedOut,
+               FilesText(fleet.workedOut + fleet.kept).c_str(), report::SizeText(page.size()).c_str());
   return "";
 }
 
@@ -130,7 +162,8 @@ Status Show(const Options& options) {
                                : std::max(1, static_cast<int>(std::thread::hardware_concurrency())),
       .progress = {}};
   const Inputs inputs = FindInputs(options.inputs);
-  if (std::string failure = PrepareOutput(options, request); !failure.empty()) {
+  const std::vector<FileIdentity> files = FilesOf(inputs);
+  if (std::string failure = PrepareOutput(options, request, files); !failure.empty()) {
     Say(failure);
     return FAILED;
   }
@@ -144,7 +177,7 @@ Status Show(const Options& options) {
     Say("no host in what was given: the page is left as it was");
     return FAILED;
   }
-  const std::string failure = WriteFiles(options, inputs, fleet);
+  const std::string failure = WriteFiles(options, files, fleet);
   if (!failure.empty()) Say(failure);
   if (!HoldLimits(options.limits, fleet.hosts)) return OVER_LIMIT;
   return failure.empty() && fleet.problems.empty() ? DONE : FAILED;

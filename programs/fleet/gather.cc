@@ -1,12 +1,8 @@
 #include "programs/fleet/gather.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -15,6 +11,7 @@
 #include "programs/fleet/kept.h"
 #include "programs/fleet/workers.h"
 #include "programs/report/summary_text.h"
+#include "runtime/file_identity.h"
 
 namespace ozmo::fleet {
 namespace {
@@ -50,9 +47,6 @@ Work WorkOf(const Day& day) {
   return work;
 }
 
-// Also where no page is asked for.
-bool HasItsPage(const Day& day) { return day.page.empty() || access(day.page.c_str(), F_OK) == 0; }
-
 // Most lines name the file already.
 std::string LineOf(const std::string& path, const std::string& text) {
   return text.find(path) == std::string::npos ? path + ": " + text : text;
@@ -64,11 +58,17 @@ class Gatherer {
 
   void TakeDays(const std::vector<Day>& days) {
     std::vector<std::optional<Summary>> summaries(days.size());
+    std::vector<std::optional<FileIdentity>> pagesBefore;
+    std::vector<bool> isLinked(days.size());
     std::vector<size_t> isNew;
     std::vector<Work> works;
     for (size_t i = 0; i < days.size(); ++i) {
-      summaries[i] = ReadKept(days[i].keptFile, days[i].stamp);
-      if (summaries[i] && HasItsPage(days[i])) {
+      const std::string& page = days[i].page;
+      std::optional<Kept> kept = ReadKept(days[i].keptFile, days[i].stamp, page);
+      pagesBefore.push_back(IdentityOf(page));
+      if (kept && (page.empty() || (kept->hasPage && pagesBefore[i]))) {
+        summaries[i] = std::move(kept->summary);
+        isLinked[i] = !page.empty();
         ++fleet_.kept;
       } else {
         isNew.push_back(i);
@@ -80,12 +80,16 @@ class Gatherer {
     RunAll(works, request_.jobs, [&](size_t place, const WorkResult& result) {
       const size_t i = isNew[place];
       summaries[i] = SummaryOf(days[i], result);
+      // A page is made under another name first, so that a new one is another file. One that couldn't be
+      // made leaves the page of an earlier run, which shows older data.
+      const std::optional<FileIdentity> page = IdentityOf(days[i].page);
+      isLinked[i] = page && page != pagesBefore[i];
       if (request_.progress) request_.progress(++done, works.size());
     });
     // In the order of the paths, whichever was done first.
     for (size_t i = 0; i < days.size(); ++i) {
-      const std::string page = HasItsPage(days[i]) ? days[i].page : "";
-      if (summaries[i]) Add(std::move(*summaries[i]), page, days[i].data->path);
+      if (!summaries[i]) continue;
+      Add(std::move(*summaries[i]), isLinked[i] ? days[i].page : "", days[i].data->path);
     }
   }
 
@@ -93,6 +97,10 @@ class Gatherer {
     std::ifstream stream(path, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     if (!stream.is_open()) return Problem(path, std::strerror(errno));
+    TakeText(path, text);
+  }
+
+  void TakeText(const std::string& path, const std::string& text) {
     SummariesResult read = report::ReadSummaries(text);
     for (const std::string& wrong : read.wrong) Problem(path, wrong);
     for (Summary& summary : read.summaries) Add(std::move(summary), "", path);
@@ -134,7 +142,7 @@ class Gatherer {
     }
     ++fleet_.workedOut;
     if (result.status == 0 && !day.keptFile.empty()) {
-      const std::string failure = WriteKept(day.keptFile, day.stamp, result.output);
+      const std::string failure = WriteKept(day.keptFile, day.stamp, day.page, result.output);
       if (!failure.empty()) fleet_.problems.push_back(failure);
     }
     return std::move(read.summaries.front());
@@ -150,7 +158,9 @@ class Gatherer {
 Fleet Gather(const Inputs& inputs, const GatherRequest& request) {
   Gatherer gatherer(request);
   gatherer.TakeDays(DaysOf(inputs, request));
-  for (const std::string& path : inputs.summaries) gatherer.TakeFile(path);
+  for (const auto& [path, text] : inputs.summaries) {
+    text ? gatherer.TakeText(path, *text) : gatherer.TakeFile(path);
+  }
   return gatherer.Finish();
 }
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <set>
@@ -67,6 +68,12 @@ std::optional<DayName> DayNameOf(const std::string& path) {
   return file.size() > 1 && HasDate(file.substr(0, file.size() - 1)) ? std::optional(name) : std::nullopt;
 }
 
+// All there is to come.
+std::string TextOf(const std::string& pipe) {
+  std::ifstream stream(pipe, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
 bool BeginsAsSummary(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   std::string begin(report::SUMMARY_MARK.size(), '\0');
@@ -82,6 +89,7 @@ class InputList {
     if (access(path.c_str(), R_OK) != 0 && access(DataFilePath(path).c_str(), R_OK) != 0) {
       return inputs_.problems.push_back(path + ": " + std::strerror(errno));
     }
+    if (fs::is_fifo(path, error)) return TakePipe(path);
     if (BeginsAsSummary(path)) return TakeSummary(path);
     const std::optional<DayName> name = DayNameOf(path);
     if (!name) return TakeRecording(path);
@@ -105,7 +113,15 @@ class InputList {
 
  private:
   void TakeSummary(const std::string& path) {
-    if (seen_.insert(path).second) inputs_.summaries.push_back(path);
+    if (seen_.insert(path).second) inputs_.summaries.push_back({path, std::nullopt});
+  }
+  void TakePipe(const std::string& path) {
+    if (!seen_.insert(path).second) return;
+    std::string text = TextOf(path);
+    if (!text.starts_with(report::SUMMARY_MARK)) {
+      return inputs_.problems.push_back(path + ": no summary, and data files aren't read from a pipe");
+    }
+    inputs_.summaries.push_back({path, std::move(text)});
   }
   void TakeData(const std::string& common, const std::string& path, int number) {
     days_[common].emplace(number, path);

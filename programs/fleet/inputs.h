@@ -1,6 +1,7 @@
 // What the inputs of a fleet are: data files, found in directories too, and summaries.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,14 @@ struct DataFiles {
   std::vector<std::string> files;  // that one too
 };
 
+struct SummaryFile {
+  std::string path;
+  std::optional<std::string> text;  // of a pipe, which can be read once alone
+};
+
 struct Inputs {
   std::vector<DataFiles> data;         // in the order of their paths, each day once
-  std::vector<std::string> summaries;  // files of them, in the order given
+  std::vector<SummaryFile> summaries;  // in the order given
   std::vector<std::string> problems;   // a line each
   int steppedOver = 0;                 // files of directories that are neither
 };

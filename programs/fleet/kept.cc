@@ -3,12 +3,15 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
 #include <map>
+#include <system_error>
 
 #include "programs/report/summary_text.h"
+#include "readers/file_set.h"
 #include "runtime/identity.h"
 #include "runtime/whole_file.h"
 
@@ -16,6 +19,13 @@ namespace ozmo::fleet {
 namespace {
 
 std::string FileName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+// The line after the stamp.
+std::string PageLine(const std::string& page) {
+  std::error_code unknown;
+  const std::string path = std::filesystem::absolute(page, unknown).string();
+  return "# with the page " + report::EscapedName(path) + '\n';
+}
 
 }  // namespace
 
@@ -33,27 +43,37 @@ std::string StampOf(const DataFiles& data) {
   return stamp;
 }
 
-std::optional<report::Summary> ReadKept(const std::string& path, const std::string& stamp) {
+std::optional<Kept> ReadKept(const std::string& path, const std::string& stamp, const std::string& page) {
   std::ifstream stream(path, std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  if (!text.ends_with('\n' + stamp + '\n')) return std::nullopt;
+  const size_t place = text.rfind('\n' + stamp + '\n');
+  if (place == std::string::npos) return std::nullopt;
   report::SummariesResult read = report::ReadSummaries(text);
   if (!read.wrong.empty() || read.summaries.size() != 1) return std::nullopt;
-  return std::move(read.summaries.front());
+  return Kept{std::move(read.summaries.front()), text.substr(place + stamp.size() + 2) == PageLine(page)};
 }
 
-std::string WriteKept(const std::string& path, const std::string& stamp, const std::string& summaryText) {
-  return WriteWholeFile({.path = path, .links = LinkRule::REPLACE}, summaryText + stamp + '\n');
+std::string WriteKept(const std::string& path, const std::string& stamp, const std::string& page,
+                      const std::string& summaryText) {
+  return WriteWholeFile({.path = path, .links = LinkRule::REPLACE},
+                        summaryText + stamp + '\n' + (page.empty() ? "" : PageLine(page)));
 }
 
 std::vector<std::string> KeptNames(const std::vector<DataFiles>& data) {
-  std::map<std::string, int> uses;
-  for (const DataFiles& files : data) ++uses[FileName(files.path)];
+  std::map<std::string, int> nameUses;
+  std::map<std::string, int> pathUses;
+  for (const DataFiles& files : data) {
+    const std::string plain = WithoutCompressedEnding(files.path);
+    ++nameUses[FileName(plain)];
+    ++pathUses[plain];
+  }
   std::vector<std::string> names;
   for (const DataFiles& files : data) {
-    const std::string name = FileName(files.path);
-    const bool isAlone = uses[name] == 1;
-    names.push_back(isAlone ? name : name + '-' + std::to_string(std::hash<std::string>{}(files.path)));
+    const std::string plain = WithoutCompressedEnding(files.path);
+    const std::string& mark = pathUses[plain] == 1 ? plain : files.path;
+    std::string name = FileName(plain);
+    if (nameUses[name] > 1) name += '-' + std::to_string(std::hash<std::string>{}(mark));
+    names.push_back(std::move(name));
   }
   return names;
 }

@@ -6,7 +6,9 @@
 #include <fstream>
 
 #include "programs/fleet/inputs.h"
+#include "programs/fleet/kept.h"
 #include "programs/fleet/limit.h"
+#include "programs/fleet/page.h"
 #include "programs/fleet/table.h"
 #include "programs/sample/kinds.h"
 #include "tests/end_to_end/process.h"
@@ -88,6 +90,27 @@ TEST(FleetTable, ARowShowsTheHighestOfItsKind) {
   EXPECT_EQ(std::ranges::count(text, '\t'), 2 * static_cast<int>(columns.size() - 1));
 }
 
+TEST(FleetPage, HoursOfTheMapFollowTheClockWhereItIsSet) {
+  const testing::ScopedVariable zone("TZ", "Europe/Berlin");
+  struct Case {
+    Seconds begin;
+    size_t hours;
+    const char* said;
+  };
+  const Case cases[] = {
+      {1332630000, 23, "\"clock\":[[0,0],[2,1]]"},   // 2012-03-25
+      {1351375200, 25, "\"clock\":[[0,0],[3,-1]]"},  // 2012-10-28
+      {1332549000, 60, "\"clock\":[[0,1],[25,2]]"},  // 2012-03-24T01:30
+      {1329865200, 24, "\"clock\":[[0,0]]"},
+  };
+  for (const Case& test : cases) {
+    Summary summary = Busy();
+    summary.begin = test.begin;
+    for (report::SummaryLine& line : summary.lines) line.hours.assign(test.hours, 1);
+    EXPECT_NE(PageOf({{summary, ""}}, {}, "fleet.html", "").find(test.said), std::string::npos) << test.said;
+  }
+}
+
 class Fleet : public ::testing::Test {
  protected:
   std::string Path(const std::string& name) const { return directory_ / name; }
@@ -133,7 +156,8 @@ TEST_F(Fleet, InADirectoryNamesAndContentsSayWhatAFileIs) {
   EXPECT_EQ(data, (std::vector<std::string>{"X.VMR;3", "below/osf_q_2012Feb22.dat_1",
                                             "qtxl_a_2012Feb22.dat_1", "qtxl_a_2012Feb23.dat_1.zst"}));
   EXPECT_EQ(found.data[2].files.size(), 2U);
-  EXPECT_EQ(found.summaries, std::vector<std::string>{Path("d/sum")});
+  ASSERT_EQ(found.summaries.size(), 1U);
+  EXPECT_EQ(found.summaries.front().path, Path("d/sum"));
   EXPECT_EQ(found.steppedOver, 3);
   EXPECT_EQ(found.problems, std::vector<std::string>{Path("none") + ": No such file or directory"});
   // A file alone is read with its day.
@@ -159,6 +183,11 @@ TEST_F(Fleet, DoesAgainWhatIsNewAndNothingElse) {
        [&] { fs::resize_file(Path("fleet.summaries/qtxl_forge_2012Feb22.dat_1.tsv"), 2000); }},
       {"a page is gone", "1 new of 2 data files",
        [&] { fs::remove(Path("pages/qtxa_granite_2012Feb22.dat_1.html")); }},
+      {"a page is of data before they grew", "1 new of 2 data files",
+       [&] {
+         std::ofstream(linux_files[1], std::ios::app) << '\0';
+         Run({"data"});
+       }},
   };
   std::string table;
   for (const Step& step : steps) {
@@ -174,6 +203,30 @@ TEST_F(Fleet, DoesAgainWhatIsNewAndNothingElse) {
   EXPECT_NE(ReadWholeFile(Path("fleet.html")).find("\"link\":\"pages/qtxl_forge_2012Feb22.dat_1.html\""),
             std::string::npos);
   EXPECT_EQ(fs::exists(Path("fleet.summaries/qtxl_broken_2012Feb22.dat_1.tsv")), false);
+}
+
+TEST(FleetKept, ANameOutlivesCompressionAndIsOfOneFile) {
+  const auto names = [](std::vector<std::string> paths) {
+    std::vector<DataFiles> data;
+    for (const std::string& path : paths) data.push_back({path, {}});
+    return KeptNames(data);
+  };
+  EXPECT_EQ(names({"d/x.dat_1.zst"}), names({"e/x.dat_1"}));
+  const std::vector<std::string> same = names({"d/x.dat_1", "e/x.dat_1"});
+  EXPECT_NE(same[0], same[1]);
+  EXPECT_EQ(names({"d/x.dat_1.zst", "e/x.dat_1"}), same);
+  const std::vector<std::string> twice = names({"d/x", "d/x.zst"});
+  EXPECT_NE(twice[0], twice[1]);
+}
+
+TEST_F(Fleet, RunsFewerAtATimeWhereOnlySoManyFilesMayBeOpen) {
+  const std::string first = Sample("linux", "data").front();
+  for (const char* host : {"a", "b", "c", "d", "e", "f", "g"})
+    fs::copy_file(first, Path(std::string("data/qtxl_") + host + "_2012Feb22.dat_1"));
+  const ProcessResult result =
+      RunProcess({"/bin/sh", "-c", "ulimit -n 14; exec " OZMO_BINARY_DIR "/ozmo_fleet -j 8 data"},
+                 {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory_.path(), scratch_.path());
+  EXPECT_NE(result.standardOutput.find("8 new of 8 data files"), std::string::npos) << result.standardError;
 }
 
 TEST_F(Fleet, NamesWhoIsOverALimitAndWhatItCannotUse) {
@@ -195,6 +248,7 @@ TEST_F(Fleet, NamesWhoIsOverALimitAndWhatItCannotUse) {
       {{"cut.tsv", "-o", "none.html"}, 1, "no host in what was given"},
       {{"data", "-o", "other.tsv", "other.tsv"}, 1, "is read by this run"},
       {{"data", "-o", "/dev/full"}, 1, "/dev/full: No space left"},
+      {{"data", "-o", "x", "--tsv", "./x"}, 1, "x: can't be the page and the table"},
       {{"data", "-o", "none/fleet.html"}, 1, "none/fleet.html: No such file or directory"},
       {{"data", "--tsv", "cut.tsv/table"}, 1, "cut.tsv/table: Not a directory"},
       {{"data", "--pages", "none/pages"}, 1, "none/pages: No such file or directory"},
@@ -213,6 +267,13 @@ TEST_F(Fleet, NamesWhoIsOverALimitAndWhatItCannotUse) {
   EXPECT_FALSE(fs::exists(Path("none")));
   EXPECT_FALSE(fs::exists("/dev/full.summaries"));
   EXPECT_EQ(ReadWholeFile(Path("other.tsv")), whole);
+  EXPECT_FALSE(fs::exists(Path("other.summaries")));
+  const ProcessResult piped =
+      RunProcess({"/bin/sh", "-c",
+                  "cat other.tsv | " OZMO_BINARY_DIR "/ozmo_fleet -o /dev/stdout /dev/stdin | tail -n 1"},
+                 {{"TZ", "UTC"}, {"PATH", "/usr/bin:/bin"}}, directory_.path(), scratch_.path());
+  EXPECT_EQ(piped.standardOutput, "</html>\n");
+  EXPECT_NE(piped.standardError.find("/dev/stdout: 1 day of a host"), std::string::npos);
 }
 
 }  // namespace
