@@ -49,6 +49,9 @@ class DayExport {
     return failure;
   }
 
+  // What the files that were written lack, as a line; empty where they lack nothing.
+  const std::string& leftOut() const { return leftOut_; }
+
  private:
   WholeFilePlace PlaceOf(std::string_view name) const {
     return {.path = (directory_ / name).string(), .links = LinkRule::REPLACE, .inputs = runtime_.inputs};
@@ -77,7 +80,8 @@ class DayExport {
     const std::string leftOut = format_.write(itemFile.stream(), exported);
     if (std::string failure = processFile_ ? processFile_->Commit() : ""; !failure.empty()) return failure;
     if (std::string failure = itemFile.Commit(); !failure.empty()) return failure;
-    return leftOut.empty() ? "" : path_ + ": " + leftOut;
+    if (!leftOut.empty()) leftOut_ = path_ + ": " + leftOut;
+    return "";
   }
 
   ReaderKind KindOf() const { return ReaderKindOf(report::WithDirectory(path_)); }
@@ -94,6 +98,7 @@ class DayExport {
   std::filesystem::path output_;
   std::filesystem::path directory_;
   std::string path_;
+  std::string leftOut_;
   Runtime& runtime_;
   std::optional<WholeFile> processFile_;
   std::optional<ProcessTable> processes_;
@@ -130,9 +135,12 @@ class Exporter {
   // A day file that the user knows as `source`.
   void ExportDay(const std::string& path, const std::string& source) {
     std::string failure;
+    std::string claimed;
+    DayExport day(options_, path, runtime_);
     const std::vector<std::string> problems = report::RunQuietly({program_, source}, runtime_, [&] {
-      failure = DayExport(options_, path, runtime_).Write([&](const std::string& partition) {
+      failure = day.Write([&](const std::string& partition) {
         const auto [earlier, isNew] = sources_.try_emplace(partition, source);
+        if (isNew) claimed = partition;
         if (isNew) return std::string();
         return std::string(source)
             .append(": ")
@@ -142,10 +150,12 @@ class Exporter {
     });
     if (failure.empty()) {
       ++result_.days;
+      failure = day.leftOut();
     } else {
-      // A failure of a file that was made for this run is one of what it was made of.
-      Fail(failure.starts_with(path) ? source + failure.substr(path.size()) : failure);
+      sources_.erase(claimed);  // it is free for a file that has the day
     }
+    // A failure of a file that was made for this run is one of what it was made of.
+    if (!failure.empty()) Fail(failure.starts_with(path) ? source + failure.substr(path.size()) : failure);
     if (!problems.empty()) result_.isWhole = false;
   }
 

@@ -37,6 +37,12 @@ const ProcessColumns& ColumnsOf(ReaderKind kind) {
   return *std::ranges::find(COLUMNS, kind, &ProcessColumns::kind);
 }
 
+// Of a damaged file it may be any number.
+std::string KilobytesOf(double megabytes) {
+  constexpr double MOST = 9'007'199'254'740'992.0;  // 2^53
+  return std::to_string(static_cast<int64_t>(std::min(megabytes * KB_PER_MB, MOST)));
+}
+
 // A figure of a process, absent where the kind or this file doesn't have it.
 std::optional<double> FigureOf(ProcessFigures::Figure figure, const ProcessRecord& process,
                                const SystemConfig& config) {
@@ -67,7 +73,7 @@ void ProcessTable::Write(Seconds time, const SystemConfig& config, const Process
   add("");
   AppendNumber(line_, percent, CPU_DECIMALS);
   const std::optional<double> residentMb = FigureOf(figures.residentMb, process, config);
-  add(residentMb ? std::to_string(static_cast<int64_t>(*residentMb * KB_PER_MB)) : "");
+  add(residentMb ? KilobytesOf(*residentMb) : "");
   add("");
   if (const auto faults = FigureOf(figures.pageFaults, process, config)) {
     AppendNumber(line_, *faults, FAULT_DECIMALS);
