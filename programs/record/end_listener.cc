@@ -144,13 +144,15 @@ int64_t EndListener::DrainInterval() const {
 void EndListener::Drain() {
   if (!IsListening()) return;
   constexpr int MANY = 100;
-  for (int losses = 0; losses < MANY;) {
+  int losses = 0;
+  while (losses < MANY) {
     const int error = nl_recvmsgs_default(socket_);
     if (error >= 0) continue;
-    if (error != -NLE_NOMEM) return;
+    if (error != -NLE_NOMEM) break;
     ++losses;  // of ENOBUFS: the kernel has thrown some away
     notices_.SayOnce(std::string("more processes end than the kernel can report") + INSTEAD);
   }
+  if (losses > 0) sums_.ForgetThreads();
 }
 
 #else

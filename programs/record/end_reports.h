@@ -32,6 +32,10 @@ class EndSums {
  public:
   void Add(const EndReport& report);
 
+  // To be called when the kernel has thrown reports away. The end of a process may have been among them, and
+  // what its threads used must not go to a later process of that id.
+  void ForgetThreads() { threads_.clear(); }
+
   // To be called before a reading is made: of the reports that come until Take, those of processes that the
   // reading shows alive belong to the next interval.
   void Hold() { holds_ = true; }

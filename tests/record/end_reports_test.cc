@@ -52,6 +52,11 @@ TEST(EndSums, AreByImageAndLivingParentAndByProcessForThoseThatWereSeen) {
   EXPECT_EQ(Take(sums, living),
             "make* 1 5 1\n[kworker] 2 1 1\ncc1 10 40 100\njava 10 3 2\nsh 10 3 1\ncgi 20 1 1\n");
   EXPECT_EQ(Take(sums, {}), "httpd* 1 8 2\n");
+  // The end of a process was lost, and its id is another's now.
+  sums.Add(Report(91, 90, 1, false, "worker", 70'000));
+  sums.ForgetThreads();
+  sums.Add(Report(90, 90, 1, true, "cc1", 20'000));
+  EXPECT_EQ(Take(sums, {}), "cc1 1 2 1\n");
 }
 
 TEST(EndSums, OfProcessesThatAreShownAreThoseThatAReportWasMadeOf) {
