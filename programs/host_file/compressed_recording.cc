@@ -206,9 +206,17 @@ void BringDirectoryToDisk(const std::string& directory) {
   if (file.IsOpen()) fsync(file.get());
 }
 
-// Gives the draft the name `path`, unless something has it; that may be the same file from an earlier try.
+// Gives the draft the name `path` and fails where something has it. Every file system but those without hard
+// links, as vfat, can do the first.
+bool PlaceNew(const std::string& draft, const std::string& path) {
+  if (link(draft.c_str(), path.c_str()) == 0) return true;
+  if (errno == EEXIST) return false;
+  return renameat2(AT_FDCWD, draft.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0;
+}
+
+// What has the name already may be the same file from an earlier try.
 std::string Place(const std::string& draft, const std::string& path) {
-  if (link(draft.c_str(), path.c_str()) != 0) {
+  if (!PlaceNew(draft, path)) {
     if (errno != EEXIST) return FailureOf(path);
     if (!HoldTheSame(draft, path)) return path + ": is there already and holds something else";
   }

@@ -21,8 +21,9 @@ bool CanCompress();
 
 // Compresses the recording at `path` and then removes it. At every moment one of the two is there, whole: the
 // compressed file is written under a name of its own, <directory>/.<name>.zst.draft, brought to the disk, and
-// renamed. Where a .zst of the recording is there already, it is kept, and the recording goes only if the two
-// are the same. Empty, or why not; nothing has changed then.
+// only then given its name, as a link or, on a file system without hard links, by a renaming. Where a .zst of
+// the recording is there already, it is kept, and the recording goes only if the two are the same. Empty, or
+// why not; nothing has changed then.
 [[nodiscard]] std::string CompressRecording(const std::string& path);
 
 // The node in the head of a recording, plain or compressed, that a recorder of this kind has written; empty
