@@ -14,17 +14,15 @@ namespace {
 constexpr int MOST_DAYS_BACK = 3660;
 constexpr int DAYS_OF_WEEK = 7;
 
-// The same time of day, so many days of the calendar before. It is looked up from noon, which no change of
-// the clock moves to another day.
-Seconds DaysBefore(Seconds time, int days) {
-  const std::tm clock = TimeLocal(time);
-  const Seconds noon = ClockOfDay(time, 12, 0, 0) - days * SECONDS_PER_DAY;
-  return ClockOfDay(noon, clock.tm_hour, clock.tm_min, clock.tm_sec);
-}
-
 // Minutes between two samples, more or less.
 int StepOf(const PageData& data) {
   return (data.lastPoint - data.firstPoint) / std::max(data.intervals - 1, 1);
+}
+
+// Minutes by the clock from the begin of the span on.
+int ClockMinutes(const PageData& data, int point) {
+  const auto offset = [&](int at) { return TimeLocal(data.start + at * SECONDS_PER_MINUTE).tm_gmtoff; };
+  return point + static_cast<int>((offset(point) - offset(0)) / SECONDS_PER_MINUTE);
 }
 
 std::string CoveredText(const PageData& data) {
@@ -41,8 +39,9 @@ std::optional<int> DaysBack(const std::string& text) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const std::string unit(end, text.data() + text.size());
   if (error != std::errc() || (unit != "d" && unit != "w")) return std::nullopt;
-  if (number < 1 || number > MOST_DAYS_BACK) return std::nullopt;
-  return unit == "w" ? number * DAYS_OF_WEEK : number;
+  const int days = unit == "w" ? DAYS_OF_WEEK : 1;
+  if (number < 1 || number > MOST_DAYS_BACK / days) return std::nullopt;
+  return number * days;
 }
 
 std::string BadTimeBack(const std::string& text) {
@@ -56,8 +55,9 @@ std::string BadTimeBack(const std::string& text) {
 DayRequest BaselineRequest(const std::string& what, const DayRequest& request, const DataDay& day) {
   DayRequest baseline = request;
   if (const std::optional<int> days = DaysBack(what)) {
-    baseline.begin = DaysBefore(day.begin, *days);
-    baseline.end = *baseline.begin + (day.end - day.begin);
+    const Span span = DaysLater({day.begin, day.end}, -*days);
+    baseline.begin = span.begin;
+    baseline.end = span.end;
   } else {
     baseline.dataFile = what;
     baseline.begin = baseline.end = std::nullopt;
@@ -87,10 +87,12 @@ Baseline BaselineOf(const DataDay& day, const PageData& page) {
 
 std::string CoverageText(const PageData& baseline, const PageData& page) {
   const int slack = 2 * std::max({1, StepOf(baseline), StepOf(page)});
-  const bool isWhole =
-      baseline.firstPoint <= page.firstPoint + slack && baseline.lastPoint >= page.lastPoint - slack;
-  if (isWhole) return "";
-  const bool meet = baseline.firstPoint <= page.lastPoint && baseline.lastPoint >= page.firstPoint;
+  const int first = ClockMinutes(page, page.firstPoint);
+  const int last = ClockMinutes(page, page.lastPoint);
+  const int firstBefore = ClockMinutes(baseline, baseline.firstPoint);
+  const int lastBefore = ClockMinutes(baseline, baseline.lastPoint);
+  if (firstBefore <= first + slack && lastBefore >= last - slack) return "";
+  const bool meet = firstBefore <= last && lastBefore >= first;
   return "the baseline has data from " + CoveredText(baseline) + (meet ? " only" : "") +
          ", the report from " + CoveredText(page) + (meet ? "" : ": no minute of the day has both");
 }

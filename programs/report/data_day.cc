@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -45,18 +46,30 @@ Seconds DayOf(const std::string& path, Seconds firstRecord) {
   return !isNamed(day) && isNamed(next) ? next : day;
 }
 
+// No change of the clock moves it to another day.
+Seconds NoonOf(Seconds time) { return ClockOfDay(time, 12, 0, 0); }
+
 Span SpanOf(const DayRequest& request, Seconds firstRecord) {
   if (request.like && !request.begin) {
-    const std::tm clock = TimeLocal(request.like->begin);
-    const Seconds day = DayOf(request.dataFile, firstRecord);
-    const Seconds begin = ClockOfDay(day, clock.tm_hour, clock.tm_min, clock.tm_sec);
-    return {begin, begin + (request.like->end - request.like->begin)};
+    const Seconds apart = NoonOf(DayOf(request.dataFile, firstRecord)) - NoonOf(request.like->begin);
+    const double days = static_cast<double>(apart) / SECONDS_PER_DAY;
+    return DaysLater(*request.like, static_cast<int>(std::lround(days)));
   }
   const Seconds begin = request.begin.value_or(DayOf(request.dataFile, firstRecord));
   return {begin, request.end.value_or(ClockOfDay(begin, 23, 59, 59))};
 }
 
 }  // namespace
+
+Span DaysLater(const Span& span, int days) {
+  const auto later = [&](Seconds time) {
+    const std::tm clock = TimeLocal(time);
+    return ClockOfDay(NoonOf(time) + days * SECONDS_PER_DAY, clock.tm_hour, clock.tm_min, clock.tm_sec);
+  };
+  const Span moved{later(span.begin), later(span.end)};
+  // Both ends may lie in the hour that the clock goes through twice.
+  return moved.begin < moved.end ? moved : Span{moved.begin, moved.begin + (span.end - span.begin)};
+}
 
 std::string WithDirectory(const std::string& path) {
   return path.find('/') == std::string::npos ? "./" + path : path;

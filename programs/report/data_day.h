@@ -20,8 +20,8 @@ struct DayRequest {
   std::optional<Seconds> begin{};  // absent: the first second of the day of the file's first record
   std::optional<Seconds> end{};    // absent: the last second of the day of the begin
   std::string classFile{};         // empty: the builder looks for one
-  // Where begin and end are absent: as long as this span, from the time of day of its begin on the day of the
-  // file's first record.
+  // Where begin and end are absent: the times of day of this span, from the day of the file's first record
+  // on.
   std::optional<Span> like{};
   bool views = false;  // the catalog has the views, see catalog/views.h
   // Called before the walk, when host and span are known; a text that it returns is the failure.
@@ -42,6 +42,10 @@ struct DayResult {
   std::optional<DataDay> day;
   std::string failure;  // why there is none
 };
+
+// The same times of day, so many days of the calendar later. It takes an hour more or less where the clock
+// was set on one side only.
+Span DaysLater(const Span& span, int days);
 
 // The readers find the files of a day set by their directory, which a bare name doesn't give: it is in "./".
 std::string WithDirectory(const std::string& path);

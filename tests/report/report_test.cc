@@ -13,6 +13,7 @@
 #include <sstream>
 #include <string>
 
+#include "programs/report/data_day.h"
 #include "programs/report/marks.h"
 #include "programs/report/options.h"
 #include "programs/report/processes.h"
@@ -164,6 +165,7 @@ TEST_F(Report, StatusIsForDoneFailedOrMisused) {
       {{data, "--graphs", "pictures", "--type", "png"}, 2, "--type takes gif, ps or jpeg"},
       {{data, "--baseline", "7x"}, 2, "a time back of days or weeks as 1d, 7d or 2w"},
       {{data, "--baseline", "0d"}, 2, "not \"0d\""},
+      {{data, "--baseline", "523w"}, 2, "3660 days at most"},
       {{data, "--csv", "new/tables", "--item", "process count"}, 0, "new/tables: 1 CSV file"},
       {{data, "--csv", data + "/tables"}, 1, "Not a directory"},
       {{data, "--graphs", "pictures", "--size", "720"}, 2, "--size takes width and height"},
@@ -294,6 +296,25 @@ TEST_F(Report, WhatDoesNotFitTheDayGivesALine) {
     EXPECT_EQ(page.find("role=\"note\"") == std::string::npos, test.said.empty());
     EXPECT_TRUE(page.ends_with("</html>\n")) << test.said;
     fs::remove(Path("page.html"));
+  }
+}
+
+TEST(ReportDay, DaysLaterReadTheSameOnTheClock) {
+  const testing::ScopedVariable zone("TZ", "Europe/Berlin");
+  struct Case {
+    const char* begin;
+    const char* end;
+    int days;
+    const char* moved;
+  };
+  const Case cases[] = {
+      {"2012-03-26T00:00:00", "2012-03-26T23:59:59", -1, "25 00:00:00 to 25 23:59:59"},
+      {"2012-03-25T01:30:00", "2012-03-25T04:30:00", 7, "01 01:30:00 to 01 04:30:00"},
+      {"2012-10-22T08:00:00", "2012-10-23T08:00:00", 6, "28 08:00:00 to 29 08:00:00"},
+  };
+  for (const Case& test : cases) {
+    const Span moved = DaysLater({*ozmo::TimeOf(test.begin), *ozmo::TimeOf(test.end)}, test.days);
+    EXPECT_EQ(TimeFormat(moved.begin, "%d %H:%M:%S to ") + TimeFormat(moved.end, "%d %H:%M:%S"), test.moved);
   }
 }
 

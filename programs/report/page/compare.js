@@ -51,6 +51,23 @@ function beforeHint(graph) {
     trace.label.replace(TOP_RANK, '') + ' (mean ' + valueText(trace.mean) + ')').join(', ') + '.';
 }
 
+// Seconds by the clock from the begin of a span to one of its points.
+const clockSeconds = (point, span) => 60 * point + offsetAt(point, span) - span.offsets[0][1];
+
+// For each point of the report the baseline's at the same time of day; NaN where the baseline has none, as in an hour
+// that its clock leaves out.
+let samePoints = null;
+function pointsBefore() {
+  const {baseline} = report;
+  samePoints = samePoints || Array.from({length: report.points}, (_, point) => {
+    const clock = clockSeconds(point, report);
+    const found = (2 * clock - clockSeconds(clock / 60, baseline)) / 60;
+    const isThere = found >= baseline.first && found <= baseline.last && clockSeconds(found, baseline) === clock;
+    return isThere ? found : NaN;
+  });
+  return samePoints;
+}
+
 // The baseline's lines of a chart, {values, colour}: of a stack the sum, or of what is picked; of lines each.
 function beforeLines(graph) {
   const before = report.baseline && beforeOf(graph);
@@ -59,13 +76,7 @@ function beforeLines(graph) {
   if (graph.beforeKind === kind) return graph.beforeDrawn;
   const own = valuesOf(before.graph, report.baseline);
   const picked = before.places.filter((place, set) => graph.shown[set] && place >= 0);
-  const count = report.points;
-  const fitted = (values) => {
-    const line = new Float64Array(count).fill(NaN);
-    const {first, last} = report.baseline;
-    for (let point = first; point <= Math.min(last, count - 1); ++point) line[point] = values[point];
-    return line;
-  };
+  const fitted = (values) => Float64Array.from(pointsBefore(), (point) => (Number.isNaN(point) ? NaN : values[point]));
   let lines;
   if (graph.lines) {
     lines = before.places.flatMap((place, set) => (graph.shown[set] && place >= 0

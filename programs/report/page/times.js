@@ -6,9 +6,9 @@ const POINT_MS = 60000;
 const MINUTES_OF_DAY = 1440;
 const SEVERAL_DAYS = LAST - FIRST > MINUTES_OF_DAY + 1;
 
-function offsetAt(point) {
-  let offset = report.offsets[0][1];
-  for (const [from, seconds] of report.offsets) {
+function offsetAt(point, span = report) {
+  let offset = span.offsets[0][1];
+  for (const [from, seconds] of span.offsets) {
     if (from <= point) offset = seconds;
   }
   return offset;
