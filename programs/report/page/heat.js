@@ -2,14 +2,14 @@
 
 const HEAT_DAYS = 2;  // spans from this on have a map
 
-// Means of hours: a map from the day's text to 24 of them, in the order of the days.
+// Means of hours: a map from the day's text to 24 of them, in the order of the days. A point is of the minute before it.
 function hourMeans(values) {
   const days = new Map();
-  for (let point = FIRST; point <= LAST; ++point) {
+  for (let point = Math.max(FIRST, 1); point <= LAST; ++point) {
     if (Number.isNaN(values[point])) continue;
-    const day = weekdayText(point);
+    const day = weekdayText(point - 1);
     if (!days.has(day)) days.set(day, Array.from({length: 24}, () => ({sum: 0, count: 0})));
-    const hour = days.get(day)[clockAt(point).getUTCHours()];
+    const hour = days.get(day)[clockAt(point - 1).getUTCHours()];
     hour.sum += values[point];
     ++hour.count;
   }

@@ -102,14 +102,15 @@ class Figures {
   }
 }
 
-// The clock's hour with the greatest mean, {point, mean}; null where the file covers less than two hours.
+// The clock's hour with the greatest mean, {point, mean}; null where the file covers less than two hours. A point is named
+// by the end of its minute: the hour from 13:00 has the points 13:01 to 14:00.
 function busiestHour(values) {
   let best = null;
   const lead = (60 - Math.floor(clockAt(FIRST).getTime() / POINT_MS) % 60) % 60;
   // An hour of which the file has a part counts from three quarters on.
   for (let hour = FIRST + lead - 60; hour <= LAST; hour += 60) {
-    const from = Math.max(hour, FIRST);
-    const to = Math.min(hour + 59, LAST);
+    const from = Math.max(hour + 1, FIRST);
+    const to = Math.min(hour + 60, LAST);
     let sum = 0;
     let count = 0;
     for (let point = from; point <= to; ++point) {
