@@ -197,6 +197,13 @@ TEST_F(Export, GoesOnAfterAFileThatFails) {
                                    ": No such file or directory\n" + "ozmo_export: " + other +
                                    ": day=2012-02-22/host=forge is exported from " + good + " already\n");
   EXPECT_EQ(Written().size(), 2U);
+  // A day is of the file that has it, and not of one that was cut after its head.
+  const std::string monitor = Sample("vmr").at(0);
+  const std::string cut = Path("more/") + fs::path(monitor).filename().string();
+  std::ofstream(cut) << ReadWholeFile(monitor).substr(0, 3000);
+  const ProcessResult both = Run("csv", {cut, monitor});
+  EXPECT_EQ(both.standardOutput, Path("out") + ": 1 day of a host\n");
+  EXPECT_TRUE(both.standardError.starts_with("ozmo_export: " + cut + ": no data")) << both.standardError;
 }
 
 // One level is made; what a mistyped path names isn't.
