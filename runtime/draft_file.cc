@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <climits>
 #include <cstdlib>
 
@@ -14,20 +15,36 @@ constexpr std::array ENDING_SIGNALS = {SIGHUP, SIGINT, SIGTERM, SIGXCPU, SIGXFSZ
 
 enum State : sig_atomic_t { FREE, ON_SIGNAL, ON_EXIT };
 
-// What a signal handler can work with: no pointers to storage that may be on the move.
-struct Slot {
+}  // namespace
+
+// What a signal handler can work with: no storage that may be on the move. Slots are used again and never
+// freed, so that a handler can walk them at any moment.
+struct DraftSlot {
   volatile sig_atomic_t state = FREE;
   char path[PATH_MAX] = {};
   dev_t device = 0;
   ino_t inode = 0;
+  DraftSlot* next = nullptr;
 };
 
-// Process-wide, as handlers of signals and of exit() have no argument that could carry it: the picture and
-// the temporary map of a JPEG run.
-std::array<Slot, 2> slots;
+namespace {
+
+// Process-wide, as handlers of signals and of exit() have no argument that could carry it.
+std::atomic<DraftSlot*> slots = nullptr;
+static_assert(std::atomic<DraftSlot*>::is_always_lock_free);
+
+DraftSlot* FreeSlot() {
+  for (DraftSlot* slot = slots; slot != nullptr; slot = slot->next) {
+    if (slot->state == FREE) return slot;
+  }
+  auto* slot = new DraftSlot;
+  slot->next = slots;
+  slots = slot;
+  return slot;
+}
 
 // Calls only what may be called from a signal handler.
-void RemoveSlot(Slot& slot) {
+void RemoveSlot(DraftSlot& slot) {
   struct stat status = {};
   if (lstat(slot.path, &status) == 0 && status.st_dev == slot.device && status.st_ino == slot.inode) {
     unlink(slot.path);
@@ -36,8 +53,8 @@ void RemoveSlot(Slot& slot) {
 }
 
 void RemoveFrom(State weakest) {
-  for (Slot& slot : slots) {
-    if (slot.state >= weakest) RemoveSlot(slot);
+  for (DraftSlot* slot = slots; slot != nullptr; slot = slot->next) {
+    if (slot->state >= weakest) RemoveSlot(*slot);
   }
 }
 
@@ -70,29 +87,29 @@ void DraftFile::Watch(const std::string& path, int file) {
   const SignalsHeld held;
   struct stat status = {};
   if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return;
-  for (size_t i = 0; i < slots.size() && slot_ < 0; ++i) {
-    Slot& slot = slots[i];
-    if (slot.state != FREE || realpath(path.c_str(), slot.path) == nullptr) continue;
-    slot.device = status.st_dev;
-    slot.inode = status.st_ino;
-    slot.state = ON_EXIT;
-    slot_ = static_cast<int>(i);
+  DraftSlot* slot = FreeSlot();
+  if (realpath(path.c_str(), slot->path) == nullptr) {
+    slot->path[path.copy(slot->path, sizeof slot->path - 1)] = '\0';
   }
+  slot->device = status.st_dev;
+  slot->inode = status.st_ino;
+  slot->state = ON_EXIT;
+  slot_ = slot;
   InstallHandlers();
 }
 
 void DraftFile::KeepOnExit() {
-  if (slot_ >= 0) slots[static_cast<size_t>(slot_)].state = ON_SIGNAL;
+  if (slot_ != nullptr) slot_->state = ON_SIGNAL;
 }
 
 void DraftFile::Finish() {
-  if (slot_ >= 0) slots[static_cast<size_t>(slot_)].state = FREE;
-  slot_ = -1;
+  if (slot_ != nullptr) slot_->state = FREE;
+  slot_ = nullptr;
 }
 
 void DraftFile::Remove() {
-  if (slot_ >= 0) RemoveSlot(slots[static_cast<size_t>(slot_)]);
-  slot_ = -1;
+  if (slot_ != nullptr) RemoveSlot(*slot_);
+  slot_ = nullptr;
 }
 
 SignalsHeld::SignalsHeld() {

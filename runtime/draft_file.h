@@ -9,6 +9,8 @@
 
 namespace ozmo {
 
+struct DraftSlot;
+
 class DraftFile {
  public:
   DraftFile() = default;
@@ -17,8 +19,8 @@ class DraftFile {
   DraftFile& operator=(const DraftFile&) = delete;
 
   // Takes `path`, which is open as `file`, for a draft from now on. Only a plain file is one: nobody wants a
-  // device or a pipe taken away. Of a link it is the file that it leads to. A process has room for a few
-  // drafts at a time; one beyond them is simply not taken care of.
+  // device or a pipe taken away. Of a link it is the file that it leads to. A process may
+  // have any number of drafts.
   void Watch(const std::string& path, int file);
 
   // From now on only a signal takes the file away.
@@ -31,7 +33,7 @@ class DraftFile {
   void Remove();
 
  private:
-  int slot_ = -1;
+  DraftSlot* slot_ = nullptr;
 };
 
 // Holds the signals back that take drafts away: between the making of a file and Watch none may slip in.

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 #include "tests/end_to_end/process.h"
 #include "tests/support/signals.h"
@@ -61,6 +62,28 @@ TEST_F(WholeFileTest, OlderFileStaysUntilTheNewOneIsWhole) {
   EXPECT_EQ(Text("file").size(), 100'000U);
   EXPECT_TRUE(fs::is_symlink(Path("link")));
   EXPECT_EQ(Files(), 2);
+}
+
+TEST_F(WholeFileTest, ManyAtATimeLeaveNoDraft) {
+  constexpr int MANY = 20;
+  const auto open = [&](std::vector<WholeFile>& files) {
+    for (int i = 0; i < MANY; ++i) {
+      EXPECT_EQ(files[static_cast<size_t>(i)].Open({Path("new" + std::to_string(i)), LinkRule::NEW}), "");
+    }
+  };
+  const auto openAndEnd = [&] {
+    std::vector<WholeFile> files(MANY);
+    open(files);
+    raise(SIGTERM);
+  };
+  EXPECT_EXIT(openAndEnd(), ::testing::KilledBySignal(SIGTERM), "");
+  EXPECT_EQ(Files(), 2);
+  {
+    std::vector<WholeFile> files(MANY);
+    open(files);
+    for (WholeFile& file : files) EXPECT_EQ(file.Commit(), "");
+  }
+  EXPECT_EQ(Files(), 2 + MANY);
 }
 
 TEST_F(WholeFileTest, LinksAndInputsAreKeptByTheRuleOfThePath) {
