@@ -120,14 +120,16 @@ class Exporter {
       Fail(failure);
       return result_;
     }
+    std::vector<std::string> recordings;
     for (const std::string& path : options_.dataFiles) {
       if (IsReadAlready(path, runtime_)) continue;
-      if (report::IsForeign(path)) {
-        ExportRecording(path);
-      } else {
+      if (!report::IsForeign(path)) {
         ExportDay(path, path);
+      } else if (recordings_.insert(report::RecordingOf(path)).second) {
+        recordings.push_back(path);
       }
     }
+    ExportRecordings(recordings);
     return result_;
   }
 
@@ -159,17 +161,19 @@ class Exporter {
     if (!problems.empty()) result_.isWhole = false;
   }
 
-  // The days of another program's recording. Their files are inputs for as long as they are there.
-  void ExportRecording(const std::string& recording) {
-    if (!recordings_.insert(report::RecordingOf(recording)).second) return;
-    NoteInput(runtime_, IdentityOf(recording));
-    const report::ImportedFiles imported = report::ImportForeign(program_, recording, scratch_);
-    if (!imported.failure.empty()) Fail(imported.failure);
+  // The days of other programs' recordings, of which each may have a part of a day. Their files are inputs
+  // for as long as they are there.
+  void ExportRecordings(const std::vector<std::string>& recordings) {
+    std::vector<std::pair<std::string, std::string>> days;  // file and recording
+    for (const std::string& recording : report::InOrderOfTime(recordings)) {
+      NoteInput(runtime_, IdentityOf(recording));
+      report::ImportedFiles imported = report::ImportForeign(program_, recording, scratch_);
+      if (!imported.failure.empty()) Fail(imported.failure);
+      for (std::string& path : imported.paths) days.emplace_back(std::move(path), recording);
+    }
     const size_t inputs = runtime_.inputs.size();
-    for (const std::string& path : imported.paths) {
-      ExportDay(path, recording);
-      std::error_code error;
-      std::filesystem::remove(path, error);
+    for (const auto& [path, recording] : days) {
+      if (!IsReadAlready(path, runtime_)) ExportDay(path, recording);
     }
     runtime_.inputs.resize(inputs);
   }

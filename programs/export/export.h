@@ -14,8 +14,8 @@ struct ExportResult {
   bool isWhole = true;  // false: there was a line of `program` on standard error
 };
 
-// Goes on after a file that fails. Recordings of other programs are imported into `scratch`, one at a time;
-// it is empty where there are none.
+// Goes on after a file that fails. Recordings of other programs come last and are imported into `scratch`,
+// all of them before the first is exported, since a day may be in several; it is empty where there are none.
 ExportResult ExportFiles(const char* program, const Options& options, const std::string& scratch,
                          Runtime& runtime);
 

@@ -297,6 +297,23 @@ std::string TimeRecord(int64_t time) {
   return bytes;
 }
 
+std::string EndMark(int64_t end) {
+  std::string bytes;
+  PutRecord(bytes, MARK, [&] {
+    PutText(bytes, VERSION);
+    PutNumber(bytes, static_cast<uint64_t>(end), INT8);
+  });
+  return bytes;
+}
+
+std::optional<int64_t> TimeInEndMark(std::string_view bytes) {
+  if (bytes.size() != END_MARK_SIZE) return std::nullopt;
+  const uint64_t high = NumberAt(bytes, END_MARK_SIZE - INT4);
+  const auto time = static_cast<int64_t>(high << 32U | NumberAt(bytes, END_MARK_SIZE - INT8));
+  if (bytes != EndMark(time)) return std::nullopt;
+  return time;
+}
+
 std::string SampleRecords(int64_t time, const Configuration& configuration, const HostFigures& interval) {
   std::string bytes = TimeRecord(time);
   PutData<Configuration>(bytes, CONFIGURATION, CONFIGURATION_FIELDS, configuration);

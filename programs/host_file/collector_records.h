@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,7 +37,15 @@ std::string TimeRecord(int64_t time);
 // change, and what `interval` holds.
 std::string SampleRecords(int64_t time, const Configuration& configuration, const HostFigures& interval);
 
+// What may come last in a file: the mark of the version again, and after its text, where readers don't look,
+// a time of the writer's own.
+constexpr size_t END_MARK_SIZE = 24;
+std::string EndMark(int64_t end);
+
 // --- Of a file that is there ---
+
+// The time in the last END_MARK_SIZE bytes of a file; absent where they aren't such a mark.
+std::optional<int64_t> TimeInEndMark(std::string_view bytes);
 
 // The node that a file of this version is of, by its first bytes; empty where they aren't those of such a
 // file.

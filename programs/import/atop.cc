@@ -1,6 +1,7 @@
 #include "programs/import/atop.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <set>
 #include <utility>
@@ -79,6 +80,7 @@ void TakeDisk(const Words& words, HostFigures& host) {
   const std::string_view depthText = At(words, 9);
   std::from_chars(depthText.data(), depthText.data() + depthText.size(), depth);
   const double most = 1e12;  // milliseconds: more than thirty years
+  if (!std::isfinite(depth)) depth = 0.0;
   const auto all = static_cast<uint64_t>(std::clamp(depth * static_cast<double>(busy), 0.0, most));
   const uint64_t operations = reads + writes;
   const uint64_t ofReads = operations == 0

@@ -1,7 +1,5 @@
 #include "programs/import/day_files.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -57,7 +55,6 @@ class DayFile {
   [[nodiscard]] std::string Add(const Sample& sample);
   [[nodiscard]] std::string Finish();
   const std::string& path() const { return path_; }
-  bool IsAfter(const Sample& sample) const { return sample.time <= last_; }
 
  private:
   Minutes::Sink Writer() {
@@ -75,14 +72,14 @@ class DayFile {
   std::string path_;
   WholeFile file_;
   Minutes minutes_;
-  int64_t last_ = 0;  // time of the last sample
+  int64_t end_ = 0;  // of the last sample, as it was recorded
   int64_t shift_ = 0;
   int64_t stamp_ = 0;    // of the last sample in the file; 0: it isn't open
   int64_t seconds_ = 0;  // its length
 };
 
 std::string DayFile::Add(const Sample& sample) {
-  last_ = sample.time;
+  end_ = sample.time;
   return minutes_.Add(sample, Writer());
 }
 
@@ -113,7 +110,7 @@ std::string DayFile::Write(const Sample& sample, int64_t stamp) {
 // Readers take a sample as finished when they meet a later time, so the file ends with one.
 std::string DayFile::Finish() {
   if (std::string failure = minutes_.Finish(Writer()); !failure.empty()) return failure;
-  Put(host_file::TimeRecord(stamp_ + seconds_));
+  Put(host_file::TimeRecord(stamp_ + seconds_) + host_file::EndMark(end_));
   return file_.Commit();
 }
 
@@ -121,40 +118,45 @@ DayFiles::DayFiles(std::string directory) : directory_(std::move(directory)) {}
 DayFiles::~DayFiles() = default;
 
 std::string DayFiles::Add(const Sample& sample) {
-  const std::string date = host_file::FileDate(sample.time);
-  std::string& current = dates_[sample.node];
-  std::unique_ptr<DayFile>& file = files_[sample.node];
-  if (current != date) {
-    if (std::string failure = FinishDay(sample.node); !failure.empty()) return failure;
-    current = date;
-    const std::string path = directory_ + "/qtxl_" + sample.node + "_" + date + ".dat_1";
-    if (access(path.c_str(), F_OK) == 0 || access((path + ".zst").c_str(), F_OK) == 0) {
-      leftAsTheyWere_.push_back(path);
-      return "";
-    }
-    file = std::make_unique<DayFile>(path);
-  }
-  if (!file) return "";
-  if (file->IsAfter(sample)) {
+  Host& host = hosts_[sample.node];
+  if (sample.time <= host.last) {
     ++outOfOrder_;
     return "";
   }
-  return file->Add(sample);
+  host.last = sample.time;
+  const std::string date = host_file::FileDate(sample.time);
+  if (host.date != date) {
+    if (std::string failure = FinishDay(host); !failure.empty()) return failure;
+    host.date = date;
+    host.present = PresentDayOf(directory_, sample.node, date);
+  }
+  const PresentDay& present = host.present;
+  if (!present.last.empty() && sample.time <= present.end.value_or(sample.time)) {
+    ++host.leftOut;
+    return "";
+  }
+  if (!host.added) host.added = std::make_unique<DayFile>(present.next);
+  return host.added->Add(sample);
 }
 
-std::string DayFiles::FinishDay(const std::string& node) {
-  std::unique_ptr<DayFile>& file = files_[node];
-  if (!file) return "";
-  std::string failure = file->Finish();
-  if (failure.empty()) finished_.push_back(file->path());
-  file.reset();
+std::string DayFiles::FinishDay(Host& host) {
+  const std::unique_ptr<DayFile> added = std::move(host.added);
+  const int64_t leftOut = std::exchange(host.leftOut, 0);
+  if (leftOut > 0) {
+    notes_.push_back(host.present.last + " is there already, and stays as it is" +
+                     (added ? "; samples left out up to its end: " + std::to_string(leftOut) : ""));
+  }
+  if (!added) return "";
+  std::string failure = added->Finish();
+  if (failure.empty()) finished_.push_back(added->path());
   return failure;
 }
 
-std::string DayFiles::Finish() {
-  for (const auto& [node, date] : dates_) {
-    if (std::string failure = FinishDay(node); !failure.empty()) return failure;
+std::string DayFiles::FinishRecording() {
+  for (auto& [node, host] : hosts_) {
+    if (std::string failure = FinishDay(host); !failure.empty()) return failure;
   }
+  hosts_.clear();
   return "";
 }
 

@@ -1,11 +1,16 @@
 #include "programs/import/import.h"
 
+#include <algorithm>
 #include <bitset>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
+#include <limits>
+#include <set>
+#include <utility>
 
+#include "programs/host_file/node_name.h"
 #include "programs/import/converted_copy.h"
 #include "programs/import/day_files.h"
 #include "programs/import/source.h"
@@ -32,17 +37,6 @@ const Source* SourceOf(const std::string& path) {
   return ReadHead(path, head).empty() ? SourceOfRecording(head) : nullptr;
 }
 
-// A node becomes a part of a file's name, and the name has to say that the file is of a Linux host.
-std::string CheckNode(const std::string& node) {
-  if (node.find('/') != std::string::npos)
-    return "node name " + node + " has a slash, which no file name can have";
-  for (const char* mark : {"qtxs_", "qtxsx_", "qtxh_", "QTXH_", "qtxa_", "QTXA_", ".vmr", ".VMR"}) {
-    if (node.find(mark) != std::string::npos)
-      return "node name " + node + " makes a file's name that of another kind";
-  }
-  return "";
-}
-
 // What graphs are made of, by groups.
 struct Group {
   const char* name;
@@ -64,11 +58,16 @@ class Import {
       : options_(options), progress_(progress), files_(options.directory) {}
 
   ImportResult Run();
+  // When the first sample of a recording ends; the end of all times where there is none.
+  int64_t FirstTime(const std::string& path);
 
  private:
   std::string Read(const std::string& path);
-  std::string Open(const std::string& path, Texts& texts, const Source*& source);
+  std::string Open(const std::string& path, Messages messages, Texts& texts, const Source*& source);
+  std::string ReadSamples(const std::string& path, const Source& source, Texts& texts,
+                          const SampleSink& sink);
   std::string Take(const Sample& sample);
+  std::string CheckNode(const std::string& node);
   void AddNotes();
 
   const Options& options_;
@@ -78,6 +77,8 @@ class Import {
   ImportResult result_;
   Stream converted_;                         // the recording at hand, where it was of an older version
   size_t samples_ = 0;                       // of the recording at hand
+  size_t samplesInSpan_ = 0;                 // of all, as the next
+  std::set<std::string> nodes_;              // whose names are fine
   std::bitset<std::size(GROUPS)> recorded_;  // what any sample had
 };
 
@@ -89,34 +90,56 @@ ImportResult Import::Run() {
   } else if (!options_.passwdFile.empty()) {
     result_.failure = users_.Load(options_.passwdFile);
   }
-  for (const std::string& path : options_.sources) {
+  for (const std::string& path : InOrderOfTime(options_.sources)) {
     if (result_.failure.empty()) result_.failure = Read(path);
   }
-  if (result_.failure.empty()) result_.failure = files_.Finish();
+  if (result_.failure.empty() && samplesInSpan_ == 0) result_.failure = "nothing was recorded in the span";
   AddNotes();
   return std::move(result_);
 }
 
+std::string NameOf(const std::string& path) { return path == STANDARD_INPUT ? "standard input" : path; }
+
 std::string Import::Read(const std::string& path) {
   Texts texts;
   const Source* source = nullptr;
-  if (std::string failure = Open(path, texts, source); !failure.empty()) return failure;
+  if (std::string failure = Open(path, Messages::SHOWN, texts, source); !failure.empty()) return failure;
   samples_ = 0;
-  const SampleSink sink = [this](const Sample& sample) { return Take(sample); };
-  std::string failure = source->readRecording != nullptr ? source->readRecording(path, sink)
-                                                         : source->readText(texts, users_, sink);
+  const size_t before = samplesInSpan_;
+  std::string failure =
+      ReadSamples(path, *source, texts, [this](const Sample& sample) { return Take(sample); });
   // A program that couldn't read its recording has said why; what it printed until then is no day.
   if (failure.empty() && !texts.empty()) failure = texts.front().Finish();
   if (failure.empty() && samples_ == 0) failure = "there is no sample in it";
-  return failure.empty() ? "" : (path == STANDARD_INPUT ? "standard input" : path) + ": " + failure;
+  if (!failure.empty()) return NameOf(path) + ": " + failure;
+  if (samplesInSpan_ == before) result_.notes.push_back(NameOf(path) + ": no sample in the span");
+  return files_.FinishRecording();
+}
+
+std::string Import::ReadSamples(const std::string& path, const Source& source, Texts& texts,
+                                const SampleSink& sink) {
+  return source.readRecording != nullptr ? source.readRecording(path, sink)
+                                         : source.readText(texts, users_, sink);
+}
+
+int64_t Import::FirstTime(const std::string& path) {
+  Texts texts;
+  const Source* source = nullptr;
+  int64_t first = std::numeric_limits<int64_t>::max();
+  if (!Open(path, Messages::DROPPED, texts, source).empty()) return first;
+  const std::string end = ReadSamples(path, *source, texts, [&](const Sample& sample) {
+    first = sample.time;
+    return "that is enough";
+  });
+  return first;
 }
 
 // Runs the commands that print a recording. Those after the first start when that has printed something, so
 // that a message comes once.
-std::string OpenPrograms(const Source& source, const std::string& path, Texts& texts) {
+std::string OpenPrograms(const Source& source, const std::string& path, Messages shown, Texts& texts) {
   for (const std::vector<std::string>& command : source.commands(path)) {
     const bool isFirst = texts.empty();
-    const auto messages = isFirst ? Messages::SHOWN : Messages::DROPPED;
+    const auto messages = isFirst ? shown : Messages::DROPPED;
     std::string failure = texts.emplace_back().OpenProgram(command, std::string(source.package), messages);
     if (!failure.empty()) return failure;
     std::string line;
@@ -125,7 +148,7 @@ std::string OpenPrograms(const Source& source, const std::string& path, Texts& t
   return "";
 }
 
-std::string Import::Open(const std::string& path, Texts& texts, const Source*& source) {
+std::string Import::Open(const std::string& path, Messages messages, Texts& texts, const Source*& source) {
   source = FindSource(options_.from);
   const std::string unknown = ": nothing that ozmo_import knows; --help lists what it reads";
   if (path == STANDARD_INPUT) {
@@ -138,25 +161,37 @@ std::string Import::Open(const std::string& path, Texts& texts, const Source*& s
       source = recorder;
       if (source->readRecording != nullptr) return "";
       if (source->conversion != nullptr) converted_ = ConvertedCopy(source->conversion(path));
-      const std::string failure = OpenPrograms(*source, converted_ ? PathOf(converted_) : path, texts);
+      const std::string failure =
+          OpenPrograms(*source, converted_ ? PathOf(converted_) : path, messages, texts);
       return failure.empty() ? "" : path + ": " + failure;
     }
     if (std::string failure = texts.emplace_back().OpenFile(path); !failure.empty()) return failure;
   }
   if (source != nullptr && source->readText == nullptr) {
-    return (path == STANDARD_INPUT ? "standard input" : path) + ": no recording of " +
-           std::string(source->name);
+    return NameOf(path) + ": no recording of " + std::string(source->name);
   }
   std::string line;
-  if (!texts.front().Peek(line)) return "standard input is empty";
+  if (!texts.front().Peek(line)) {
+    const std::string failure = texts.front().Finish();
+    return failure.empty() ? NameOf(path) + " is empty" : failure;
+  }
   if (source == nullptr) source = SourceOfText(line);
-  return source == nullptr ? (path == STANDARD_INPUT ? "standard input" : path) + unknown : "";
+  return source == nullptr ? NameOf(path) + unknown : "";
+}
+
+std::string Import::CheckNode(const std::string& node) {
+  if (nodes_.contains(node)) return "";
+  std::string failure = host_file::CheckNode(node);
+  if (failure.empty()) failure = host_file::CheckPath(options_.directory, node);
+  if (failure.empty()) nodes_.insert(node);
+  return failure;
 }
 
 std::string Import::Take(const Sample& sample) {
+  ++samples_;
   if (options_.begin && sample.time < *options_.begin) return "";
   if (options_.end && sample.time > *options_.end) return "";
-  ++samples_;
+  ++samplesInSpan_;
   for (size_t place = 0; place < recorded_.size(); ++place) {
     if (!recorded_[place]) recorded_[place] = GROUPS[place].isIn(sample.figures);
   }
@@ -170,9 +205,7 @@ std::string Import::Take(const Sample& sample) {
 
 void Import::AddNotes() {
   result_.files = files_.Finished();
-  for (const std::string& path : files_.LeftAsTheyWere()) {
-    result_.notes.push_back(path + " is there already, and stays as it is");
-  }
+  result_.notes.insert(result_.notes.end(), files_.Notes().begin(), files_.Notes().end());
   if (files_.OutOfOrder() > 0) {
     result_.notes.push_back(std::to_string(files_.OutOfOrder()) +
                             " samples left out, since the clock had gone back");
@@ -189,6 +222,20 @@ void Import::AddNotes() {
 
 ImportResult ImportRecordings(const Options& options, const ImportProgress& progress) {
   return Import(options, progress).Run();
+}
+
+std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings) {
+  const bool canLook = std::ranges::find(recordings, STANDARD_INPUT) == recordings.end();
+  if (recordings.size() < 2 || !canLook) return recordings;
+  std::vector<std::pair<int64_t, std::string>> timed;
+  for (std::string& path : recordings) {
+    const Options options;
+    const int64_t first = Import(options, nullptr).FirstTime(path);
+    timed.emplace_back(first, std::move(path));
+  }
+  std::ranges::stable_sort(timed, {}, &std::pair<int64_t, std::string>::first);
+  std::ranges::transform(timed, recordings.begin(), &std::pair<int64_t, std::string>::second);
+  return recordings;
 }
 
 bool IsForeignRecording(const std::string& path) { return SourceOf(path) != nullptr; }

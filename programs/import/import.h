@@ -18,7 +18,13 @@ struct ImportResult {
 // Called with the host and time of a sample now and then.
 using ImportProgress = std::function<void(const std::string& node, int64_t time)>;
 
+// Takes the recordings in the order of time, and ends at the first that fails. A recording without a sample
+// in the span is a failure only where no other has one.
 ImportResult ImportRecordings(const Options& options, const ImportProgress& progress);
+
+// The recordings by when their first samples end, which takes a look into each. As they are where standard
+// input is one of them, since that can be read but once. Those without a sample come last.
+std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings);
 
 // Whether a file is a recording of another program, by its content.
 bool IsForeignRecording(const std::string& path);

@@ -1,5 +1,6 @@
 // ozmo_import: makes Linux data files of what other programs recorded.
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -39,7 +40,16 @@ class Progress {
   int64_t last_ = 0;
 };
 
+// A text may have any number of hosts side by side, and a file is open for each.
+void AllowManyFiles() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  limit.rlim_cur = limit.rlim_max;
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
 Status Import(const Options& options) {
+  AllowManyFiles();
   ImportResult result;
   {
     Progress progress;

@@ -2,6 +2,7 @@
 
 #include <getopt.h>
 
+#include "programs/host_file/node_name.h"
 #include "programs/import/source.h"
 #include "runtime/option_words.h"
 #include "runtime/times.h"
@@ -44,13 +45,9 @@ std::string TakeSource(std::string& from) {
   return "--from takes one of" + known + ", and not \"" + from + "\"";
 }
 
-// A node is a part of a file's name.
 std::string TakeNode(std::string& node) {
   node = optarg;
-  if (node.empty()) return "--node takes a name";
-  return node.find('/') == std::string::npos
-             ? ""
-             : "node name " + node + " has a slash, which no file name can have";
+  return node.empty() ? "--node takes a name" : host_file::CheckNode(node);
 }
 
 std::string TakeOption(int number, Options& options) {
@@ -91,6 +88,10 @@ ParsedOptions ParseOptions(int argc, char* const argv[]) {
   }
   parsed.options.sources.assign(argv + optind, argv + argc);
   if (parsed.options.sources.empty()) parsed.failure = "no recording to import";
+  const Options& options = parsed.options;
+  if (options.begin && options.end && *options.begin > *options.end) {
+    parsed.failure = "--begin is after --end";
+  }
   return parsed;
 }
 
@@ -115,7 +116,8 @@ std::string HelpText() {
          "  -h, --help\n"
          "      --version\n"
          "\n"
-         "A day that is there already is left as it is. Status: 0 done, 1 a failure, 2 usage.\n";
+         "No file that is there is changed; a day goes on in one of the next number.\n"
+         "Status: 0 done, 1 a failure, 2 usage.\n";
 }
 
 }  // namespace ozmo::import

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <utility>
 
 #include "programs/import/import.h"
 #include "runtime/console.h"
@@ -50,6 +51,10 @@ bool IsForeign(const std::string& path) { return import::IsForeignRecording(path
 
 std::string RecordingOf(const std::string& path) { return import::RecordingOf(path); }
 
+std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings) {
+  return import::InOrderOfTime(std::move(recordings));
+}
+
 int RunInScratch(const std::string& program, const std::function<int(const std::string& directory)>& work) {
   std::error_code error;
   std::string directory = (std::filesystem::temp_directory_path(error) / (program + "_XXXXXX")).string();
@@ -87,8 +92,6 @@ ImportedFiles ImportForeign(const std::string& program, const std::string& recor
   options.sources = {recording};
   import::ImportResult result = import::ImportRecordings(options, nullptr);
   for (const std::string& note : result.notes) Complain(program, note);
-  if (result.failure.empty() && result.files.empty())
-    result.failure = recording + ": there is no sample in it";
   return {std::move(result.files), std::move(result.failure), std::move(result.notes)};
 }
 

@@ -13,18 +13,23 @@ bool IsForeign(const std::string& path);
 // What the paths of a recording's files have in common; the path itself where it is one file.
 std::string RecordingOf(const std::string& path);
 
+// Recordings by when their first samples end, those without one last.
+std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings);
+
 // Runs `work` with a new directory in the temporary directory, in a process of its own: when that ends, in
 // whatever way, the directory is removed. Signals that end this process end that one first. Returns the exit
 // status.
 int RunInScratch(const std::string& program, const std::function<int(const std::string& directory)>& work);
 
 struct ImportedFiles {
-  std::vector<std::string> paths;  // of data files, a day each, at least one where nothing failed
+  std::vector<std::string> paths;  // of data files, a day each
   std::string failure;             // empty when all went well
   std::vector<std::string> notes;  // what was said of it
 };
 
-// Imports a recording into `directory`. What the user should know of it is a line of `program`.
+// Imports a recording into `directory`. What the user should know of it is a line of `program`. Where a day
+// is there already, its file is another of that day's set; there is at least one file where nothing failed
+// and the directory had none of its days.
 ImportedFiles ImportForeign(const std::string& program, const std::string& recording,
                             const std::string& directory);
 

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <optional>
+#include <set>
 
 #include "programs/import/minutes.h"
 #include "programs/import/source.h"
@@ -69,11 +73,26 @@ class ImportTest : public ::testing::Test {
     return samples;
   }
 
-  ImportResult Run(const std::string& text) {
+  ImportResult Run(const std::string& text) { return RunAll({text}); }
+  ImportResult RunAll(const std::vector<std::string>& texts, std::optional<int64_t> begin = std::nullopt) {
     Options options;
     options.directory = directory_ / "data";
-    options.sources = {Write("recording", text)};
+    options.begin = begin;
+    for (const std::string& text : texts) {
+      options.sources.push_back(Write("recording" + std::to_string(options.sources.size()), text));
+    }
     return ImportRecordings(options, nullptr);
+  }
+
+  // The files with their sizes.
+  std::string State() const {
+    std::set<std::string> files;
+    for (const std::string& name : DataFiles()) {
+      files.insert(name + "=" + std::to_string(std::filesystem::file_size(directory_ / ("data/" + name))));
+    }
+    std::string text;
+    for (const std::string& file : files) text += file + " ";
+    return text;
   }
 
   std::vector<std::string> DataFiles() const {
@@ -225,10 +244,12 @@ TEST_F(ImportTest, ADayIsWholeOrNotThere) {
   ASSERT_EQ(done.files.size(), 1U);
   EXPECT_EQ(done.notes, std::vector<std::string>{"not recorded, so there are no graphs of: file systems"});
   const auto size = std::filesystem::file_size(done.files[0]);
-  const ImportResult again = Run(text + AtopLines(ATOP_SAMPLE, "1329897780"));
+  const ImportResult again = Run(text);
   EXPECT_TRUE(again.files.empty());
   EXPECT_NE(again.notes[0].find("is there already"), std::string::npos);
   EXPECT_EQ(std::filesystem::file_size(done.files[0]), size);
+  std::ofstream(done.files[0], std::ios::app) << "x";  // no longer ours: where it ends isn't known
+  EXPECT_TRUE(Run(text + AtopLines(ATOP_SAMPLE, "1329897780")).files.empty());
   std::filesystem::remove(done.files[0]);
 
   struct Damage {
@@ -244,7 +265,9 @@ TEST_F(ImportTest, ADayIsWholeOrNotThere) {
       {text.substr(0, 300), "there is no sample in it"},
       {AtopLines("cpu @ 100 0 1 1 1 1 1 1 1\nSEP\n", "99999999999"), "line 1 isn't one of atop's"},
       {"cpu ../web 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "has a slash"},
-      {"cpu qtxs_x 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "that of another kind"},
+      {"cpu qtxs_x 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n",
+       "read as a file of another system"},
+      {"cpu a\x1b 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "a control character"},
   };
   for (const Damage& damage : damages) {
     const ImportResult result = Run(damage.text);
@@ -252,8 +275,70 @@ TEST_F(ImportTest, ADayIsWholeOrNotThere) {
                                                                       << damage.failure;
     EXPECT_TRUE(DataFiles().empty());
   }
-  const ImportResult back = Run(AtopLines(ATOP_SAMPLE) + AtopLines(ATOP_SAMPLE, "1329897600"));
-  EXPECT_NE(back.notes[0].find("1 samples left out"), std::string::npos);
+}
+
+std::string AtopSamples(std::initializer_list<int64_t> times) {
+  std::string text;
+  for (const int64_t time : times) text += AtopLines(ATOP_SAMPLE, std::to_string(time));
+  return text;
+}
+
+// Midnight in the zone of the tests, which may be any.
+int64_t MidnightAfter(int64_t time) {
+  std::tm clock{};
+  const time_t start = time;
+  localtime_r(&start, &clock);
+  clock.tm_mday += 1;
+  clock.tm_hour = clock.tm_min = clock.tm_sec = 0;
+  clock.tm_isdst = -1;
+  return mktime(&clock);
+}
+
+// Recordings that end a little after midnight, one a night or all at once, in any order.
+TEST_F(ImportTest, ADayComesInParts) {
+  const int64_t night = MidnightAfter(1329897600);
+  const std::string first = AtopSamples({night - 3600, night - 60, night});
+  const std::string second = AtopSamples({night + 60, night + 120, night + 180});
+  for (const std::string& text : {first, second, first, second}) EXPECT_EQ(Run(text).failure, "");
+  const std::string state = State();
+  EXPECT_EQ(std::ranges::count(state, '='), 3);
+  EXPECT_NE(state.find("dat_2="), std::string::npos);
+  std::filesystem::remove_all(directory_ / "data");
+  EXPECT_EQ(RunAll({second, first}).failure, "");
+  EXPECT_EQ(State(), state);
+
+  // One that has grown since.
+  const ImportResult grown = Run(second + AtopSamples({night + 240}));
+  EXPECT_EQ(grown.files.size(), 1U);
+  EXPECT_NE(grown.notes[0].find("samples left out up to its end: 3"), std::string::npos) << grown.notes[0];
+}
+
+TEST_F(ImportTest, AClockThatGoesBackOverMidnightCostsWhatIsCounted) {
+  const int64_t night = MidnightAfter(1329897600);
+  const ImportResult back = Run(AtopSamples({night - 60, night + 60, night - 20, night + 60, night + 120}));
+  EXPECT_NE(back.notes[0].find("2 samples left out"), std::string::npos);
+  EXPECT_EQ(back.files.size(), 2U);
+}
+
+TEST_F(ImportTest, ARecordingOutsideTheSpanIsNoFailureWhereAnotherHasSamples) {
+  const std::string text = AtopSamples({1329897660});
+  const std::string later = AtopSamples({1329997660});
+  const ImportResult one = RunAll({text, later}, 1329990000);
+  EXPECT_EQ(one.failure, "");
+  EXPECT_EQ(one.files.size(), 1U);
+  EXPECT_NE(one.notes[0].find("recording0: no sample in the span"), std::string::npos) << one.notes[0];
+  EXPECT_EQ(RunAll({text, later}, 1339990000).failure, "nothing was recorded in the span");
+}
+
+// What no number says of a disk's queue.
+TEST_F(ImportTest, AQueueWithoutADepthCountsNothing) {
+  for (const char* depth : {"nan", "inf", "-inf", "x"}) {
+    const std::vector<Sample> samples =
+        SamplesOf(*FindSource("atop"),
+                  AtopLines("DSK @ sda 0 30 4000 10 500 -1 -1 7 " + std::string(depth) + "\nSEP\n"));
+    ASSERT_EQ(samples.size(), 1U);
+    EXPECT_EQ(samples[0].figures.disks[0].figures[10], 0U);
+  }
 }
 
 }  // namespace
