@@ -1,6 +1,7 @@
 #include "programs/report/entry.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "programs/report/baseline.h"
 #include "programs/report/csv_files.h"
@@ -34,10 +35,14 @@ struct ReadResult {
   std::vector<std::string> problems;
 };
 
-ReadResult Read(const DayRequest& request, Runtime& runtime) {
+// A failure of a file that was made for this run is one of what it was made of.
+ReadResult Read(const Options& options, const DayRequest& request, Runtime& runtime) {
+  const std::string& path = request.dataFile;
+  const std::string& name = options.NameOf(path);
   ReadResult read;
-  read.problems =
-      RunQuietly({PROGRAM, request.dataFile}, runtime, [&] { read.result = ReadDay(request, runtime); });
+  read.problems = RunQuietly({PROGRAM, name}, runtime, [&] { read.result = ReadDay(request, runtime); });
+  std::string& failure = read.result.failure;
+  if (failure.starts_with(path)) failure.replace(0, path.size(), name);
   return read;
 }
 
@@ -79,8 +84,10 @@ Company CompanyOf(const Options& options, const DayRequest& request, const DataD
     say(text);
     problems.push_back(text);
   };
-  if (!options.baseline.empty()) {
-    const ReadResult read = Read(BaselineRequest(options.baseline, request, day), runtime);
+  if (!options.baselineFailure.empty()) {
+    fail("no baseline: " + options.baselineFailure);
+  } else if (!options.baseline.empty()) {
+    const ReadResult read = Read(options, BaselineRequest(options.BaselinePath(), request, day), runtime);
     for (std::vector<std::string>* target : {&page.problems, &problems}) {
       target->insert(target->end(), read.problems.begin(), read.problems.end());
     }
@@ -173,7 +180,7 @@ bool Report(const Options& options, Runtime& runtime) {
   for (const std::string& path : {options.dataFile, options.baseline, options.marksFile}) {
     if (!path.empty()) NoteInput(runtime, IdentityOf(DataFilePath(path)));
   }
-  ReadResult read = Read(request, runtime);
+  ReadResult read = Read(options, request, runtime);
   if (!read.result.day) {
     if (read.problems.empty()) Complain(PROGRAM, read.result.failure);
     return false;
@@ -197,20 +204,41 @@ int Show(const Options& options) {
   return done ? DONE_STATUS : FAILED_STATUS;
 }
 
-// The page of another program's recording, under the recording's name.
+bool HasForeignBaseline(const Options& options) {
+  return !options.baseline.empty() && !DaysBack(options.baseline) && IsForeign(options.baseline);
+}
+
+// Imports a recording into a directory of its own. Returns the paths of its days, or none after a failure.
+std::vector<std::string> Import(const std::string& recording, const std::string& directory,
+                                std::vector<std::string>& notes, std::string& failure) {
+  ImportedFiles imported = ImportForeign(PROGRAM, recording, directory);
+  notes = std::move(imported.notes);
+  failure = std::move(imported.failure);
+  if (failure.empty() && imported.paths.empty()) failure = recording + ": there is no sample in it";
+  return failure.empty() ? std::move(imported.paths) : std::vector<std::string>();
+}
+
+// The page of other programs' recordings, under the names of these.
 int ShowForeign(Options& options) {
   return RunInScratch(PROGRAM, [&](const std::string& directory) {
-    const ImportedFiles imported = ImportForeign(PROGRAM, options.dataFile, directory);
-    if (!imported.failure.empty()) {
-      Complain(PROGRAM, imported.failure);
-      return FAILED_STATUS;
+    if (IsForeign(options.dataFile)) {
+      std::string failure;
+      const auto paths = Import(options.dataFile, directory + "/file", options.importNotes, failure);
+      if (paths.empty()) {
+        Complain(PROGRAM, failure);
+        return FAILED_STATUS;
+      }
+      options.importedFile = paths.front();
+      if (paths.size() > 1) {
+        options.importNotes.push_back(CountText(static_cast<int>(paths.size()), "day") +
+                                      " recorded, of which this is the first; --begin and --end show others");
+        Complain(PROGRAM, options.importNotes.back());
+      }
     }
-    options.importedFile = imported.paths.front();
-    options.importNotes = imported.notes;
-    if (imported.paths.size() > 1) {
-      options.importNotes.push_back(CountText(static_cast<int>(imported.paths.size()), "day") +
-                                    " recorded, of which this is the first; --begin and --end show others");
-      Complain(PROGRAM, options.importNotes.back());
+    if (HasForeignBaseline(options)) {
+      std::vector<std::string> notes;
+      const auto paths = Import(options.baseline, directory + "/baseline", notes, options.baselineFailure);
+      if (!paths.empty()) options.importedBaseline = paths.front();
     }
     return Show(options);
   });
@@ -236,7 +264,7 @@ int ReportEntry(int argc, char* const argv[]) {
       break;
   }
   Options& options = parsed.options;
-  return IsForeign(options.dataFile) ? ShowForeign(options) : Show(options);
+  return IsForeign(options.dataFile) || HasForeignBaseline(options) ? ShowForeign(options) : Show(options);
 }
 
 }  // namespace ozmo::report

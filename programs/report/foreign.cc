@@ -91,7 +91,11 @@ ImportedFiles ImportForeign(const std::string& program, const std::string& recor
   options.directory = directory;
   options.sources = {recording};
   import::ImportResult result = import::ImportRecordings(options, nullptr);
-  for (const std::string& note : result.notes) Complain(program, note);
+  for (std::string& note : result.notes) {
+    // A file that was made for this run is the recording's.
+    if (note.starts_with(directory)) note.replace(0, directory.size() + 1, recording + ": ");
+    Complain(program, note);
+  }
   return {std::move(result.files), std::move(result.failure), std::move(result.notes)};
 }
 

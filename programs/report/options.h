@@ -15,7 +15,10 @@ enum class Action { REPORT, HELP, VERSION };
 struct Options {
   Action action = Action::REPORT;
   std::string dataFile;
-  std::string importedFile;              // what is read in its place, where it is another program's recording
+  // What is read in the place of the file and the baseline, where they are other programs' recordings.
+  std::string importedFile;
+  std::string importedBaseline;
+  std::string baselineFailure;           // why the baseline couldn't be imported
   std::vector<std::string> importNotes;  // what the import has said
   std::optional<Seconds> begin;
   std::optional<Seconds> end;
@@ -31,6 +34,12 @@ struct Options {
   PictureForm picture;
   std::string pageFile;  // empty: see WritesPage
   const std::string& ReadPath() const { return importedFile.empty() ? dataFile : importedFile; }
+  const std::string& BaselinePath() const { return importedBaseline.empty() ? baseline : importedBaseline; }
+  // As the user knows a path that is read.
+  const std::string& NameOf(const std::string& path) const {
+    if (path == ReadPath()) return dataFile;
+    return path == importedBaseline ? baseline : path;
+  }
   // Standard output is a summary, and nothing else is said there.
   bool PrintsSummary() const { return summary && summaryFile.empty(); }
   bool WritesPage() const {
