@@ -12,14 +12,20 @@
 namespace ozmo {
 namespace {
 
+// A run without data, up to the name of its picture.
+const std::string DRAW = OZMO_BINARY_DIR
+    "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
+    "-item 'CPU Utilization By Mode' -item 'Overall CPU Utilization' ";
+
+ProcessResult RunShell(const std::string& script, const testing::TempDirectory& directory) {
+  return RunProcess({"/bin/sh", "-c", script}, {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}},
+                    directory.path(), directory.path());
+}
+
 TEST(Streams, ClosedOnesLetNoMessageLandInThePicture) {
   const testing::TempDirectory directory;
   const auto run = [&](const std::string& file, const std::string& redirections) {
-    const std::string command = OZMO_BINARY_DIR
-        "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
-        "-item 'CPU Utilization By Mode' -item 'Overall CPU Utilization' -type gif -graph_file ";
-    RunProcess({"/bin/sh", "-c", command + file + redirections},
-               {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+    RunShell(DRAW + "-type gif -graph_file " + file + redirections, directory);
     return ReadWholeFile(directory / file);
   };
   const std::string picture = run("open.gif", "");
@@ -29,9 +35,8 @@ TEST(Streams, ClosedOnesLetNoMessageLandInThePicture) {
 
 TEST(Streams, KeepTheOrderOfTheirLinesWhereTheyAreOne) {
   const testing::TempDirectory directory;
-  const ProcessResult result = RunProcess(
-      {"/bin/sh", "-c", OZMO_BINARY_DIR "/ozmo_graph -vmrunix none -item I -graph_file F -type csv 2>&1"},
-      {{"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+  const ProcessResult result =
+      RunShell(OZMO_BINARY_DIR "/ozmo_graph -vmrunix none -item I -graph_file F -type csv 2>&1", directory);
   EXPECT_THAT(result.standardOutput, ::testing::StartsWith("ozmo_graph V10.0-001\nVELTRIX-ERROR  "));
 }
 
@@ -41,8 +46,7 @@ TEST(Streams, AFullStandardOutputIsAFailure) {
   for (const std::string program : {"sample", "report", "import", "record", "export", "fleet"}) {
     const std::string path = OZMO_BINARY_DIR "/ozmo_" + program;
     if (!std::filesystem::exists(path)) continue;
-    const ProcessResult result =
-        RunProcess({"/bin/sh", "-c", path + " --help > /dev/full"}, {}, directory.path(), directory.path());
+    const ProcessResult result = RunShell(path + " --help > /dev/full", directory);
     EXPECT_EQ(result.exitStatus, 1) << program;
     EXPECT_THAT(result.standardError, ::testing::EndsWith(": No space left on device\n"));
   }
@@ -51,12 +55,8 @@ TEST(Streams, AFullStandardOutputIsAFailure) {
 // Status 124 is that the signal ended it, 137 that it had to be killed.
 TEST(Streams, ASignalEndsARunThatDrawsIntoAPipeWithoutAReader) {
   const testing::TempDirectory directory;
-  const std::string command = OZMO_BINARY_DIR
-      "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
-      "-item 'Overall CPU Utilization' -type gif -graph_file pipe";
   const ProcessResult result =
-      RunProcess({"/bin/sh", "-c", "mkfifo pipe; timeout -k 5 1 " + command},
-                 {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+      RunShell("mkfifo pipe; timeout -k 5 1 " + DRAW + "-type gif -graph_file pipe", directory);
   EXPECT_EQ(result.exitStatus, 124);
 }
 
@@ -66,17 +66,13 @@ TEST(Streams, ASignalEndsARunThatDrawsIntoAPipeWithoutAReader) {
 TEST(Streams, AWaitForAnotherJpegRunIsSaid) {
   const testing::TempMapGuard guard;
   const testing::TempDirectory directory;
-  const std::string command = OZMO_BINARY_DIR
-      "/ozmo_graph -vmrunix ./none -begin 22-Feb-2012:08:00:00 -end 22-Feb-2012:08:05:00 "
-      "-item 'Overall CPU Utilization' -type jpg -graph_file picture";
-  const ProcessResult result = RunProcess(
-      {"/bin/sh", "-c",
-       "until exec 9>>/tmp/temp.ppm && flock 9 && [ /tmp/temp.ppm -ef /dev/fd/9 ]; do :; done\n" + command +
-           " 9>&- 2>lines & run=$!\n"
-           "for i in $(seq 300); do grep -q waiting lines && break; sleep 0.1; done; [ -s picture ] && echo "
-           "early\n"
-           "flock -u 9; wait $run; cat lines"},
-      {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory.path(), directory.path());
+  const ProcessResult result = RunShell(
+      "until exec 9>>/tmp/temp.ppm && flock 9 && [ /tmp/temp.ppm -ef /dev/fd/9 ]; do :; done\n" + DRAW +
+          "-type jpg -graph_file picture 9>&- 2>lines & run=$!\n"
+          "for i in $(seq 300); do grep -q waiting lines && break; sleep 0.1; done; [ -s picture ] && echo "
+          "early\n"
+          "flock -u 9; wait $run; cat lines",
+      directory);
   EXPECT_THAT(result.standardOutput,
               ::testing::HasSubstr("\nozmo_graph: waiting for another JPEG run, which has /tmp/temp.ppm\n"));
   EXPECT_THAT(result.standardOutput, ::testing::Not(::testing::StartsWith("early")));

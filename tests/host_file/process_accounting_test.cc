@@ -77,71 +77,59 @@ struct ReportedCase {
   const char* what;
   std::vector<ProcessFigures> earlier;
   std::vector<ProcessFigures> later;
-  std::vector<ProcessEnd> ends;
-  std::set<int32_t> shown;  // of the ended, by the later reading
-  std::map<int32_t, uint64_t> unpaid;
-  std::map<int32_t, uint64_t> used;   // of the living
-  std::vector<uint64_t> usedByEnded;  // in the order of `ends`
-  std::map<int32_t, uint64_t> unpaidThen;
+  std::vector<ProcessEnd> ends = {};
+  std::set<int32_t> shown = {};  // of the ended, by the later reading
+  std::map<int32_t, uint64_t> unpaid = {};
+  std::map<int32_t, uint64_t> used = {};   // of the living
+  std::vector<uint64_t> usedByEnded = {};  // in the order of `ends`
+  std::map<int32_t, uint64_t> unpaidThen = {};
 };
 
 TEST(ProcessesSinceTest, ReportedEndsAreNotCountedAgainInTheirParents) {
   const ReportedCase cases[] = {
       // of user time
-      {"a child that was seen and one that wasn't; what no report explains is the parent's",
-       {Process(5, 1, 0, 0), Process(6, 5, 70, 3)},
-       {Process(5, 1, 1, 600)},
-       {End(6, 5, 100, true, 0), End(7, 5, 400, false, 0)},
-       {},
-       {},
-       {{5, 98}},  // 1, and 600 less 103 and 400
-       {30, 400},
-       {{5, 0}}},
-      {"a child that its parent waits for after the parent was read is paid in the next interval",
-       {Process(5, 1, 0, 10)},
-       {Process(5, 1, 0, 60)},
-       {End(7, 5, 80)},
-       {},
-       {{5, 20}},
-       {{5, 0}},
-       {80},
-       {{5, 50}}},
-      {"one that no one has waited for yet is paid when it is gone",
-       {Process(5, 1, 0, 0), Process(6, 5, 50, 0)},
-       {Process(5, 1, 0, 0), Process(6, 5, 90, 0), Process(8, 5, 30, 0, 2000)},
-       {End(6, 5, 90, true), End(8, 5, 30)},
-       {6, 8},
-       {},
-       {{5, 0}, {6, 0}, {8, 0}},
-       {40, 30},
-       {{5, 0}}},
-      {"and has been then",
-       {Process(5, 1, 0, 0), Process(6, 5, 90, 0)},
-       {Process(5, 1, 0, 90)},
-       {},
-       {},
-       {},
-       {{5, 0}},
-       {},
-       {}},
-      {"what ended ones used after their reports is theirs by threads and pages, up to twice what is likely",
-       {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 0), Process(9, 1, 0, 0)},
-       {Process(1, 0, 0, 0), Process(5, 1, 0, 140), Process(9, 1, 0, 200)},
-       {End(7, 6, 70, false, 50), End(8, 5, 0, false, 150), End(10, 9, 100, false, 10)},
-       {},
-       {},
-       {{1, 0}, {5, 0}, {9, 96}},  // of 60 and of 100; likely were 40 and 2
-       {85, 45, 104},
-       {{5, 0}, {6, 0}, {9, 0}}},
-      {"a process whose time the kernel divides anew",
-       {Process(1, 0, 0, 0), Process(6, 1, 80, 0)},
-       {Process(1, 0, 0, 100)},
-       {{{6, 1, "cc1", "ann", {70, 30, 0, 0}, ""}, true, 0}},
-       {},
-       {},
-       {{1, 0}},
-       {0},
-       {{1, 0}}},
+      {.what = "a child that was seen and one that wasn't; what no report explains is the parent's",
+       .earlier = {Process(5, 1, 0, 0), Process(6, 5, 70, 3)},
+       .later = {Process(5, 1, 1, 600)},
+       .ends = {End(6, 5, 100, true, 0), End(7, 5, 400, false, 0)},
+       .used = {{5, 98}},  // 1, and 600 less 103 and 400
+       .usedByEnded = {30, 400},
+       .unpaidThen = {{5, 0}}},
+      {.what = "a child that its parent waits for after the parent was read is paid in the next interval",
+       .earlier = {Process(5, 1, 0, 10)},
+       .later = {Process(5, 1, 0, 60)},
+       .ends = {End(7, 5, 80)},
+       .unpaid = {{5, 20}},
+       .used = {{5, 0}},
+       .usedByEnded = {80},
+       .unpaidThen = {{5, 50}}},
+      {.what = "one that no one has waited for yet is paid when it is gone",
+       .earlier = {Process(5, 1, 0, 0), Process(6, 5, 50, 0)},
+       .later = {Process(5, 1, 0, 0), Process(6, 5, 90, 0), Process(8, 5, 30, 0, 2000)},
+       .ends = {End(6, 5, 90, true), End(8, 5, 30)},
+       .shown = {6, 8},
+       .used = {{5, 0}, {6, 0}, {8, 0}},
+       .usedByEnded = {40, 30},
+       .unpaidThen = {{5, 0}}},
+      {.what = "and has been then",
+       .earlier = {Process(5, 1, 0, 0), Process(6, 5, 90, 0)},
+       .later = {Process(5, 1, 0, 90)},
+       .used = {{5, 0}}},
+      {.what = "what ended ones used after their reports is theirs by threads and pages, up to twice what is "
+               "likely",
+       .earlier = {Process(1, 0, 0, 0), Process(5, 1, 0, 0), Process(6, 5, 10, 0), Process(9, 1, 0, 0)},
+       .later = {Process(1, 0, 0, 0), Process(5, 1, 0, 140), Process(9, 1, 0, 200)},
+       .ends = {End(7, 6, 70, false, 50), End(8, 5, 0, false, 150), End(10, 9, 100, false, 10)},
+       .used = {{1, 0}, {5, 0}, {9, 96}},  // of 60 and of 100; likely were 40 and 2
+       .usedByEnded = {85, 45, 104},
+       .unpaidThen = {{5, 0}, {6, 0}, {9, 0}}},
+      {.what = "a process whose time the kernel divides anew",
+       .earlier = {Process(1, 0, 0, 0), Process(6, 1, 80, 0)},
+       .later = {Process(1, 0, 0, 100)},
+       .ends = {{{6, 1, "cc1", "ann", {70, 30, 0, 0}, ""}, true, 0}},
+       .used = {{1, 0}},
+       .usedByEnded = {0},
+       .unpaidThen = {{1, 0}}},
   };
   for (const ReportedCase& row : cases) {
     SCOPED_TRACE(row.what);

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <set>
+#include <sstream>
 
 #include "programs/import/minutes.h"
 #include "programs/import/source.h"
@@ -84,22 +84,12 @@ class ImportTest : public ::testing::Test {
     return ImportRecordings(options, nullptr);
   }
 
-  // The files with their sizes.
-  std::string State() const {
-    std::set<std::string> files;
-    for (const std::string& name : DataFiles()) {
-      files.insert(name + "=" + std::to_string(std::filesystem::file_size(directory_ / ("data/" + name))));
-    }
-    std::string text;
-    for (const std::string& file : files) text += file + " ";
-    return text;
-  }
-
   std::vector<std::string> DataFiles() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(directory_ / "data")) {
-      names.push_back(entry.path().filename());
+      names.push_back(entry.path().filename().string() + "=" + std::to_string(entry.file_size()));
     }
+    std::ranges::sort(names);
     return names;
   }
 
@@ -148,31 +138,16 @@ TEST_F(ImportTest, AtopFieldsGoWhereTheyBelong) {
 }
 
 TEST_F(ImportTest, SysstatRatesBecomeCounts) {
-  const std::string head = "web\t60\t1329897660\t";
+  // A line each, after what all of them begin with.
+  std::istringstream rows(
+      "all %usr 99\ncpu1 %usr 10.5\ncpu1 %guest 1\ncpu1 %irq 0.5\ncpu1 %sys 2\ncpu1 %idle 86\n"
+      "- kbmemfree 1000\n- kbmemused 2000\n- kbslab 5\n- pgpgin/s 8\n- irec/s 2\nsda tps 4\n"
+      "sda rkB/s 3\nsda wkB/s 1\nsda await 5\nsda %util 50\neth0 rxkB/s 2\nlo rxpck/s 0\n"
+      "/dev/sda1 MBfsfree 40\n/dev/sda1 MBfsused 60\n/dev/sda1 %ufsused 75\n36 all 329\n");
   std::string text = "web\t-1\t1329890000\tLINUX-RESTART\t(2 CPU)\n";
-  for (const char* line : {"all\t%usr\t99",
-                           "cpu1\t%usr\t10.5",
-                           "cpu1\t%guest\t1",
-                           "cpu1\t%irq\t0.5",
-                           "cpu1\t%sys\t2",
-                           "cpu1\t%idle\t86",
-                           "-\tkbmemfree\t1000",
-                           "-\tkbmemused\t2000",
-                           "-\tkbslab\t5",
-                           "-\tpgpgin/s\t8",
-                           "-\tirec/s\t2",
-                           "sda\ttps\t4",
-                           "sda\trkB/s\t3",
-                           "sda\twkB/s\t1",
-                           "sda\tawait\t5",
-                           "sda\t%util\t50",
-                           "eth0\trxkB/s\t2",
-                           "lo\trxpck/s\t0",
-                           "/dev/sda1\tMBfsfree\t40",
-                           "/dev/sda1\tMBfsused\t60",
-                           "/dev/sda1\t%ufsused\t75",
-                           "36\tall\t329"}) {
-    text += head + line + "\n";
+  for (std::string row; std::getline(rows, row);) {
+    std::ranges::replace(row, ' ', '\t');
+    text += "web\t60\t1329897660\t" + row + "\n";
   }
   const std::vector<Sample> samples = SamplesOf(*FindSource("sysstat"), text);
   ASSERT_EQ(samples.size(), 1U) << failure_;
@@ -300,12 +275,12 @@ TEST_F(ImportTest, ADayComesInParts) {
   const std::string first = AtopSamples({night - 3600, night - 60, night});
   const std::string second = AtopSamples({night + 60, night + 120, night + 180});
   for (const std::string& text : {first, second, first, second}) EXPECT_EQ(Run(text).failure, "");
-  const std::string state = State();
-  EXPECT_EQ(std::ranges::count(state, '='), 3);
-  EXPECT_NE(state.find("dat_2="), std::string::npos);
+  const std::vector<std::string> state = DataFiles();
+  ASSERT_EQ(state.size(), 3U);
+  EXPECT_NE(state[2].find("dat_2="), std::string::npos);
   std::filesystem::remove_all(directory_ / "data");
   EXPECT_EQ(RunAll({second, first}).failure, "");
-  EXPECT_EQ(State(), state);
+  EXPECT_EQ(DataFiles(), state);
 
   // One that has grown since.
   const ImportResult grown = Run(second + AtopSamples({night + 240}));

@@ -61,18 +61,14 @@ class Archive {
     Put("proc.psinfo.start_time", instance, std::to_string(start));
     Put("proc.id.euid_nm", instance, "www");
   }
-  // What the host counts, and one process.
+  // What the host counts, and one process. Ends the moment, with all that was put before.
   void PutHost(int second, const char* user, const char* reads, int processMilliseconds) {
     Put("mem.physmem", "", "4000");
     Put("kernel.percpu.cpu.user", "cpu0", user);
     Put("disk.dev.read", "sda", reads);
     PutProcess("000070 cc1", "/bin/cc1 a.c", processMilliseconds, 1000);
-    second_ = second;
+    EXPECT_EQ(pmiWrite(BEGIN + second, 0), 0);
   }
-  void Write() const { EXPECT_EQ(pmiWrite(BEGIN + second_, 0), 0); }
-
- private:
-  int second_ = 0;
 };
 
 std::string TextOf(const Sample& sample) {
@@ -92,33 +88,26 @@ TEST(PcpTest, CountersInstancesAndMarks) {
   const std::string path = directory / "web";
   Archive archive(path);
   archive.PutHost(0, "1000", "4294967290", 500);
-  archive.Write();
-  archive.PutHost(60, "3000", "4294967295", 900);  // a disk and a process come
-  archive.Put("disk.dev.read", "sdb", "100");
+  archive.Put("disk.dev.read", "sdb", "100");  // a disk and a process come
   archive.PutProcess("000071 kworker", "(kworker)", 30, 5000);
-  archive.Write();
-  archive.PutHost(120, "3500", "4", 900);  // a counter wraps; the process is another one of the same number
-  archive.Put("disk.dev.read", "sdb", "130");
+  archive.PutHost(60, "3000", "4294967295", 900);
+  archive.Put("disk.dev.read", "sdb", "130");  // the process is another one of the same number
   archive.PutProcess("000071 kworker", "(kworker)", 20, 115000);
-  archive.Write();
+  archive.PutHost(120, "3500", "4", 900);   // a counter wraps
   archive.PutHost(180, "3600", "14", 950);  // both are gone
-  archive.Write();
   EXPECT_EQ(pmiPutMark(), 0);
   archive.PutHost(600, "100", "1", 10);  // after a restart
-  archive.Write();
   archive.PutHost(660, "400", "8", 40);
-  archive.Write();
   EXPECT_EQ(pmiEnd(), 0);
 
   std::vector<std::string> texts;
+  const auto take = [&](const Sample& sample) {
+    texts.push_back(TextOf(sample));
+    return "";
+  };
   const Source* source = FindSource("pcp");
   ASSERT_NE(source, nullptr);
-  EXPECT_EQ(source->readRecording(path,
-                                  [&](const Sample& sample) {
-                                    texts.push_back(TextOf(sample));
-                                    return "";
-                                  }),
-            "");
+  EXPECT_EQ(source->readRecording(path, take), "");
   EXPECT_EQ(texts,
             (std::vector<std::string>{"web 60/60 cpu 200 sda 5 /bin/cc1 a.c(www) 40 [kworker](www) 3",
                                       "web 120/60 cpu 50 sda 0 sdb 30 /bin/cc1 a.c(www) 0 [kworker](www) 2",

@@ -158,19 +158,12 @@ TEST(ArrayBounds, AreThoseOfThePointsButTheLastWhereTheyAreNotGiven) {
     std::vector<double> limits;  // of x, then of y
   };
   const AxisLimits none;
+  const auto upTo = [](double max) { return AxisLimits{.max = max, .maxGiven = true}; };
   for (const Case& row :
        {Case{"the last takes no part", {{5, 2}, {6, 3}, {90, -70}}, none, none, {5, 6, 2, 3}},
-        {"a given one stays",
-         {{5, 2}, {7, -1}, {9, 8}, {9, 0}},
-         {.max = 100, .maxGiven = true},
-         none,
-         {5, 100, -1, 8}},
-        {"a point beyond a given one widens neither axis",
-         {{5, 2}, {1, 11}, {6, 10}, {6, 0}},
-         none,
-         {.max = 10, .maxGiven = true},
-         {5, 6, 2, 10}},
-        {"nor do those of no finite numbers",
+        {"a given one stays", {{5, 2}, {7, -1}, {9, 8}, {9, 0}}, upTo(100), none, {5, 100, -1, 8}},
+        {"one beyond widens neither", {{5, 2}, {1, 11}, {6, 10}, {6, 0}}, none, upTo(10), {5, 6, 2, 10}},
+        {"nor do odd ones",
          {{1, 2}, {2, NAN}, {3, INFINITY}, {4, -INFINITY}, {5, 3}, {6, 0}},
          none,
          none,

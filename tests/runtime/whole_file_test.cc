@@ -65,25 +65,16 @@ TEST_F(WholeFileTest, OlderFileStaysUntilTheNewOneIsWhole) {
 }
 
 TEST_F(WholeFileTest, ManyAtATimeLeaveNoDraft) {
-  constexpr int MANY = 20;
-  const auto open = [&](std::vector<WholeFile>& files) {
-    for (int i = 0; i < MANY; ++i) {
-      EXPECT_EQ(files[static_cast<size_t>(i)].Open({Path("new" + std::to_string(i)), LinkRule::NEW}), "");
-    }
+  std::vector<WholeFile> files(20);
+  const auto open = [&] {
+    for (WholeFile& file : files)
+      EXPECT_EQ(file.Open({Path("n" + std::to_string(&file - files.data())), LinkRule::NEW}), "");
   };
-  const auto openAndEnd = [&] {
-    std::vector<WholeFile> files(MANY);
-    open(files);
-    raise(SIGTERM);
-  };
-  EXPECT_EXIT(openAndEnd(), ::testing::KilledBySignal(SIGTERM), "");
+  EXPECT_EXIT((open(), raise(SIGTERM)), ::testing::KilledBySignal(SIGTERM), "");
   EXPECT_EQ(Files(), 2);
-  {
-    std::vector<WholeFile> files(MANY);
-    open(files);
-    for (WholeFile& file : files) EXPECT_EQ(file.Commit(), "");
-  }
-  EXPECT_EQ(Files(), 2 + MANY);
+  open();
+  for (WholeFile& file : files) EXPECT_EQ(file.Commit(), "");
+  EXPECT_EQ(Files(), 22);
 }
 
 TEST_F(WholeFileTest, LinksAndInputsAreKeptByTheRuleOfThePath) {

@@ -26,18 +26,5 @@ TEST(CollectorWriterTest, RecordsCountTheirHeadAndListsHaveMultiplesOfTheirRecor
   EXPECT_EQ(little.Bytes(), Bytes({12, 0, 0, 0, 2, 1, 0, 0, 3, 0, 0, 0}));
 }
 
-TEST(CollectorWriterTest, TextIsCutWhereItsLengthByteEnds) {
-  CollectorWriter writer(WrittenOrder::BIG);
-  writer.Record(2, {Text(std::string(300, 'x'))});
-  EXPECT_EQ(writer.Bytes().substr(8), '\xFF' + std::string(255, 'x'));
-}
-
-TEST(CollectorWriterTest, DefectsAreWrittenAsNamed) {
-  CollectorWriter writer(WrittenOrder::BIG);
-  writer.RecordWithLength(7, 5, {Raw("abc")}).RawBytes("de").CutTail(1);
-  EXPECT_EQ(writer.Bytes(), Bytes({0, 0, 0, 7, 0, 0, 0, 5, 'a', 'b', 'c', 'd'}));
-  EXPECT_EQ(writer.CutTail(100).Bytes(), "");
-}
-
 }  // namespace
 }  // namespace ozmo::sample

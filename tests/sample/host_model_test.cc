@@ -52,13 +52,5 @@ TEST(HostModelTest, TimesAddUpInEveryInterval) {
   }
 }
 
-TEST(HostModelTest, TheDayRisesAndFallsAndNoTwoAreTheSame) {
-  const HostDescription& host = FindSampleKind("linux")->host;
-  const int64_t office = MIDNIGHT + 10 * 3600 + 1800;
-  EXPECT_GT(LoadAt(host, 1, office), 2 * LoadAt(host, 1, MIDNIGHT + 5 * 3600));
-  EXPECT_GT(LoadAt(host, 1, office), 1.5 * LoadAt(host, 1, office + 3 * 86400)) << "on a Saturday";
-  EXPECT_NE(LoadAt(host, 1, office), LoadAt(host, 2, office));
-}
-
 }  // namespace
 }  // namespace ozmo::sample
