@@ -224,7 +224,7 @@ TEST_F(Fleet, RunsFewerAtATimeWhereOnlySoManyFilesMayBeOpen) {
   for (const char* host : {"a", "b", "c", "d", "e", "f", "g"})
     fs::copy_file(first, Path(std::string("data/qtxl_") + host + "_2012Feb22.dat_1"));
   const ProcessResult result =
-      RunProcess({"/bin/sh", "-c", "ulimit -n 14; exec " OZMO_BINARY_DIR "/ozmo_fleet -j 8 data"},
+      RunProcess({"/bin/sh", "-c", "ulimit -n 24; exec " OZMO_BINARY_DIR "/ozmo_fleet -j 8 data"},
                  {{"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}}, directory_.path(), scratch_.path());
   EXPECT_NE(result.standardOutput.find("8 new of 8 data files"), std::string::npos) << result.standardError;
 }
