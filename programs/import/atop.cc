@@ -245,9 +245,9 @@ bool TakeMemory(const ProcessLine& line, Words& words, Task& task) {
 
 // --- Samples ---
 
-class Reader {
+class AtopReader {
  public:
-  Reader(UserNames& users, const SampleSink& sink) : users_(users), sink_(sink) {}
+  AtopReader(UserNames& users, const SampleSink& sink) : users_(users), sink_(sink) {}
 
   std::string Read(LineSource& lines);
 
@@ -272,7 +272,7 @@ class Reader {
   std::set<std::string> usedAdapters_;  // that have carried anything
 };
 
-std::string Reader::Read(LineSource& lines) {
+std::string AtopReader::Read(LineSource& lines) {
   std::string line;
   while (lines.Next(line)) {
     ++line_;
@@ -281,7 +281,7 @@ std::string Reader::Read(LineSource& lines) {
   return "";  // what comes after the last separator isn't a whole sample
 }
 
-std::string Reader::TakeLine(std::string_view text) {
+std::string AtopReader::TakeLine(std::string_view text) {
   if (text == "SEP") return End();
   if (text == "RESET") {
     isSinceBoot_ = true;
@@ -297,7 +297,7 @@ std::string Reader::TakeLine(std::string_view text) {
 }
 
 // The words that all lines have. Two hosts in one text have samples of their own.
-bool Reader::TakeHead(const Words& words) {
+bool AtopReader::TakeHead(const Words& words) {
   uint64_t time = 0;
   uint64_t seconds = 0;
   if (words.size() <= FIRST || !IsCount(words[EPOCH], time) || !IsCount(words[INTERVAL], seconds))
@@ -310,13 +310,13 @@ bool Reader::TakeHead(const Words& words) {
   return true;
 }
 
-std::string Reader::TakeHostLine(const HostLine& line) {
+std::string AtopReader::TakeHostLine(const HostLine& line) {
   if (!TakeHead(words_)) return Damaged();
   line.take(words_, sample_.figures);
   return "";
 }
 
-std::string Reader::TakeTask(std::string_view label, std::string_view text) {
+std::string AtopReader::TakeTask(std::string_view label, std::string_view text) {
   // The head of a line, up to the process' number; a name may look like anything.
   size_t place = 0;
   for (size_t blanks = 0; blanks < FIRST && place != std::string_view::npos; ++blanks) {
@@ -336,7 +336,7 @@ std::string Reader::TakeTask(std::string_view label, std::string_view text) {
                                                                                                : Damaged();
 }
 
-void Reader::AddProcesses() {
+void AtopReader::AddProcesses() {
   std::vector<std::string> images;
   std::vector<host_file::EndedProcess> ended;
   std::vector<host_file::ProcessFigures>& living = sample_.figures.processes;
@@ -355,7 +355,7 @@ void Reader::AddProcesses() {
   AddEnded(living, images, ended);
 }
 
-std::string Reader::End() {
+std::string AtopReader::End() {
   for (const host_file::AdapterFigures& adapter : sample_.figures.adapters) {
     if (std::ranges::any_of(adapter.figures, [](uint64_t count) { return count > 0; })) {
       usedAdapters_.insert(adapter.name);
@@ -377,7 +377,7 @@ std::string Reader::End() {
 }
 
 std::string ReadAtopText(Texts& texts, UserNames& users, const SampleSink& sink) {
-  return Reader(users, sink).Read(texts.front());
+  return AtopReader(users, sink).Read(texts.front());
 }
 
 // The mark that a recording begins with, in the byte order of the host that wrote it.

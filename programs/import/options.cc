@@ -12,12 +12,12 @@ namespace {
 
 constexpr int END_OF_OPTIONS = -1;
 
-enum LongOption { FROM = 256, NODE, PASSWD, BEGIN, END, VERSION };
+enum LongOption { FROM = 256, NODE_NAME, PASSWD, BEGIN, END, VERSION };
 
 constexpr option LONG_OPTIONS[] = {{"output", required_argument, nullptr, 'o'},
                                    {"directory", required_argument, nullptr, 'o'},  // another name of it
                                    {"from", required_argument, nullptr, FROM},
-                                   {"node", required_argument, nullptr, NODE},
+                                   {"node", required_argument, nullptr, NODE_NAME},
                                    {"passwd", required_argument, nullptr, PASSWD},
                                    {"begin", required_argument, nullptr, BEGIN},
                                    {"end", required_argument, nullptr, END},
@@ -56,7 +56,7 @@ std::string TakeOption(int number, Options& options) {
       return TakeText(options.directory, "-o");
     case FROM:
       return TakeSource(options.from);
-    case NODE:
+    case NODE_NAME:
       return TakeNode(options.node);
     case PASSWD:
       return TakeText(options.passwdFile, "--passwd");

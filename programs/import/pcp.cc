@@ -221,7 +221,7 @@ std::string Archive::Open(const std::string& path) {
   if (const int code = pmGetArchiveLabel(&label); code < 0) return ErrorText(code);
   node_.assign(label.ll_hostname, strnlen(label.ll_hostname, sizeof label.ll_hostname));
   for (size_t place = 0; place < METRIC_COUNT; ++place) {
-    const std::string name(METRIC_NAMES[place]);
+    const std::string name(MetricName(place));
     const char* names[] = {name.c_str()};
     pmID id = PM_ID_NULL;
     Known known{.place = place};

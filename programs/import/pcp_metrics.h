@@ -1,9 +1,12 @@
 // The metrics of Performance Co-Pilot that host figures are made of; pminfo(1) shows what each is.
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
+#include <tuple>
+
+#include "programs/host_file/host_figures.h"
 
 namespace ozmo::import {
 
@@ -75,64 +78,78 @@ enum class Metric : size_t {
   PROTOCOLS
 };
 
-constexpr std::array<std::string_view, 118> METRIC_NAMES = {
-    "kernel.uname.nodename",
-    "kernel.all.uptime",
-    "kernel.percpu.cpu.user",
-    "kernel.percpu.cpu.nice",
-    "kernel.percpu.cpu.sys",
-    "kernel.percpu.cpu.intr",
-    "kernel.percpu.cpu.idle",
-    "kernel.percpu.cpu.wait.total",
-    "mem.physmem",
-    "mem.util.free",
-    "mem.util.shmem",
-    "mem.util.bufmem",
-    "mem.util.cached",
-    "mem.vmstat.pgpgin",
-    "mem.vmstat.pgpgout",
-    "mem.vmstat.pswpin",
-    "mem.vmstat.pswpout",
-    "disk.dev.read",
-    "disk.dev.read_merge",
-    "disk.dev.blkread",
-    "disk.dev.read_rawactive",
-    "disk.dev.write",
-    "disk.dev.write_merge",
-    "disk.dev.blkwrite",
-    "disk.dev.write_rawactive",
-    "disk.dev.inflight",
-    "disk.dev.avactive",
-    "disk.dev.aveq",
-    "network.interface.in.packets",
-    "network.interface.in.bytes",
-    "network.interface.in.errors",
-    "network.interface.out.packets",
-    "network.interface.out.bytes",
-    "network.interface.out.errors",
-    "network.interface.collisions",
-    "filesys.mountdir",
-    "filesys.capacity",
-    "filesys.free",
-    "filesys.avail",
-    "filesys.maxfiles",
-    "filesys.freefiles",
-    "proc.psinfo.psargs",
-    "proc.psinfo.cmd",
-    "proc.psinfo.sname",
-    "proc.psinfo.ppid",
-    "proc.psinfo.start_time",
-    "proc.psinfo.utime",
-    "proc.psinfo.stime",
-    "proc.psinfo.cutime",
-    "proc.psinfo.cstime",
-    "proc.psinfo.minflt",
-    "proc.psinfo.maj_flt",
-    "proc.psinfo.cmin_flt",
-    "proc.psinfo.cmaj_flt",
-    "proc.psinfo.vsize",
-    "proc.psinfo.rss",
-    "proc.id.euid_nm",
+struct MetricRow {
+  Metric metric;
+  std::string_view name;
+};
+constexpr MetricRow METRICS[] = {
+    {Metric::NODE, "kernel.uname.nodename"},
+    {Metric::UPTIME, "kernel.all.uptime"},
+    {Metric::USER, "kernel.percpu.cpu.user"},
+    {Metric::NICE, "kernel.percpu.cpu.nice"},
+    {Metric::SYSTEM, "kernel.percpu.cpu.sys"},
+    {Metric::INTERRUPTS, "kernel.percpu.cpu.intr"},
+    {Metric::IDLE, "kernel.percpu.cpu.idle"},
+    {Metric::WAIT, "kernel.percpu.cpu.wait.total"},
+    {Metric::MEMORY, "mem.physmem"},
+    {Metric::FREE, "mem.util.free"},
+    {Metric::SHARED, "mem.util.shmem"},
+    {Metric::BUFFERS, "mem.util.bufmem"},
+    {Metric::CACHED, "mem.util.cached"},
+    {Metric::PAGED_IN, "mem.vmstat.pgpgin"},
+    {Metric::PAGED_OUT, "mem.vmstat.pgpgout"},
+    {Metric::SWAPPED_IN, "mem.vmstat.pswpin"},
+    {Metric::SWAPPED_OUT, "mem.vmstat.pswpout"},
+    {Metric::READS, "disk.dev.read"},
+    {Metric::READS_MERGED, "disk.dev.read_merge"},
+    {Metric::SECTORS_READ, "disk.dev.blkread"},
+    {Metric::READ_TIME, "disk.dev.read_rawactive"},
+    {Metric::WRITES, "disk.dev.write"},
+    {Metric::WRITES_MERGED, "disk.dev.write_merge"},
+    {Metric::SECTORS_WRITTEN, "disk.dev.blkwrite"},
+    {Metric::WRITE_TIME, "disk.dev.write_rawactive"},
+    {Metric::UNDER_WAY, "disk.dev.inflight"},
+    {Metric::BUSY, "disk.dev.avactive"},
+    {Metric::REQUEST_TIME, "disk.dev.aveq"},
+    {Metric::PACKETS_IN, "network.interface.in.packets"},
+    {Metric::BYTES_IN, "network.interface.in.bytes"},
+    {Metric::ERRORS_IN, "network.interface.in.errors"},
+    {Metric::PACKETS_OUT, "network.interface.out.packets"},
+    {Metric::BYTES_OUT, "network.interface.out.bytes"},
+    {Metric::ERRORS_OUT, "network.interface.out.errors"},
+    {Metric::COLLISIONS, "network.interface.collisions"},
+    {Metric::MOUNT_POINT, "filesys.mountdir"},
+    {Metric::CAPACITY, "filesys.capacity"},
+    {Metric::FREE_SPACE, "filesys.free"},
+    {Metric::AVAILABLE, "filesys.avail"},
+    {Metric::FILES, "filesys.maxfiles"},
+    {Metric::FREE_FILES, "filesys.freefiles"},
+    {Metric::COMMAND_LINE, "proc.psinfo.psargs"},
+    {Metric::IMAGE, "proc.psinfo.cmd"},
+    {Metric::STATE, "proc.psinfo.sname"},
+    {Metric::PARENT, "proc.psinfo.ppid"},
+    {Metric::START, "proc.psinfo.start_time"},
+    {Metric::PROCESS_USER, "proc.psinfo.utime"},
+    {Metric::PROCESS_SYSTEM, "proc.psinfo.stime"},
+    {Metric::CHILDREN_USER, "proc.psinfo.cutime"},
+    {Metric::CHILDREN_SYSTEM, "proc.psinfo.cstime"},
+    {Metric::MINOR_FAULTS, "proc.psinfo.minflt"},
+    {Metric::MAJOR_FAULTS, "proc.psinfo.maj_flt"},
+    {Metric::CHILDREN_MINOR, "proc.psinfo.cmin_flt"},
+    {Metric::CHILDREN_MAJOR, "proc.psinfo.cmaj_flt"},
+    {Metric::VIRTUAL, "proc.psinfo.vsize"},
+    {Metric::RESIDENT, "proc.psinfo.rss"},
+    {Metric::OWNER, "proc.id.euid_nm"},
+};
+constexpr bool RowsAreInTheOrderOfMetrics() {
+  for (size_t place = 0; place < std::size(METRICS); ++place) {
+    if (METRICS[place].metric != static_cast<Metric>(place)) return false;
+  }
+  return std::size(METRICS) == static_cast<size_t>(Metric::PROTOCOLS);
+}
+static_assert(RowsAreInTheOrderOfMetrics());
+
+constexpr std::string_view PROTOCOL_METRICS[] = {
     "network.ip.forwarding",
     "network.ip.defaultttl",
     "network.ip.inreceives",
@@ -195,6 +212,12 @@ constexpr std::array<std::string_view, 118> METRIC_NAMES = {
     "network.udp.inerrors",
     "network.udp.outdatagrams",
 };
-constexpr size_t METRIC_COUNT = METRIC_NAMES.size();
+static_assert(std::size(PROTOCOL_METRICS) == std::tuple_size_v<host_file::ProtocolFigures>);
+constexpr size_t METRIC_COUNT = std::size(METRICS) + std::size(PROTOCOL_METRICS);
+
+// The name of the metric at a place: a `Metric`, or a protocol counter after it.
+constexpr std::string_view MetricName(size_t place) {
+  return place < std::size(METRICS) ? METRICS[place].name : PROTOCOL_METRICS[place - std::size(METRICS)];
+}
 
 }  // namespace ozmo::import

@@ -16,8 +16,8 @@ namespace {
 using host_file::HostFigures;
 using Words = std::vector<std::string_view>;
 
-using Values = std::map<size_t, double>;  // by the place of the field
-using Devices = std::map<std::pair<Kind, std::string>, Values>;
+using FieldValues = std::map<size_t, double>;  // by the place of the field
+using Devices = std::map<std::pair<DeviceKind, std::string>, FieldValues>;
 
 struct Moment {
   int64_t seconds = 0;
@@ -28,7 +28,7 @@ struct Moment {
 };
 using Moments = std::map<std::pair<int64_t, std::string>, Moment>;  // by time and host
 
-double ValueOf(const Values& values, size_t place) {
+double ValueOf(const FieldValues& values, size_t place) {
   const auto found = values.find(place);
   return found == values.end() ? 0.0 : found->second;
 }
@@ -40,7 +40,7 @@ uint64_t Count(double value) {
   return value > 0.0 ? static_cast<uint64_t>(std::llround(std::min(value, MOST))) : 0;
 }
 
-void AddProcessor(const std::string& name, const Values& values, double seconds, HostFigures& host) {
+void AddProcessor(const std::string& name, const FieldValues& values, double seconds, HostFigures& host) {
   constexpr std::string_view PREFIX = "cpu";
   if (!name.starts_with(PREFIX)) return;  // all processors
   // Of hundredths of a second there are as many as percent in a second.
@@ -58,7 +58,7 @@ void AddProcessor(const std::string& name, const Values& values, double seconds,
        .wait = ticks({WAIT})});
 }
 
-void AddHost(const std::string& /*name*/, const Values& values, double seconds, HostFigures& host) {
+void AddHost(const std::string& /*name*/, const FieldValues& values, double seconds, HostFigures& host) {
   const auto level = [&](FieldPlace place) { return Count(ValueOf(values, place)); };
   const auto counted = [&](FieldPlace place) { return Count(ValueOf(values, place) * seconds); };
   constexpr double PAGE_KILOBYTES = 4.0;
@@ -83,7 +83,7 @@ void AddHost(const std::string& /*name*/, const Values& values, double seconds, 
 
 // Operations are not split in sadf's figures; they are given to reads and writes by their data, as only the
 // sum is shown.
-void AddDisk(const std::string& name, const Values& values, double seconds, HostFigures& host) {
+void AddDisk(const std::string& name, const FieldValues& values, double seconds, HostFigures& host) {
   const double readKb = ValueOf(values, READ_KB);
   const double writtenKb = ValueOf(values, WRITTEN_KB);
   const double share = readKb + writtenKb > 0.0 ? readKb / (readKb + writtenKb) : 1.0;
@@ -105,7 +105,7 @@ void AddDisk(const std::string& name, const Values& values, double seconds, Host
                   Count(ValueOf(values, QUEUE) * seconds * 1000.0)};
 }
 
-void AddAdapter(const std::string& name, const Values& values, double seconds, HostFigures& host) {
+void AddAdapter(const std::string& name, const FieldValues& values, double seconds, HostFigures& host) {
   const auto counted = [&](FieldPlace place, double unit = 1.0) {
     return Count(ValueOf(values, place) * seconds * unit);
   };
@@ -116,7 +116,8 @@ void AddAdapter(const std::string& name, const Values& values, double seconds, H
   host.adapters.push_back({name, figures});
 }
 
-void AddFileSystem(const std::string& name, const Values& values, double /*seconds*/, HostFigures& host) {
+void AddFileSystem(const std::string& name, const FieldValues& values, double /*seconds*/,
+                   HostFigures& host) {
   const double used = ValueOf(values, MB_USED);
   const double free = ValueOf(values, MB_FREE);
   // Of all there is, what an ordinary user can't have.
@@ -134,15 +135,15 @@ void AddFileSystem(const std::string& name, const Values& values, double /*secon
                               .freeFiles = files});
 }
 
-struct Group {
-  Kind kind;
-  void (*add)(const std::string& name, const Values& values, double seconds, HostFigures& host);
+struct DeviceRow {
+  DeviceKind kind;
+  void (*add)(const std::string& name, const FieldValues& values, double seconds, HostFigures& host);
 };
-constexpr Group GROUPS[] = {{Kind::HOST, AddHost},
-                            {Kind::PROCESSOR, AddProcessor},
-                            {Kind::DISK, AddDisk},
-                            {Kind::ADAPTER, AddAdapter},
-                            {Kind::FILE_SYSTEM, AddFileSystem}};
+constexpr DeviceRow DEVICES[] = {{DeviceKind::HOST, AddHost},
+                                 {DeviceKind::PROCESSOR, AddProcessor},
+                                 {DeviceKind::DISK, AddDisk},
+                                 {DeviceKind::ADAPTER, AddAdapter},
+                                 {DeviceKind::FILE_SYSTEM, AddFileSystem}};
 
 bool CarriedNothing(const host_file::AdapterFigures& adapter) {
   return std::ranges::all_of(adapter.figures, [](uint64_t count) { return count == 0; });
@@ -160,8 +161,8 @@ std::string MountPointOf(const Moment& moment, const std::string& device) {
 Sample SampleOf(const std::string& node, int64_t time, const Moment& moment) {
   Sample sample{.node = node, .time = time, .seconds = moment.seconds, .figures = {}};
   for (const auto& [device, values] : moment.devices) {
-    const auto* group = std::ranges::find(GROUPS, device.first, &Group::kind);
-    group->add(device.second, values, static_cast<double>(moment.seconds), sample.figures);
+    const auto* row = std::ranges::find(DEVICES, device.first, &DeviceRow::kind);
+    row->add(device.second, values, static_cast<double>(moment.seconds), sample.figures);
   }
   std::ranges::sort(sample.figures.processors, {}, &host_file::ProcessorFigures::id);
   std::erase_if(sample.figures.adapters, CarriedNothing);
@@ -182,35 +183,36 @@ std::string Deliver(Moments& moments, int64_t end, const SampleSink& sink) {
 }
 
 // Words of a line.
-enum Word : size_t { NODE, INTERVAL, TIME, DEVICE, FIELD, VALUE, WORDS };
+enum Word : size_t { NODE_WORD, INTERVAL_WORD, TIME_WORD, DEVICE_WORD, FIELD_WORD, VALUE_WORD, WORD_COUNT };
 
 // The times of a line, which is of an interval and no mark of a restart or a comment.
 bool TakeTimes(const Words& words, int64_t& time, int64_t& seconds) {
   uint64_t epoch = 0;
   uint64_t interval = 0;
-  if (words.size() != WORDS || !IsCount(words[TIME], epoch) || !IsCount(words[INTERVAL], interval))
+  if (words.size() != WORD_COUNT || !IsCount(words[TIME_WORD], epoch) ||
+      !IsCount(words[INTERVAL_WORD], interval))
     return false;
   constexpr uint64_t LONGEST = 366UL * 86400;
-  if (epoch == 0 || epoch > INT32_MAX || interval > LONGEST || words[NODE].empty()) return false;
+  if (epoch == 0 || epoch > INT32_MAX || interval > LONGEST || words[NODE_WORD].empty()) return false;
   time = static_cast<int64_t>(epoch);
   seconds = std::max<int64_t>(static_cast<int64_t>(interval), 1);
   return true;
 }
 
-void TakeValue(const Words& words, size_t place, Kind kind, bool namesMounts, Moment& moment) {
-  const std::string device(words[DEVICE]);
+void TakeValue(const Words& words, size_t place, DeviceKind kind, bool namesMounts, Moment& moment) {
+  const std::string device(words[DEVICE_WORD]);
   if (place == MB_FREE) (namesMounts ? moment.mountPoints : moment.fileSystems).push_back(device);
-  if (kind == Kind::FILE_SYSTEM && namesMounts) return;
+  if (kind == DeviceKind::FILE_SYSTEM && namesMounts) return;
   double value = 0.0;
-  std::from_chars(words[VALUE].data(), words[VALUE].data() + words[VALUE].size(), value);
+  std::from_chars(words[VALUE_WORD].data(), words[VALUE_WORD].data() + words[VALUE_WORD].size(), value);
   moment.devices[{kind, device}][place] = value;
 }
 
 // One text has the times once for each activity. Texts of an activity each are read side by side, the one
 // that is furthest back in time first, and a sample is complete when all are past it.
-class Reader {
+class SysstatReader {
  public:
-  Reader(Texts& texts, const SampleSink& sink) : texts_(texts), sink_(sink), places_(texts.size()) {}
+  SysstatReader(Texts& texts, const SampleSink& sink) : texts_(texts), sink_(sink), places_(texts.size()) {}
 
   std::string Read() {
     while (!places_.empty()) {
@@ -241,12 +243,12 @@ class Reader {
       SplitWords(line, '\t', words_);
       int64_t time = 0;
       int64_t seconds = 0;
-      if (words_.size() < DEVICE) return "line " + std::to_string(place.line) + " isn't one of sadf's";
+      if (words_.size() < DEVICE_WORD) return "line " + std::to_string(place.line) + " isn't one of sadf's";
       if (!TakeTimes(words_, time, seconds)) continue;
       size_t field = 0;
-      Kind kind{};
-      if (FindField(words_[FIELD], field, kind)) {
-        Moment& moment = moments_[{time, std::string(words_[NODE])}];
+      DeviceKind kind{};
+      if (FindField(words_[FIELD_WORD], field, kind)) {
+        Moment& moment = moments_[{time, std::string(words_[NODE_WORD])}];
         moment.seconds = seconds;
         TakeValue(words_, field, kind, namesMounts, moment);
       }
@@ -264,7 +266,7 @@ class Reader {
 };
 
 std::string ReadSysstatText(Texts& texts, UserNames& /*users*/, const SampleSink& sink) {
-  return Reader(texts, sink).Read();
+  return SysstatReader(texts, sink).Read();
 }
 
 // The mark that a daily file begins with, in the byte order of the host that wrote it.
@@ -276,8 +278,8 @@ bool IsSysstatText(std::string_view line) {
   Words words;
   SplitWords(line, '\t', words);
   uint64_t number = 0;
-  return words.size() >= DEVICE && !words[NODE].empty() && IsCount(words[TIME], number) &&
-         (IsCount(words[INTERVAL], number) || words[INTERVAL] == "-1");
+  return words.size() >= DEVICE_WORD && !words[NODE_WORD].empty() && IsCount(words[TIME_WORD], number) &&
+         (IsCount(words[INTERVAL_WORD], number) || words[INTERVAL_WORD] == "-1");
 }
 
 // A command an activity: one for all prints the whole day for each activity in turn, so that the first sample

@@ -8,13 +8,9 @@
 namespace ozmo::import {
 
 // What a device of sadf's is, by the fields that it has.
-enum class Kind { HOST, PROCESSOR, DISK, ADAPTER, FILE_SYSTEM, MOUNT_POINT };
+enum class DeviceKind { HOST, PROCESSOR, DISK, ADAPTER, FILE_SYSTEM, MOUNT_POINT };
 
-// The fields that are of use, each at its place in the values of a device.
-struct Field {
-  Kind kind;
-  std::string_view name;
-};
+// The place of a field among the values of a device.
 enum FieldPlace : size_t {
   USER,
   NICE,
@@ -54,45 +50,39 @@ enum FieldPlace : size_t {
   FILES_USED,  // file systems
   FIELD_COUNT
 };
-constexpr Field FIELDS[] = {
-    {Kind::PROCESSOR, "%usr"},
-    {Kind::PROCESSOR, "%nice"},
-    {Kind::PROCESSOR, "%sys"},
-    {Kind::PROCESSOR, "%iowait"},
-    {Kind::PROCESSOR, "%irq"},
-    {Kind::PROCESSOR, "%soft"},
-    {Kind::PROCESSOR, "%guest"},
-    {Kind::PROCESSOR, "%gnice"},
-    {Kind::PROCESSOR, "%idle"},
-    {Kind::HOST, "kbmemfree"},
-    {Kind::HOST, "kbmemused"},
-    {Kind::HOST, "kbbuffers"},
-    {Kind::HOST, "kbcached"},
-    {Kind::HOST, "kbslab"},
-    {Kind::HOST, "pgpgin/s"},
-    {Kind::HOST, "pgpgout/s"},
-    {Kind::HOST, "pswpin/s"},
-    {Kind::HOST, "pswpout/s"},
-    {Kind::DISK, "tps"},
-    {Kind::DISK, "rkB/s"},
-    {Kind::DISK, "wkB/s"},
-    {Kind::DISK, "aqu-sz"},
-    {Kind::DISK, "await"},
-    {Kind::DISK, "%util"},
-    {Kind::ADAPTER, "rxpck/s"},
-    {Kind::ADAPTER, "txpck/s"},
-    {Kind::ADAPTER, "rxkB/s"},
-    {Kind::ADAPTER, "txkB/s"},
-    {Kind::ADAPTER, "rxerr/s"},
-    {Kind::ADAPTER, "txerr/s"},
-    {Kind::ADAPTER, "coll/s"},
-    {Kind::FILE_SYSTEM, "MBfsfree"},
-    {Kind::FILE_SYSTEM, "MBfsused"},
-    {Kind::FILE_SYSTEM, "%ufsused"},
-    {Kind::FILE_SYSTEM, "Ifree"},
-    {Kind::FILE_SYSTEM, "Iused"},
+
+struct Field {
+  FieldPlace place;
+  DeviceKind kind;
+  std::string_view name;
 };
-static_assert(std::size(FIELDS) == FIELD_COUNT);
+constexpr Field FIELDS[] = {
+    {USER, DeviceKind::PROCESSOR, "%usr"},          {NICE, DeviceKind::PROCESSOR, "%nice"},
+    {SYSTEM, DeviceKind::PROCESSOR, "%sys"},        {WAIT, DeviceKind::PROCESSOR, "%iowait"},
+    {IRQ, DeviceKind::PROCESSOR, "%irq"},           {SOFT, DeviceKind::PROCESSOR, "%soft"},
+    {GUEST, DeviceKind::PROCESSOR, "%guest"},       {GUEST_NICE, DeviceKind::PROCESSOR, "%gnice"},
+    {IDLE, DeviceKind::PROCESSOR, "%idle"},         {MEMORY_FREE, DeviceKind::HOST, "kbmemfree"},
+    {MEMORY_USED, DeviceKind::HOST, "kbmemused"},   {BUFFERS, DeviceKind::HOST, "kbbuffers"},
+    {CACHED, DeviceKind::HOST, "kbcached"},         {SLAB, DeviceKind::HOST, "kbslab"},
+    {PAGED_IN, DeviceKind::HOST, "pgpgin/s"},       {PAGED_OUT, DeviceKind::HOST, "pgpgout/s"},
+    {SWAPPED_IN, DeviceKind::HOST, "pswpin/s"},     {SWAPPED_OUT, DeviceKind::HOST, "pswpout/s"},
+    {OPERATIONS, DeviceKind::DISK, "tps"},          {READ_KB, DeviceKind::DISK, "rkB/s"},
+    {WRITTEN_KB, DeviceKind::DISK, "wkB/s"},        {QUEUE, DeviceKind::DISK, "aqu-sz"},
+    {WAIT_MS, DeviceKind::DISK, "await"},           {BUSY, DeviceKind::DISK, "%util"},
+    {PACKETS_IN, DeviceKind::ADAPTER, "rxpck/s"},   {PACKETS_OUT, DeviceKind::ADAPTER, "txpck/s"},
+    {KB_IN, DeviceKind::ADAPTER, "rxkB/s"},         {KB_OUT, DeviceKind::ADAPTER, "txkB/s"},
+    {ERRORS_IN, DeviceKind::ADAPTER, "rxerr/s"},    {ERRORS_OUT, DeviceKind::ADAPTER, "txerr/s"},
+    {COLLISIONS, DeviceKind::ADAPTER, "coll/s"},    {MB_FREE, DeviceKind::FILE_SYSTEM, "MBfsfree"},
+    {MB_USED, DeviceKind::FILE_SYSTEM, "MBfsused"}, {USED_PERCENT, DeviceKind::FILE_SYSTEM, "%ufsused"},
+    {FILES_FREE, DeviceKind::FILE_SYSTEM, "Ifree"}, {FILES_USED, DeviceKind::FILE_SYSTEM, "Iused"},
+};
+constexpr bool RowsAreInTheOrderOfPlaces() {
+  for (size_t place = 0; place < std::size(FIELDS); ++place) {
+    if (FIELDS[place].place != place) return false;
+  }
+  return std::size(FIELDS) == FIELD_COUNT;
+}
+static_assert(RowsAreInTheOrderOfPlaces());
 
 // Protocol counters a second, each at its place in the kernel's list, and their values after those of FIELDS.
 struct ProtocolField {
@@ -115,17 +105,17 @@ constexpr size_t IP_RECEIVED = 2;
 constexpr size_t ESTABLISHED = 53;  // a level: the sockets in use
 
 // The place of a field among the values of a device; false for one that is of no use.
-inline bool FindField(std::string_view name, size_t& place, Kind& kind) {
+inline bool FindField(std::string_view name, size_t& place, DeviceKind& kind) {
   const auto* field = std::ranges::find(FIELDS, name, &Field::name);
   if (field != std::end(FIELDS)) {
-    place = static_cast<size_t>(field - FIELDS);
+    place = field->place;
     kind = field->kind;
     return true;
   }
   const auto* protocol = std::ranges::find(PROTOCOL_FIELDS, name, &ProtocolField::name);
   if (protocol == std::end(PROTOCOL_FIELDS)) return false;
   place = FIELD_COUNT + protocol->kernel;
-  kind = Kind::HOST;
+  kind = DeviceKind::HOST;
   return true;
 }
 
