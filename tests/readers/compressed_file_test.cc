@@ -45,14 +45,12 @@ std::string Compressed(const std::string& plain, bool saysSize = true) {
 
 class CompressedFileTest : public ::testing::Test {
  protected:
-  std::vector<std::string> Sample(const sample::SampleKind& kind, int hours, int interval, int files = 1,
-                                  int scale = 1) {
+  std::vector<std::string> Sample(const sample::SampleKind& kind, int hours, int interval, int files = 1) {
     sample::SampleOptions options;
     options.directory = directory_.path();
     options.startHour = 9;
     options.hours = hours;
     options.intervalSeconds = interval;
-    options.scale = scale;
     options.filesPerDay = files;
     options.replace = true;
     return sample::WriteSample(kind, options).files;
@@ -101,7 +99,7 @@ TEST_F(CompressedFileTest, EveryKindReadsAsThePlainFile) {
 }
 
 TEST_F(CompressedFileTest, ARecordingReadsFromTheMiddle) {
-  const std::string file = Sample(sample::linux_sample::KIND, 5, 60, 1, 4)[0];
+  const std::string file = Sample(sample::linux_sample::KIND, 5, 60)[0];
   const std::vector<std::string> plain = Walk(file, NOON);
   ASSERT_EQ(host_file::CompressRecording(file), "");
   ASSERT_FALSE(std::filesystem::exists(file));
