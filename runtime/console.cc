@@ -30,7 +30,7 @@ int CloseOutput(std::string_view program, int status) {
   if (close(STDOUT_FILENO) != 0) isWritten = false;
   if (isWritten || errno == EPIPE) return status;
   Complain(program, std::string("standard output: ") + std::strerror(errno));
-  return status == 0 ? 1 : status;
+  return status == DONE_STATUS ? FAILED_STATUS : status;
 }
 
 }  // namespace ozmo

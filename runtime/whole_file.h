@@ -1,4 +1,5 @@
-// Files that are complete or not there: the one way in which the programs beside the tool write a file.
+// Files that are complete or not there: the one way in which the programs beside the tool write a file, but
+// for recordings, which grow (host_file/).
 //
 // What is written goes to a draft, ".ozmo-XXXXXX" in the directory of the file, and Commit gives the draft
 // the file's name. Until then an older file of that name stays as it was; whatever ends the run before (a

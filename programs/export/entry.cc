@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "programs/export/export.h"
+#include "programs/import/import.h"
 #include "programs/report/foreign.h"
 #include "programs/report/page.h"
 #include "runtime/console.h"
@@ -12,10 +13,6 @@
 
 namespace ozmo::exporting {
 namespace {
-
-constexpr int DONE_STATUS = 0;
-constexpr int FAILED_STATUS = 1;
-constexpr int USAGE_STATUS = 2;
 
 constexpr const char* PROGRAM = "ozmo_export";
 
@@ -49,7 +46,7 @@ int ExportEntry(int argc, char* const argv[]) {
       break;
   }
   const Options& options = parsed.options;
-  if (std::ranges::none_of(options.dataFiles, report::IsForeign)) return Export(options, "");
+  if (std::ranges::none_of(options.dataFiles, import::IsForeignRecording)) return Export(options, "");
   return report::RunInScratch(PROGRAM, [&](const std::string& scratch) { return Export(options, scratch); });
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "programs/export/processes.h"
+#include "programs/import/import.h"
 #include "programs/report/foreign.h"
 #include "programs/report/quiet_reading.h"
 #include "readers/file_set.h"
@@ -123,9 +124,9 @@ class Exporter {
     std::vector<std::string> recordings;
     for (const std::string& path : options_.dataFiles) {
       if (IsReadAlready(path, runtime_)) continue;
-      if (!report::IsForeign(path)) {
+      if (!import::IsForeignRecording(path)) {
         ExportDay(path, path);
-      } else if (recordings_.insert(report::RecordingOf(path)).second) {
+      } else if (recordings_.insert(import::RecordingOf(path)).second) {
         recordings.push_back(path);
       }
     }
@@ -165,7 +166,7 @@ class Exporter {
   // for as long as they are there.
   void ExportRecordings(const std::vector<std::string>& recordings) {
     std::vector<std::pair<std::string, std::string>> days;  // file and recording
-    for (const std::string& recording : report::InOrderOfTime(recordings)) {
+    for (const std::string& recording : import::InOrderOfTime(recordings)) {
       NoteInput(runtime_, IdentityOf(recording));
       report::ImportedFiles imported = report::ImportForeign(program_, recording, scratch_);
       if (!imported.failure.empty()) Fail(imported.failure);

@@ -22,7 +22,7 @@
 namespace ozmo::fleet {
 namespace {
 
-enum Status { DONE = 0, FAILED = 1, USAGE = 2, OVER_LIMIT = 3 };
+constexpr int OVER_LIMIT_STATUS = 3;
 
 void Say(const std::string& text) { Complain("ozmo_fleet", text); }
 
@@ -154,7 +154,7 @@ bool HoldLimits(const std::vector<Limit>& limits, const std::vector<Host>& hosts
   return isHeld;
 }
 
-Status Show(const Options& options) {
+int Show(const Options& options) {
   const GatherRequest request{
       .keptDirectory = KeptDirectory(options.pageFile),
       .pagesDirectory = options.pagesDirectory,
@@ -165,7 +165,7 @@ Status Show(const Options& options) {
   const std::vector<FileIdentity> files = FilesOf(inputs);
   if (std::string failure = PrepareOutput(options, request, files); !failure.empty()) {
     Say(failure);
-    return FAILED;
+    return FAILED_STATUS;
   }
   Fleet fleet = GatherAll(inputs, request);
   fleet.problems.insert(fleet.problems.begin(), inputs.problems.begin(), inputs.problems.end());
@@ -175,12 +175,12 @@ Status Show(const Options& options) {
     Say(report::CountText(inputs.steppedOver, "file") + " stepped over: no data by name");
   if (fleet.hosts.empty()) {
     Say("no host in what was given: the page is left as it was");
-    return FAILED;
+    return FAILED_STATUS;
   }
   const std::string failure = WriteFiles(options, files, fleet);
   if (!failure.empty()) Say(failure);
-  if (!HoldLimits(options.limits, fleet.hosts)) return OVER_LIMIT;
-  return failure.empty() && fleet.problems.empty() ? DONE : FAILED;
+  if (!HoldLimits(options.limits, fleet.hosts)) return OVER_LIMIT_STATUS;
+  return failure.empty() && fleet.problems.empty() ? DONE_STATUS : FAILED_STATUS;
 }
 
 }  // namespace
@@ -190,15 +190,15 @@ int FleetEntry(int argc, char* const argv[]) {
   if (!parsed.failure.empty()) {
     Say(parsed.failure);
     std::fputs("ozmo_fleet --help says more\n", stderr);
-    return USAGE;
+    return USAGE_STATUS;
   }
   switch (parsed.options.action) {
     case Action::HELP:
       std::fputs(HelpText().c_str(), stdout);
-      return DONE;
+      return DONE_STATUS;
     case Action::VERSION:
       std::printf("ozmo_fleet %s\n", ProductIdentityInit().versionText.c_str());
-      return DONE;
+      return DONE_STATUS;
     case Action::SHOW:
       break;
   }

@@ -15,7 +15,7 @@
 #include <string_view>
 
 #include "programs/fleet/kept.h"
-#include "programs/report/foreign.h"
+#include "programs/import/import.h"
 #include "programs/report/summary_text.h"
 #include "readers/file_kind.h"
 #include "readers/file_set.h"
@@ -130,7 +130,7 @@ class InputList {
   // A file that belongs to no day by its name. Other programs' recordings may have several.
   void TakeRecording(const std::string& path) {
     if (!seen_.insert(path).second) return;
-    const std::string recording = report::RecordingOf(path);
+    const std::string recording = import::RecordingOf(path);
     TakeData(recording, path, static_cast<int>(days_[recording].size()));
   }
 
@@ -178,7 +178,7 @@ class InputList {
       TakeData(name->common, path, name->number);
     } else if (IsVmrName(path)) {
       TakeData(path, path, 0);
-    } else if (report::IsForeign(path)) {
+    } else if (import::IsForeignRecording(path)) {
       TakeRecording(path);
     } else if (BeginsAsSummary(path)) {
       TakeSummary(path);

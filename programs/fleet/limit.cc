@@ -65,6 +65,15 @@ bool TakeBound(Limit& limit, std::string_view text) {
 
 }  // namespace
 
+std::string LimitForm() {
+  std::string figures;
+  for (const FigureRow& row : report::FigureRows()) {
+    figures.append(figures.empty() ? "" : ", ").append(row.word);
+  }
+  return "a figure (" + figures +
+         "), mean, p95 or peak, a comparison and a number, as \"cpu p95 > 90\", or \"missing > 60\"";
+}
+
 std::optional<Limit> LimitOf(const std::string& text) {
   const std::string_view whole = text;
   for (const Comparison& comparison : COMPARISONS) {

@@ -17,10 +17,8 @@ struct Limit {
   double bound = 0.0;
 };
 
-inline constexpr const char* LIMIT_FORM =
-    "a figure (cpu, memory, disk, response, filesystem, adapter, image), mean, p95 or peak, a comparison and "
-    "a "
-    "number, as \"cpu p95 > 90\", or \"missing > 60\"";
+// What a limit looks like, for the user.
+std::string LimitForm();
 
 // Absent for a text that is no limit. Blanks don't matter around a comparison.
 std::optional<Limit> LimitOf(const std::string& text);

@@ -35,7 +35,7 @@ std::string TakeJobs(int& jobs) {
 
 std::string TakeLimit(std::vector<Limit>& limits) {
   const std::optional<Limit> limit = LimitOf(optarg);
-  if (!limit) return std::string("--limit takes ") + LIMIT_FORM + ", and not \"" + optarg + "\"";
+  if (!limit) return std::string("--limit takes ") + LimitForm() + ", and not \"" + optarg + "\"";
   limits.push_back(*limit);
   return "";
 }

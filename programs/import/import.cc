@@ -4,7 +4,6 @@
 #include <bitset>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <iterator>
 #include <limits>
 #include <set>
@@ -15,6 +14,7 @@
 #include "programs/import/day_files.h"
 #include "programs/import/source.h"
 #include "programs/import/whole_disks.h"
+#include "runtime/output_directory.h"
 
 namespace ozmo::import {
 namespace {
@@ -83,11 +83,8 @@ class Import {
 };
 
 ImportResult Import::Run() {
-  std::error_code error;
-  std::filesystem::create_directories(options_.directory, error);
-  if (error) {
-    result_.failure = options_.directory + ": " + error.message();
-  } else if (!options_.passwdFile.empty()) {
+  result_.failure = MakeOutputDirectory(options_.directory);
+  if (result_.failure.empty() && !options_.passwdFile.empty()) {
     result_.failure = users_.Load(options_.passwdFile);
   }
   for (const std::string& path : InOrderOfTime(options_.sources)) {

@@ -15,8 +15,6 @@ namespace {
 
 using namespace ozmo::import;
 
-enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
-
 void Say(const std::string& text) { ozmo::Complain("ozmo_import", text); }
 
 // Shows how far the import has come, on a terminal only.
@@ -48,7 +46,7 @@ void AllowManyFiles() {
   setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-Status Import(const Options& options) {
+int Import(const Options& options) {
   AllowManyFiles();
   ImportResult result;
   {
@@ -58,22 +56,22 @@ Status Import(const Options& options) {
   for (const std::string& note : result.notes) Say(note);
   for (const std::string& file : result.files) std::printf("%s\n", ozmo::TextFor(stdout, file).c_str());
   if (!result.failure.empty()) Say(result.failure);
-  return result.failure.empty() ? DONE : FAILED;
+  return result.failure.empty() ? ozmo::DONE_STATUS : ozmo::FAILED_STATUS;
 }
 
-Status Run(const ParsedOptions& parsed) {
+int Run(const ParsedOptions& parsed) {
   if (!parsed.failure.empty()) {
     Say(parsed.failure);
     std::fputs("ozmo_import --help says more.\n", stderr);
-    return USAGE;
+    return ozmo::USAGE_STATUS;
   }
   if (parsed.options.action == Action::HELP) {
     std::fputs(HelpText().c_str(), stdout);
-    return DONE;
+    return ozmo::DONE_STATUS;
   }
   if (parsed.options.action == Action::VERSION) {
     std::printf("ozmo_import %s\n", ozmo::ProductIdentityInit().versionText.c_str());
-    return DONE;
+    return ozmo::DONE_STATUS;
   }
   return Import(parsed.options);
 }

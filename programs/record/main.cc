@@ -16,8 +16,6 @@ namespace {
 
 using namespace ozmo::record;
 
-enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
-
 std::string HostName() {
   std::array<char, 256> name{};
   return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
@@ -25,7 +23,7 @@ std::string HostName() {
 
 int Fail(const std::string& reason) {
   PrintError(reason);
-  return FAILED;
+  return ozmo::FAILED_STATUS;
 }
 
 int Run(int argc, char** argv) {
@@ -34,15 +32,15 @@ int Run(int argc, char** argv) {
   if (!parsed.failure.empty()) {
     PrintError(parsed.failure);
     std::fputs("ozmo_record --help says more.\n", stderr);
-    return USAGE;
+    return ozmo::USAGE_STATUS;
   }
   if (parsed.action == Action::HELP) {
     std::fputs(HelpText().c_str(), stdout);
-    return DONE;
+    return ozmo::DONE_STATUS;
   }
   if (parsed.action == Action::VERSION) {
     std::printf("ozmo_record %s\n", ozmo::ProductIdentityInit().versionText.c_str());
-    return DONE;
+    return ozmo::DONE_STATUS;
   }
   if (parsed.options.node.empty()) parsed.options.node = HostName();
   if (const std::string wrong = ozmo::host_file::CheckNode(parsed.options.node); !wrong.empty())
@@ -52,7 +50,7 @@ int Run(int argc, char** argv) {
     return Fail(wrong);
   }
   const std::string failure = Record(parsed.options);
-  return failure.empty() ? DONE : Fail(failure);
+  return failure.empty() ? ozmo::DONE_STATUS : Fail(failure);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "programs/report/csv_files.h"
 
-#include <filesystem>
 #include <set>
 
 #include "output/export_csv.h"
 #include "output/selection.h"
+#include "runtime/output_directory.h"
 #include "runtime/text.h"
 #include "runtime/whole_file.h"
 
@@ -40,12 +40,6 @@ std::string WriteFile(const WholeFilePlace& place, const GraphJob& job) {
 
 }  // namespace
 
-std::string MakeDirectory(const std::string& directory) {
-  std::error_code error;
-  std::filesystem::create_directories(directory, error);
-  return error ? directory + ": " + error.message() : "";
-}
-
 GraphJob JobOf(const Item& item, const DataDay& day) {
   GraphJob job;
   job.mainOverlay = PrepareMainOverlay(*item.record);
@@ -56,7 +50,7 @@ GraphJob JobOf(const Item& item, const DataDay& day) {
 
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
                         const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
-  if (std::string failure = MakeDirectory(directory); !failure.empty()) return {0, std::move(failure)};
+  if (std::string failure = MakeOutputDirectory(directory); !failure.empty()) return {0, std::move(failure)};
   CsvResult result;
   const std::vector<std::string> names = FileNames(sections, ".csv");
   size_t next = 0;

@@ -21,10 +21,6 @@ struct CsvResult {
 CsvResult WriteCsvFiles(const std::string& directory, const DataDay& day,
                         const std::vector<Section>& sections, std::span<const FileIdentity> inputs);
 
-// Makes a directory that is to take many files, with those above it, if it isn't there. The directory of one
-// file that the user named is never made: there a name is more likely misspelt. Returns what went wrong.
-std::string MakeDirectory(const std::string& directory);
-
 // The graph of an item, as the tool would be asked for it; type, size and file are left open.
 GraphJob JobOf(const Item& item, const DataDay& day);
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "programs/import/import.h"
 #include "programs/report/baseline.h"
 #include "programs/report/csv_files.h"
 #include "programs/report/data_day.h"
@@ -21,10 +22,6 @@
 
 namespace ozmo::report {
 namespace {
-
-constexpr int DONE_STATUS = 0;
-constexpr int FAILED_STATUS = 1;
-constexpr int USAGE_STATUS = 2;
 
 constexpr const char* PROGRAM = "ozmo_report";
 
@@ -170,7 +167,7 @@ std::string Write(const Options& options, const DayRequest& request, const DataD
   return WritePage(options, data, company, runtime);
 }
 
-// Answers whether all went well.
+// Returns whether all went well.
 bool Report(const Options& options, Runtime& runtime) {
   const DayRequest request{.dataFile = options.ReadPath(),
                            .begin = options.begin,
@@ -205,7 +202,8 @@ int Show(const Options& options) {
 }
 
 bool HasForeignBaseline(const Options& options) {
-  return !options.baseline.empty() && !DaysBack(options.baseline) && IsForeign(options.baseline);
+  return !options.baseline.empty() && !DaysBack(options.baseline) &&
+         import::IsForeignRecording(options.baseline);
 }
 
 // Imports a recording into a directory of its own. Returns the paths of its days, or none after a failure.
@@ -221,7 +219,7 @@ std::vector<std::string> Import(const std::string& recording, const std::string&
 // The page of other programs' recordings, under the names of these.
 int ShowForeign(Options& options) {
   return RunInScratch(PROGRAM, [&](const std::string& directory) {
-    if (IsForeign(options.dataFile)) {
+    if (import::IsForeignRecording(options.dataFile)) {
       std::string failure;
       const auto paths = Import(options.dataFile, directory + "/file", options.importNotes, failure);
       if (paths.empty()) {
@@ -264,7 +262,8 @@ int ReportEntry(int argc, char* const argv[]) {
       break;
   }
   Options& options = parsed.options;
-  return IsForeign(options.dataFile) || HasForeignBaseline(options) ? ShowForeign(options) : Show(options);
+  return import::IsForeignRecording(options.dataFile) || HasForeignBaseline(options) ? ShowForeign(options)
+                                                                                     : Show(options);
 }
 
 }  // namespace ozmo::report

@@ -17,7 +17,6 @@
 namespace ozmo::report {
 namespace {
 
-constexpr int NOT_DONE = 1;
 constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
 
 volatile sig_atomic_t worker = 0;  // the process that imports and shows
@@ -42,18 +41,10 @@ int StatusOf(int ending) {
   if (!WIFSIGNALED(ending)) return WEXITSTATUS(ending);
   std::signal(WTERMSIG(ending), SIG_DFL);
   std::raise(WTERMSIG(ending));
-  return NOT_DONE;
+  return FAILED_STATUS;
 }
 
 }  // namespace
-
-bool IsForeign(const std::string& path) { return import::IsForeignRecording(path); }
-
-std::string RecordingOf(const std::string& path) { return import::RecordingOf(path); }
-
-std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings) {
-  return import::InOrderOfTime(std::move(recordings));
-}
 
 int RunInScratch(const std::string& program, const std::function<int(const std::string& directory)>& work) {
   std::error_code error;
@@ -65,7 +56,7 @@ int RunInScratch(const std::string& program, const std::function<int(const std::
   sigprocmask(SIG_BLOCK, &ending, &before);  // none may come between the directory and its keeper
   if (error || mkdtemp(directory.data()) == nullptr) {
     Complain(program, directory + ": " + (error ? error.message() : std::strerror(errno)));
-    return NOT_DONE;
+    return FAILED_STATUS;
   }
   std::fflush(stdout);
   worker = fork();
@@ -73,7 +64,7 @@ int RunInScratch(const std::string& program, const std::function<int(const std::
     sigprocmask(SIG_SETMASK, &before, nullptr);
     std::exit(CloseOutput(program, work(directory)));
   }
-  int status = NOT_DONE << 8;
+  int status = FAILED_STATUS << 8;
   if (worker < 0) {
     Complain(program, std::string("can't start a process: ") + std::strerror(errno));
   } else {

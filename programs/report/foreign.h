@@ -7,15 +7,6 @@
 
 namespace ozmo::report {
 
-// Whether a file is a recording of another program that the importer knows, by its content.
-bool IsForeign(const std::string& path);
-
-// What the paths of a recording's files have in common; the path itself where it is one file.
-std::string RecordingOf(const std::string& path);
-
-// Recordings by when their first samples end, those without one last.
-std::vector<std::string> InOrderOfTime(std::vector<std::string> recordings);
-
 // Runs `work` with a new directory in the temporary directory, in a process of its own: when that ends, in
 // whatever way, the directory is removed. Signals that end this process end that one first. Returns the exit
 // status.

@@ -5,8 +5,9 @@
 #include "output/output_type.h"
 #include "output/plot_driver.h"
 #include "programs/report/csv_files.h"
-#include "programs/report/processes.h"
+#include "programs/report/pieces.h"
 #include "runtime/console.h"
+#include "runtime/output_directory.h"
 #include "runtime/whole_file.h"
 
 namespace ozmo::report {
@@ -79,7 +80,7 @@ bool TakeSize(const std::string& text, PictureForm& form) {
 
 PicturesResult WritePictures(const std::string& directory, const PictureForm& form, const DataDay& day,
                              const std::vector<Section>& sections, std::span<const FileIdentity> inputs) {
-  if (std::string failure = MakeDirectory(directory); !failure.empty()) return {0, {failure}};
+  if (std::string failure = MakeOutputDirectory(directory); !failure.empty()) return {0, {failure}};
   const std::vector<Picture> pictures = PicturesOf(directory, form, sections);
   const PiecesResult drawn = RunInProcesses(pictures.size(), [&](size_t number) {
     return Draw(pictures[number].path, PictureJob(pictures[number], day, form), inputs);

@@ -30,7 +30,7 @@ bool HasProcesses(const GraphCatalog& catalog);
 // would show no more than zeros and the name of what no process used, and are left out.
 std::vector<Section> SectionsOf(GraphCatalog& catalog);
 
-// Leaves the items whose title is one of `titles`, as -item compares them. Answers the first title that no
+// Leaves the items whose title is one of `titles`, as -item compares them. Returns the first title that no
 // item has.
 std::optional<std::string> KeepItems(std::vector<Section>& sections, const std::vector<std::string>& titles);
 

@@ -19,8 +19,6 @@ using ozmo::sample::SampleKind;
 using ozmo::sample::SampleOptions;
 using ozmo::sample::SampleResult;
 
-enum Status { DONE = 0, FAILED = 1, USAGE = 2 };
-
 constexpr const char* PROGRAM = "ozmo_sample";
 
 constexpr char HELP[] =
@@ -165,12 +163,12 @@ std::string TakeOption(int letter, SampleOptions& options) {
 int UsageError(const std::string& reason) {
   ozmo::Complain(PROGRAM, reason);
   std::fputs("ozmo_sample --help says more.\n", stderr);
-  return USAGE;
+  return ozmo::USAGE_STATUS;
 }
 
 int ShowHelp() {
   std::fputs(HELP, stdout);
-  return DONE;
+  return ozmo::DONE_STATUS;
 }
 
 int ListKinds() {
@@ -180,7 +178,7 @@ int ListKinds() {
     for (const auto& version : kind->versions) std::printf(" %s", std::string(version.text).c_str());
     std::printf("\n");
   }
-  return DONE;
+  return ozmo::DONE_STATUS;
 }
 
 std::string UnknownKind(const std::string& name) {
@@ -196,15 +194,15 @@ int Write(const std::string& kindName, const SampleOptions& options) {
   if (!wrong.empty()) return UsageError(wrong);
   const SampleResult result = WriteSample(*kind, options);
   for (const std::string& file : result.files) std::printf("%s\n", file.c_str());
-  if (result.error.empty()) return DONE;
+  if (result.error.empty()) return ozmo::DONE_STATUS;
   ozmo::Complain(PROGRAM, result.error);
-  return FAILED;
+  return ozmo::FAILED_STATUS;
 }
 
 int Run(int argc, char** argv) {
   if (argc == 2 && std::string_view(argv[1]) == "--version") {
     std::printf("ozmo_sample %s\n", ozmo::ProductIdentityInit().versionText.c_str());
-    return DONE;
+    return ozmo::DONE_STATUS;
   }
   const std::vector<option> longOptions = LongOptions();
   SampleOptions options;

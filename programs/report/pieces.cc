@@ -1,4 +1,4 @@
-#include "programs/report/processes.h"
+#include "programs/report/pieces.h"
 
 #include <sys/mman.h>
 #include <sys/prctl.h>
