@@ -11,7 +11,7 @@
 namespace ozmo {
 
 // What the graphs of one disk show for one interval.
-struct DiskFigures {
+struct DiskValues {
   float operations = 0.0F;  // per second
   float reads = 0.0F;
   float writes = 0.0F;
@@ -32,7 +32,7 @@ struct DiskFigures {
 struct DiskTrace {
   const char* labelFormat;
   const char* colour;
-  float DiskFigures::*figure;
+  float DiskValues::*figure;
 };
 
 struct DiskGraph {
@@ -58,20 +58,20 @@ std::optional<std::string_view> DiskNameWithoutDirectory(std::string_view record
 
 namespace disk_graphs {
 
-inline constexpr DiskTrace OPERATION_TRACES[] = {{"%s Reads", "Green", &DiskFigures::reads},
-                                                 {"%s Writes", "Red", &DiskFigures::writes}};
+inline constexpr DiskTrace OPERATION_TRACES[] = {{"%s Reads", "Green", &DiskValues::reads},
+                                                 {"%s Writes", "Red", &DiskValues::writes}};
 inline constexpr DiskTrace SUMMED_OPERATION_TRACES[] = {
-    {"%s Reads+Writes", "Green", &DiskFigures::operations}};
-inline constexpr DiskTrace DATA_TRACES[] = {{"%s ReadKB", "Green", &DiskFigures::readKb},
-                                            {"%s WriteKB", "Red", &DiskFigures::writeKb}};
-inline constexpr DiskTrace SUMMED_DATA_TRACES[] = {{"%s ReadKB+WriteKB", "Red", &DiskFigures::totalKb}};
-inline constexpr DiskTrace QUEUE_TRACES[] = {{"%s qlen", "Red", &DiskFigures::queueLength}};
-inline constexpr DiskTrace UTILIZATION_TRACES[] = {{"%s util", "Red", &DiskFigures::utilization}};
-inline constexpr DiskTrace SPACE_TRACES[] = {{"%s GB free", "Green", &DiskFigures::freeGb},
-                                             {"%s GB used", "Red", &DiskFigures::usedGb}};
-inline constexpr DiskTrace WAIT_TRACES[] = {{"%s WaitTime", "Red", &DiskFigures::wait},
-                                            {"%s ServiceTime", "Blue", &DiskFigures::service}};
-inline constexpr DiskTrace RESPONSE_TRACES[] = {{"%s RespTime", "Red", &DiskFigures::response}};
+    {"%s Reads+Writes", "Green", &DiskValues::operations}};
+inline constexpr DiskTrace DATA_TRACES[] = {{"%s ReadKB", "Green", &DiskValues::readKb},
+                                            {"%s WriteKB", "Red", &DiskValues::writeKb}};
+inline constexpr DiskTrace SUMMED_DATA_TRACES[] = {{"%s ReadKB+WriteKB", "Red", &DiskValues::totalKb}};
+inline constexpr DiskTrace QUEUE_TRACES[] = {{"%s qlen", "Red", &DiskValues::queueLength}};
+inline constexpr DiskTrace UTILIZATION_TRACES[] = {{"%s util", "Red", &DiskValues::utilization}};
+inline constexpr DiskTrace SPACE_TRACES[] = {{"%s GB free", "Green", &DiskValues::freeGb},
+                                             {"%s GB used", "Red", &DiskValues::usedGb}};
+inline constexpr DiskTrace WAIT_TRACES[] = {{"%s WaitTime", "Red", &DiskValues::wait},
+                                            {"%s ServiceTime", "Blue", &DiskValues::service}};
+inline constexpr DiskTrace RESPONSE_TRACES[] = {{"%s RespTime", "Red", &DiskValues::response}};
 
 constexpr DiskGraph Operations(std::span<const DiskTrace> traces) {
   return {"DskOps", "I/O Rate", "I/O rate for %s", "I/Os per second", "%s %.1f/s  ", traces};

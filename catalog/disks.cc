@@ -1,15 +1,33 @@
 #include "catalog/disks.h"
 
+#include <iterator>
+
 #include "catalog/name_text.h"
 #include "runtime/text.h"
 
 namespace ozmo {
 namespace {
 
-// The figure of each series, in the order of DiskSeries.
-constexpr float DiskFigures::*SERIES_FIGURES[DISK_SERIES_COUNT] = {
-    &DiskFigures::operations,  &DiskFigures::totalKb, &DiskFigures::utilization,
-    &DiskFigures::queueLength, &DiskFigures::space,   &DiskFigures::response};
+struct SeriesRow {
+  DiskSeries series;
+  float DiskValues::*figure;
+};
+constexpr SeriesRow SERIES[] = {
+    {DiskSeries::OPERATIONS, &DiskValues::operations},
+    {DiskSeries::DATA, &DiskValues::totalKb},
+    {DiskSeries::UTILIZATION, &DiskValues::utilization},
+    {DiskSeries::QUEUE, &DiskValues::queueLength},
+    {DiskSeries::SPACE, &DiskValues::space},
+    {DiskSeries::RESPONSE, &DiskValues::response},
+};
+
+constexpr bool RowsAreInTheOrderOfSeries() {
+  for (size_t i = 0; i < std::size(SERIES); ++i) {
+    if (static_cast<size_t>(SERIES[i].series) != i) return false;
+  }
+  return std::size(SERIES) == DISK_SERIES_COUNT;
+}
+static_assert(RowsAreInTheOrderOfSeries());
 
 constexpr double BYTES_PER_GB = 1073741824.0;
 
@@ -17,7 +35,7 @@ float PerOperation(float value, float operations) {
   return operations > 0.0F ? value * 1000.0F / operations : 0.0F;
 }
 
-void SetRates(DiskFigures& figures, const DiskRecord& disk) {
+void SetRates(DiskValues& figures, const DiskRecord& disk) {
   const float readsAndWrites = disk.readRate + disk.writeRate;
   figures.operations = disk.ioRate > 0.0F ? disk.ioRate : readsAndWrites;
   figures.readKb = disk.readBytesRate / 1024.0F;
@@ -37,7 +55,7 @@ void SetRates(DiskFigures& figures, const DiskRecord& disk) {
   }
 }
 
-void SetTimes(DiskFigures& figures, const DiskRecord& disk, bool timesMeasured) {
+void SetTimes(DiskValues& figures, const DiskRecord& disk, bool timesMeasured) {
   figures.service = timesMeasured ? disk.servicePerIo : PerOperation(disk.busyFraction, figures.operations);
   figures.response = timesMeasured ? disk.waitPerIo : PerOperation(disk.queueLength, figures.operations);
   if (figures.service > figures.response) figures.response = figures.service;
@@ -46,7 +64,7 @@ void SetTimes(DiskFigures& figures, const DiskRecord& disk, bool timesMeasured) 
   figures.wait = wait > figures.service ? wait - figures.service : 0.0F;
 }
 
-void SetSpace(DiskFigures& figures, const DiskRecord& disk) {
+void SetSpace(DiskValues& figures, const DiskRecord& disk) {
   // A whole-number quotient: 0 unless the disk is entirely free.
   const uint32_t quotient = disk.size > 0 ? disk.free / disk.size : 0;
   figures.space = static_cast<float>(quotient);
@@ -56,9 +74,9 @@ void SetSpace(DiskFigures& figures, const DiskRecord& disk) {
 }
 
 // Figures that are summed over the disks of one interval.
-constexpr float DiskFigures::*SUMMED_FIGURES[] = {&DiskFigures::operations, &DiskFigures::reads,
-                                                  &DiskFigures::writes,     &DiskFigures::totalKb,
-                                                  &DiskFigures::readKb,     &DiskFigures::writeKb};
+constexpr float DiskValues::*SUMMED_FIGURES[] = {&DiskValues::operations, &DiskValues::reads,
+                                                 &DiskValues::writes,     &DiskValues::totalKb,
+                                                 &DiskValues::readKb,     &DiskValues::writeKb};
 
 GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::string_view name) {
   GraphRecord& record = catalog.runtimeRecords.emplace_back();
@@ -73,7 +91,7 @@ GraphRecord& MakeGraph(GraphCatalog& catalog, const DiskGraph& graph, std::strin
   return record;
 }
 
-void StoreTotals(const Minute& minute, const DiskFigures& totals, const PagingOperations& paging) {
+void StoreTotals(const Minute& minute, const DiskValues& totals, const PagingOperations& paging) {
   minute.Store(Graph::DISK_OPERATIONS, {totals.operations});
   minute.Store(Graph::DISK_DATA, {totals.totalKb});
   const double user = static_cast<double>(totals.operations) - paging.paging - paging.swapping;
@@ -93,8 +111,8 @@ std::optional<std::string_view> DiskNameWithoutDirectory(std::string_view record
   return recordName;
 }
 
-DiskFigures DiskFiguresOf(const DiskRecord& disk, bool timesMeasured) {
-  DiskFigures figures;
+DiskValues DiskValuesOf(const DiskRecord& disk, bool timesMeasured) {
+  DiskValues figures;
   SetRates(figures, disk);
   figures.utilization = 100.0F * disk.busyFraction;
   figures.queueLength = disk.queueLength;
@@ -126,10 +144,10 @@ DiskPass::Entry& DiskPass::EntryOf(GraphCatalog& catalog, std::string_view name)
   return entry;
 }
 
-void DiskPass::Store(const Minute& minute, std::string_view name, const DiskFigures& figures) {
+void DiskPass::Store(const Minute& minute, std::string_view name, const DiskValues& figures) {
   Entry& entry = EntryOf(minute.catalog, name);
   for (size_t i = 0; i < DISK_SERIES_COUNT; ++i) {
-    if (detail_.series[i]) entry.series[i].Feed(pages_, minute.sample, figures.*SERIES_FIGURES[i]);
+    if (detail_.series[i]) entry.series[i].Feed(pages_, minute.sample, figures.*SERIES[i].figure);
   }
   for (const auto& [graph, record] : entry.graphs) {
     for (size_t set = 0; set < graph->traces.size(); ++set) {
@@ -139,12 +157,12 @@ void DiskPass::Store(const Minute& minute, std::string_view name, const DiskFigu
 }
 
 void DiskPass::Run(const Minute& minute, const VmrContext& interval, const PagingOperations& paging) {
-  DiskFigures totals;
+  DiskValues totals;
   for (const DiskRecord& disk : interval.disks.primary) {
     if (disk.deviceName.empty()) continue;
     const std::optional<std::string_view> name = spec_.name(disk.deviceName);
     if (!name) continue;
-    const DiskFigures figures = DiskFiguresOf(disk, spec_.timesMeasured);
+    const DiskValues figures = DiskValuesOf(disk, spec_.timesMeasured);
     for (const auto figure : SUMMED_FIGURES) totals.*figure += figures.*figure;
     if (detail_.IsWanted()) Store(minute, TrimText(*name, " "), figures);
   }

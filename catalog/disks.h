@@ -21,7 +21,7 @@ inline constexpr size_t DISK_SERIES_COUNT = static_cast<size_t>(DiskSeries::COUN
 using DiskSeriesSet = std::bitset<DISK_SERIES_COUNT>;
 
 // The figures of one record. `timesMeasured`: service and response time are in the record.
-DiskFigures DiskFiguresOf(const DiskRecord& disk, bool timesMeasured);
+DiskValues DiskValuesOf(const DiskRecord& disk, bool timesMeasured);
 
 // What a build wants of single disks.
 struct DiskDetail {
@@ -54,7 +54,7 @@ class DiskPass {
 
   Entry& EntryOf(GraphCatalog& catalog, std::string_view name);
   void MakeRow(GraphCatalog& catalog, Entry& entry, std::string_view name);
-  void Store(const Minute& minute, std::string_view name, const DiskFigures& figures);
+  void Store(const Minute& minute, std::string_view name, const DiskValues& figures);
 
   const DiskSpec& spec_;
   DiskDetail detail_;

@@ -36,7 +36,7 @@ struct XrtData {
 struct GraphRecord {
   std::string title;  // the item name: what -item is matched against, and the heading of the plot
   std::string yTitle;
-  float yMin = 0.0F;
+  float yMin = 0.0F;         // no option reaches it: every axis begins at 0
   float yMax = 0.0F;         // fixed top of the y axis; 0: the top comes from the data
   std::string legendFormat;  // no option reaches it: no output has a legend of values
   // By set number; shorter than the set count where the rest has none.

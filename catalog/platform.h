@@ -76,7 +76,7 @@ struct ProcessorSpec {
 
 // Figures of a process in an interval, for the views and for tables of processes; below 0 where they aren't
 // known. Null: the format hasn't got them.
-struct ProcessFigures {
+struct ProcessMeasures {
   using Figure = double (*)(const ProcessRecord& process, const SystemConfig& config);
   Figure residentMb = nullptr;
   Figure pageFaults = nullptr;  // per second
@@ -87,7 +87,7 @@ struct ProcessSpec {
   bool restIsNamed = false;          // what the shares leave of overall CPU goes to "<NoProc>"
   bool sumStartsMissing = false;     // the sum of shares starts as MISSING_POINT and not as 0
   bool classesAreRescaled = true;    // the class series by NormalizeProcessSeries
-  ProcessFigures figures = {};
+  ProcessMeasures figures = {};
 };
 
 struct PlatformSpec {

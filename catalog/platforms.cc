@@ -20,7 +20,7 @@ constexpr bool RowsAreInTheOrderOfKinds() {
   for (size_t i = 0; i < std::size(PLATFORMS); ++i) {
     if (static_cast<size_t>(PLATFORMS[i].kind) != i) return false;
   }
-  return true;
+  return std::size(PLATFORMS) == KIND_COUNT;
 }
 static_assert(RowsAreInTheOrderOfKinds());
 

@@ -6,10 +6,23 @@
 namespace ozmo {
 namespace {
 
-constexpr size_t MODE_COUNT = 5;
-constexpr double ProcessorRecord::*MODE_TIMES[MODE_COUNT] = {
-    &ProcessorRecord::userTime, &ProcessorRecord::niceTime, &ProcessorRecord::systemTime,
-    &ProcessorRecord::idleTime, &ProcessorRecord::waitTime};
+struct ModeRow {
+  CpuMode mode;
+  double ProcessorRecord::*time;
+};
+constexpr ModeRow MODES[] = {{CpuMode::USER, &ProcessorRecord::userTime},
+                             {CpuMode::NICE, &ProcessorRecord::niceTime},
+                             {CpuMode::SYSTEM, &ProcessorRecord::systemTime},
+                             {CpuMode::IDLE, &ProcessorRecord::idleTime},
+                             {CpuMode::WAIT, &ProcessorRecord::waitTime}};
+
+constexpr bool RowsAreInTheOrderOfModes() {
+  for (size_t i = 0; i < std::size(MODES); ++i) {
+    if (static_cast<size_t>(MODES[i].mode) != i) return false;
+  }
+  return true;
+}
+static_assert(RowsAreInTheOrderOfModes());
 
 // The two graphs that have one set a processor.
 constexpr Graph PER_PROCESSOR_GRAPHS[] = {Graph::CPU_BY_PROCESSOR, Graph::ACTIVE_CPUS};
@@ -18,7 +31,7 @@ constexpr Graph PER_PROCESSOR_GRAPHS[] = {Graph::CPU_BY_PROCESSOR, Graph::ACTIVE
 
 struct ProcessorPass::Totals {
   double busy = 0.0;
-  std::array<double, MODE_COUNT> modes{};
+  std::array<double, std::size(MODES)> modes{};
 };
 
 void ProcessorPass::MakeSets(GraphCatalog& catalog, int count) {
@@ -59,8 +72,8 @@ void ProcessorPass::Add(const Minute& minute, const ProcessorRecord& processor, 
   const double active = processor.systemTime + processor.userTime + nice;
   double total = active + processor.idleTime + processor.waitTime;
   if (total > 0.0) {
-    for (size_t mode = 0; mode < MODE_COUNT; ++mode) {
-      totals.modes[mode] += 100.0 * processor.*MODE_TIMES[mode] / total;
+    for (size_t mode = 0; mode < std::size(MODES); ++mode) {
+      totals.modes[mode] += 100.0 * processor.*MODES[mode].time / total;
     }
   }
   if (total == 0.0) total = 1.0;

@@ -11,14 +11,14 @@ namespace {
 struct ViewText {
   const char* title;
   const char* yTitle;
-  ProcessFigures::Figure ProcessFigures::*figure;
+  ProcessMeasures::Figure ProcessMeasures::*figure;
   TopListSpec TopListSpecs::*list;  // how the platform's list of the same names has its labels
 };
 
 constexpr std::array<ViewText, VIEW_COUNT> VIEWS = {{
-    {"Top 10 Images by Resident Memory", "MBytes", &ProcessFigures::residentMb, &TopListSpecs::images},
-    {"Top 10 Users by Resident Memory", "MBytes", &ProcessFigures::residentMb, &TopListSpecs::users},
-    {"Top 10 Images by Page Faults", "Pagefaults per Second", &ProcessFigures::pageFaults,
+    {"Top 10 Images by Resident Memory", "MBytes", &ProcessMeasures::residentMb, &TopListSpecs::images},
+    {"Top 10 Users by Resident Memory", "MBytes", &ProcessMeasures::residentMb, &TopListSpecs::users},
+    {"Top 10 Images by Page Faults", "Pagefaults per Second", &ProcessMeasures::pageFaults,
      &TopListSpecs::images},
 }};
 
@@ -34,8 +34,8 @@ ViewPass::ViewPass(const PlatformSpec& platform, bool areWanted, GraphCatalog& c
   for (Series& totals : totals_) totals.assign(static_cast<size_t>(catalog.pointCount) + 1, MISSING_POINT);
 }
 
-bool ViewPass::IsMade(View view) const {
-  const ViewText& text = TextOf(static_cast<size_t>(view));
+bool ViewPass::IsMade(size_t view) const {
+  const ViewText& text = TextOf(view);
   return platform_.processSpec.figures.*text.figure != nullptr &&
          (platform_.topLists.*text.list).labelFormat != nullptr;
 }
@@ -43,7 +43,7 @@ bool ViewPass::IsMade(View view) const {
 ViewSeries ViewPass::SeriesOfNames(std::string_view image, std::string_view user) {
   ViewSeries series{};
   for (size_t view = 0; view < VIEW_COUNT; ++view) {
-    if (!IsMade(static_cast<View>(view))) continue;
+    if (!IsMade(view)) continue;
     series[view] = &SeriesOf(tables_[view], NamesUsers(TextOf(view)) ? user : image);
   }
   return series;

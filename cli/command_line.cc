@@ -14,7 +14,7 @@ namespace ozmo {
 namespace {
 
 constexpr int MISSING_REQUIREMENT_STATUS = 0;
-constexpr int USAGE_STATUS = 1;
+constexpr int USAGE_SHOWN_STATUS = 1;
 constexpr int MISSING_VALUE_STATUS = 2;
 
 // What the tests fill in.
@@ -146,7 +146,7 @@ constexpr OptionRow OPTION_ROWS[] = {
 void TestWord(ParseState& state, std::vector<std::string>& words, size_t& index) {
   for (const OptionRow& row : OPTION_ROWS) {
     if (!OptionMatches(words[index], row.name, row.minimum)) continue;
-    if (row.action == nullptr) ExitWithUsage(USAGE_STATUS);
+    if (row.action == nullptr) ExitWithUsage(USAGE_SHOWN_STATUS);
     ++index;
     if (index == words.size()) ExitForMissingValue(row.name);
     row.action(state, words[index]);
@@ -190,7 +190,7 @@ void PrintUsage() {
 
 void ParseCommandLine(int argc, char* const argv[], RunRequest& request) {
   request.hostName.clear();
-  if (argc < 2) ExitWithUsage(USAGE_STATUS);
+  if (argc < 2) ExitWithUsage(USAGE_SHOWN_STATUS);
 
   std::vector<std::string> words;  // a copy, since size values are cut short
   for (int index = 1; index < argc && argv[index] != nullptr; ++index) words.emplace_back(argv[index]);

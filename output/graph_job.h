@@ -31,7 +31,7 @@ struct OverlayTrace {
 struct Overlay {
   std::string title;
   std::string yTitle;
-  double yMin = 0.0;
+  double yMin = 0.0;  // always, as in GraphRecord
   double yMax = 0.0;  // top of the y axis
   std::vector<OverlayTrace> traces;
 };

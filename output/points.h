@@ -52,7 +52,7 @@ struct PointReader {
   bool needBreak = true;   // the next point starts a polyline
 };
 
-// Which settings PointReaderAlter takes over; the others run on.
+// Which settings PointReaderAlter takes over; the others run on. No option reaches them: all run on.
 struct PointReaderChanges {
   bool symbol = false;
   bool symbolSize = false;

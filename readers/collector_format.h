@@ -56,7 +56,7 @@ struct ReaderState {
   Seconds windowStart = 0;
   Seconds windowEnd = 0;
   Seconds utcOffset = DEFAULT_UTC_OFFSET;
-  int32_t dstFlag = 0;
+  int32_t dstFlag = 0;  // no option reaches it, as that of VmrContext
   std::string collectorVersion;
   std::string nodeName;
   std::string filePath;

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "readers/file_kind.h"
+
 #ifdef OZMO_HAS_ZSTD
 #include <zstd.h>
 #endif
@@ -44,7 +46,7 @@ bool ReadExactly(int file, uint8_t* bytes, size_t size, int64_t place) {
 
 bool CompressedFile::Is(const std::string& path, int file) {
   uint8_t magic[MAGIC_SIZE];
-  if (!path.ends_with(".zst") || !ReadExactly(file, magic, sizeof magic, 0)) return false;
+  if (!path.ends_with(COMPRESSED_ENDING) || !ReadExactly(file, magic, sizeof magic, 0)) return false;
   const uint32_t number = WordAt(magic);
   return number == FRAME_MAGIC || (number & ~uint32_t{15}) == SKIPPABLE_MAGIC;
 }

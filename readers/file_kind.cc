@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "readers/file_set.h"
-
 namespace ozmo {
 namespace {
 
@@ -21,7 +19,7 @@ constexpr bool RowsAreInTheOrderOfKinds() {
   for (size_t i = 0; i < std::size(KINDS); ++i) {
     if (static_cast<size_t>(KINDS[i].kind) != i) return false;
   }
-  return true;
+  return std::size(KINDS) == KIND_COUNT;
 }
 static_assert(RowsAreInTheOrderOfKinds());
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -10,6 +11,10 @@
 namespace ozmo {
 
 enum class ReaderKind { SOLARIS, HPUX, AIX, LINUX, VMR, TRU64 };
+inline constexpr size_t KIND_COUNT = 6;
+
+// After the name of a data file that is compressed, by zstd.
+inline constexpr std::string_view COMPRESSED_ENDING = ".zst";
 
 // The list of kinds: what each is called, and how its files are.
 struct KindRow {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 
+#include "readers/file_kind.h"
 #include "runtime/text.h"
 
 namespace ozmo {

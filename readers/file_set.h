@@ -6,14 +6,11 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "runtime/times.h"
 
 namespace ozmo {
-
-constexpr std::string_view COMPRESSED_ENDING = ".zst";
 
 // The name without ".zst" at its end, where it has that.
 std::string WithoutCompressedEnding(std::string name);

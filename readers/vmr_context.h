@@ -34,7 +34,7 @@ struct VmrContext {
   Seconds periodStart = 0;  // of this interval; before Open, of the requested span
   Seconds periodEnd = 0;    // the interval's time stamp
   Seconds utcOffset = DEFAULT_UTC_OFFSET;
-  int32_t dstFlag = 0;
+  int32_t dstFlag = 0;  // of the file; no graph depends on it
 
   // The records that the builder reads, set before Open. Others may be stepped over.
   RecordKinds kinds = RecordKinds::All();

@@ -1,4 +1,4 @@
-// The one way in which a room of the tool ends its process before main returns.
+// The one way in which a folder of the tool ends its process before main returns.
 #pragma once
 
 namespace ozmo {

@@ -30,7 +30,7 @@ struct WorkloadClass {
   PatternList command;
   PatternList volume;
   PatternList node;
-  int classType = 0;
+  int classType = 0;  // this and the next two: for other tools, no option reaches them
   double limit = 0.0;
   double growth = 0.0;
   int catchAll = 0;

@@ -26,16 +26,22 @@ struct ProcessColumns {
 
 constexpr ProcessColumns COLUMNS[] = {
     {ReaderKind::SOLARIS, [](const ProcessRecord& process) { return process.idText; }},
-    {ReaderKind::LINUX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
-    {ReaderKind::AIX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
     {ReaderKind::HPUX, [](const ProcessRecord& process) { return NumberOf(process.processIdC); }},
-    {ReaderKind::TRU64, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
+    {ReaderKind::AIX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
+    {ReaderKind::LINUX, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
     {.kind = ReaderKind::VMR, .hasUser = false},
+    {ReaderKind::TRU64, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
 };
 
-const ProcessColumns& ColumnsOf(ReaderKind kind) {
-  return *std::ranges::find(COLUMNS, kind, &ProcessColumns::kind);
+constexpr bool RowsAreInTheOrderOfKinds() {
+  for (size_t i = 0; i < std::size(COLUMNS); ++i) {
+    if (static_cast<size_t>(COLUMNS[i].kind) != i) return false;
+  }
+  return std::size(COLUMNS) == KIND_COUNT;
 }
+static_assert(RowsAreInTheOrderOfKinds());
+
+const ProcessColumns& ColumnsOf(ReaderKind kind) { return COLUMNS[static_cast<size_t>(kind)]; }
 
 // Of a damaged file it may be any number.
 std::string KilobytesOf(double megabytes) {
@@ -44,7 +50,7 @@ std::string KilobytesOf(double megabytes) {
 }
 
 // A figure of a process, absent where the kind or this file doesn't have it.
-std::optional<double> FigureOf(ProcessFigures::Figure figure, const ProcessRecord& process,
+std::optional<double> FigureOf(ProcessMeasures::Figure figure, const ProcessRecord& process,
                                const SystemConfig& config) {
   if (figure == nullptr) return std::nullopt;
   const double value = figure(process, config);
@@ -61,7 +67,7 @@ ProcessTable::ProcessTable(std::FILE* stream, ReaderKind kind, const std::string
 void ProcessTable::Write(Seconds time, const SystemConfig& config, const ProcessRecord& process,
                          double percent) {
   const ProcessColumns& columns = ColumnsOf(kind_);
-  const ProcessFigures& figures = PlatformOf(kind_).processSpec.figures;
+  const ProcessMeasures& figures = PlatformOf(kind_).processSpec.figures;
   line_ = UtcText(time);
   const auto add = [this](const std::string& cell) { (line_ += ',') += cell; };
   add(hostCell_);

@@ -14,6 +14,7 @@
 
 #include "programs/host_file/collector_records.h"
 #include "programs/host_file/record_index.h"
+#include "readers/file_kind.h"
 
 #ifdef OZMO_HAS_ZSTD
 #include <zstd.h>
@@ -236,8 +237,8 @@ bool CanCompress() {
 std::string CompressRecording(const std::string& path) {
   const size_t nameBegin = path.rfind('/') + 1;
   const std::string directory = nameBegin == 0 ? "." : path.substr(0, nameBegin);
-  const std::string compressedPath = path + ".zst";
-  const std::string draftPath = path.substr(0, nameBegin) + "." + path.substr(nameBegin) + ".zst.draft";
+  const std::string compressedPath = path + std::string(COMPRESSED_ENDING);
+  const std::string draftPath = path.substr(0, nameBegin) + "." + compressedPath.substr(nameBegin) + ".draft";
 
   const OpenFile plain(OpenToRead(path));
   struct stat status {};

@@ -75,7 +75,7 @@ HostFigures DifferenceOf(const HostFigures& earlier, const HostFigures& later, P
   std::vector<std::string> images;
   for (const ProcessFigures& process : interval.processes) images.push_back(process.image);
   std::vector<EndedProcess> ended;
-  for (ProcessEnd& end : ends.ends) ended.push_back(std::move(end.process));
+  for (ReportedEnd& end : ends.ends) ended.push_back(std::move(end.process));
   ends.ends.clear();
   AddEnded(interval.processes, images, ended);
   Subtract(earlier.protocols, interval.protocols);

@@ -1,5 +1,6 @@
 #include "programs/host_file/node_name.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -23,10 +24,12 @@ std::string CheckPath(const std::string& directory, const std::string& node) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(directory.c_str(), nullptr), std::free);
   for (const std::string& place : {directory, std::string(real ? real.get() : "")}) {
     const std::string path = std::string(place).append("/qtxl_").append(node);
-    if (ReaderKindOf(path) == ReaderKind::LINUX) continue;
-    return path +
-           " would be read as a file of another system, for one of \"qtxs_\", \"qtxsx_\", \"qtxh_\" and " +
-           "\"qtxa_\" in its path";
+    const KindRow& row = RowOf(ReaderKindOf(path));
+    if (row.kind == ReaderKind::LINUX) continue;
+    const auto* prefix = std::ranges::find_if(
+        row.prefixes, [&](std::string_view text) { return path.find(text) != std::string::npos; });
+    return path + " would be read as a file of " + std::string(row.system) + ", since its path has \"" +
+           std::string(*prefix) + "\"";
   }
   return "";
 }

@@ -101,7 +101,7 @@ size_t PlaceOfPayer(const Processes& earlier, int32_t parent, const Processes& l
 // when a task begins to end, before its memory is given back, which takes about a microsecond for a page that
 // it had; and it counts up to the last tick of the kernel's clock, which is half a tick before on the
 // average.
-uint64_t LikelyTail(const ProcessEnd& end) {
+uint64_t LikelyTail(const ReportedEnd& end) {
   constexpr uint64_t HALF_A_TICK = 2000;
   return end.tasks * HALF_A_TICK + end.process.use.minorFaults;
 }
@@ -116,21 +116,21 @@ uint64_t PartOf(uint64_t all, uint64_t before, uint64_t weight, uint64_t weights
 }
 
 // Gives the ended what their parents' counts have grown beyond the reports, up to twice what is likely.
-void ShareTails(const Processes& earlier, std::vector<ProcessEnd>& ends, Processes& later) {
+void ShareTails(const Processes& earlier, std::vector<ReportedEnd>& ends, Processes& later) {
   constexpr uint64_t MICROSECONDS_PER_TICK = 1'000'000 / TICKS_PER_SECOND;
-  std::map<size_t, std::vector<ProcessEnd*>> endsOf;  // by the place of the payer
-  for (ProcessEnd& end : ends) endsOf[PlaceOfPayer(earlier, end.process.parent, later)].push_back(&end);
+  std::map<size_t, std::vector<ReportedEnd*>> endsOf;  // by the place of the payer
+  for (ReportedEnd& end : ends) endsOf[PlaceOfPayer(earlier, end.process.parent, later)].push_back(&end);
   endsOf.erase(later.size());
   for (const auto& [place, ended] : endsOf) {
     uint64_t weights = 0;
-    for (const ProcessEnd* end : ended) weights += LikelyTail(*end);
+    for (const ReportedEnd* end : ended) weights += LikelyTail(*end);
     ProcessUse& rest = later[place].children;
     const uint64_t ticks = rest.userTicks + rest.systemTicks;
     const uint64_t shared = std::min(ticks, 2 * weights / MICROSECONDS_PER_TICK);
     if (shared == 0) continue;
     const uint64_t system = PartOf(shared, 0, rest.systemTicks, ticks);
     uint64_t before = 0;
-    for (ProcessEnd* end : ended) {
+    for (ReportedEnd* end : ended) {
       const uint64_t weight = LikelyTail(*end);
       end->process.use.systemTicks += PartOf(system, before, weight, weights);
       end->process.use.userTicks += PartOf(shared - system, before, weight, weights);
@@ -146,7 +146,7 @@ void ShareTails(const Processes& earlier, std::vector<ProcessEnd>& ends, Process
 std::map<int32_t, ProcessUse> TakeEnds(const Processes& earlier, const Processes& later, ProcessEnds& ends,
                                        std::set<int32_t>& settled) {
   std::map<int32_t, ProcessUse> debts;
-  for (ProcessEnd& end : ends.ends) {
+  for (ReportedEnd& end : ends.ends) {
     EndedProcess& process = end.process;
     const size_t before = end.wasSeen ? PlaceOf(earlier, process.id) : earlier.size();
     if (before == earlier.size()) {

@@ -12,7 +12,7 @@
 namespace ozmo::host_file {
 
 // A process that has ended, or the sum of some of one image, user and parent, as the kernel reports ends.
-struct ProcessEnd {
+struct ReportedEnd {
   EndedProcess process;  // used from its begin to its end; its parent is the one that may wait for it
   bool wasSeen = false;  // in the reading at the begin of the interval; then it is one process
   uint64_t tasks = 1;    // the threads of all of them
@@ -21,7 +21,7 @@ struct ProcessEnd {
 // The ends in an interval, and what is kept from interval to interval to go with them.
 struct ProcessEnds {
   bool areReported = false;
-  std::vector<ProcessEnd> ends;
+  std::vector<ReportedEnd> ends;
   std::set<int32_t> shown;  // those of them that the reading at the end of the interval still shows
   // By parent: what the children that were recorded used, and hasn't come to light in the parent yet.
   std::map<int32_t, ProcessUse> unpaid;

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "readers/file_kind.h"
 #include "runtime/file_identity.h"
 #include "runtime/times.h"
 
@@ -53,7 +54,7 @@ std::string RecordingFile::Create(const std::string& directory, const std::strin
   const std::string stem = directory + "/qtxl_" + node + "_" + date_ + ".dat_";
   for (int number = 1; file_ < 0; ++number) {
     path_ = stem + std::to_string(number);
-    if (access((path_ + ".zst").c_str(), F_OK) == 0) continue;
+    if (access((path_ + std::string(COMPRESSED_ENDING)).c_str(), F_OK) == 0) continue;
     file_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, FILE_MODE);
     if (file_ < 0 && errno != EEXIST) return Failure();
   }

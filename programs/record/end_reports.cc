@@ -61,13 +61,13 @@ void EndSums::MoveUp(int32_t ended, int32_t parent) {
   }
 }
 
-host_file::ProcessEnd EndSums::EndOf(const Key& key, const Sum& sum, bool wasSeen,
-                                     std::string (*nameOf)(uint32_t user)) {
+host_file::ReportedEnd EndSums::EndOf(const Key& key, const Sum& sum, bool wasSeen,
+                                      std::string (*nameOf)(uint32_t user)) {
   constexpr int32_t THREADS_OF_THE_KERNEL = 2;  // their parent
   constexpr uint64_t MICROSECONDS_PER_TICK = 1'000'000 / host_file::TICKS_PER_SECOND;
   const auto ticks = [](uint64_t time) { return (time + MICROSECONDS_PER_TICK / 2) / MICROSECONDS_PER_TICK; };
   const auto& [parent, user, name] = key;
-  host_file::ProcessEnd end;
+  host_file::ReportedEnd end;
   end.wasSeen = wasSeen;
   end.tasks = sum.tasks;
   end.process.id = sum.id;

@@ -65,8 +65,8 @@ class EndSums {
   void AddEnd(const EndReport& report);
   void MoveUp(int32_t ended, int32_t parent);
   bool IsReported(int32_t process) const;
-  static host_file::ProcessEnd EndOf(const Key& key, const Sum& sum, bool wasSeen,
-                                     std::string (*nameOf)(uint32_t user));
+  static host_file::ReportedEnd EndOf(const Key& key, const Sum& sum, bool wasSeen,
+                                      std::string (*nameOf)(uint32_t user));
 
   std::map<int32_t, Threads> threads_;  // ended threads of processes that live on, by process
   std::map<Key, Sum> sums_;

@@ -44,7 +44,7 @@ int HeldSignalsFile();
 enum class Wake {
   DUE,
   STOP,      // SIGTERM or SIGINT; SIGHUP where a terminal has gone away
-  NEW_FILE,  // SIGHUP for who has no terminal
+  NEW_FILE,  // SIGHUP where there is no terminal
 };
 
 // Sleeps until that steady time, or until a signal comes.

@@ -16,12 +16,11 @@
 #include <vector>
 
 #include "programs/host_file/compressed_recording.h"
+#include "readers/file_kind.h"
 #include "runtime/times.h"
 
 namespace ozmo::record {
 namespace {
-
-constexpr std::string_view COMPRESSED_ENDING = ".zst";
 
 struct RecordedFile {
   std::string path;

@@ -79,7 +79,7 @@ struct Operations {
   float operations, reads, writes;
 };
 
-TEST(DiskFigures, OperationsReadsAndWritesReplaceOneAnother) {
+TEST(DiskValues, OperationsReadsAndWritesReplaceOneAnother) {
   for (const Operations& test : {
            Operations{"the sum takes the place of the total", 3, 4, 0, 0, 0, 7, 3, 4},
            {"known ones stay, even if they don't add up", 3, 4, 9, 0, 0, 9, 3, 4},
@@ -91,13 +91,13 @@ TEST(DiskFigures, OperationsReadsAndWritesReplaceOneAnother) {
     disk.writeRate = test.writeRate;
     disk.readBytesRate = test.readKb * 1024;
     disk.writeBytesRate = test.writeKb * 1024;
-    const DiskFigures figures = DiskFiguresOf(disk, false);
+    const DiskValues figures = DiskValuesOf(disk, false);
     EXPECT_EQ(figures.operations, test.operations) << test.rule;
     EXPECT_EQ(figures.reads, test.reads) << test.rule;
     EXPECT_EQ(figures.writes, test.writes) << test.rule;
     EXPECT_EQ(figures.totalKb, test.readKb + test.writeKb) << test.rule;
     disk.totalBytesRate = 5 * 1024.0F;
-    EXPECT_EQ(DiskFiguresOf(disk, false).totalKb, 5.0F) << "the record's own total goes first";
+    EXPECT_EQ(DiskValuesOf(disk, false).totalKb, 5.0F) << "the record's own total goes first";
   }
 }
 
@@ -108,7 +108,7 @@ struct Times {
   float service, response, wait;
 };
 
-TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
+TEST(DiskValues, TimesComeFromTheQueueOrFromTheRecord) {
   for (const Times& test : {
            Times{"the plotted wait loses the service time twice", false, 10, 0.5F, 2, 0, 0, 50, 200, 100},
            {"and isn't negative", false, 10, 0.5F, 0.75F, 0, 0, 50, 75, 0},
@@ -122,7 +122,7 @@ TEST(DiskFigures, TimesComeFromTheQueueOrFromTheRecord) {
     disk.queueLength = test.queueLength;
     disk.servicePerIo = test.servicePerIo;
     disk.waitPerIo = test.waitPerIo;
-    const DiskFigures figures = DiskFiguresOf(disk, test.measured);
+    const DiskValues figures = DiskValuesOf(disk, test.measured);
     EXPECT_EQ(figures.service, test.service) << test.rule;
     EXPECT_EQ(figures.response, test.response) << test.rule;
     EXPECT_EQ(figures.wait, test.wait) << test.rule;

@@ -69,7 +69,7 @@ TEST(ProcessesSinceTest, UseOfEndedProcessesCountsOnce) {
   }
 }
 
-ProcessEnd End(int32_t id, int32_t parent, uint64_t whole, bool wasSeen = false, uint64_t tasks = 1) {
+ReportedEnd End(int32_t id, int32_t parent, uint64_t whole, bool wasSeen = false, uint64_t tasks = 1) {
   return {{id, parent, "cc1", "ann", {whole, 0, 0, 0}, ""}, wasSeen, tasks};
 }
 
@@ -77,7 +77,7 @@ struct ReportedCase {
   const char* what;
   std::vector<ProcessFigures> earlier;
   std::vector<ProcessFigures> later;
-  std::vector<ProcessEnd> ends = {};
+  std::vector<ReportedEnd> ends = {};
   std::set<int32_t> shown = {};  // of the ended, by the later reading
   std::map<int32_t, uint64_t> unpaid = {};
   std::map<int32_t, uint64_t> used = {};   // of the living
@@ -140,7 +140,7 @@ TEST(ProcessesSinceTest, ReportedEndsAreNotCountedAgainInTheirParents) {
       used[process.id] = process.own.userTicks;
     }
     std::vector<uint64_t> usedByEnded;
-    for (const ProcessEnd& end : ends.ends) usedByEnded.push_back(end.process.use.userTicks);
+    for (const ReportedEnd& end : ends.ends) usedByEnded.push_back(end.process.use.userTicks);
     std::map<int32_t, uint64_t> unpaid;
     for (const auto& [parent, use] : ends.unpaid) unpaid[parent] = use.userTicks;
     EXPECT_EQ(used, row.used);

@@ -240,8 +240,7 @@ TEST_F(ImportTest, ADayIsWholeOrNotThere) {
       {text.substr(0, 300), "there is no sample in it"},
       {AtopLines("cpu @ 100 0 1 1 1 1 1 1 1\nSEP\n", "99999999999"), "line 1 isn't one of atop's"},
       {"cpu ../web 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "has a slash"},
-      {"cpu qtxs_x 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n",
-       "read as a file of another system"},
+      {"cpu qtxs_x 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "read as a file of Solaris"},
       {"cpu a\x1b 1329897660 2012/02/22 08:01:00 60 100 0 1 1 1 1\nSEP\n", "a control character"},
   };
   for (const Damage& damage : damages) {
