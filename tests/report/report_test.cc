@@ -32,8 +32,7 @@ namespace fs = std::filesystem;
 constexpr const char* REPORT = OZMO_BINARY_DIR "/ozmo_report";
 constexpr const char* IMPORT = OZMO_BINARY_DIR "/ozmo_import";
 constexpr const char* TOOL = OZMO_BINARY_DIR "/ozmo_graph";
-// A search for leaks takes longer than most of these runs, and the tool's own tests and those in one process
-// have it.
+// A search for leaks takes longer than most of these runs; tests in one process have it.
 const std::map<std::string, std::string> ENVIRONMENT = {
     {"TZ", "UTC"}, {"VELTRIX_LIBRARY", OZMO_SOURCE_DIR}, {"ASAN_OPTIONS", "detect_leaks=0"}};
 
