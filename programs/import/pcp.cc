@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <map>
 #include <memory>
@@ -217,9 +216,9 @@ class Archive {
 std::string Archive::Open(const std::string& path) {
   context_ = pmNewContext(PM_CONTEXT_ARCHIVE, path.c_str());
   if (context_ < 0) return ErrorText(context_);
-  pmLogLabel label{};
-  if (const int code = pmGetArchiveLabel(&label); code < 0) return ErrorText(code);
-  node_.assign(label.ll_hostname, strnlen(label.ll_hostname, sizeof label.ll_hostname));
+  // Of its label, whose members have other names in a later library.
+  std::array<char, PM_MAX_HOSTNAMELEN> host{};
+  node_ = pmGetContextHostName_r(context_, host.data(), static_cast<int>(host.size()));
   for (size_t place = 0; place < METRIC_COUNT; ++place) {
     const std::string name(MetricName(place));
     const char* names[] = {name.c_str()};
