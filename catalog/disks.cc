@@ -1,8 +1,7 @@
 #include "catalog/disks.h"
 
-#include <iterator>
-
 #include "catalog/name_text.h"
+#include "runtime/ordered_rows.h"
 #include "runtime/text.h"
 
 namespace ozmo {
@@ -21,13 +20,7 @@ constexpr SeriesRow SERIES[] = {
     {DiskSeries::RESPONSE, &DiskValues::response},
 };
 
-constexpr bool RowsAreInTheOrderOfSeries() {
-  for (size_t i = 0; i < std::size(SERIES); ++i) {
-    if (static_cast<size_t>(SERIES[i].series) != i) return false;
-  }
-  return std::size(SERIES) == DISK_SERIES_COUNT;
-}
-static_assert(RowsAreInTheOrderOfSeries());
+static_assert(RowsAreInOrder(SERIES, &SeriesRow::series, DISK_SERIES_COUNT));
 
 constexpr double BYTES_PER_GB = 1073741824.0;
 

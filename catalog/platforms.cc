@@ -1,6 +1,6 @@
 #include "catalog/platforms.h"
 
-#include <iterator>
+#include "runtime/ordered_rows.h"
 
 namespace ozmo {
 namespace {
@@ -16,13 +16,7 @@ constexpr PlatformRow PLATFORMS[] = {
     {ReaderKind::VMR, &vmr_catalog::PLATFORM},         {ReaderKind::TRU64, &tru64_catalog::PLATFORM},
 };
 
-constexpr bool RowsAreInTheOrderOfKinds() {
-  for (size_t i = 0; i < std::size(PLATFORMS); ++i) {
-    if (static_cast<size_t>(PLATFORMS[i].kind) != i) return false;
-  }
-  return std::size(PLATFORMS) == KIND_COUNT;
-}
-static_assert(RowsAreInTheOrderOfKinds());
+static_assert(RowsAreInOrder(PLATFORMS, &PlatformRow::kind, KIND_COUNT));
 
 }  // namespace
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "runtime/ordered_rows.h"
+
 namespace ozmo {
 namespace {
 
@@ -16,13 +18,7 @@ constexpr ModeRow MODES[] = {{CpuMode::USER, &ProcessorRecord::userTime},
                              {CpuMode::IDLE, &ProcessorRecord::idleTime},
                              {CpuMode::WAIT, &ProcessorRecord::waitTime}};
 
-constexpr bool RowsAreInTheOrderOfModes() {
-  for (size_t i = 0; i < std::size(MODES); ++i) {
-    if (static_cast<size_t>(MODES[i].mode) != i) return false;
-  }
-  return true;
-}
-static_assert(RowsAreInTheOrderOfModes());
+static_assert(RowsAreInOrder(MODES, &ModeRow::mode, std::size(MODES)));
 
 // The two graphs that have one set a processor.
 constexpr Graph PER_PROCESSOR_GRAPHS[] = {Graph::CPU_BY_PROCESSOR, Graph::ACTIVE_CPUS};

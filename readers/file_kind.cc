@@ -1,6 +1,6 @@
 #include "readers/file_kind.h"
 
-#include <iterator>
+#include "runtime/ordered_rows.h"
 
 namespace ozmo {
 namespace {
@@ -15,13 +15,7 @@ constexpr KindRow KINDS[] = {
     {ReaderKind::TRU64, "tru64", "Tru64"},
 };
 
-constexpr bool RowsAreInTheOrderOfKinds() {
-  for (size_t i = 0; i < std::size(KINDS); ++i) {
-    if (static_cast<size_t>(KINDS[i].kind) != i) return false;
-  }
-  return std::size(KINDS) == KIND_COUNT;
-}
-static_assert(RowsAreInTheOrderOfKinds());
+static_assert(RowsAreInOrder(KINDS, &KindRow::kind, KIND_COUNT));
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 #include "readers/formats.h"
 
-#include <iterator>
+#include "runtime/ordered_rows.h"
 
 namespace ozmo {
 namespace {
@@ -19,13 +19,7 @@ constexpr FormatRow FORMATS[] = {
     {ReaderKind::TRU64, &tru64_files::FORMAT},
 };
 
-constexpr bool FormatsAreInTheOrderOfKinds() {
-  for (size_t i = 0; i < std::size(FORMATS); ++i) {
-    if (static_cast<size_t>(FORMATS[i].kind) != i) return false;
-  }
-  return std::size(FORMATS) == KIND_COUNT;
-}
-static_assert(FormatsAreInTheOrderOfKinds());
+static_assert(RowsAreInOrder(FORMATS, &FormatRow::kind, KIND_COUNT));
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include "catalog/processes.h"
 #include "programs/export/csv_cells.h"
 #include "programs/export/traces.h"
+#include "runtime/ordered_rows.h"
 
 namespace ozmo::exporting {
 namespace {
@@ -33,13 +34,7 @@ constexpr ProcessColumns COLUMNS[] = {
     {ReaderKind::TRU64, [](const ProcessRecord& process) { return NumberOf(process.processIdB); }},
 };
 
-constexpr bool RowsAreInTheOrderOfKinds() {
-  for (size_t i = 0; i < std::size(COLUMNS); ++i) {
-    if (static_cast<size_t>(COLUMNS[i].kind) != i) return false;
-  }
-  return std::size(COLUMNS) == KIND_COUNT;
-}
-static_assert(RowsAreInTheOrderOfKinds());
+static_assert(RowsAreInOrder(COLUMNS, &ProcessColumns::kind, KIND_COUNT));
 
 const ProcessColumns& ColumnsOf(ReaderKind kind) { return COLUMNS[static_cast<size_t>(kind)]; }
 

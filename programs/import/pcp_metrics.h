@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "programs/host_file/host_figures.h"
+#include "runtime/ordered_rows.h"
 
 namespace ozmo::import {
 
@@ -141,13 +142,7 @@ constexpr MetricRow METRICS[] = {
     {Metric::RESIDENT, "proc.psinfo.rss"},
     {Metric::OWNER, "proc.id.euid_nm"},
 };
-constexpr bool RowsAreInTheOrderOfMetrics() {
-  for (size_t place = 0; place < std::size(METRICS); ++place) {
-    if (METRICS[place].metric != static_cast<Metric>(place)) return false;
-  }
-  return std::size(METRICS) == static_cast<size_t>(Metric::PROTOCOLS);
-}
-static_assert(RowsAreInTheOrderOfMetrics());
+static_assert(RowsAreInOrder(METRICS, &MetricRow::metric, static_cast<size_t>(Metric::PROTOCOLS)));
 
 constexpr std::string_view PROTOCOL_METRICS[] = {
     "network.ip.forwarding",

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "runtime/ordered_rows.h"
+
 namespace ozmo::import {
 
 // What a device of sadf's is, by the fields that it has.
@@ -76,13 +78,7 @@ constexpr Field FIELDS[] = {
     {MB_USED, DeviceKind::FILE_SYSTEM, "MBfsused"}, {USED_PERCENT, DeviceKind::FILE_SYSTEM, "%ufsused"},
     {FILES_FREE, DeviceKind::FILE_SYSTEM, "Ifree"}, {FILES_USED, DeviceKind::FILE_SYSTEM, "Iused"},
 };
-constexpr bool RowsAreInTheOrderOfPlaces() {
-  for (size_t place = 0; place < std::size(FIELDS); ++place) {
-    if (FIELDS[place].place != place) return false;
-  }
-  return std::size(FIELDS) == FIELD_COUNT;
-}
-static_assert(RowsAreInTheOrderOfPlaces());
+static_assert(RowsAreInOrder(FIELDS, &Field::place, FIELD_COUNT));
 
 // Protocol counters a second, each at its place in the kernel's list, and their values after those of FIELDS.
 struct ProtocolField {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "programs/report/series.h"
+#include "runtime/ordered_rows.h"
 #include "runtime/text.h"
 
 namespace ozmo::report {
@@ -79,13 +80,8 @@ constexpr Source SOURCES[] = {
     {Figure::IMAGE, Graph::TOP_IMAGES, RankedImage},
 };
 
-constexpr bool AreInTheOrderOfFigures() {
-  for (size_t i = 0; i < FIGURE_COUNT; ++i) {
-    if (static_cast<size_t>(ROWS[i].figure) != i || static_cast<size_t>(SOURCES[i].figure) != i) return false;
-  }
-  return std::size(ROWS) == FIGURE_COUNT && std::size(SOURCES) == FIGURE_COUNT;
-}
-static_assert(AreInTheOrderOfFigures());
+static_assert(RowsAreInOrder(ROWS, &FigureRow::figure, FIGURE_COUNT));
+static_assert(RowsAreInOrder(SOURCES, &Source::figure, FIGURE_COUNT));
 
 // The points of a span that have data.
 std::vector<int> HeldPoints(const GraphCatalog& catalog) {
