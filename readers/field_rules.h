@@ -152,10 +152,15 @@ inline constexpr size_t ELEMENT_COUNT = 0;
 template <class Element, size_t Count>
 inline constexpr size_t ELEMENT_COUNT<std::array<Element, Count>> = Count;
 
+// Out of line: a record has a text or two beside dozens of numbers.
+[[gnu::noinline, gnu::flatten]] inline void StoreText(std::string& member, const FieldValue& field) {
+  member = field.Text();
+}
+
 template <class Member>
 void StoreField(Member& member, const Source& from) {
   if constexpr (std::is_same_v<Member, std::string>) {
-    member = from.field.Text();
+    StoreText(member, from.field);
   } else {
     member = Convert<Member>(from);
   }
@@ -243,22 +248,24 @@ constexpr bool EachFieldHasOneRow(const Rules& rules) {
 // What a row does with a field, compiled for that row.
 template <const auto& Rules, size_t Row>
 [[gnu::flatten]] void ApplyRow(RecordOfRules<Rules>& record, const FieldValue& field, Decoding& decoding) {
-  constexpr const auto& RULE = Rules[Row];
-  RULE.to.store(record, {field, RULE.as, static_cast<size_t>(field.fieldId - RULE.field), decoding});
+  // Of its own, since a reference to the table would have all functions that the table names compiled once
+  // more.
+  static constexpr Conversion AS = Rules[Row].as;
+  constexpr auto STORE = Rules[Row].to.store;
+  STORE(record, {field, AS, static_cast<size_t>(field.fieldId - Rules[Row].field), decoding});
 }
 
+// Variables, so that no table is in the program for the sake of its ends.
 template <const auto& Rules>
-constexpr int32_t FirstField() {
-  return std::min_element(std::begin(Rules), std::end(Rules),
-                          [](const auto& a, const auto& b) { return a.field < b.field; })
-      ->field;
-}
+inline constexpr int32_t FIRST_FIELD = std::min_element(std::begin(Rules), std::end(Rules),
+                                                        [](const auto& a, const auto& b) {
+                                                          return a.field < b.field;
+                                                        }) -> field;
 template <const auto& Rules>
-constexpr int32_t LastField() {
-  return std::max_element(std::begin(Rules), std::end(Rules),
-                          [](const auto& a, const auto& b) { return a.Last() < b.Last(); })
-      ->Last();
-}
+inline constexpr int32_t LAST_FIELD = std::max_element(std::begin(Rules), std::end(Rules),
+                                                       [](const auto& a, const auto& b) {
+                                                         return a.Last() < b.Last();
+                                                       }) -> Last();
 
 // By field id less that of the first field what its row does with it; null where no row names the field.
 template <const auto& Rules>
@@ -266,8 +273,8 @@ inline constexpr auto RULE_INDEX = []<size_t... Row>(std::index_sequence<Row...>
   static_assert(RunsFit(Rules), "a run of fields is longer than its array");
   static_assert(EachFieldHasOneRow(Rules), "a field is named twice");
   using Apply = void (*)(RecordOfRules<Rules>&, const FieldValue&, Decoding&);
-  constexpr int32_t FIRST = FirstField<Rules>();
-  std::array<Apply, static_cast<size_t>(LastField<Rules>() - FIRST + 1)> index{};
+  constexpr int32_t FIRST = FIRST_FIELD<Rules>;
+  std::array<Apply, static_cast<size_t>(LAST_FIELD<Rules> - FIRST + 1)> index{};
   const auto enter = [&](const auto& rule, Apply apply) {
     for (int32_t field = rule.field; field <= rule.Last(); ++field) {
       index[static_cast<size_t>(field - FIRST)] = apply;
@@ -308,7 +315,7 @@ bool ApplyRules(RecordOfRules<Rules>& record, Decoding& decoding) {
   bool counts = false;
   for (const FieldValue& field : decoding.fields) {
     if (field.data == nullptr) continue;
-    const auto place = static_cast<size_t>(int64_t{field.fieldId} - FirstField<Rules>());
+    const auto place = static_cast<size_t>(int64_t{field.fieldId} - FIRST_FIELD<Rules>);
     if (place >= RULE_INDEX<Rules>.size() || RULE_INDEX<Rules>[place] == nullptr) continue;
     counts = true;
     RULE_INDEX<Rules>[place](record, field, decoding);

@@ -51,6 +51,36 @@ struct LayoutRow {
   std::span<const FieldRun> fields;
 };
 
+constexpr bool EachTypeHasOneLayout(std::span<const LayoutRow> layouts) {
+  for (size_t i = 0; i < layouts.size(); ++i) {
+    for (size_t j = 0; j < i; ++j) {
+      if (layouts[i].type == layouts[j].type && (layouts[i].versions & layouts[j].versions) != 0)
+        return false;
+    }
+  }
+  return true;
+}
+
+constexpr bool HasEachFieldOnce(std::span<const LayoutRow> layouts) {
+  for (const LayoutRow& row : layouts) {
+    for (size_t i = 0; i < row.fields.size(); ++i) {
+      for (size_t j = 0; j < i; ++j) {
+        if (row.fields[i].first <= row.fields[j].last && row.fields[j].first <= row.fields[i].last)
+          return false;
+      }
+    }
+  }
+  return true;
+}
+
+// Whether the rows of a format are good, worked out once for all its versions.
+template <const auto& Layouts>
+inline constexpr bool LAYOUTS_ARE_GOOD = [] {
+  static_assert(EachTypeHasOneLayout(Layouts), "a record type has two layouts in one version");
+  static_assert(HasEachFieldOnce(Layouts), "a field is twice in a record");
+  return true;
+}();
+
 // --- The record table of a version ---
 
 constexpr FieldSize SizeOfRun(RunSize size, FieldSize counter) {
@@ -119,26 +149,6 @@ constexpr auto RowsOfVersion(std::span<const LayoutRow> layouts, uint32_t versio
   return rows;
 }
 
-constexpr bool EachTypeHasOneLayout(std::span<const RecordLayout> rows) {
-  for (size_t i = 0; i < rows.size(); ++i) {
-    for (size_t j = 0; j < i; ++j) {
-      if (rows[i].recordType == rows[j].recordType) return false;
-    }
-  }
-  return true;
-}
-
-constexpr bool HasEachFieldOnce(std::span<const RecordLayout> rows) {
-  for (const RecordLayout& row : rows) {
-    for (size_t i = 0; i < row.fields.size(); ++i) {
-      for (size_t j = 0; j < i; ++j) {
-        if (row.fields[i].fieldId == row.fields[j].fieldId) return false;
-      }
-    }
-  }
-  return true;
-}
-
 template <const auto& Layouts, uint32_t Version, FieldSize CounterSize>
 inline constexpr auto VERSION_FIELDS = FieldsOfVersion<SizeOfVersion(Layouts, Version).fields>(Layouts,
                                                                                                Version,
@@ -151,9 +161,8 @@ inline constexpr auto VERSION_ROWS = RowsOfVersion<SizeOfVersion(Layouts, Versio
 // The rows of `Layouts` whose versions hold the bit `Version`, with counters of `CounterSize`.
 template <const auto& Layouts, uint32_t Version, FieldSize CounterSize = NARROW_COUNTERS>
 constexpr RecordTable TableOf(std::string_view name) {
+  static_assert(LAYOUTS_ARE_GOOD<Layouts>);
   constexpr auto& ROWS = VERSION_ROWS<Layouts, Version, CounterSize>;
-  static_assert(EachTypeHasOneLayout(ROWS), "a record type has two layouts in one version");
-  static_assert(HasEachFieldOnce(ROWS), "a field is twice in a record");
   return {.name = name, .rows = ROWS, .counters = CounterSize};
 }
 
