@@ -66,23 +66,23 @@ constexpr std::string_view INDEX_TITLE = "ozmo1";
 constexpr uint64_t LARGEST_INDEX = uint64_t{64} << 20U;
 constexpr size_t MARK_HEADER_SIZE = 12;  // place and size
 
-// A frame, by where it begins in the compressed and in the plain file.
-struct Frame {
-  int64_t place = 0;
-  int64_t plainPlace = 0;
-};
-constexpr auto BEGINS_BEFORE = [](const Frame& frame, int64_t place) { return frame.plainPlace < place; };
-
-// A record of the index; its bytes are in the index from `begin` on.
-struct Mark {
-  int64_t place = 0;
-  size_t size = 0;
-  size_t begin = 0;
-};
-
 }  // namespace
 
 struct CompressedFile::State {
+  // A frame, by where it begins in the compressed and in the plain file.
+  struct Frame {
+    int64_t place = 0;
+    int64_t plainPlace = 0;
+  };
+  static bool BeginsBefore(const Frame& frame, int64_t place) { return frame.plainPlace < place; }
+
+  // A record of the index; its bytes are in the index from `begin` on.
+  struct Mark {
+    int64_t place = 0;
+    size_t size = 0;
+    size_t begin = 0;
+  };
+
   explicit State(int wantedFile)
       : file(wantedFile), decoder(ZSTD_createDCtx(), ZSTD_freeDCtx), input(ZSTD_DStreamInSize()) {}
 
@@ -103,7 +103,7 @@ struct CompressedFile::State {
   bool FillInput();
   // Whether a frame may end at that place of the plain file.
   bool IsEndOfFrame(int64_t place) const {
-    const auto found = std::lower_bound(frames.begin(), frames.end(), place, BEGINS_BEFORE);
+    const auto found = std::lower_bound(frames.begin(), frames.end(), place, BeginsBefore);
     return frames.empty() || (found != frames.end() && found->plainPlace == place);
   }
 
@@ -201,7 +201,7 @@ bool CompressedFile::State::TakeIndex(std::vector<uint8_t> bytes) {
   return true;
 }
 
-const Mark* CompressedFile::State::MarkAt(int64_t place) const {
+const CompressedFile::State::Mark* CompressedFile::State::MarkAt(int64_t place) const {
   const auto after = std::upper_bound(marks.begin(), marks.end(), place,
                                       [](int64_t wanted, const Mark& mark) { return wanted < mark.place; });
   if (after == marks.begin()) return nullptr;
@@ -277,7 +277,7 @@ int64_t CompressedFile::Size() const {
 
 int64_t CompressedFile::Read(uint8_t* bytes, size_t room, int64_t place) {
   if (place != state_->plainPlace) {
-    if (const Mark* mark = state_->MarkAt(place); mark != nullptr) {
+    if (const State::Mark* mark = state_->MarkAt(place); mark != nullptr) {
       const auto passed = static_cast<size_t>(place - mark->place);
       const size_t size = std::min(room, mark->size - passed);
       std::memcpy(bytes, state_->index.data() + mark->begin + passed, size);
@@ -293,8 +293,9 @@ const char* CompressedFile::Failure() const { return state_->failure; }
 int64_t CompressedFile::NextMark(int64_t place) {
   if (!state_->indexIsRead) state_->ReadIndex();
   if (state_->marks.empty()) return place;
-  const auto next = std::lower_bound(state_->marks.begin(), state_->marks.end(), place,
-                                     [](const Mark& mark, int64_t wanted) { return mark.place < wanted; });
+  const auto next =
+      std::lower_bound(state_->marks.begin(), state_->marks.end(), place,
+                       [](const State::Mark& mark, int64_t wanted) { return mark.place < wanted; });
   return next == state_->marks.end() ? Size() : next->place;
 }
 
