@@ -255,17 +255,18 @@ template <const auto& Rules, size_t Row>
   STORE(record, {field, AS, static_cast<size_t>(field.fieldId - Rules[Row].field), decoding});
 }
 
-// Variables, so that no table is in the program for the sake of its ends.
 template <const auto& Rules>
-inline constexpr int32_t FIRST_FIELD = std::min_element(std::begin(Rules), std::end(Rules),
-                                                        [](const auto& a, const auto& b) {
-                                                          return a.field < b.field;
-                                                        }) -> field;
+constexpr int32_t FirstField() {
+  return std::min_element(std::begin(Rules), std::end(Rules),
+                          [](const auto& a, const auto& b) { return a.field < b.field; })
+      ->field;
+}
 template <const auto& Rules>
-inline constexpr int32_t LAST_FIELD = std::max_element(std::begin(Rules), std::end(Rules),
-                                                       [](const auto& a, const auto& b) {
-                                                         return a.Last() < b.Last();
-                                                       }) -> Last();
+constexpr int32_t LastField() {
+  return std::max_element(std::begin(Rules), std::end(Rules),
+                          [](const auto& a, const auto& b) { return a.Last() < b.Last(); })
+      ->Last();
+}
 
 // By field id less that of the first field what its row does with it; null where no row names the field.
 template <const auto& Rules>
@@ -273,8 +274,8 @@ inline constexpr auto RULE_INDEX = []<size_t... Row>(std::index_sequence<Row...>
   static_assert(RunsFit(Rules), "a run of fields is longer than its array");
   static_assert(EachFieldHasOneRow(Rules), "a field is named twice");
   using Apply = void (*)(RecordOfRules<Rules>&, const FieldValue&, Decoding&);
-  constexpr int32_t FIRST = FIRST_FIELD<Rules>;
-  std::array<Apply, static_cast<size_t>(LAST_FIELD<Rules> - FIRST + 1)> index{};
+  constexpr int32_t FIRST = FirstField<Rules>();
+  std::array<Apply, static_cast<size_t>(LastField<Rules>() - FIRST + 1)> index{};
   const auto enter = [&](const auto& rule, Apply apply) {
     for (int32_t field = rule.field; field <= rule.Last(); ++field) {
       index[static_cast<size_t>(field - FIRST)] = apply;
@@ -312,10 +313,11 @@ inline constexpr auto BUILDER_FIELDS = [] {
 // Runs the rules over the record's fields; whether a field counted.
 template <const auto& Rules>
 bool ApplyRules(RecordOfRules<Rules>& record, Decoding& decoding) {
+  constexpr int32_t FIRST = FirstField<Rules>();
   bool counts = false;
   for (const FieldValue& field : decoding.fields) {
     if (field.data == nullptr) continue;
-    const auto place = static_cast<size_t>(int64_t{field.fieldId} - FIRST_FIELD<Rules>);
+    const auto place = static_cast<size_t>(int64_t{field.fieldId} - FIRST);
     if (place >= RULE_INDEX<Rules>.size() || RULE_INDEX<Rules>[place] == nullptr) continue;
     counts = true;
     RULE_INDEX<Rules>[place](record, field, decoding);
